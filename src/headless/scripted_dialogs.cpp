@@ -1,0 +1,35 @@
+#include "headless/scripted_dialogs.h"
+
+#include <utility>
+
+namespace ordelan::headless {
+
+std::vector<std::string> ScriptedDialogs::open_files(const system::OpenRequest& request) {
+  requests.push_back(request);
+  if (on_dialog) on_dialog();
+  if (files.empty()) return {};
+  auto picked = std::move(files.front());
+  files.pop_front();
+  return picked;
+}
+
+system::Answer ScriptedDialogs::message(const system::Message& message) {
+  messages.push_back(message);
+  if (on_dialog) on_dialog();
+  if (!answers.empty()) {
+    const auto answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  switch (message.buttons) {
+    case system::Buttons::ok_cancel:
+      return system::Answer::cancel;
+    case system::Buttons::yes_no:
+      return system::Answer::no;
+    case system::Buttons::ok:
+      break;
+  }
+  return system::Answer::ok;
+}
+
+}  // namespace ordelan::headless

@@ -1,0 +1,29 @@
+// Dialogs answered beforehand, with a record of what was asked.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "system/dialogs.h"
+
+namespace ordelan::headless {
+
+class ScriptedDialogs final : public system::Dialogs {
+ public:
+  // Answers of the file dialog, one for each time it opens; when they run out it is cancelled.
+  std::deque<std::vector<std::string>> files;
+  // Answers of message boxes; when they run out the careful button is pressed.
+  std::deque<system::Answer> answers;
+  // Runs while a dialog is up, before it is answered.
+  std::function<void()> on_dialog;
+
+  std::vector<system::OpenRequest> requests;
+  std::vector<system::Message> messages;
+
+  std::vector<std::string> open_files(const system::OpenRequest& request) override;
+  system::Answer message(const system::Message& message) override;
+};
+
+}  // namespace ordelan::headless

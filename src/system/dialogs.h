@@ -1,0 +1,38 @@
+// Questions to the user that the system's own dialogs put.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ordelan::system {
+
+struct OpenRequest {
+  std::string filter;  // pairs of a description and its patterns, joined by "|"
+  bool several = false;
+};
+
+enum class Icon { none, critical, question, exclamation, information };
+enum class Buttons { ok, ok_cancel, yes_no };
+enum class Answer { ok, cancel, yes, no };
+
+struct Message {
+  std::string title;
+  std::string text;  // lines joined by CR LF
+  Icon icon = Icon::none;
+  Buttons buttons = Buttons::ok;
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+
+  // The full paths that the user picked, none when the dialog was cancelled. With `several` off
+  // there is at most one. The window's events go on while the dialog is up.
+  virtual std::vector<std::string> open_files(const OpenRequest& request) = 0;
+
+  // Shows a message box and gives the button that ended it. Closing the box without a choice
+  // counts as the careful answer: cancel, no, or ok where there is nothing else.
+  virtual Answer message(const Message& message) = 0;
+};
+
+}  // namespace ordelan::system

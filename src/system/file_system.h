@@ -1,0 +1,81 @@
+// The disk, as the program reaches it. Paths are Windows paths ("D:\Mix\tema.vip") in code-page
+// bytes. Every failure is a value: no call throws, and no call shows a dialog of the system's.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ordelan::system {
+
+// What a folder tells of one of its entries.
+struct FileInfo {
+  std::string name;        // as it stands on the disk, without its folder
+  std::uint64_t size = 0;  // bytes; 0 for a folder
+  bool folder = false;
+  bool hidden = false;
+  bool system = false;
+  bool link = false;  // a folder or file that only stands for another place (junction, link)
+};
+
+// A file opened for reading. It is closed when the object goes.
+class InputFile {
+ public:
+  virtual ~InputFile() = default;
+
+  // The length in bytes when the file was opened.
+  virtual std::uint64_t size() const = 0;
+
+  // Reads up to `buffer.size()` bytes from byte `offset` (0-based) on. Gives how many came: fewer
+  // than asked for only at the end of the file, and nothing at all when the reading failed.
+  virtual std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) = 0;
+};
+
+// A file opened for writing, empty at first.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+
+  // Appends bytes. False when they could not all be written.
+  virtual bool write(std::string_view bytes) = 0;
+
+  // Closes the file and says whether everything written has reached the system. An OutputFile that
+  // goes without it is closed all the same, but nobody hears of a failure.
+  virtual bool close() = 0;
+};
+
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+
+  // What the disk knows of the path, of a file or folder of any kind. Nothing if there is none,
+  // if the path is not absolute, or if it holds a NUL or a wildcard. `name` has the case of the
+  // disk.
+  virtual std::optional<FileInfo> info(std::string_view path) = 0;
+
+  // Every entry of a folder, without "." and "..", in case-insensitive alphabetical order. Entries
+  // whose names the code page cannot hold are left out: they could only be mistaken for others.
+  // Nothing if the folder is not there or cannot be read.
+  virtual std::optional<std::vector<FileInfo>> list(std::string_view folder) = 0;
+
+  // Opens a file for reading; others may go on writing to it. Null when it cannot be opened: not
+  // there, a folder, locked.
+  virtual std::unique_ptr<InputFile> open(std::string_view path) = 0;
+
+  // Creates a file, or empties the one that is there. Null when that fails.
+  virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
+
+  // The plain look-up by which the program decides whether a file is there: folders, hidden files
+  // and system files do not count.
+  std::optional<FileInfo> look_up(std::string_view path);
+};
+
+// `folder` with exactly one backslash at its end added if it has none.
+std::string with_backslash(std::string_view folder);
+
+}  // namespace ordelan::system

@@ -1,0 +1,21 @@
+// Everything that the program knows of the machine, in one bundle.
+#pragma once
+
+#include "system/clock.h"
+#include "system/dialogs.h"
+#include "system/event_pump.h"
+#include "system/file_system.h"
+#include "system/regional.h"
+
+namespace ordelan::system {
+
+// References only: whoever builds a platform owns its parts and outlives its users.
+struct Platform {
+  FileSystem& files;
+  Dialogs& dialogs;
+  EventPump& pump;
+  Clock& clock;
+  Regional& regional;
+};
+
+}  // namespace ordelan::system

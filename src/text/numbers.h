@@ -1,0 +1,22 @@
+// Numbers as the program writes them: with the system's decimal mark, and never more digits than
+// they have.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ordelan::text {
+
+// The shortest form of a number, at most 15 digits, with `decimal_mark` where a fraction follows.
+std::string number(double value, char decimal_mark);
+
+// A number with exactly `decimals` digits behind the decimal mark.
+std::string fixed(double value, int decimals, char decimal_mark);
+
+// The number that a text begins with, leading blanks skipped; 0 when it begins with none.
+double parse_number(std::string_view text, char decimal_mark);
+
+// An elapsed time: up to 59 seconds "12,34 seg", above that "3 min 7 seg" of the whole seconds.
+std::string elapsed(double seconds, char decimal_mark);
+
+}  // namespace ordelan::text

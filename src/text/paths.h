@@ -1,0 +1,29 @@
+// Cutting paths into their pieces. Pure text: nothing here asks the disk.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ordelan::text {
+
+// Everything up to and including the last `Separador`; empty if either argument is empty or the
+// separator does not occur.
+std::string getPath(std::string_view Ruta, std::string_view Separador);
+
+// The folder part of a path or list row from its drive letter on, with or without the closing
+// backslash: whatever stands ahead of the drive letter (a row's number and arrow) is dropped.
+// Text without a backslash gives an empty folder; text without a drive keeps what is there.
+std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra);
+
+// The bare file name: what stands behind the last backslash, slash or colon, at most 254 bytes of
+// it. Empty where a path names no file: empty, with wildcards or brackets, or ending in a
+// separator.
+std::string Obtener_Nombre_Archivo(std::string_view Ruta);
+
+// A clean path from a list row: its folder and its file name.
+std::string Obtener_VipPath(std::string_view Ruta);
+
+// The extension without its dot, in the case that it has; empty if there is none.
+std::string Obtener_Extension(std::string_view Ruta);
+
+}  // namespace ordelan::text

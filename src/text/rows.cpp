@@ -1,0 +1,24 @@
+#include "text/rows.h"
+
+#include "text/code_page.h"
+
+namespace ordelan::text {
+
+std::string project_row(std::size_t number, std::string_view path) {
+  std::string row = std::to_string(number);
+  row += " --> ";
+  row += path;
+  return row;
+}
+
+std::string_view behind_arrow(std::string_view row) {
+  const auto arrow = row.find('>');
+  return arrow == std::string_view::npos ? row : trim_left(row.substr(arrow + 1));
+}
+
+bool is_file_row(std::string_view row) {
+  return row.find('>') == std::string_view::npos &&
+         row.find("----------") == std::string_view::npos;
+}
+
+}  // namespace ordelan::text

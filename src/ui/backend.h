@@ -1,0 +1,53 @@
+// What shows the windows: the Windows backend, or the headless one that shows nothing.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "ui/geometry.h"
+#include "ui/peer.h"
+
+namespace ordelan::ui {
+
+class Button;
+class CheckBox;
+class Image;
+class Label;
+class ListBox;
+class ProgressBar;
+class TextBox;
+class Timer;
+class Window;
+
+// The width in pixels of each byte's character. Texts in one font are as wide as their characters
+// together.
+using CharacterWidths = std::array<int, 256>;
+
+class Backend {
+ public:
+  virtual ~Backend() = default;
+
+  // Each makes the real thing behind an object, or gives null where there is nothing to show. The
+  // object owns the peer, and outlives it.
+  virtual std::unique_ptr<Peer> attach(Window& window) = 0;
+  virtual std::unique_ptr<Peer> attach(Button& button) = 0;
+  virtual std::unique_ptr<Peer> attach(CheckBox& box) = 0;
+  virtual std::unique_ptr<Peer> attach(Image& image) = 0;
+  virtual std::unique_ptr<Peer> attach(Label& label) = 0;
+  virtual std::unique_ptr<Peer> attach(ListBox& list) = 0;
+  virtual std::unique_ptr<Peer> attach(ProgressBar& bar) = 0;
+  virtual std::unique_ptr<Peer> attach(TextBox& box) = 0;
+  virtual std::unique_ptr<Peer> attach(Timer& timer) = 0;
+
+  // How many lines the box's text takes in the width that the box has; at least 1.
+  virtual int line_count(const TextBox& box) = 0;
+
+  virtual CharacterWidths character_widths(const Font& font) = 0;
+
+  // Ends the program: the windows vanish at once, jobs that run see `ended` at their next look,
+  // and the main loop returns.
+  virtual void end() = 0;
+  virtual bool ended() const = 0;
+};
+
+}  // namespace ordelan::ui

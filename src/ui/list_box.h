@@ -1,0 +1,65 @@
+// A list of text rows. The list owns its rows: nobody asks the shown control what it holds, and a
+// backend fetches only the rows that it paints.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/control.h"
+
+namespace ordelan::ui {
+
+class ListBox : public Control {
+ public:
+  using Control::Control;
+  void attach(Backend& backend) override;
+
+  const std::vector<std::string>& rows() const { return rows_; }
+  std::size_t count() const { return rows_.size(); }
+  bool empty() const { return rows_.empty(); }
+  // The row's text; empty past the end.
+  const std::string& row(std::size_t index) const;
+
+  // Adds a row at the end. A row's text ends at its first NUL.
+  void add(std::string_view row);
+  void add(std::vector<std::string> rows);
+  void clear();
+  // Takes out one row, or nothing past the end. The current row keeps its number.
+  void remove(std::size_t index);
+  // Takes out every row for which `unwanted` is true (by index), all at once.
+  void remove_if(const std::function<bool(std::size_t)>& unwanted);
+  void replace(std::size_t index, std::string_view row);
+
+  // The row that the user chose last, -1 for none.
+  int current() const { return current_; }
+  void set_current(int index);
+  // The user's choice; the peer is not told.
+  void chosen(int index) { current_ = index; }
+  // The text of the current row; empty if there is none.
+  const std::string& current_row() const;
+
+  // How far the rows can be scrolled sideways, in pixels as they are painted.
+  int horizontal_extent() const { return extent_; }
+  void set_horizontal_extent(int pixels) { assign(extent_, pixels, Aspect::extent); }
+
+  // Whether files may be dropped here; to be set before the window is loaded.
+  bool accepts_drops() const { return static_cast<bool>(on_drop); }
+
+  std::function<void()> on_right_click;
+  std::function<void(int key_code)> on_key;
+  // Full paths of dropped files and folders, in the order given. Empty when something was dropped
+  // that is no file list.
+  std::function<void(std::vector<std::string>)> on_drop;
+
+ private:
+  void changed();
+
+  std::vector<std::string> rows_;
+  int current_ = -1;
+  int extent_ = 0;
+};
+
+}  // namespace ordelan::ui

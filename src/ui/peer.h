@@ -1,0 +1,33 @@
+// The other half of a control: what a backend keeps to show it.
+#pragma once
+
+namespace ordelan::ui {
+
+// What has changed about a control. The peer reads the new state from the control itself.
+enum class Aspect {
+  text,
+  visible,
+  enabled,
+  bounds,
+  colors,
+  font,
+  tip,
+  rows,
+  current_row,
+  extent,
+  value,
+  interval,
+  order,
+  state,
+};
+
+class Peer {
+ public:
+  virtual ~Peer() = default;
+
+  // Called after each change, any number of times in a row; a peer may wait with the showing until
+  // the next pump.
+  virtual void changed(Aspect aspect) = 0;
+};
+
+}  // namespace ordelan::ui

@@ -1,0 +1,47 @@
+#include "ui/window.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ordelan::ui {
+
+Window::Window(Backend& backend, std::string name) : backend_(backend), name_(std::move(name)) {}
+
+Window::~Window() = default;
+
+void Window::load() {
+  if (loaded_) return;
+  loaded_ = true;
+  peer_ = backend_.attach(*this);
+  for (Control* control : controls_) control->attach(backend_);
+  if (on_load) on_load();
+}
+
+void Window::unload() {
+  if (!loaded_) return;
+  loaded_ = false;
+  visible_ = false;
+  for (Control* control : controls_) control->detach();
+  peer_.reset();
+}
+
+void Window::set_title(std::string title) { assign(title_, std::move(title), Aspect::text); }
+void Window::set_visible(bool visible) { assign(visible_, visible, Aspect::visible); }
+void Window::set_position(Point position) { assign(position_, position, Aspect::bounds); }
+void Window::set_size(Size size) { assign(size_, size, Aspect::bounds); }
+void Window::set_back_color(Color color) { assign(back_color_, color, Aspect::colors); }
+void Window::set_topmost(bool topmost) { assign(topmost_, topmost, Aspect::order); }
+void Window::set_minimized(bool minimized) { assign(minimized_, minimized, Aspect::state); }
+void Window::set_waiting(bool waiting) { assign(waiting_, waiting, Aspect::state); }
+
+void Window::add(Control& control) {
+  // A control made at run time in a window that is up already. Its constructor is still running,
+  // so its owner attaches it (see ControlArray::load).
+  controls_.push_back(&control);
+}
+
+void Window::remove(Control& control) {
+  controls_.erase(std::remove(controls_.begin(), controls_.end(), &control), controls_.end());
+}
+
+}  // namespace ordelan::ui

@@ -1,0 +1,118 @@
+// A top-level window: a place for controls.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/backend.h"
+#include "ui/control.h"
+#include "ui/geometry.h"
+#include "ui/peer.h"
+
+namespace ordelan::ui {
+
+// A key that was pressed. A handler that sets `swallowed` keeps it from the control that has the
+// focus.
+struct Key {
+  int code = 0;  // the system's virtual key code
+  bool shift = false;
+  bool control = false;
+  bool swallowed = false;
+};
+
+class Window {
+ public:
+  // `backend` must outlive the window. Nothing is shown before `load`.
+  Window(Backend& backend, std::string name);
+  virtual ~Window();
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  // Makes the real window and those of its controls, and then runs `on_load`, once.
+  void load();
+  // Takes the real window away. The object stays as it is.
+  void unload();
+  bool loaded() const { return loaded_; }
+
+  const std::string& name() const { return name_; }
+  Backend& backend() const { return backend_; }
+  const std::vector<Control*>& controls() const { return controls_; }
+
+  const std::string& title() const { return title_; }
+  void set_title(std::string title);
+
+  bool visible() const { return visible_; }
+  void set_visible(bool visible);
+  void show() { set_visible(true); }
+  void hide() { set_visible(false); }
+
+  // The top left corner on the screen.
+  Point position() const { return position_; }
+  void set_position(Point position);
+  // Keeps what the user's dragging has made of the position; the peer is not told.
+  void moved_to(Point position) { position_ = position; }
+
+  // The room for controls, without borders.
+  Size size() const { return size_; }
+  void set_size(Size size);
+
+  Color back_color() const { return back_color_; }
+  void set_back_color(Color color);
+
+  // Stays before the windows of other programs.
+  bool topmost() const { return topmost_; }
+  void set_topmost(bool topmost);
+
+  bool minimized() const { return minimized_; }
+  void set_minimized(bool minimized);
+  void minimized_by_user(bool minimized) { minimized_ = minimized; }
+
+  // Whether pressing the mouse on the background drags the window.
+  bool drag_by_background() const { return drag_by_background_; }
+  void set_drag_by_background(bool drag) { drag_by_background_ = drag; }
+
+  // The hourglass pointer, while something that cannot be interrupted goes on.
+  bool waiting() const { return waiting_; }
+  void set_waiting(bool waiting);
+
+  void bring_to_front() { notify(Aspect::order); }
+
+  std::function<void()> on_load;
+  std::function<void()> on_close;          // the user asks to close it; nothing else happens
+  std::function<void(Key&)> on_key_down;   // before the control that has the focus
+  std::function<void()> on_drag_end;
+  std::function<void()> on_double_click;
+
+ private:
+  friend class Control;
+  void add(Control& control);
+  void remove(Control& control);
+  void notify(Aspect aspect) {
+    if (peer_) peer_->changed(aspect);
+  }
+  template <class T>
+  void assign(T& field, T value, Aspect aspect) {
+    if (field == value) return;
+    field = std::move(value);
+    notify(aspect);
+  }
+
+  Backend& backend_;
+  std::string name_;
+  std::string title_;
+  std::vector<Control*> controls_;
+  std::unique_ptr<Peer> peer_;
+  bool loaded_ = false;
+  bool visible_ = false;
+  bool topmost_ = false;
+  bool minimized_ = false;
+  bool drag_by_background_ = false;
+  bool waiting_ = false;
+  Point position_;
+  Size size_;
+  Color back_color_ = Color::button_face;
+};
+
+}  // namespace ordelan::ui
