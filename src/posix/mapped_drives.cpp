@@ -1,0 +1,99 @@
+#include "posix/mapped_drives.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "text/code_page.h"
+
+namespace ordelan::posix {
+namespace {
+
+bool exists(const std::string& path) {
+  struct stat found {};
+  return ::stat(path.c_str(), &found) == 0;
+}
+
+bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+
+// The entry of a folder whose name differs from `name` by case at most.
+std::optional<std::string> entry_ignoring_case(const std::string& folder, std::string_view name) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
+  if (!open) return std::nullopt;
+  std::optional<std::string> found;
+  while (const dirent* entry = ::readdir(open.get())) {
+    const auto ansi = text::from_utf8(entry->d_name);
+    if (!ansi || !text::equal_ignoring_case(*ansi, name)) continue;
+    if (!found || entry->d_name < *found) found = entry->d_name;  // the same one every time
+  }
+  return found;
+}
+
+}  // namespace
+
+bool MappedDrives::map(char letter, const std::string& folder) {
+  const std::unique_ptr<char, void (*)(void*)> real(::realpath(folder.c_str(), nullptr), &std::free);
+  struct stat found {};
+  if (!is_letter(letter) || !real || ::stat(real.get(), &found) != 0 || !S_ISDIR(found.st_mode)) {
+    return false;
+  }
+  std::string path = real.get();
+  if (path == "/") path.clear();
+  folders_[capital(letter)] = path;
+  return true;
+}
+
+std::optional<std::string> MappedDrives::native(std::string_view path) const {
+  if (path.size() < 3 || path[1] != ':' || path[2] != '\\') return std::nullopt;
+  const auto drive = folders_.find(capital(path[0]));
+  if (drive == folders_.end()) return std::nullopt;
+  constexpr std::string_view kForbidden("\0/:*?\"<>|", 9);
+  std::string_view rest = path.substr(3);
+  if (rest.find_first_of(kForbidden) != std::string_view::npos) return std::nullopt;
+
+  std::string native = drive->second;
+  while (!rest.empty()) {
+    const auto slash = rest.find('\\');
+    const std::string_view name = rest.substr(0, slash);
+    rest = slash == std::string_view::npos ? std::string_view{} : rest.substr(slash + 1);
+    if (name.empty() || name == ".") continue;
+    if (name == "..") return std::nullopt;
+    std::string next = native + "/" + text::to_utf8(name);
+    if (!exists(next)) {
+      const auto other = entry_ignoring_case(native.empty() ? "/" : native, name);
+      if (other) {
+        next = native + "/" + *other;
+      } else if (!rest.empty()) {
+        return std::nullopt;
+      }
+    }
+    native = std::move(next);
+  }
+  return native.empty() ? "/" : native;
+}
+
+std::optional<std::string> MappedDrives::windows(const std::string& native_path) const {
+  const std::unique_ptr<char, void (*)(void*)> real(::realpath(native_path.c_str(), nullptr),
+                                                    &std::free);
+  const std::string path = real ? real.get() : native_path;
+  const std::pair<const char, std::string>* nearest = nullptr;
+  for (const auto& drive : folders_) {
+    const bool under = path.compare(0, drive.second.size() + 1, drive.second + "/") == 0;
+    if (under && (nearest == nullptr || drive.second.size() > nearest->second.size())) {
+      nearest = &drive;
+    }
+  }
+  if (nearest == nullptr) return std::nullopt;
+  auto rest = text::from_utf8(path.substr(nearest->second.size()));
+  if (!rest) return std::nullopt;
+  for (char& c : *rest) {
+    if (c == '/') c = '\\';
+  }
+  return std::string(1, nearest->first) + ":" + *rest;
+}
+
+}  // namespace ordelan::posix

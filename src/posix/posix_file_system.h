@@ -1,0 +1,25 @@
+// Files on Linux, under mapped drive letters.
+#pragma once
+
+#include "posix/mapped_drives.h"
+#include "system/file_system.h"
+
+namespace ordelan::posix {
+
+// Names on the disk are UTF-8. Names with characters that no Windows name has are left out, like
+// those that the code page cannot hold.
+class PosixFileSystem final : public system::FileSystem {
+ public:
+  // `drives` must outlive the file system.
+  explicit PosixFileSystem(const MappedDrives& drives) : drives_(drives) {}
+
+  std::optional<system::FileInfo> info(std::string_view path) override;
+  std::optional<std::vector<system::FileInfo>> list(std::string_view folder) override;
+  std::unique_ptr<system::InputFile> open(std::string_view path) override;
+  std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+
+ private:
+  const MappedDrives& drives_;
+};
+
+}  // namespace ordelan::posix

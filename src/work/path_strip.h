@@ -1,0 +1,26 @@
+// A one-row strip that shows a long path, or a heading that the window cuts off, in full.
+#pragma once
+
+#include <string>
+
+#include "ui/image.h"
+#include "ui/list_box.h"
+#include "ui/window.h"
+
+namespace ordelan::work {
+
+class PathStrip {
+ public:
+  explicit PathStrip(ui::Window& window);
+
+  ui::ListBox ListPath;
+  ui::Image ImageIcon;  // stands by the path of a project
+
+  std::string UltimoPath;  // the text shown last
+
+  // Shows `Texto`; the same text a second time inverts the strip.
+  void MostrarPath(const std::string& Texto);
+  void hide();
+};
+
+}  // namespace ordelan::work

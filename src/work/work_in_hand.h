@@ -1,0 +1,43 @@
+// The work in hand: what all windows read and write. There is one at a time, and nothing of it is
+// stored between runs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ui/list_box.h"
+
+namespace ordelan::work {
+
+// Marks one run of a long job, so that the run notices when something newer has taken its place.
+using JobNumber = std::uint64_t;
+
+struct WorkInHand {
+  std::string RutaProyectos;   // folder of the projects, with its backslash when picked in a dialog
+  std::string RutaVip;         // full path of the project picked in the file dialog
+  std::string CabeceraVip;     // header text of that project; kept for whoever asks, nobody does
+  std::string PrimerProyecto;  // the project that a sweep by drop decodes first
+  std::string NombreProyecto;  // full path of the decoded project
+  std::string ArchivoActual;   // audio file of the moment
+  bool Cancelar = false;       // stop request, looked at by every long loop
+  bool Descodificando = false;  // a decode runs
+  bool ModoPosiciones = false;  // relinking runs: the reader writes positions, adds no rows
+  bool ClickEnLista = false;    // a click on a list is being handled
+  bool Borrando = false;        // a removal runs: no decode, no reset, no cancel
+  ui::ListBox* ListaActual = nullptr;  // the list last clicked
+
+  // Begins a job: runs that began earlier are superseded by it. A reset begins one too, so that
+  // what it emptied is not filled again by a loop that was still running.
+  JobNumber begin_job() { return ++job_; }
+  JobNumber current_job() const { return job_; }
+
+  // Whether a run that began as `job` has to end: the user asked for it, or a newer job has taken
+  // its place.
+  bool must_stop(JobNumber job) const { return Cancelar || superseded(job); }
+  bool superseded(JobNumber job) const { return job != job_; }
+
+ private:
+  JobNumber job_ = 0;
+};
+
+}  // namespace ordelan::work
