@@ -1,0 +1,90 @@
+#include "app/console_report.h"
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <ostream>
+#include <string>
+
+#include "text/code_page.h"
+
+namespace ordelan::app {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Headings = ui::ControlArray<ui::Label>;
+
+Json rows(const ui::ListBox& list) {
+  Json array = Json::array();
+  for (const std::string& row : list.rows()) array.push_back(text::to_utf8(row));
+  return array;
+}
+
+Json captions(const Headings& headings) {
+  Json array = Json::array();
+  for (const auto& heading : headings) array.push_back(text::to_utf8(heading->caption()));
+  return array;
+}
+
+const char* name(system::Icon icon) {
+  constexpr std::array kNames = {"ninguno", "critico", "pregunta", "exclamacion", "informacion"};
+  return kNames[static_cast<std::size_t>(icon)];
+}
+
+const char* name(system::Buttons buttons) {
+  constexpr std::array kNames = {"aceptar", "aceptar_cancelar", "si_no"};
+  return kNames[static_cast<std::size_t>(buttons)];
+}
+
+void print_list(std::ostream& output, const Headings& headings, const ui::ListBox& list) {
+  bool headed = false;
+  for (const auto& heading : headings) {
+    if (!heading->visible()) continue;
+    output << text::to_utf8(heading->caption()) << "\n";
+    headed = true;
+  }
+  for (const std::string& row : list.rows()) output << "  " << text::to_utf8(row) << "\n";
+  if (headed || !list.empty()) output << "\n";
+}
+
+}  // namespace
+
+void ConsoleReport::print(std::ostream& output, bool json) const {
+  json ? print_json(output) : print_text(output);
+}
+
+void ConsoleReport::print_json(std::ostream& output) const {
+  const work::WorkLists& lists = form_.lists;
+  Json object;
+  object["ListProyectos"] = rows(lists.ListProyectos);
+  object["ListVip"] = rows(lists.ListVip);
+  object["ListUtilizados"] = rows(lists.ListUtilizados);
+  object["ListBorrar"] = rows(lists.ListBorrar);
+  object["ListPerdidos"] = Json::array();
+  object["LabelCheck"] = captions(lists.LabelCheck);
+  object["LabelCount"] = captions(lists.LabelCount);
+  object["LabelAdd"] = captions(lists.LabelAdd);
+  object["LabelErase"] = captions(lists.LabelErase);
+  object["TextDecode"] = text::to_utf8(form_.strip.TextDecode.text());
+  object["mensajes"] = Json::array();
+  for (const system::Message& message : messages_) {
+    object["mensajes"].push_back({{"titulo", text::to_utf8(message.title)},
+                                  {"texto", text::to_utf8(message.text)},
+                                  {"icono", name(message.icon)},
+                                  {"botones", name(message.buttons)}});
+  }
+  output << object.dump(2) << "\n";
+}
+
+void ConsoleReport::print_text(std::ostream& output) const {
+  const work::WorkLists& lists = form_.lists;
+  print_list(output, lists.LabelCheck, lists.ListProyectos);
+  print_list(output, lists.LabelCount, lists.ListVip);
+  print_list(output, lists.LabelAdd, lists.ListUtilizados);
+  print_list(output, lists.LabelErase, lists.ListBorrar);
+  for (const system::Message& message : messages_) {
+    output << text::to_utf8(message.title) << "\n" << text::to_utf8(message.text) << "\n\n";
+  }
+}
+
+}  // namespace ordelan::app

@@ -1,0 +1,27 @@
+// The console program on Linux.
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "app/console.h"
+#include "posix/mapped_drives.h"
+#include "posix/posix_file_system.h"
+#include "posix/posix_services.h"
+#include "text/code_page.h"
+
+int main(int count, char** arguments) {
+  using namespace ordelan;
+  posix::MappedDrives drives;
+  posix::PosixFileSystem files(drives);
+  posix::SteadyClock clock;
+  posix::EnvironmentRegional regional;
+  const app::ConsoleHost host{
+      files, clock, regional,
+      [&](char letter, const std::string& folder) { return drives.map(letter, folder); },
+      [&](const std::string& argument) {
+        const bool windows = argument.size() > 1 && argument[1] == ':';
+        return windows ? text::from_utf8(argument) : drives.windows(argument);
+      }};
+  return app::run_console(std::vector<std::string>(arguments + 1, arguments + count), host,
+                          std::cout, std::cerr);
+}

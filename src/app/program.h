@@ -1,0 +1,26 @@
+// The whole program, tied together: the one place that knows everybody.
+#pragma once
+
+#include "project/main_window.h"
+#include "system/platform.h"
+#include "ui/backend.h"
+#include "work/window_directory.h"
+#include "work/work_in_hand.h"
+
+namespace ordelan::app {
+
+class Program {
+ public:
+  // Backend and platform must outlive the program.
+  Program(ui::Backend& backend, const system::Platform& platform)
+      : form(backend, platform, work, windows) {}
+
+  // Starts it: the main window loads and shows itself.
+  void start() { form.load(); }
+
+  work::WorkInHand work;
+  work::WindowDirectory windows;
+  project::Form1 form;
+};
+
+}  // namespace ordelan::app

@@ -1,0 +1,180 @@
+#include "project/main_window.h"
+
+#include "skin/main_window_layout.h"
+#include "work/arrange.h"
+
+namespace ordelan::project {
+
+Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
+             work::WindowDirectory& windows)
+    : ui::Window(backend, "Form1"),
+      lists(*this),
+      strip(*this),
+      clocks(*this, platform.regional),
+      path_strip(*this),
+      AbrirFichero(*this, "AbrirFichero"),
+      cmdReset(*this, "cmdReset"),
+      cmdCancelar(*this, "cmdCancelar"),
+      CommandBorrado(*this, "CommandBorrado"),
+      cmdPerdidos(*this, "cmdPerdidos"),
+      cmdMinimizar(*this, "cmdMinimizar"),
+      Salir(*this, "Salir"),
+      SalvaListados(*this, "SalvaListados"),
+      ActualizarVip(*this, "ActualizarVip"),
+      Configurar(*this, "Configurar"),
+      CheckSubPath(*this, "CheckSubPath"),
+      CheckBAK(*this, "CheckBAK"),
+      CheckToolTips(*this, "CheckToolTips"),
+      CheckPlayer(*this, "CheckPlayer"),
+      CheckDragDrop(*this, "CheckDragDrop"),
+      CheckLogo(*this, "CheckLogo"),
+      ZoomListas(*this, "ZoomListas"),
+      TextNum1(*this, "TextNum1", 4),
+      ListProyectosInfo(*this, "ListProyectosInfo"),
+      ShowIco(*this, "ShowIco"),
+      reader(platform, work, strip.XP_ProgressBar1),
+      platform_(platform),
+      work_(work),
+      windows_(windows),
+      validator_(platform.files, reader, lists.List1),
+      listing_(platform, work, lists, validator_) {
+  name_controls();
+  wire();
+}
+
+void Form1::name_controls() {
+  set_title("Ordelan");
+  AbrirFichero.set_caption("Abrir proyecto...");
+  AbrirFichero.set_tip("Elegir un proyecto y descodificar su carpeta");
+  cmdReset.set_caption("Vaciar");
+  cmdReset.set_tip("Volver a la ventana vacía");
+  cmdCancelar.set_caption("Cancelar");
+  cmdCancelar.set_tip("Parar lo que está en marcha");
+  CommandBorrado.set_caption("Borrar archivos...");
+  cmdPerdidos.set_caption("Archivos perdidos");
+  cmdMinimizar.set_caption("Minimizar");
+  cmdMinimizar.set_tip("Minimizar a barra de tareas");
+  Salir.set_caption("Salir");
+  Salir.set_tip("Cerrar la aplicación");
+  SalvaListados.set_caption("Salvar listados");
+  ActualizarVip.set_caption("Actualizar Vip's");
+  Configurar.set_caption("Configurar");
+  ZoomListas.set_caption("Ampliar listas");
+
+  // These captions are also the keys under which the boxes are remembered.
+  CheckSubPath.set_caption("Incluir subcarpetas");
+  CheckBAK.set_caption("Incluir Vip_BAK");
+  CheckToolTips.set_caption("Ver tooltips de listas");
+  CheckPlayer.set_caption("Player automático");
+  CheckDragDrop.set_caption("Ver Info de esta ventana al inicio");
+  CheckLogo.set_caption("Ver Logo al inicio");
+  for (ui::CheckBox* box :
+       {&CheckSubPath, &CheckBAK, &CheckToolTips, &CheckPlayer, &CheckDragDrop, &CheckLogo}) {
+    box->set_checked(true);
+  }
+
+  TextNum1[0].set_caption(
+      "1  Los proyectos de la carpeta. Pulsa «Abrir proyecto...» y elige un archivo .vip: se "
+      "listan todos los que hay junto a él.");
+  TextNum1[1].set_caption("2  Los archivos de audio que utiliza el proyecto abierto.");
+  TextNum1[2].set_caption("3  Los archivos que utilizan todos los proyectos de la carpeta.");
+  TextNum1[3].set_caption("4  Los archivos que no utiliza ninguno: los que se pueden borrar.");
+  ListProyectosInfo.set_caption("Suelta aquí proyectos Vip o carpetas");
+  ShowIco.set_picture("logo");
+  ShowIco.set_description("Ordelan");
+}
+
+void Form1::wire() {
+  on_load = [this] { Form_Load(); };
+  on_close = [this] { Salir_Click(); };
+  AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
+  cmdReset.on_click = [this] { cmdReset_Click(); };
+  cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
+  cmdMinimizar.on_click = [this] { set_minimized(true); };
+  Salir.on_click = [this] { Salir_Click(); };
+  CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };
+  CheckLogo.on_click = [this] { CheckLogo_Click(); };
+  ListProyectosInfo.on_mouse_move = [this](ui::Point) { ListProyectosInfo.hide(); };
+  // A heading that the window cuts off can be read in full on the strip.
+  for (auto* headings : {&lists.LabelAdd, &lists.LabelCheck, &lists.LabelCount,
+                         &lists.LabelErase}) {
+    for (auto& heading : *headings) {
+      heading->on_click = [this, label = heading.get()] {
+        path_strip.MostrarPath(label->caption());
+      };
+    }
+  }
+}
+
+void Form1::Form_Load() {
+  set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
+  work::arrange(*this, skin::kMainWindow);
+  cmdReset_Click();
+  SalvaListados.hide();
+  ActualizarVip.hide();
+  work_.ModoPosiciones = false;
+  show();
+  work_.ClickEnLista = true;
+}
+
+void Form1::cmdReset_Click() {
+  if (work_.Borrando) return;
+  work_.begin_job();
+  set_waiting(false);
+  for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
+  clocks.reset();
+
+  strip.XP_ProgressBar1.hide();
+  CheckDragDrop.show();
+  CheckLogo.show();
+  strip.TextDecode.set_text("");
+  strip.TextDecode.hide();
+  strip.LabelAviso.hide();
+  lists.LabelCount.set_visible(false);
+
+  lists.ListVip.clear();
+  lists.ListVip.hide();
+  lists.LabelAdd.set_visible(false);
+  lists.ListUtilizados.clear();
+  lists.ListUtilizados.hide();
+  lists.ListProyectos.clear();
+  ListProyectosInfo.set_visible(CheckDragDrop.checked());
+  lists.ListBorrar.clear();
+  lists.ListBorrar.hide();
+  lists.LabelCheck.set_visible(false);
+  lists.LabelErase.set_visible(false);
+  lists.ListProyectos.show();  // empty, as the place where projects are dropped
+
+  cmdCancelar.hide();
+  cmdPerdidos.hide();
+  CommandBorrado.hide();
+  path_strip.hide();
+  TextNum1.set_visible(true);
+  work_.Descodificando = false;
+
+  SalvaListados.hide();
+  ActualizarVip.hide();
+  work_.ModoPosiciones = false;
+  ZoomListas.hide();
+  ShowIco.set_visible(CheckLogo.checked());
+}
+
+void Form1::cmdCancelar_Click() {
+  if (work_.Borrando) return;
+  work_.Cancelar = true;
+  work_.Descodificando = false;
+  cmdReset.show();
+  for (const char* window : {"Player", "Zoom", "SA"}) windows_.close(window);
+}
+
+void Form1::Salir_Click() {
+  for (const char* window : {"Player", "Zoom"}) windows_.close(window);
+  work_.begin_job();
+  backend().end();
+}
+
+void Form1::CheckLogo_Click() {
+  if (lists.empty()) ShowIco.set_visible(CheckLogo.checked());
+}
+
+}  // namespace ordelan::project

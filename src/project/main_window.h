@@ -1,0 +1,88 @@
+// The main window: it owns the work in hand, and its life is the life of the program.
+#pragma once
+
+#include <string>
+
+#include "project/project_listing.h"
+#include "project/valido.h"
+#include "project/vip_reader.h"
+#include "system/platform.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/control_array.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/window.h"
+#include "work/clocks.h"
+#include "work/path_strip.h"
+#include "work/status_strip.h"
+#include "work/window_directory.h"
+#include "work/work_in_hand.h"
+#include "work/work_lists.h"
+
+namespace ordelan::project {
+
+class Form1 final : public ui::Window {
+ public:
+  // Everything given must outlive the window. `load` starts it.
+  Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
+        work::WindowDirectory& windows);
+
+  // Picks a project in the file dialog and opens it: its folder's projects are listed and it is
+  // decoded into ListVip.
+  void AbrirFichero_Click();
+  // Back to the empty window. A job that runs ends at its next look.
+  void cmdReset_Click();
+  void Inicio() { cmdReset_Click(); }
+  // Asks the running job to stop. What is on screen stays.
+  void cmdCancelar_Click();
+  // Ends the program, without a question.
+  void Salir_Click();
+
+  work::WorkLists lists;
+  work::StatusStrip strip;
+  work::Clocks clocks;
+  work::PathStrip path_strip;
+
+  ui::Button AbrirFichero;
+  ui::Button cmdReset;
+  ui::Button cmdCancelar;
+  ui::Button CommandBorrado;
+  ui::Button cmdPerdidos;
+  ui::Button cmdMinimizar;
+  ui::Button Salir;
+  ui::Label SalvaListados;
+  ui::Label ActualizarVip;
+  ui::Label Configurar;
+  ui::CheckBox CheckSubPath;
+  ui::CheckBox CheckBAK;
+  ui::CheckBox CheckToolTips;
+  ui::CheckBox CheckPlayer;
+  ui::CheckBox CheckDragDrop;
+  ui::CheckBox CheckLogo;
+  ui::CheckBox ZoomListas;
+  ui::ControlArray<ui::Label> TextNum1;
+  ui::Label ListProyectosInfo;
+  ui::Image ShowIco;
+
+  VipReader reader;
+
+ private:
+  void Form_Load();
+  void CheckLogo_Click();
+  void wire();
+  void name_controls();
+
+  // The steps of AbrirFichero behind the choice of a project.
+  void open_project(const std::string& path);
+  void decode_picked_project(const std::string& display_path);
+  void show_decoded();
+
+  const system::Platform& platform_;
+  work::WorkInHand& work_;
+  work::WindowDirectory& windows_;
+  Validator validator_;
+  ProjectListing listing_;
+};
+
+}  // namespace ordelan::project

@@ -1,0 +1,111 @@
+// From a click on AbrirFichero to filled lists.
+#include "project/main_window.h"
+#include "text/paths.h"
+#include "ui/list_width.h"
+
+namespace ordelan::project {
+
+void Form1::AbrirFichero_Click() {
+  if (work_.Borrando || work_.Descodificando) return;
+
+  ZoomListas.hide();
+  windows_.hide("Buscar");
+  clocks.LabelD.set_caption("Tiempo descodificación");
+  clocks.LabelD.hide();
+  strip.TextDecode.hide();
+  for (const char* window : {"Zoom", "SA", "Player"}) windows_.close(window);
+  SalvaListados.hide();
+  ActualizarVip.hide();
+
+  const auto picked = platform_.dialogs.open_files({.filter = "Proyectos (*.vip)|*.vip"});
+  // Something else may have been begun while the dialog was up.
+  if (picked.empty() || work_.Descodificando || work_.Borrando) return;
+  open_project(picked.front());
+}
+
+void Form1::open_project(const std::string& path) {
+  cmdReset_Click();
+  // A stop that was asked of an earlier job must not make the gate refuse this project.
+  work_.Cancelar = false;
+  const auto job = work_.current_job();
+  const bool valid = validator_.Valido(path);
+  if (work_.superseded(job)) return;
+  if (!valid) {
+    strip.Alerta(work::kWarning, " >>> AVISO <<<   Este proyecto no tiene archivos de audio", true);
+    return;
+  }
+
+  work_.Descodificando = true;
+  try {
+    work_.RutaVip = path;
+    work_.RutaProyectos = text::getPath(path, "\\");
+    const std::string display_path = text::Obtener_VipPath(path);
+
+    cmdPerdidos.hide();
+    CommandBorrado.hide();
+    cmdCancelar.show();
+    work_.Cancelar = false;
+    TextNum1.set_visible(false);
+    ShowIco.hide();
+    strip.notice_decoding();
+    clocks.iniciarCrono();
+
+    listing_.list_flat(CheckBAK.checked());
+    if (work_.superseded(job)) return;
+    ui::ListaAncho(lists.ListProyectos);
+    lists.ListProyectos.show();
+    lists.head_projects(work_.RutaProyectos);
+    if (!display_path.empty()) {
+      lists.LabelCheck.set_visible(true);
+      decode_picked_project(display_path);
+      if (work_.superseded(job)) return;
+      show_decoded();
+    }
+  } catch (...) {
+    // The display is left as far as it got.
+  }
+  if (!work_.superseded(job)) work_.Descodificando = false;
+}
+
+void Form1::decode_picked_project(const std::string& display_path) {
+  const auto job = work_.current_job();
+  work_.CabeceraVip = reader.LeerCabeceraVip(work_.RutaVip);
+  lists.ListVip.clear();
+  strip.Alerta(work::kProgress, "Descodificando: " + work_.RutaVip, true);
+  CheckDragDrop.hide();
+  CheckLogo.hide();
+  strip.XP_ProgressBar1.show();
+
+  const bool found = reader.ExtraerNombres_Archivos(work_.RutaVip, lists.ListVip, "", true);
+  if (work_.superseded(job)) return;
+  if (found) {
+    ui::ListaAncho(lists.ListVip);
+    lists.ListVip.show();
+    work_.NombreProyecto = display_path;
+    lists.head_project(display_path, work_.RutaProyectos);
+  } else {
+    lists.head_midi_project();
+    lists.LabelCount[0].set_visible(!work_.Cancelar);
+  }
+  strip.Alerta(work::kProgress, ": ", false);
+}
+
+void Form1::show_decoded() {
+  clocks.ShowLapsoDeco();
+  clocks.ShowLapso();
+  strip.TextDecode.hide();
+  strip.XP_ProgressBar1.hide();
+  CheckDragDrop.show();
+  CheckLogo.show();
+  strip.LabelAviso.hide();
+
+  work_.PrimerProyecto.clear();
+  work_.Cancelar = false;
+  cmdCancelar.hide();
+  SalvaListados.show();
+  ActualizarVip.show();
+  cmdReset.show();
+  ZoomListas.show();
+}
+
+}  // namespace ordelan::project
