@@ -97,7 +97,7 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   app.fallthrough();
   app.add_option("--unidad", options.drives, "X=CARPETA: la unidad X: es esa carpeta")
       ->take_all()
-      ->expected(1);
+      ->allow_extra_args(false);
   app.add_flag("--json", options.json, "Imprime un objeto JSON");
   CLI::App* open = app.add_subcommand("abrir", "Abre un proyecto, como el bot\xC3\xB3n de la ventana");
   open->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
