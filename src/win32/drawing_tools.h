@@ -1,0 +1,42 @@
+// Fonts, brushes and the measure of text, made once and kept.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <tuple>
+
+#include "ui/backend.h"
+#include "ui/geometry.h"
+
+namespace ordelan::win32 {
+
+// What a colour word stands for on this system.
+COLORREF color_of(ui::Color color);
+
+class DrawingTools {
+ public:
+  DrawingTools() = default;
+  ~DrawingTools();
+  DrawingTools(const DrawingTools&) = delete;
+  DrawingTools& operator=(const DrawingTools&) = delete;
+
+  // The interface's typeface at this size. Lives as long as this object.
+  HFONT font(const ui::Font& font, int dpi);
+
+  // The height of a line of text.
+  int line_height(const ui::Font& font, int dpi);
+
+  HBRUSH brush(ui::Color color);
+
+  ui::CharacterWidths character_widths(const ui::Font& font, int dpi);
+
+ private:
+  using FontKey = std::tuple<int, bool, int>;  // points, bold, dots per inch
+
+  std::map<FontKey, HFONT> fonts_;
+  std::map<FontKey, ui::CharacterWidths> widths_;
+  std::map<COLORREF, HBRUSH> brushes_;
+};
+
+}  // namespace ordelan::win32

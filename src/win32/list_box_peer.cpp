@@ -1,0 +1,219 @@
+#include "win32/list_box_peer.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "win32/ansi_text.h"
+#include "win32/canvas.h"
+#include "win32/handlers.h"
+#include "win32/screen_scale.h"
+
+namespace ordelan::win32 {
+namespace {
+
+constexpr DWORD kStyle = LBS_NODATA | LBS_OWNERDRAWFIXED | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
+                         WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
+constexpr int kTextIndent = 2;  // at 96 dots per inch
+constexpr UINT kAnswerTimeout = 10000;
+
+UINT rows_message() {
+  static const UINT message = RegisterWindowMessageW(kRowsMessage);
+  return message;
+}
+
+}  // namespace
+
+ListBoxPeer::ListBoxPeer(WindowPeer& parent, ui::ListBox& list)
+    : ControlPeer(parent, list, L"LISTBOX", kStyle,
+                  WS_EX_CLIENTEDGE | (list.accepts_drops() ? DWORD{WS_EX_ACCEPTFILES} : 0)),
+      list_(list) {}
+
+void ListBoxPeer::update(const Marks& marks) {
+  if (marks.has(ui::Aspect::font)) {
+    send(LB_SETITEMHEIGHT, 0, desk().tools().line_height(list_.font(), dpi()));
+  }
+  if (marks.has(ui::Aspect::rows) || marks.has(ui::Aspect::current_row)) {
+    show_rows(!marks.has(ui::Aspect::current_row));
+  }
+  if (marks.has(ui::Aspect::extent)) {
+    // Measured at the program's one density, painted at this window's.
+    const int extent = MulDiv(list_.horizontal_extent(), dpi(), desk().measure_dpi());
+    const int indent = list_.horizontal_extent() > 0 ? 2 * to_pixels(kTextIndent, dpi()) : 0;
+    send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent + indent));
+  }
+}
+
+void ListBoxPeer::show_rows(bool keep_place) {
+  const LRESULT top = send(LB_GETTOPINDEX);
+  send(WM_SETREDRAW, FALSE);
+  if (send(LB_GETCOUNT) != static_cast<LRESULT>(list_.count())) {
+    send(LB_SETCOUNT, static_cast<WPARAM>(list_.count()));
+  }
+  // Choosing a row brings it into sight, which only a new choice may do.
+  if (send(LB_GETCURSEL) != list_.current()) {
+    send(LB_SETCURSEL, static_cast<WPARAM>(list_.current()));
+  } else {
+    keep_place = true;
+  }
+  if (keep_place && !list_.empty()) {
+    const auto last = static_cast<LRESULT>(list_.count()) - 1;
+    send(LB_SETTOPINDEX, static_cast<WPARAM>(std::min(top, last)));
+  }
+  send(WM_SETREDRAW, TRUE);
+  repaint();
+}
+
+void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
+  RECT visible = item.rcItem;
+  RECT client{};
+  GetClientRect(handle(), &client);
+  visible.left = 0;
+  visible.right = client.right;
+  if (visible.right <= visible.left || visible.bottom <= visible.top) return;
+
+  const Canvas canvas(item.hDC, visible);
+  const HDC context = canvas.context();
+  colors(context);
+  const bool selected = (item.itemState & ODS_SELECTED) != 0;
+  if (selected) {
+    SetTextColor(context, GetSysColor(COLOR_HIGHLIGHTTEXT));
+    SetBkColor(context, GetSysColor(COLOR_HIGHLIGHT));
+  } else if (!list_.enabled()) {
+    SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
+  }
+  const bool is_row = item.itemID != static_cast<UINT>(-1);
+  const std::wstring text = is_row ? widen(list_.row(item.itemID)) : std::wstring();
+  const HGDIOBJ old = SelectObject(context, font());
+  // The item begins left of the list when that is scrolled sideways.
+  ExtTextOutW(context, item.rcItem.left + to_pixels(kTextIndent, dpi()), item.rcItem.top,
+              ETO_OPAQUE | ETO_CLIPPED, &visible, text.data(), static_cast<UINT>(text.size()),
+              nullptr);
+  SelectObject(context, old);
+  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(context, &visible);
+  canvas.show();
+}
+
+std::optional<LRESULT> ListBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  if (message == rows_message()) return answer_rows(w, reinterpret_cast<HWND>(l));
+  const std::weak_ptr<void> still = alive();
+  switch (message) {
+    case WM_ERASEBKGND:
+      erase_below(reinterpret_cast<HDC>(w));
+      return 1;
+    case WM_DROPFILES:
+      dropped(reinterpret_cast<HDROP>(w));
+      return 0;
+    case WM_RBUTTONDOWN:
+      right_button(GET_Y_LPARAM(l));
+      return 0;
+    case WM_KEYDOWN:
+      raise(list_.on_key, static_cast<int>(w));
+      if (still.expired()) return 0;
+      return std::nullopt;
+    case WM_CHAR:
+      return 0;  // the real list would look for a row by letters that it does not have
+    default:
+      return ControlPeer::incoming(message, w, l);
+  }
+}
+
+LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
+  const LRESULT result = standard(message, w, l);
+  switch (message) {
+    case WM_LBUTTONDOWN:
+      // Choosing the chosen row again is a choice too.
+      if (row_at(GET_Y_LPARAM(l)) >= 0) chosen_ = true;
+      break;
+    case WM_LBUTTONDBLCLK:
+      chosen_ = false;
+      double_clicked_ = row_at(GET_Y_LPARAM(l)) >= 0;
+      break;
+    case WM_GETDLGCODE: {
+      const auto* key = reinterpret_cast<const MSG*>(l);
+      const bool tab = key && key->message == WM_KEYDOWN && key->wParam == VK_TAB;
+      return tab ? result : result | DLGC_WANTALLKEYS;
+    }
+    default:
+      break;
+  }
+  return result;
+}
+
+void ListBoxPeer::command(WORD code) {
+  if (code == LBN_SELCHANGE && !flushing()) chosen_ = true;
+}
+
+void ListBoxPeer::deliver() {
+  // While the button is down the choice may still change, and the mouse belongs to the list.
+  if (GetCapture() == handle()) return;
+  const bool clicked = std::exchange(chosen_, false);
+  const bool twice = std::exchange(double_clicked_, false);
+  if (!clicked && !twice) return;
+  list_.chosen(static_cast<int>(send(LB_GETCURSEL)));
+  raise(twice ? list_.on_double_click : list_.on_click);
+}
+
+void ListBoxPeer::erase_below(HDC context) {
+  // Rows paint their own ground; only what lies below the last needs any.
+  RECT rest{};
+  GetClientRect(handle(), &rest);
+  const LRESULT shown = static_cast<LRESULT>(list_.count()) - send(LB_GETTOPINDEX);
+  const LRESULT height = send(LB_GETITEMHEIGHT);
+  rest.top =
+      static_cast<LONG>(std::min<LRESULT>(rest.bottom, std::max<LRESULT>(0, shown) * height));
+  if (rest.top < rest.bottom) FillRect(context, &rest, desk().tools().brush(list_.back_color()));
+}
+
+int ListBoxPeer::row_at(int y) const {
+  // LB_ITEMFROMPOINT has only 16 bits for the row.
+  const LRESULT height = send(LB_GETITEMHEIGHT);
+  if (y < 0 || height <= 0) return -1;
+  const LRESULT row = send(LB_GETTOPINDEX) + y / height;
+  return row < static_cast<LRESULT>(list_.count()) ? static_cast<int>(row) : -1;
+}
+
+void ListBoxPeer::right_button(int y) {
+  SetFocus(handle());
+  const int row = row_at(y);
+  if (row >= 0) {
+    send(LB_SETCURSEL, static_cast<WPARAM>(row));
+    list_.chosen(row);
+  }
+  raise(list_.on_right_click);
+}
+
+void ListBoxPeer::dropped(HDROP drop) {
+  std::vector<std::string> paths;
+  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+  for (UINT i = 0; i < count; ++i) {
+    std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+    DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
+    // What the code page cannot name could only be mistaken for something else.
+    if (auto name = narrow(path)) paths.push_back(*std::move(name));
+  }
+  DragFinish(drop);
+  raise(list_.on_drop, std::move(paths));
+}
+
+LRESULT ListBoxPeer::answer_rows(WPARAM row, HWND asker) {
+  std::string text;
+  if (row == static_cast<WPARAM>(-1)) {
+    for (const std::string& each : list_.rows()) text.append(each).push_back('\n');
+    if (!text.empty()) text.pop_back();
+  } else {
+    text = list_.row(row);
+  }
+  std::wstring wide = widen(text);
+  COPYDATASTRUCT data{};
+  data.dwData = list_.count();
+  data.cbData = static_cast<DWORD>(wide.size() * sizeof(wchar_t));
+  data.lpData = wide.data();
+  DWORD_PTR ignored = 0;
+  SendMessageTimeoutW(asker, WM_COPYDATA, reinterpret_cast<WPARAM>(handle()),
+                      reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG, kAnswerTimeout, &ignored);
+  return 1;
+}
+
+}  // namespace ordelan::win32

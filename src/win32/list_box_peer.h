@@ -1,0 +1,49 @@
+// The real list behind a ui::ListBox. It is a virtual one: it knows how many rows there are and
+// which is chosen, and asks for the text of those that it paints.
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "ui/list_box.h"
+#include "win32/control_peer.h"
+
+namespace ordelan::win32 {
+
+// The message by which other processes read rows. The real list keeps no texts, so that assistive
+// tools and tests ask here: wParam is the number of a row, or -1 for all; lParam is a window of
+// theirs, which gets a WM_COPYDATA: dwData is how many rows the list has, the data their texts in
+// UTF-16, with a line feed between two. Gives 1.
+inline constexpr wchar_t kRowsMessage[] = L"Ordelan.Rows";
+
+class ListBoxPeer final : public ControlPeer {
+ public:
+  ListBoxPeer(WindowPeer& parent, ui::ListBox& list);
+
+  void draw(const DRAWITEMSTRUCT& item) override;
+
+  // Takes what was dropped over the list, and lets go of `drop`.
+  void dropped(HDROP drop);
+
+ protected:
+  void update(const Marks& marks) override;
+  std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
+  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
+  void command(WORD code) override;
+  void deliver() override;
+
+ private:
+  void show_rows(bool keep_place);
+  void erase_below(HDC context);
+  // The row at a height of the list's, -1 where there is none.
+  int row_at(int y) const;
+  void right_button(int y);
+  LRESULT answer_rows(WPARAM row, HWND asker);
+
+  ui::ListBox& list_;
+  bool chosen_ = false;  // the user has chosen a row
+  bool double_clicked_ = false;
+};
+
+}  // namespace ordelan::win32

@@ -1,0 +1,60 @@
+#include "win32/tip_window.h"
+
+#include <commctrl.h>
+
+#include "win32/screen_scale.h"
+
+namespace ordelan::win32 {
+namespace {
+
+constexpr int kWidestTip = 400;  // longer helps break into lines
+
+TTTOOLINFOW tool_of(HWND owner, HWND control) {
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;  // taken by every edition of the common controls
+  tool.uFlags = TTF_IDISHWND;
+  tool.hwnd = owner;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  return tool;
+}
+
+}  // namespace
+
+TipWindow::~TipWindow() {
+  if (window_) DestroyWindow(window_);
+}
+
+bool TipWindow::make() {
+  if (window_) return true;
+  window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TRANSPARENT, TOOLTIPS_CLASSW, nullptr,
+                            WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT,
+                            CW_USEDEFAULT, CW_USEDEFAULT, owner_, nullptr, instance_, nullptr);
+  if (!window_) return false;
+  SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestTip, dpi_of(owner_)));
+  return true;
+}
+
+void TipWindow::set(HWND control, const std::wstring& text) {
+  if (text.empty() && !window_) return;
+  if (!make()) return;
+  TTTOOLINFOW tool = tool_of(owner_, control);
+  SendMessageW(window_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  if (text.empty()) return;
+  std::wstring copy = text;  // the structure has no room for a constant
+  tool.lpszText = copy.data();
+  SendMessageW(window_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void TipWindow::relay(HWND control, UINT message, WPARAM w, LPARAM l) const {
+  if (!window_) return;
+  MSG copy{};
+  copy.hwnd = control;
+  copy.message = message;
+  copy.wParam = w;
+  copy.lParam = l;
+  copy.time = static_cast<DWORD>(GetMessageTime());
+  GetCursorPos(&copy.pt);
+  SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&copy));
+}
+
+}  // namespace ordelan::win32

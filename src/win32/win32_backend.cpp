@@ -1,0 +1,153 @@
+#include "win32/win32_backend.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <chrono>
+
+#include "win32/button_peer.h"
+#include "win32/check_box_peer.h"
+#include "win32/image_peer.h"
+#include "win32/label_peer.h"
+#include "win32/list_box_peer.h"
+#include "win32/progress_bar_peer.h"
+#include "win32/text_box_peer.h"
+#include "win32/timer_peer.h"
+#include "win32/window_peer.h"
+
+namespace ordelan::win32 {
+namespace {
+
+constexpr std::chrono::milliseconds kLongestPump{10};
+
+bool is_dialog(HWND window) {
+  wchar_t name[8] = {};
+  return GetClassNameW(window, name, 8) > 0 && std::wstring_view(name) == L"#32770";
+}
+
+}  // namespace
+
+Win32Backend::Win32Backend(HINSTANCE instance) : desk_(instance) {
+  INITCOMMONCONTROLSEX wanted{sizeof wanted,
+                              ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES};
+  InitCommonControlsEx(&wanted);
+}
+
+template <class PeerKind, class ControlKind>
+std::unique_ptr<ui::Peer> Win32Backend::attach_control(ControlKind& control) {
+  WindowPeer* const parent = desk_.window(control.window());
+  if (!parent) return nullptr;
+  auto peer = std::make_unique<PeerKind>(*parent, control);
+  peer->appear();
+  return peer;
+}
+
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Window& window) {
+  return std::make_unique<WindowPeer>(desk_, window);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Button& button) {
+  return attach_control<ButtonPeer>(button);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::CheckBox& box) {
+  return attach_control<CheckBoxPeer>(box);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Image& image) {
+  return attach_control<ImagePeer>(image);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Label& label) {
+  return attach_control<LabelPeer>(label);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::ListBox& list) {
+  return attach_control<ListBoxPeer>(list);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::ProgressBar& bar) {
+  return attach_control<ProgressBarPeer>(bar);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::TextBox& box) {
+  return attach_control<TextBoxPeer>(box);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Timer& timer) {
+  return std::make_unique<TimerPeer>(desk_, timer);
+}
+
+int Win32Backend::line_count(const ui::TextBox& box) {
+  if (TextBoxPeer* const peer = desk_.text_box(box)) return peer->line_count();
+  // Not on the screen: only its own breaks count.
+  return 1 + static_cast<int>(std::count(box.text().begin(), box.text().end(), '\n'));
+}
+
+ui::CharacterWidths Win32Backend::character_widths(const ui::Font& font) {
+  return desk_.tools().character_widths(font, desk_.measure_dpi());
+}
+
+void Win32Backend::end() {
+  if (desk_.ended()) return;
+  desk_.end();
+  PostQuitMessage(0);
+}
+
+void Win32Backend::pump() {
+  using Clock = std::chrono::steady_clock;
+  if (ended() || quit_) return;
+  desk_.flush();
+  const auto until = Clock::now() + kLongestPump;
+  MSG message{};
+  while (!ended() && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      // Meant for the main loop, which is on hold under the job that pumps.
+      quit_ = true;
+      exit_code_ = static_cast<int>(message.wParam);
+      return;
+    }
+    dispatch(message);
+    desk_.flush();
+    if (Clock::now() >= until) break;
+  }
+  if (ended()) return;
+  for (const auto& [handle, peer] : desk_.windows()) {
+    RedrawWindow(handle, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  }
+}
+
+int Win32Backend::run() {
+  MSG message{};
+  while (!quit_) {
+    desk_.flush();
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+    if (got == -1) continue;
+    if (got == 0) {
+      exit_code_ = static_cast<int>(message.wParam);
+      break;
+    }
+    dispatch(message);
+  }
+  return exit_code_;
+}
+
+HWND Win32Backend::owner() const {
+  const HWND active = GetActiveWindow();
+  if (active && desk_.window(active)) return active;
+  for (const auto& [handle, peer] : desk_.windows()) {
+    if (IsWindowVisible(handle)) return handle;
+  }
+  return nullptr;
+}
+
+void Win32Backend::dispatch(MSG& message) {
+  const HWND root = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+  if (root) {
+    if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN) {
+      WindowPeer* const window = desk_.window(root);
+      if (window && window->preview(message)) return;
+      if (!IsWindow(message.hwnd)) return;  // unloaded by the key
+      ControlPeer* const focused = desk_.control(message.hwnd);
+      if (message.wParam == VK_RETURN && focused && focused->press()) return;
+    }
+    // Only windows that hold controls: a dialog may be up while a job of ours pumps.
+    if ((desk_.window(root) || is_dialog(root)) && IsDialogMessageW(root, &message)) return;
+  }
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+}  // namespace ordelan::win32

@@ -1,0 +1,192 @@
+#include "win32/win32_file_system.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "text/code_page.h"
+#include "win32/ansi_text.h"
+#include "win32/extended_path.h"
+#include "win32/handle.h"
+
+namespace ordelan::win32 {
+namespace {
+
+using system::FileInfo;
+
+// One call to the disk takes and gives at most this much.
+constexpr std::size_t kLargestPiece = 16 * 1024 * 1024;
+
+std::uint64_t joined(DWORD high, DWORD low) {
+  return (std::uint64_t{high} << 32) | low;
+}
+
+// `reparse_tag` counts only with the reparse attribute. Files that a cloud service has yet to fetch
+// have one too, but they stand for nothing but themselves.
+FileInfo info_of(std::string name, DWORD attributes, std::uint64_t size, DWORD reparse_tag) {
+  FileInfo info;
+  info.name = std::move(name);
+  info.folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  info.size = info.folder ? 0 : size;
+  info.hidden = (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+  info.system = (attributes & FILE_ATTRIBUTE_SYSTEM) != 0;
+  info.link =
+      (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsReparseTagNameSurrogate(reparse_tag);
+  return info;
+}
+
+// Nothing if the code page cannot hold the name.
+std::optional<FileInfo> info_of(const WIN32_FIND_DATAW& found) {
+  auto name = narrow(found.cFileName);
+  if (!name) return std::nullopt;
+  return info_of(*std::move(name), found.dwFileAttributes,
+                 joined(found.nFileSizeHigh, found.nFileSizeLow), found.dwReserved0);
+}
+
+SearchHandle find(const std::wstring& path, WIN32_FIND_DATAW& found) {
+  return SearchHandle(FindFirstFileExW(path.c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
+                                       nullptr, FIND_FIRST_EX_LARGE_FETCH));
+}
+
+std::optional<FileInfo> info_of_root(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  const std::wstring root = path.ends_with(L'\\') ? path : path + L'\\';
+  if (!GetFileAttributesExW(root.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  std::wstring_view name = root;
+  name.remove_suffix(1);
+  name.remove_prefix(name.rfind(L'\\') + 1);
+  // Roots are marked hidden and system on some drives; nobody ever hid them.
+  return info_of(narrow(name).value_or(""), FILE_ATTRIBUTE_DIRECTORY, 0, 0);
+}
+
+// The extended path of something that is a file by its form: no backslash at the end.
+std::optional<std::wstring> file_path(std::string_view path) {
+  auto extended = extended_path(path);
+  if (extended && extended->ends_with(L'\\')) extended.reset();
+  return extended;
+}
+
+class Win32InputFile final : public system::InputFile {
+ public:
+  Win32InputFile(FileHandle file, std::uint64_t size) : file_(std::move(file)), size_(size) {}
+
+  std::uint64_t size() const override { return size_; }
+
+  std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
+    std::size_t done = 0;
+    while (done < buffer.size()) {
+      const std::uint64_t at = offset + done;
+      OVERLAPPED place{};
+      place.Offset = static_cast<DWORD>(at);
+      place.OffsetHigh = static_cast<DWORD>(at >> 32);
+      const auto piece = static_cast<DWORD>(std::min(buffer.size() - done, kLargestPiece));
+      DWORD came = 0;
+      if (!ReadFile(file_.get(), buffer.data() + done, piece, &came, &place)) {
+        if (GetLastError() == ERROR_HANDLE_EOF) break;
+        return std::nullopt;
+      }
+      if (came == 0) break;
+      done += came;
+    }
+    return done;
+  }
+
+ private:
+  FileHandle file_;
+  std::uint64_t size_;
+};
+
+class Win32OutputFile final : public system::OutputFile {
+ public:
+  explicit Win32OutputFile(FileHandle file) : file_(std::move(file)) {}
+
+  bool write(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const auto piece = static_cast<DWORD>(std::min(bytes.size(), kLargestPiece));
+      DWORD written = 0;
+      if (!WriteFile(file_.get(), bytes.data(), piece, &written, nullptr) || written == 0) {
+        failed_ = true;
+        return false;
+      }
+      bytes.remove_prefix(written);
+    }
+    return true;
+  }
+
+  bool close() override { return file_.close() && !failed_; }
+
+ private:
+  FileHandle file_;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+Win32FileSystem::Win32FileSystem() {
+  SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS);
+}
+
+std::optional<FileInfo> Win32FileSystem::info(std::string_view path) {
+  auto extended = extended_path(path);
+  if (!extended) return std::nullopt;
+  if (is_root(*extended)) return info_of_root(*extended);
+  const bool only_folder = extended->ends_with(L'\\');
+  if (only_folder) extended->pop_back();
+  WIN32_FIND_DATAW found{};
+  if (!find(*extended, found)) return std::nullopt;
+  auto info = info_of(found);
+  if (info && only_folder && !info->folder) info.reset();
+  return info;
+}
+
+std::optional<std::vector<FileInfo>> Win32FileSystem::list(std::string_view folder) {
+  auto extended = extended_path(folder);
+  if (!extended) return std::nullopt;
+  if (!extended->ends_with(L'\\')) *extended += L'\\';
+  *extended += L'*';
+
+  std::vector<FileInfo> entries;
+  WIN32_FIND_DATAW found{};
+  const SearchHandle search = find(*extended, found);
+  if (!search) {
+    // An empty drive has not even the two entries that stand for folders.
+    if (GetLastError() == ERROR_FILE_NOT_FOUND) return entries;
+    return std::nullopt;
+  }
+  do {
+    const std::wstring_view name = found.cFileName;
+    if (name == L"." || name == L"..") continue;
+    if (auto info = info_of(found)) entries.push_back(*std::move(info));
+  } while (FindNextFileW(search.get(), &found));
+  if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
+
+  std::sort(entries.begin(), entries.end(), [](const FileInfo& a, const FileInfo& b) {
+    if (text::less_ignoring_case(a.name, b.name)) return true;
+    if (text::less_ignoring_case(b.name, a.name)) return false;
+    return a.name < b.name;
+  });
+  return entries;
+}
+
+std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) {
+  const auto extended = file_path(path);
+  if (!extended) return nullptr;
+  FileHandle file(CreateFileW(extended->c_str(), GENERIC_READ,
+                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                              OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  LARGE_INTEGER size{};
+  if (!file || !GetFileSizeEx(file.get(), &size)) return nullptr;
+  return std::make_unique<Win32InputFile>(std::move(file),
+                                          static_cast<std::uint64_t>(size.QuadPart));
+}
+
+std::unique_ptr<system::OutputFile> Win32FileSystem::create(std::string_view path) {
+  const auto extended = file_path(path);
+  if (!extended) return nullptr;
+  FileHandle file(CreateFileW(extended->c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                              CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return nullptr;
+  return std::make_unique<Win32OutputFile>(std::move(file));
+}
+
+}  // namespace ordelan::win32

@@ -1,0 +1,19 @@
+// The disk, through Windows.
+#pragma once
+
+#include "system/file_system.h"
+
+namespace ordelan::win32 {
+
+class Win32FileSystem final : public system::FileSystem {
+ public:
+  // Tells Windows to report a drive without a medium as a failure, without a box on the screen.
+  Win32FileSystem();
+
+  std::optional<system::FileInfo> info(std::string_view path) override;
+  std::optional<std::vector<system::FileInfo>> list(std::string_view folder) override;
+  std::unique_ptr<system::InputFile> open(std::string_view path) override;
+  std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+};
+
+}  // namespace ordelan::win32

@@ -1,0 +1,14 @@
+// How the user has told Windows to write numbers.
+#pragma once
+
+#include "system/regional.h"
+
+namespace ordelan::win32 {
+
+class Win32Regional final : public system::Regional {
+ public:
+  // Asked anew each time: the user may change it while the program runs.
+  char decimal_mark() override;
+};
+
+}  // namespace ordelan::win32

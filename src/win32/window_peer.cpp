@@ -1,0 +1,279 @@
+#include "win32/window_peer.h"
+
+#include <windowsx.h>
+
+#include <utility>
+
+#include "win32/control_peer.h"
+#include "win32/handlers.h"
+#include "win32/list_box_peer.h"
+#include "win32/property_names.h"
+#include "win32/screen_scale.h"
+
+namespace ordelan::win32 {
+namespace {
+
+constexpr wchar_t kWindowClass[] = L"Ordelan.Window";
+
+// The one place that says what kind of window a window is.
+constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
+
+// Positions on the desktop keep one scale, whichever screen they are on: a window that is put back
+// where it was comes to lie there.
+ui::Point position_of(HWND handle) {
+  RECT area{};
+  GetWindowRect(handle, &area);
+  const int dpi = system_dpi();
+  return ui::Point{to_units(area.left, dpi), to_units(area.top, dpi)};
+}
+
+void register_class(HINSTANCE instance, WNDPROC procedure) {
+  WNDCLASSEXW kind{};
+  kind.cbSize = sizeof kind;
+  kind.style = CS_DBLCLKS;
+  kind.lpfnWndProc = procedure;
+  kind.hInstance = instance;
+  kind.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(1));
+  kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  kind.lpszClassName = kWindowClass;
+  RegisterClassExW(&kind);  // the second window finds it there
+}
+
+}  // namespace
+
+WindowPeer::WindowPeer(Desk& desk, ui::Window& window)
+    : desk_(desk), window_(window), name_(property_name(window)) {
+  register_class(desk.instance(), procedure);
+  const int dpi = system_dpi();
+  handle_ =
+      CreateWindowExW(kExtendedStyle, kWindowClass, widen(window.title()).c_str(), kStyle,
+                      to_pixels(window.position().x, dpi), to_pixels(window.position().y, dpi), 0,
+                      0, nullptr, nullptr, desk.instance(), nullptr);
+  SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetPropW(handle_, name_.c_str(), reinterpret_cast<HANDLE>(INT_PTR{1}));
+  tips_ = std::make_unique<TipWindow>(desk.instance(), handle_);
+  dpi_ = dpi_of(handle_);
+  desk_.enter(*this);
+  // Where the focus is can always be seen, not only once a key has been pressed.
+  SendMessageW(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
+               0);
+  place();
+  update_order();
+  update_state();
+  show();
+}
+
+WindowPeer::~WindowPeer() {
+  desk_.leave(*this);
+  RemovePropW(handle_, name_.c_str());
+  SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+  tips_.reset();
+  DestroyWindow(handle_);
+}
+
+void WindowPeer::changed(ui::Aspect aspect) {
+  switch (aspect) {
+    case ui::Aspect::text:
+      SetWindowTextW(handle_, widen(window_.title()).c_str());
+      break;
+    case ui::Aspect::visible:
+      show();
+      break;
+    case ui::Aspect::bounds:
+      place();
+      break;
+    case ui::Aspect::colors:
+      InvalidateRect(handle_, nullptr, TRUE);
+      break;
+    case ui::Aspect::order:
+      update_order();
+      break;
+    case ui::Aspect::state:
+      update_state();
+      break;
+    default:
+      break;
+  }
+}
+
+void WindowPeer::place() {
+  const int screen_dpi = system_dpi();
+  RECT area{0, 0, to_pixels(window_.size().width, dpi_), to_pixels(window_.size().height, dpi_)};
+  add_borders(area, kStyle, kExtendedStyle, dpi_);
+  placing_ = true;
+  SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, screen_dpi),
+               to_pixels(window_.position().y, screen_dpi), area.right - area.left,
+               area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  placing_ = false;
+}
+
+void WindowPeer::show() {
+  if (!window_.visible() || desk_.ended()) {
+    ShowWindow(handle_, SW_HIDE);
+    return;
+  }
+  ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : SW_SHOW);
+}
+
+void WindowPeer::update_order() {
+  if (std::exchange(topmost_, window_.topmost()) != window_.topmost()) {
+    SetWindowPos(handle_, topmost_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  } else if (IsWindowVisible(handle_)) {
+    SetForegroundWindow(handle_);
+  }
+}
+
+void WindowPeer::update_state() {
+  const bool minimized = IsIconic(handle_) != FALSE;
+  if (minimized != window_.minimized() && IsWindowVisible(handle_)) {
+    ShowWindow(handle_, window_.minimized() ? SW_MINIMIZE : SW_RESTORE);
+  }
+  // The pointer follows at once, not only when the mouse moves.
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  const HWND under = WindowFromPoint(pointer);
+  if (under == handle_ || IsChild(handle_, under)) {
+    SetCursor(LoadCursorW(nullptr, window_.waiting() ? IDC_WAIT : IDC_ARROW));
+  }
+}
+
+bool WindowPeer::preview(const MSG& key) {
+  ui::Key pressed;
+  pressed.code = static_cast<int>(key.wParam);
+  pressed.shift = GetKeyState(VK_SHIFT) < 0;
+  pressed.control = GetKeyState(VK_CONTROL) < 0;
+  guarded([&]() -> LRESULT {
+    raise(window_.on_key_down, pressed);
+    return 0;
+  });
+  return pressed.swallowed;
+}
+
+void WindowPeer::forget(ControlPeer& control) {
+  tips_->set(control.handle(), L"");
+  if (last_focus_ == control.handle()) last_focus_ = nullptr;
+}
+
+LRESULT CALLBACK WindowPeer::procedure(HWND handle, UINT message, WPARAM w, LPARAM l) noexcept {
+  auto* const peer = reinterpret_cast<WindowPeer*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  if (!peer) return DefWindowProcW(handle, message, w, l);
+  return guarded([&] { return peer->process(message, w, l); });
+}
+
+// Nothing of the peer may be touched behind an event: the window may have been unloaded in it.
+LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_CLOSE:
+      raise(window_.on_close);
+      return 0;
+    case WM_COMMAND:
+      if (ControlPeer* const control = desk_.control(reinterpret_cast<HWND>(l))) {
+        control->notified(HIWORD(w));
+      }
+      return 0;
+    case WM_DRAWITEM: {
+      const auto* item = reinterpret_cast<const DRAWITEMSTRUCT*>(l);
+      if (ControlPeer* const control = desk_.control(item->hwndItem)) control->draw(*item);
+      return TRUE;
+    }
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORSTATIC: {
+      ControlPeer* const control = desk_.control(reinterpret_cast<HWND>(l));
+      HBRUSH const brush = control ? control->colors(reinterpret_cast<HDC>(w)) : nullptr;
+      if (brush) return reinterpret_cast<LRESULT>(brush);
+      break;
+    }
+    case WM_ERASEBKGND: {
+      RECT area{};
+      GetClientRect(handle_, &area);
+      FillRect(reinterpret_cast<HDC>(w), &area, desk_.tools().brush(window_.back_color()));
+      return 1;
+    }
+    case WM_LBUTTONDOWN:
+      press_background();
+      return 0;
+    case WM_LBUTTONDBLCLK:
+      raise(window_.on_double_click);
+      return 0;
+    case WM_DROPFILES:
+      dropped(reinterpret_cast<HDROP>(w));
+      return 0;
+    case WM_SETCURSOR:
+      if (!window_.waiting()) break;
+      SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+      return TRUE;
+    case WM_MOVE:
+      moved();
+      break;
+    case WM_SIZE:
+      if (w == SIZE_MINIMIZED) window_.minimized_by_user(true);
+      if (w == SIZE_RESTORED && IsWindowVisible(handle_)) window_.minimized_by_user(false);
+      break;
+    case WM_ACTIVATE:
+      if (LOWORD(w) == WA_INACTIVE && IsChild(handle_, GetFocus())) last_focus_ = GetFocus();
+      break;
+    case WM_SETFOCUS:
+      focus_something();
+      return 0;
+    case WM_DPICHANGED:
+      change_dpi(HIWORD(w), *reinterpret_cast<const RECT*>(l));
+      return 0;
+    default:
+      break;
+  }
+  return DefWindowProcW(handle_, message, w, l);
+}
+
+void WindowPeer::press_background() {
+  if (!window_.drag_by_background()) return;
+  const std::weak_ptr<void> still = alive_;
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  ReleaseCapture();
+  // The system drags the window as if it were held by its title, and comes back at the end.
+  SendMessageW(handle_, WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(pointer.x, pointer.y));
+  if (!still.expired()) raise(window_.on_drag_end);
+}
+
+void WindowPeer::dropped(HDROP drop) {
+  POINT place{};
+  DragQueryPoint(drop, &place);
+  const HWND under = ChildWindowFromPointEx(handle_, place, CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
+  if (auto* const list = dynamic_cast<ListBoxPeer*>(desk_.control(under))) {
+    list->dropped(drop);
+  } else {
+    DragFinish(drop);
+  }
+}
+
+void WindowPeer::moved() {
+  if (placing_ || IsIconic(handle_)) return;
+  window_.moved_to(position_of(handle_));
+}
+
+void WindowPeer::change_dpi(int dpi, const RECT& suggested) {
+  dpi_ = dpi;
+  SetWindowPos(handle_, nullptr, suggested.left, suggested.top, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  window_.moved_to(position_of(handle_));
+  place();
+  for (HWND child = GetWindow(handle_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (ControlPeer* const control = desk_.control(child)) control->rescale();
+  }
+  desk_.flush();
+  InvalidateRect(handle_, nullptr, TRUE);
+}
+
+void WindowPeer::focus_something() {
+  HWND target = last_focus_;
+  if (!target || !IsWindowVisible(target) || !IsWindowEnabled(target)) {
+    target = GetNextDlgTabItem(handle_, nullptr, FALSE);
+  }
+  if (target && target != handle_ && IsWindowVisible(target)) SetFocus(target);
+}
+
+}  // namespace ordelan::win32

@@ -1,0 +1,69 @@
+// The real window behind a ui::Window.
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ui/peer.h"
+#include "ui/window.h"
+#include "win32/desk.h"
+#include "win32/tip_window.h"
+
+namespace ordelan::win32 {
+
+class ControlPeer;
+
+class WindowPeer final : public ui::Peer {
+ public:
+  WindowPeer(Desk& desk, ui::Window& window);
+  ~WindowPeer() override;
+  WindowPeer(const WindowPeer&) = delete;
+  WindowPeer& operator=(const WindowPeer&) = delete;
+
+  HWND handle() const { return handle_; }
+  ui::Window& window() const { return window_; }
+  Desk& desk() const { return desk_; }
+  TipWindow& tips() { return *tips_; }
+  int dpi() const { return dpi_; }
+
+  void changed(ui::Aspect aspect) override;
+
+  // Shows a key to the window before the control that has the focus sees it. True when it was
+  // kept from it; the window may be gone then or not.
+  bool preview(const MSG& key);
+
+  // A control goes.
+  void forget(ControlPeer& control);
+
+ private:
+  static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM w, LPARAM l) noexcept;
+  LRESULT process(UINT message, WPARAM w, LPARAM l);
+  void press_background();
+  void dropped(HDROP drop);
+  void moved();
+  void change_dpi(int dpi, const RECT& suggested);
+  void focus_something();
+
+  void place();
+  void show();
+  void update_order();
+  void update_state();
+
+  Desk& desk_;
+  ui::Window& window_;
+  HWND handle_ = nullptr;
+  std::wstring name_;
+  std::unique_ptr<TipWindow> tips_;
+  HWND last_focus_ = nullptr;  // the control that had the focus when the window lost it
+  int dpi_ = 96;
+  bool placing_ = false;  // a move of the program's, not the user's
+  bool topmost_ = false;
+  std::shared_ptr<void> alive_ = std::make_shared<char>();
+};
+
+}  // namespace ordelan::win32
