@@ -11,6 +11,7 @@ namespace ordelan::skin {
 inline constexpr int kMainWindowWidth = 1100;
 inline constexpr int kMainWindowHeight = 720;
 
+// In the order in which Tab goes through them; what covers another stands ahead of it.
 inline constexpr std::array kMainWindow = {
     Place{"AbrirFichero", -1, 12, 10, 132, 32},
     Place{"cmdReset", -1, 150, 10, 80, 32},
@@ -35,8 +36,8 @@ inline constexpr std::array kMainWindow = {
 
     Place{"LabelCheck", 0, 12, 140, 532, 18},
     Place{"LabelCheck", 1, 12, 159, 532, 18},
-    Place{"ListProyectos", -1, 12, 180, 532, 224},
     Place{"ListProyectosInfo", -1, 152, 276, 252, 32},
+    Place{"ListProyectos", -1, 12, 180, 532, 224},
     Place{"LabelCount", 0, 556, 140, 532, 18},
     Place{"LabelCount", 1, 556, 159, 532, 18},
     Place{"ListVip", -1, 556, 180, 532, 224},

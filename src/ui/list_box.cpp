@@ -13,6 +13,12 @@ std::string_view until_nul(std::string_view row) { return row.substr(0, row.find
 
 }  // namespace
 
+ListBox::ListBox(Window& window, std::string name, int index)
+    : Control(window, std::move(name), index) {
+  set_back_color(Color::window_background);
+  set_fore_color(Color::window_text);
+}
+
 void ListBox::attach(Backend& backend) { peer_ = backend.attach(*this); }
 
 const std::string& ListBox::row(std::size_t index) const {

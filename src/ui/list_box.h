@@ -14,7 +14,7 @@ namespace ordelan::ui {
 
 class ListBox : public Control {
  public:
-  using Control::Control;
+  ListBox(Window& window, std::string name, int index = -1);
   void attach(Backend& backend) override;
 
   const std::vector<std::string>& rows() const { return rows_; }

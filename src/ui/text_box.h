@@ -9,7 +9,7 @@ namespace ordelan::ui {
 
 class TextBox : public Control {
  public:
-  using Control::Control;
+  TextBox(Window& window, std::string name, int index = -1);
   void attach(Backend& backend) override;
 
   const std::string& text() const { return text_; }

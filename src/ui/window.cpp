@@ -25,6 +25,15 @@ void Window::unload() {
   peer_.reset();
 }
 
+void Window::set_order(const std::vector<Control*>& order) {
+  const auto place = [&](const Control* control) {
+    return std::find(order.begin(), order.end(), control) - order.begin();
+  };
+  std::stable_sort(controls_.begin(), controls_.end(), [&](const Control* a, const Control* b) {
+    return place(a) < place(b);
+  });
+}
+
 void Window::set_title(std::string title) { assign(title_, std::move(title), Aspect::text); }
 void Window::set_visible(bool visible) { assign(visible_, visible, Aspect::visible); }
 void Window::set_position(Point position) { assign(position_, position, Aspect::bounds); }

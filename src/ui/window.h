@@ -40,6 +40,10 @@ class Window {
   Backend& backend() const { return backend_; }
   const std::vector<Control*>& controls() const { return controls_; }
 
+  // Puts the controls into this order: Tab goes through them so, and where two overlap the earlier
+  // one covers the later. To be called before the window is loaded; controls not named come last.
+  void set_order(const std::vector<Control*>& order);
+
   const std::string& title() const { return title_; }
   void set_title(std::string title);
 

@@ -1,0 +1,22 @@
+// Ordelan's window on Windows.
+#include <windows.h>
+
+#include "app/program.h"
+#include "win32/win32_backend.h"
+#include "win32/win32_clock.h"
+#include "win32/win32_dialogs.h"
+#include "win32/win32_file_system.h"
+#include "win32/win32_regional.h"
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
+  using namespace ordelan;
+  win32::Win32FileSystem files;
+  win32::Win32Clock clock;
+  win32::Win32Regional regional;
+  win32::Win32Backend backend(instance);
+  win32::Win32Dialogs dialogs(backend);
+  const system::Platform platform{files, dialogs, backend, clock, regional};
+  app::Program program(backend, platform);
+  program.start();
+  return backend.run();
+}
