@@ -16,6 +16,7 @@ namespace {
 
 struct Options {
   std::vector<std::string> drives;
+  std::string config;
   bool json = false;
   std::string project;
   std::optional<bool> subfolders;
@@ -42,16 +43,18 @@ std::optional<std::string> map_drive(const std::string& drive, const ConsoleHost
 
 // The program on a backend that shows nothing, with every answer recorded.
 struct Session {
-  explicit Session(const ConsoleHost& host)
+  Session(const ConsoleHost& host, const std::string& config)
       : backend(host.clock),
         platform{host.files, dialogs, backend, host.clock, host.regional},
-        program(backend, platform) {
+        settings(host.settings(config)),
+        program(backend, platform, *settings) {
     program.start();
   }
 
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend;
   system::Platform platform;
+  std::unique_ptr<settings::Settings> settings;
   Program program;
 };
 
@@ -72,7 +75,7 @@ int open_project(const Options& options, const ConsoleHost& host, std::ostream& 
     return kMisused;
   }
 
-  Session session(host);
+  Session session(host, options.config);
   project::Form1& form = session.program.form;
   if (options.subfolders) form.CheckSubPath.set_checked(*options.subfolders);
   if (options.backups) form.CheckBAK.set_checked(*options.backups);
@@ -98,6 +101,7 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   app.add_option("--unidad", options.drives, "X=CARPETA: la unidad X: es esa carpeta")
       ->take_all()
       ->allow_extra_args(false);
+  app.add_option("--config", options.config, "Lee las opciones de este archivo INI");
   app.add_flag("--json", options.json, "Imprime un objeto JSON");
   CLI::App* open = app.add_subcommand("abrir", "Abre un proyecto, como el bot\xC3\xB3n de la ventana");
   open->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();

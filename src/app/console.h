@@ -4,10 +4,12 @@
 
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "settings/settings.h"
 #include "system/clock.h"
 #include "system/file_system.h"
 #include "system/regional.h"
@@ -21,6 +23,8 @@ struct ConsoleHost {
   system::Regional& regional;
   // Maps a drive letter to a folder; false if that cannot be. Unset where drives are real.
   std::function<bool(char letter, const std::string& folder)> map_drive;
+  // The settings of a configuration file named in UTF-8; of the usual one when empty.
+  std::function<std::unique_ptr<settings::Settings>(const std::string& file)> settings;
   // The Windows path, in code-page bytes, that an argument in UTF-8 stands for.
   std::function<std::optional<std::string>(const std::string& argument)> windows_path;
 };

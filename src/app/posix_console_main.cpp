@@ -1,5 +1,6 @@
 // The console program on Linux.
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,11 +14,24 @@ int main(int count, char** arguments) {
   using namespace ordelan;
   posix::MappedDrives drives;
   posix::PosixFileSystem files(drives);
+  posix::MappedDrives config_drive;
+  posix::PosixFileSystem config_files(config_drive);
   posix::SteadyClock clock;
   posix::EnvironmentRegional regional;
   const app::ConsoleHost host{
       files, clock, regional,
       [&](char letter, const std::string& folder) { return drives.map(letter, folder); },
+      [&](const std::string& file) {
+        // The file may lie anywhere: its folder is a drive of its own.
+        const auto slash = file.rfind('/');
+        const std::string folder = slash == std::string::npos ? "." : file.substr(0, slash + 1);
+        const auto name = text::from_utf8(slash == std::string::npos ? file
+                                                                     : file.substr(slash + 1));
+        if (!file.empty() && name && config_drive.map('C', folder)) {
+          return std::make_unique<settings::Settings>(config_files, regional, "C:\\" + *name);
+        }
+        return std::make_unique<settings::Settings>(files, regional);
+      },
       [&](const std::string& argument) {
         const bool windows = argument.size() > 1 && argument[1] == ':';
         return windows ? text::from_utf8(argument) : drives.windows(argument);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "project/main_window.h"
+#include "settings/settings.h"
 #include "system/platform.h"
 #include "ui/backend.h"
 #include "work/window_directory.h"
@@ -11,9 +12,9 @@ namespace ordelan::app {
 
 class Program {
  public:
-  // Backend and platform must outlive the program.
-  Program(ui::Backend& backend, const system::Platform& platform)
-      : form(backend, platform, work, windows) {}
+  // What is given must outlive the program.
+  Program(ui::Backend& backend, const system::Platform& platform, settings::Settings& settings)
+      : form(backend, platform, work, windows, settings) {}
 
   // Starts it: the main window loads and shows itself.
   void start() { form.load(); }

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -48,5 +49,11 @@ int wmain(int count, wchar_t** arguments) {
   win32::Win32Regional regional;
   std::vector<std::string> list;
   for (int i = 1; i < count; ++i) list.push_back(utf8(arguments[i]));
-  return app::run_console(list, {files, clock, regional, nullptr, absolute}, std::cout, std::cerr);
+  const auto settings = [&](const std::string& file) {
+    const auto path = file.empty() ? std::nullopt : absolute(file);
+    return path ? std::make_unique<settings::Settings>(files, regional, *path)
+                : std::make_unique<settings::Settings>(files, regional);
+  };
+  return app::run_console(list, {files, clock, regional, nullptr, settings, absolute}, std::cout,
+                          std::cerr);
 }

@@ -16,7 +16,8 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
   win32::Win32Backend backend(instance);
   win32::Win32Dialogs dialogs(backend);
   const system::Platform platform{files, dialogs, backend, clock, regional};
-  app::Program program(backend, platform);
+  settings::Settings settings(files, regional);
+  app::Program program(backend, platform, settings);
   program.start();
   return backend.run();
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 #include "text/code_page.h"
@@ -153,6 +154,17 @@ std::unique_ptr<system::OutputFile> PosixFileSystem::create(std::string_view pat
   Descriptor file(::open(native->c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
   if (!file.valid()) return nullptr;
   return std::make_unique<PosixOutput>(std::move(file));
+}
+
+bool PosixFileSystem::replace(std::string_view from, std::string_view to) {
+  const auto source = drives_.native(from);
+  const auto target = drives_.native(to);
+  return source && target && ::rename(source->c_str(), target->c_str()) == 0;
+}
+
+bool PosixFileSystem::remove(std::string_view path) {
+  const auto native = drives_.native(path);
+  return native && path.back() != '\\' && ::unlink(native->c_str()) == 0;
 }
 
 }  // namespace ordelan::posix

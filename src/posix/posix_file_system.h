@@ -17,6 +17,8 @@ class PosixFileSystem final : public system::FileSystem {
   std::optional<std::vector<system::FileInfo>> list(std::string_view folder) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+  bool replace(std::string_view from, std::string_view to) override;
+  bool remove(std::string_view path) override;
 
  private:
   const MappedDrives& drives_;

@@ -6,7 +6,7 @@
 namespace ordelan::project {
 
 Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
-             work::WindowDirectory& windows)
+             work::WindowDirectory& windows, settings::Settings& settings)
     : ui::Window(backend, "Form1"),
       lists(*this),
       strip(*this),
@@ -36,6 +36,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       platform_(platform),
       work_(work),
       windows_(windows),
+      settings_(settings),
       validator_(platform.files, reader, lists.List1),
       listing_(platform, work, lists, validator_) {
   set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
@@ -115,6 +116,11 @@ void Form1::wire() {
 }
 
 void Form1::Form_Load() {
+  settings_.read_position(*this, "Me", {0, 0});
+  for (ui::CheckBox* box :
+       {&CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckDragDrop, &CheckLogo}) {
+    settings_.read(*box);
+  }
   cmdReset_Click();
   SalvaListados.hide();
   ActualizarVip.hide();
@@ -176,6 +182,11 @@ void Form1::cmdCancelar_Click() {
 void Form1::Salir_Click() {
   for (const char* window : {"Player", "Zoom"}) windows_.close(window);
   work_.begin_job();
+  settings_.write_position(*this, "Me");
+  for (const ui::CheckBox* box :
+       {&CheckDragDrop, &CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckLogo}) {
+    settings_.write(*box);
+  }
   backend().end();
 }
 

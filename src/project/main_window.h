@@ -6,6 +6,7 @@
 #include "project/project_listing.h"
 #include "project/valido.h"
 #include "project/vip_reader.h"
+#include "settings/settings.h"
 #include "system/platform.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
@@ -26,7 +27,7 @@ class Form1 final : public ui::Window {
  public:
   // Everything given must outlive the window. `load` starts it.
   Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
-        work::WindowDirectory& windows);
+        work::WindowDirectory& windows, settings::Settings& settings);
 
   // Picks a project in the file dialog and opens it: its folder's projects are listed and it is
   // decoded into ListVip.
@@ -81,6 +82,7 @@ class Form1 final : public ui::Window {
   const system::Platform& platform_;
   work::WorkInHand& work_;
   work::WindowDirectory& windows_;
+  settings::Settings& settings_;
   Validator validator_;
   ProjectListing listing_;
 };

@@ -70,6 +70,13 @@ class FileSystem {
   // Creates a file, or empties the one that is there. Null when that fails.
   virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
+  // Puts the file `from` in the place of `to`, in one step: whoever looks sees the old file or the
+  // new one. False when that fails; both are then as they were.
+  virtual bool replace(std::string_view from, std::string_view to) = 0;
+
+  // Removes a file for good. False when it is not there, is a folder or cannot be removed.
+  virtual bool remove(std::string_view path) = 0;
+
   // The plain look-up by which the program decides whether a file is there: folders, hidden files
   // and system files do not count.
   std::optional<FileInfo> look_up(std::string_view path);

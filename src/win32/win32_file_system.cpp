@@ -189,4 +189,17 @@ std::unique_ptr<system::OutputFile> Win32FileSystem::create(std::string_view pat
   return std::make_unique<Win32OutputFile>(std::move(file));
 }
 
+bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
+  const auto source = file_path(from);
+  const auto target = file_path(to);
+  return source && target &&
+         MoveFileExW(source->c_str(), target->c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+bool Win32FileSystem::remove(std::string_view path) {
+  const auto extended = file_path(path);
+  return extended && DeleteFileW(extended->c_str()) != 0;
+}
+
 }  // namespace ordelan::win32

@@ -359,6 +359,35 @@ TEST_F(MainWindow, ending_in_the_middle_of_a_decode_ends_the_decode) {
   EXPECT_THAT(form.lists.ListVip.rows(), IsEmpty());
 }
 
+TEST_F(MainWindow, place_and_boxes_survive_a_restart) {
+  form.set_position({120, 45});
+  form.CheckBAK.toggle();
+  form.CheckLogo.toggle();
+  form.Salir.on_click();
+
+  project::Form1 again(backend, platform, work, windows, settings);
+  again.load();
+  EXPECT_EQ(again.position(), (ui::Point{120, 45}));
+  EXPECT_FALSE(again.CheckBAK.checked());
+  EXPECT_FALSE(again.CheckLogo.checked());
+  EXPECT_TRUE(again.CheckSubPath.checked());
+  EXPECT_FALSE(again.ShowIco.visible());
+}
+
+TEST_F(MainWindow, options_are_stored_in_their_order_under_their_captions) {
+  form.Salir.on_click();
+  EXPECT_EQ(settings.LeerIni(settings.RutaConfig, "Player automático", ""), "1");
+  std::string stored;
+  const auto file = disk.files().open(settings.RutaConfig);
+  ASSERT_TRUE(file);
+  stored.resize(file->size());
+  file->read(0, {reinterpret_cast<std::uint8_t*>(stored.data()), stored.size()});
+  EXPECT_EQ(stored,
+            "[Settings]\r\nMe_Left=0\r\nMe_Top=0\r\nVer Info de esta ventana al inicio=1\r\n"
+            "Ver tooltips de listas=1\r\nPlayer automático=1\r\nIncluir subcarpetas=1\r\n"
+            "Incluir Vip_BAK=1\r\nVer Logo al inicio=1\r\n");
+}
+
 // What somebody may lay into a folder: each gives its rows or nothing, and no message box.
 TEST_F(MainWindow, hostile_files_give_their_rows_or_nothing) {
   disk.write("cero.vip", "");

@@ -7,6 +7,7 @@
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
 #include "project/main_window.h"
+#include "settings/settings.h"
 #include "support/fake_services.h"
 #include "test_disk.h"
 #include "work/window_directory.h"
@@ -56,7 +57,8 @@ class Desk {
   system::Platform platform{disk.files(), dialogs, backend, clock, regional};
   work::WorkInHand work;
   work::WindowDirectory windows;
-  project::Form1 form{backend, platform, work, windows};
+  settings::Settings settings{disk.files(), regional, disk.path("Config.ini")};
+  project::Form1 form{backend, platform, work, windows, settings};
 };
 
 }  // namespace ordelan::test

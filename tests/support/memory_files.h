@@ -41,6 +41,22 @@ class MemoryFiles final : public system::FileSystem {
     return std::make_unique<Input>(*this, found->second);
   }
 
+  bool replace(std::string_view from, std::string_view to) override {
+    const auto found = contents.find(from);
+    if (found == contents.end()) return false;
+    std::string bytes = std::move(found->second);
+    contents.erase(found);
+    contents[std::string(to)] = std::move(bytes);
+    return true;
+  }
+
+  bool remove(std::string_view path) override {
+    const auto found = contents.find(path);
+    if (found == contents.end()) return false;
+    contents.erase(found);
+    return true;
+  }
+
   std::unique_ptr<system::OutputFile> create(std::string_view path) override {
     if (path.find('>') != std::string_view::npos) return nullptr;
     std::string& content = contents[std::string(path)];

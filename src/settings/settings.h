@@ -1,0 +1,56 @@
+// The settings of all windows, in one INI file. Every value is text; who reads it converts it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "system/file_system.h"
+#include "system/regional.h"
+#include "ui/check_box.h"
+#include "ui/window.h"
+
+namespace ordelan::settings {
+
+// The file is the same for every copy of the program, wherever it was installed.
+inline constexpr const char* kConfigFile = "C:\\QZT\\Ordelan\\Config.ini";
+
+class Settings {
+ public:
+  // What is given must outlive the settings. The file's folder is not made here: without it,
+  // settings are not kept.
+  Settings(system::FileSystem& files, system::Regional& regional,
+           std::string config_file = kConfigFile)
+      : RutaConfig(std::move(config_file)), files_(files), regional_(regional) {}
+
+  const std::string RutaConfig;
+  const std::string SeccionConfig = "Settings";
+
+  // The value of a key, at most 255 characters of it; `PorDefecto` when there is none.
+  std::string LeerIni(std::string_view Ruta, std::string_view Clave,
+                      std::string_view PorDefecto) const;
+
+  // Sets the value of a key. A failure is quiet: the file is then as it was.
+  void GrabarIni(std::string_view Ruta, std::string_view Clave, std::string_view Valor);
+
+  // A number under a key. The default stands in for a missing key and for text that is no number.
+  double number(std::string_view key, double fallback) const;
+  void set_number(std::string_view key, double value);
+
+  // A check box is kept under its caption: the captions are part of the file's format. The box's
+  // own value is the default.
+  void read(ui::CheckBox& box) const;
+  void write(const ui::CheckBox& box);
+
+  // A window's place is kept under "<name>_Left" and "<name>_Top".
+  void read_position(ui::Window& window, const std::string& name, ui::Point fallback) const;
+  void write_position(const ui::Window& window, const std::string& name);
+
+ private:
+  std::string load(std::string_view path) const;
+
+  system::FileSystem& files_;
+  system::Regional& regional_;
+};
+
+}  // namespace ordelan::settings

@@ -1,0 +1,115 @@
+#include "settings/settings.h"
+
+#include <gtest/gtest.h>
+
+#include "support/reader_bench.h"
+#include "ui/check_box.h"
+
+namespace ordelan::test {
+namespace {
+
+constexpr const char* kFile = "C:\\Config.ini";
+
+struct SettingsTest : ::testing::Test, ReaderBench {
+  settings::Settings store{files, regional, kFile};
+  ui::CheckBox box{window, "box"};
+};
+
+TEST_F(SettingsTest, the_file_stands_where_it_always_stood) {
+  settings::Settings usual(files, regional);
+  EXPECT_EQ(usual.RutaConfig, "C:\\QZT\\Ordelan\\Config.ini");
+  EXPECT_EQ(usual.SeccionConfig, "Settings");
+}
+
+TEST_F(SettingsTest, a_missing_file_or_key_gives_the_default) {
+  EXPECT_EQ(store.LeerIni(kFile, "Volumen", "40"), "40");
+  store.GrabarIni(kFile, "Other", "1");
+  EXPECT_EQ(store.LeerIni(kFile, "Volumen", "40"), "40");
+}
+
+TEST_F(SettingsTest, a_written_value_is_read_back) {
+  store.GrabarIni(kFile, "Ruta 1", "D:\\Audio\\Ca\xF1\xF3n");
+  EXPECT_EQ(store.LeerIni(kFile, "Ruta 1", ""), "D:\\Audio\\Ca\xF1\xF3n");
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nRuta 1=D:\\Audio\\Ca\xF1\xF3n\r\n");
+  EXPECT_EQ(files.contents.size(), 1u) << "no draft is left";
+}
+
+TEST_F(SettingsTest, a_value_is_cut_at_255_characters) {
+  store.GrabarIni(kFile, "k", std::string(400, 'x'));
+  EXPECT_EQ(store.LeerIni(kFile, "k", "").size(), 255u);
+}
+
+TEST_F(SettingsTest, a_box_is_kept_under_its_caption) {
+  box.set_caption("Borrar lista 4 \"Archivos no utilizados\"");
+  box.set_checked(true);
+  store.write(box);
+  EXPECT_EQ(files.contents[kFile],
+            "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
+  box.set_checked(false);
+  store.read(box);
+  EXPECT_TRUE(box.checked());
+}
+
+TEST_F(SettingsTest, a_box_without_a_key_stays_as_designed) {
+  box.set_caption("Auto Play");
+  for (const bool designed : {false, true}) {
+    box.set_checked(designed);
+    store.read(box);
+    EXPECT_EQ(box.checked(), designed);
+  }
+}
+
+TEST_F(SettingsTest, broken_values_give_the_defaults) {
+  for (const char* broken : {"", "abc", "-", "nan", "inf", "\xFF", "1e999x"}) {
+    files.contents[kFile] = std::string("[Settings]\r\nMe_Left=") + broken + "\r\n";
+    EXPECT_EQ(store.number("Me_Left", 17), 17) << broken;
+  }
+}
+
+TEST_F(SettingsTest, numbers_may_carry_the_systems_decimal_mark) {
+  files.contents[kFile] = "[Settings]\r\nMe_Left=12,5\r\nMe_Top=-3\r\n";
+  EXPECT_EQ(store.number("Me_Left", 0), 12.5);
+  EXPECT_EQ(store.number("Me_Top", 0), -3);
+}
+
+TEST_F(SettingsTest, a_window_is_placed_where_it_was) {
+  window.set_position({120, 45});
+  store.write_position(window, "Me");
+  window.set_position({0, 0});
+  store.read_position(window, "Me", {1, 1});
+  EXPECT_EQ(window.position(), (ui::Point{120, 45}));
+  store.read_position(window, "Zoom", {7, 8});
+  EXPECT_EQ(window.position(), (ui::Point{7, 8}));
+}
+
+TEST_F(SettingsTest, places_beyond_all_measure_do_no_harm) {
+  files.contents[kFile] = "[Settings]\r\nMe_Left=1e300\r\nMe_Top=-99999999999999\r\n";
+  store.read_position(window, "Me", {0, 0});
+  EXPECT_EQ(window.position(), (ui::Point{1'000'000, -1'000'000}));
+}
+
+TEST_F(SettingsTest, a_file_that_cannot_be_read_is_not_written_over) {
+  files.contents[kFile] = "[Settings]\r\nA=1\r\n";
+  files.locked = kFile;
+  store.GrabarIni(kFile, "B", "2");
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nA=1\r\n");
+}
+
+TEST_F(SettingsTest, a_million_lines_are_read_through) {
+  std::string& text = files.contents[kFile];
+  for (int i = 0; i < 1'000'000; ++i) text += "line\r\n";
+  text += "[Settings]\r\nA=1\r\n";
+  EXPECT_EQ(store.LeerIni(kFile, "A", ""), "1");
+}
+
+TEST_F(SettingsTest, a_file_saved_as_utf16_is_read_and_stays_utf16) {
+  using namespace std::string_literals;
+  files.contents[kFile] = "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0""1\0\r\0\n\0"s;
+  EXPECT_EQ(store.LeerIni(kFile, "\xF1", "0"), "1");
+  store.GrabarIni(kFile, "\xF1", "2");
+  EXPECT_EQ(files.contents[kFile],
+            "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0""2\0\r\0\n\0"s);
+}
+
+}  // namespace
+}  // namespace ordelan::test
