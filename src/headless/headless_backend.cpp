@@ -54,7 +54,8 @@ void HeadlessBackend::pump() {
   }
   for (ui::Timer* timer : ready) {
     const auto due = due_.find(timer);
-    if (due == due_.end()) continue;  // an earlier tick stopped it
+    // An earlier tick may have stopped it, started it anew, or pumped and so let it tick.
+    if (due == due_.end() || due->second > now) continue;
     due->second = now + timer->interval();
     if (timer->on_tick) timer->on_tick();
   }

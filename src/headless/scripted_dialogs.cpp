@@ -10,6 +10,7 @@ std::vector<std::string> ScriptedDialogs::open_files(const system::OpenRequest& 
   if (files.empty()) return {};
   auto picked = std::move(files.front());
   files.pop_front();
+  if (!request.several && picked.size() > 1) picked.resize(1);
   return picked;
 }
 

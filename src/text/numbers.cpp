@@ -1,6 +1,7 @@
 #include "text/numbers.h"
 
 #include <array>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 
@@ -37,6 +38,11 @@ double parse_number(std::string_view text, char decimal_mark) {
   std::string digits(trim_left(text));
   for (char& c : digits) {
     if (c == decimal_mark) c = '.';
+  }
+  // Words such as "infinito" begin with what the conversion takes for a number too.
+  const auto first = digits.find_first_not_of('-');
+  if (first == std::string::npos || std::isalpha(static_cast<unsigned char>(digits[first])) != 0) {
+    return 0;
   }
   double value = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), value);

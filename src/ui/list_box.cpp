@@ -32,6 +32,7 @@ void ListBox::add(std::string_view row) {
 
 void ListBox::add(std::vector<std::string> rows) {
   if (rows.empty()) return;
+  for (std::string& row : rows) row.resize(until_nul(row).size());
   if (rows_.empty()) {
     rows_ = std::move(rows);
   } else {

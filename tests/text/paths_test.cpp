@@ -1,0 +1,142 @@
+#include "text/paths.h"
+
+#include <gtest/gtest.h>
+
+namespace ordelan::test {
+namespace {
+
+using text::getPath;
+using text::Obtener_Extension;
+using text::Obtener_Nombre_Archivo;
+using text::Obtener_Nombre_Path;
+using text::Obtener_VipPath;
+
+TEST(GetPath, goes_up_to_the_last_separator_and_takes_it_along) {
+  EXPECT_EQ(getPath("D:\\Mix\\tema.vip", "\\"), "D:\\Mix\\");
+  EXPECT_EQ(getPath("D:\\Mix\\", "\\"), "D:\\Mix\\");
+  EXPECT_EQ(getPath("a/b/c", "/"), "a/b/");
+}
+
+TEST(GetPath, takes_separators_of_several_bytes) {
+  EXPECT_EQ(getPath("1 --> 2 --> x", "-->"), "1 --> 2 -->");
+  EXPECT_EQ(getPath("x", "xyz"), "");
+}
+
+TEST(GetPath, is_empty_without_a_separator) {
+  EXPECT_EQ(getPath("tema.vip", "\\"), "");
+  EXPECT_EQ(getPath("", "\\"), "");
+  EXPECT_EQ(getPath("D:\\Mix", ""), "");
+  EXPECT_EQ(getPath("", ""), "");
+}
+
+TEST(ObtenerNombrePath, is_the_folder_with_or_without_its_backslash) {
+  EXPECT_EQ(Obtener_Nombre_Path("D:\\Mix\\tema.vip", true), "D:\\Mix\\");
+  EXPECT_EQ(Obtener_Nombre_Path("D:\\Mix\\tema.vip", false), "D:\\Mix");
+  EXPECT_EQ(Obtener_Nombre_Path("D:\\tema.vip", true), "D:\\");
+  EXPECT_EQ(Obtener_Nombre_Path("D:\\tema.vip", false), "D:");
+  EXPECT_EQ(Obtener_Nombre_Path("D:\\Mix\\", true), "D:\\Mix\\");
+}
+
+TEST(ObtenerNombrePath, drops_the_number_and_the_arrow_of_a_row) {
+  EXPECT_EQ(Obtener_Nombre_Path("7 --> E:\\a\\p.vip", true), "E:\\a\\");
+  EXPECT_EQ(Obtener_Nombre_Path("7 --> E:\\a\\p.vip", false), "E:\\a");
+  EXPECT_EQ(Obtener_Nombre_Path("xE:\\p.vip", true), "E:\\");
+}
+
+TEST(ObtenerNombrePath, begins_at_the_first_colon) {
+  EXPECT_EQ(Obtener_Nombre_Path("C:\\a:\\b.wav", true), "C:\\a:\\");
+}
+
+TEST(ObtenerNombrePath, without_a_drive_keeps_what_is_there) {
+  EXPECT_EQ(Obtener_Nombre_Path("a\\b\\c.wav", true), "a\\b\\");
+  EXPECT_EQ(Obtener_Nombre_Path("\\\\server\\share\\c.wav", false), "\\\\server\\share");
+  EXPECT_EQ(Obtener_Nombre_Path("\\c.wav", true), "\\");
+  EXPECT_EQ(Obtener_Nombre_Path("\\c.wav", false), "");
+}
+
+TEST(ObtenerNombrePath, a_colon_with_nothing_before_it_is_no_drive) {
+  EXPECT_EQ(Obtener_Nombre_Path(":\\a\\b.wav", true), ":\\a\\");
+  EXPECT_EQ(Obtener_Nombre_Path(":\\a\\b.wav", false), ":\\a");
+}
+
+TEST(ObtenerNombrePath, a_colon_behind_the_last_backslash_is_part_of_the_name) {
+  EXPECT_EQ(Obtener_Nombre_Path("folder\\b:c.wav", true), "folder\\");
+}
+
+TEST(ObtenerNombrePath, is_empty_without_a_backslash) {
+  for (const bool slash : {true, false}) {
+    EXPECT_EQ(Obtener_Nombre_Path("tema.vip", slash), "");
+    EXPECT_EQ(Obtener_Nombre_Path("D:tema.vip", slash), "");
+    EXPECT_EQ(Obtener_Nombre_Path("", slash), "");
+  }
+}
+
+TEST(ObtenerNombreArchivo, is_what_stands_behind_the_last_separator) {
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\Mix\\Canci\xF3n.wav"), "Canci\xF3n.wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo("7 --> E:\\a\\p.vip"), "p.vip");
+  EXPECT_EQ(Obtener_Nombre_Archivo("tema.vip"), "tema.vip");
+  EXPECT_EQ(Obtener_Nombre_Archivo("a/b/c.wav"), "c.wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:c.wav"), "c.wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\a/b\\c:d.wav"), "d.wav");
+}
+
+TEST(ObtenerNombreArchivo, is_empty_where_no_file_is_named) {
+  EXPECT_EQ(Obtener_Nombre_Archivo(""), "");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\Mix\\"), "");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:/Mix/"), "");
+  EXPECT_EQ(Obtener_Nombre_Archivo("C:"), "");
+}
+
+TEST(ObtenerNombreArchivo, is_empty_with_wildcards_or_brackets_anywhere) {
+  for (const char* path : {"D:\\*.wav", "D:\\a?.wav", "D:\\a[1].wav", "D:\\a].wav", "D:\\[x\\a.wav",
+                           "D:\\*\\a.wav"}) {
+    EXPECT_EQ(Obtener_Nombre_Archivo(path), "") << path;
+  }
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\a(1).wav"), "a(1).wav");
+}
+
+TEST(ObtenerNombreArchivo, ends_at_a_NUL) {
+  EXPECT_EQ(Obtener_Nombre_Archivo(std::string("D:\\a.wav\0D:\\b.wav", 17)), "a.wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo(std::string("D:\\a.wav\0*", 10)), "a.wav")
+      << "what stands behind the NUL is not looked at";
+}
+
+TEST(ObtenerNombreArchivo, holds_254_bytes_at_most) {
+  const std::string longest(254, 'a');
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\" + longest), longest);
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\" + longest + "b"), longest);
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\" + std::string(1000, 'f') + "\\c.wav"), "c.wav")
+      << "only the name is cut, however long the folder is";
+}
+
+TEST(ObtenerVipPath, is_a_clean_path_out_of_a_row) {
+  EXPECT_EQ(Obtener_VipPath("7 --> E:\\a\\p.vip"), "E:\\a\\p.vip");
+  EXPECT_EQ(Obtener_VipPath("E:\\a\\p.vip"), "E:\\a\\p.vip");
+  EXPECT_EQ(Obtener_VipPath("p.vip"), "p.vip");
+  EXPECT_EQ(Obtener_VipPath("7 --> E:\\a\\"), "E:\\a\\");
+  EXPECT_EQ(Obtener_VipPath("7 --> E:\\a[1]\\p.vip"), "E:\\a[1]\\")
+      << "a folder with brackets leaves no name";
+  EXPECT_EQ(Obtener_VipPath(""), "");
+}
+
+TEST(ObtenerExtension, is_what_stands_behind_the_last_dot_in_its_own_case) {
+  EXPECT_EQ(Obtener_Extension("a.b"), "b");
+  EXPECT_EQ(Obtener_Extension("D:\\Mix\\tema.vip.Wav"), "Wav");
+  EXPECT_EQ(Obtener_Extension(".wav"), "wav");
+}
+
+TEST(ObtenerExtension, is_empty_where_there_is_none) {
+  EXPECT_EQ(Obtener_Extension("none"), "");
+  EXPECT_EQ(Obtener_Extension("a."), "");
+  EXPECT_EQ(Obtener_Extension("D:\\my.folder\\none"), "") << "the dot belongs to a folder";
+  EXPECT_EQ(Obtener_Extension("a.b c"), "") << "no extension holds a blank";
+  EXPECT_EQ(Obtener_Extension("Vol. 1"), "");
+  EXPECT_EQ(Obtener_Extension(""), "");
+}
+
+TEST(ObtenerExtension, blanks_before_the_dot_do_no_harm) {
+  EXPECT_EQ(Obtener_Extension("Vol. 1.wav"), "wav");
+}
+
+}  // namespace
+}  // namespace ordelan::test

@@ -1,0 +1,71 @@
+#include "ui/list_width.h"
+
+#include <gtest/gtest.h>
+
+#include "headless/headless_backend.h"
+#include "support/fake_services.h"
+#include "ui/label.h"
+#include "ui/window.h"
+
+namespace ordelan::test {
+namespace {
+
+// Six pixels a character at 9 points, 12 at 18.
+struct ListWidthTest : ::testing::Test {
+  int width_of(const std::vector<std::size_t>& lengths) {
+    list.clear();
+    for (const std::size_t length : lengths) list.add(std::string(length, 'x'));
+    const int width = ui::ListaAncho(list);
+    EXPECT_EQ(list.horizontal_extent(), width);
+    return width;
+  }
+
+  HandClock clock;
+  headless::HeadlessBackend backend{clock};
+  ui::Window window{backend, "window"};
+  ui::ListBox list{window, "list"};
+};
+
+TEST_F(ListWidthTest, an_empty_list_needs_no_width) {
+  list.set_horizontal_extent(500);
+  EXPECT_EQ(width_of({}), 0);
+}
+
+TEST_F(ListWidthTest, the_first_row_gets_its_own_width) {
+  EXPECT_EQ(width_of({10}), 60);
+  EXPECT_EQ(width_of({10, 4, 10, 0}), 60);
+}
+
+TEST_F(ListWidthTest, a_wider_row_gets_ten_pixels_of_air) {
+  EXPECT_EQ(width_of({10, 11}), 76);
+  EXPECT_EQ(width_of({0, 1}), 16);
+}
+
+TEST_F(ListWidthTest, a_row_that_fits_into_the_air_changes_nothing) {
+  EXPECT_EQ(width_of({10, 11, 12}), 76) << "72 pixels stand inside the 76";
+  EXPECT_EQ(width_of({10, 11, 12, 13}), 88) << "78 do not";
+}
+
+TEST_F(ListWidthTest, measuring_again_gives_the_same) {
+  EXPECT_EQ(width_of({10, 20}), 130);
+  EXPECT_EQ(ui::ListaAncho(list), 130);
+}
+
+TEST_F(ListWidthTest, an_extent_shrinks_with_its_rows) {
+  EXPECT_EQ(width_of({100}), 600);
+  EXPECT_EQ(width_of({3}), 18);
+}
+
+TEST_F(ListWidthTest, a_larger_font_makes_a_wider_list) {
+  list.set_font({.points = 18, .bold = false});
+  EXPECT_EQ(width_of({10}), 120);
+}
+
+TEST_F(ListWidthTest, letters_beyond_the_plain_ones_have_their_width) {
+  ui::Label label(window, "label");
+  EXPECT_EQ(ui::MedirTexto(label, "Canci\xF3n"), 42);
+  EXPECT_EQ(ui::MedirTexto(label, ""), 0);
+}
+
+}  // namespace
+}  // namespace ordelan::test

@@ -1,0 +1,81 @@
+// A backend that writes down what it is told: which objects it was given, what their peers heard,
+// and which peers are gone.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ui/backend.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/list_box.h"
+#include "ui/progress_bar.h"
+#include "ui/text_box.h"
+#include "ui/timer.h"
+#include "ui/window.h"
+
+namespace ordelan::test {
+
+class RecordingBackend final : public ui::Backend {
+ public:
+  struct Change {
+    std::string name;  // of the object that changed
+    ui::Aspect aspect;
+    friend bool operator==(const Change&, const Change&) = default;
+  };
+
+  std::vector<std::string> attached;  // names, in the order in which they came
+  std::vector<std::string> gone;      // names, in the order in which their peers went
+  std::vector<Change> changes;
+
+  // The changes since the last look.
+  std::vector<Change> take() { return std::exchange(changes, {}); }
+
+  std::unique_ptr<ui::Peer> attach(ui::Window& window) override { return made(window.name()); }
+  std::unique_ptr<ui::Peer> attach(ui::Button& button) override { return made(button); }
+  std::unique_ptr<ui::Peer> attach(ui::CheckBox& box) override { return made(box); }
+  std::unique_ptr<ui::Peer> attach(ui::Image& image) override { return made(image); }
+  std::unique_ptr<ui::Peer> attach(ui::Label& label) override { return made(label); }
+  std::unique_ptr<ui::Peer> attach(ui::ListBox& list) override { return made(list); }
+  std::unique_ptr<ui::Peer> attach(ui::ProgressBar& bar) override { return made(bar); }
+  std::unique_ptr<ui::Peer> attach(ui::TextBox& box) override { return made(box); }
+  std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override { return made(timer); }
+
+  int line_count(const ui::TextBox&) override { return 1; }
+  ui::CharacterWidths character_widths(const ui::Font&) override { return {}; }
+  void end() override { ended_ = true; }
+  bool ended() const override { return ended_; }
+
+ private:
+  class RecordingPeer final : public ui::Peer {
+   public:
+    RecordingPeer(RecordingBackend& backend, std::string name)
+        : backend_(backend), name_(std::move(name)) {}
+    ~RecordingPeer() override { backend_.gone.push_back(name_); }
+    RecordingPeer(const RecordingPeer&) = delete;
+    RecordingPeer& operator=(const RecordingPeer&) = delete;
+    void changed(ui::Aspect aspect) override { backend_.changes.push_back({name_, aspect}); }
+
+   private:
+    RecordingBackend& backend_;
+    std::string name_;
+  };
+
+  // The controls of an array share a name and are told apart by their number.
+  std::unique_ptr<ui::Peer> made(const ui::Control& control) {
+    const std::string number = control.index() < 0 ? "" : std::to_string(control.index());
+    return made(control.name() + number);
+  }
+  std::unique_ptr<ui::Peer> made(const std::string& name) {
+    attached.push_back(name);
+    return std::make_unique<RecordingPeer>(*this, name);
+  }
+
+  bool ended_ = false;
+};
+
+}  // namespace ordelan::test
