@@ -1,0 +1,137 @@
+// The console program, run as a script runs it: a process with arguments, output and exit code.
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "support/desk.h"
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using Json = nlohmann::json;
+
+struct Console : ::testing::Test {
+  struct Result {
+    int exit_code;
+    std::string output;
+    std::string error;
+    Json json() const { return Json::parse(output); }
+  };
+
+  Result run(const std::string& arguments) const {
+    const std::string errors = disk.native_path("stderr.txt").string();
+    const std::string command = std::string(ORDELAN_BINARY_DIR "/src/app/ordelan --unidad D=") +
+                                disk.native_path("").string() + " " + arguments + " 2>" + errors;
+    FILE* pipe = ::popen(command.c_str(), "r");
+    Result result{-1, "", ""};
+    std::array<char, 4096> buffer{};
+    while (const std::size_t came = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
+      result.output.append(buffer.data(), came);
+    }
+    result.exit_code = WEXITSTATUS(::pclose(pipe));
+    std::getline(std::ifstream(errors), result.error, '\0');
+    return result;
+  }
+
+  TestDisk disk;
+};
+
+TEST_F(Console, prints_the_lists_with_their_headings) {
+  disk.write("Mix\\tema.vip", project_of({"D:\\Mix\\Canci\xF3n.wav"}));
+  const auto result = run("abrir 'D:\\Mix\\tema.vip'");
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_THAT(result.output, HasSubstr("Encontrados 1 proyectos en:\nD:\\Mix\\\n"
+                                       "  1 --> D:\\Mix\\tema.vip\n\n"
+                                       "1 Archivos utilizados en: D:\\Mix\\tema.vip\nD:\\Mix\\\n"
+                                       "  D:\\Mix\\Canci\xC3\xB3n.wav\n"));
+  EXPECT_EQ(result.error, "");
+}
+
+TEST_F(Console, prints_one_json_object_in_utf8) {
+  disk.write("Mix\\tema.vip", project_of({"D:\\Mix\\Canci\xF3n.wav", "D:\\Mix\\b.mp3"}));
+  const auto result = run("--json abrir 'D:\\Mix\\tema.vip'");
+  const Json json = result.json();
+  std::vector<std::string> keys;
+  for (const auto& item : json.items()) keys.push_back(item.key());
+  EXPECT_THAT(keys, ::testing::UnorderedElementsAre(
+                        "ListProyectos", "ListVip", "ListUtilizados", "ListBorrar", "ListPerdidos",
+                        "LabelCheck", "LabelCount", "LabelAdd", "LabelErase", "TextDecode",
+                        "mensajes"));
+  EXPECT_EQ(json["ListProyectos"], Json({"1 --> D:\\Mix\\tema.vip"}));
+  EXPECT_EQ(json["ListVip"], Json({"D:\\Mix\\Canci\xC3\xB3n.wav", "D:\\Mix\\b.mp3"}));
+  EXPECT_EQ(json["LabelCheck"], Json({"Encontrados 1 proyectos en:", "D:\\Mix\\"}));
+  EXPECT_EQ(json["LabelCount"], Json({"2 Archivos utilizados en: D:\\Mix\\tema.vip", "D:\\Mix\\"}));
+  EXPECT_EQ(json["mensajes"], Json::array());
+}
+
+TEST_F(Console, takes_a_native_path_under_a_mapped_folder) {
+  disk.write("Mix\\tema.vip", project_of({"D:\\Mix\\a.wav"}));
+  const auto result = run("--json abrir " + disk.native_path("Mix\\tema.vip").string());
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_EQ(result.json()["ListProyectos"], Json({"1 --> D:\\Mix\\tema.vip"}));
+}
+
+TEST_F(Console, ignores_case_in_paths_as_windows_does) {
+  disk.write("Mix\\A\xD1O\\tema.vip", project_of({"D:\\Mix\\a.wav"}));
+  EXPECT_EQ(run("abrir 'd:\\MIX\\a\xC3\xB1o\\TEMA.VIP'").exit_code, 0);
+}
+
+TEST_F(Console, a_refused_project_gives_1_and_the_warning) {
+  disk.write("midi.vip", project_of({}));
+  const auto result = run("--json abrir 'D:\\midi.vip'");
+  EXPECT_EQ(result.exit_code, 1);
+  EXPECT_EQ(result.error, " >>> AVISO <<<   Este proyecto no tiene archivos de audio\n");
+  EXPECT_EQ(result.json()["TextDecode"],
+            " >>> AVISO <<<   Este proyecto no tiene archivos de audio");
+}
+
+TEST_F(Console, wrong_use_gives_2_and_one_clear_line) {
+  disk.write("tema.vip", project_of({"D:\\a.wav"}));
+  disk.make_folder("carpeta.vip");
+  for (const char* wrong :
+       {"", "abrir", "cerrar x", "abrir --nada x", "abrir 'D:\\none.vip'", "abrir /none.vip",
+        "abrir 'E:\\tema.vip'", "abrir 'D:\\carpeta.vip'", "--unidad D abrir 'D:\\tema.vip'",
+        "--unidad E=/does/not/exist abrir 'D:\\tema.vip'", "abrir 'D:\\tema.vip' more"}) {
+    const auto result = run(wrong);
+    EXPECT_EQ(result.exit_code, 2) << wrong;
+    EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << wrong;
+    EXPECT_THAT(result.output, IsEmpty()) << wrong;
+  }
+}
+
+TEST_F(Console, backups_are_listed_as_asked) {
+  disk.write("tema.vip", project_of({"D:\\a.wav"}));
+  disk.write("tema_BAK.vip", project_of({"D:\\a.wav"}));
+  EXPECT_EQ(run("--json abrir 'D:\\tema.vip' --bak").json()["ListProyectos"].size(), 2u);
+  EXPECT_EQ(run("--json abrir 'D:\\tema.vip' --sin-bak").json()["ListProyectos"].size(), 1u);
+  EXPECT_EQ(run("abrir --sin-bak --json 'D:\\tema.vip'").json()["ListProyectos"].size(), 1u)
+      << "options may stand anywhere";
+}
+
+TEST_F(Console, options_come_from_the_configuration_file_and_the_command_line_wins) {
+  disk.write("tema.vip", project_of({"D:\\a.wav"}));
+  disk.write("tema_BAK.vip", project_of({"D:\\a.wav"}));
+  disk.write("own.ini", "[Settings]\r\nIncluir Vip_BAK=0\r\n");
+  const std::string config = "--config " + disk.native_path("own.ini").string() + " --json ";
+  EXPECT_EQ(run(config + "abrir 'D:\\tema.vip'").json()["ListProyectos"].size(), 1u);
+  EXPECT_EQ(run(config + "abrir --bak 'D:\\tema.vip'").json()["ListProyectos"].size(), 2u);
+}
+
+TEST_F(Console, projects_come_in_alphabetical_order_without_case) {
+  for (const char* name : {"b.vip", "A.vip", "c.VIP", "\xE1.vip"}) {
+    disk.write(name, project_of({"D:\\a.wav"}));
+  }
+  EXPECT_EQ(run("--json abrir 'D:\\b.vip'").json()["ListProyectos"],
+            Json({"1 --> D:\\A.vip", "2 --> D:\\b.vip", "3 --> D:\\c.VIP",
+                  "4 --> D:\\\xC3\xA1.vip"}));
+}
+
+}  // namespace
+}  // namespace ordelan::test
