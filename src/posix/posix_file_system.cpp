@@ -85,9 +85,8 @@ system::FileInfo described(std::string name, const struct stat& status, bool lin
 
 // The name that Windows would show, nothing for one that it could not hold.
 std::optional<std::string> windows_name(const char* name) {
-  constexpr std::string_view kForbidden = "\\/:*?\"<>|";
   auto ansi = text::from_utf8(name);
-  if (ansi && ansi->find_first_of(kForbidden) != std::string::npos) ansi.reset();
+  if (ansi && !is_windows_name(*ansi)) ansi.reset();
   return ansi;
 }
 
