@@ -149,8 +149,13 @@ std::unique_ptr<system::InputFile> PosixFileSystem::open(std::string_view path) 
 std::unique_ptr<system::OutputFile> PosixFileSystem::create(std::string_view path) {
   const auto native = drives_.native(path);
   if (!native || path.back() == '\\') return nullptr;
-  Descriptor file(::open(native->c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-  if (!file.valid()) return nullptr;
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
+  Descriptor file(::open(native->c_str(), kFlags, 0666));
+  // A pipe or a device is no file to be written.
+  struct stat status {};
+  if (!file.valid() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return nullptr;
+  }
   return std::make_unique<PosixOutput>(std::move(file));
 }
 
