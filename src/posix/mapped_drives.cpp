@@ -89,7 +89,7 @@ std::optional<std::string> MappedDrives::windows(const std::string& native_path)
   const std::string path = real ? real.get() : native_path;
   const std::pair<const char, std::string>* nearest = nullptr;
   for (const auto& drive : folders_) {
-    const bool under = path == drive.second ||
+    const bool under = (path == drive.second && !path.empty()) ||
                        path.compare(0, drive.second.size() + 1, drive.second + "/") == 0;
     if (under && (nearest == nullptr || drive.second.size() > nearest->second.size())) {
       nearest = &drive;

@@ -48,6 +48,8 @@ TEST_F(MappedDrivesTest, the_whole_disk_can_be_mapped) {
   std::string path = "Z:" + (disk / "a.wav");
   for (char& c : path) c = c == '/' ? '\\' : c;
   EXPECT_EQ(drives.native(path), disk / "a.wav");
+  EXPECT_EQ(drives.windows("/"), "Z:\\");
+  EXPECT_EQ(drives.windows(""), std::nullopt);
 }
 
 TEST_F(MappedDrivesTest, the_drive_itself_is_the_folder) {
