@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -35,6 +36,14 @@ std::optional<std::string> entry_ignoring_case(const std::string& folder, std::s
 
 }  // namespace
 
+bool is_windows_name(std::string_view name) {
+  constexpr std::string_view kForbidden = "\\/:*?\"<>|";
+  return std::none_of(name.begin(), name.end(), [&](char c) {
+    const bool control = static_cast<unsigned char>(c) < 0x20;
+    return control || kForbidden.find(c) != std::string_view::npos;
+  });
+}
+
 bool MappedDrives::map(char letter, const std::string& folder) {
   const std::unique_ptr<char, void (*)(void*)> real(::realpath(folder.c_str(), nullptr), &std::free);
   struct stat found {};
@@ -51,9 +60,7 @@ std::optional<std::string> MappedDrives::native(std::string_view path) const {
   if (path.size() < 3 || path[1] != ':' || path[2] != '\\') return std::nullopt;
   const auto drive = folders_.find(capital(path[0]));
   if (drive == folders_.end()) return std::nullopt;
-  constexpr std::string_view kForbidden("\0/:*?\"<>|", 9);
   std::string_view rest = path.substr(3);
-  if (rest.find_first_of(kForbidden) != std::string_view::npos) return std::nullopt;
 
   std::string native = drive->second;
   while (!rest.empty()) {
@@ -61,7 +68,7 @@ std::optional<std::string> MappedDrives::native(std::string_view path) const {
     const std::string_view name = rest.substr(0, slash);
     rest = slash == std::string_view::npos ? std::string_view{} : rest.substr(slash + 1);
     if (name.empty() || name == ".") continue;
-    if (name == "..") return std::nullopt;
+    if (name == ".." || !is_windows_name(name)) return std::nullopt;
     std::string next = native + "/" + text::to_utf8(name);
     if (!exists(next)) {
       const auto other = entry_ignoring_case(native.empty() ? "/" : native, name);
@@ -82,18 +89,26 @@ std::optional<std::string> MappedDrives::windows(const std::string& native_path)
   const std::string path = real ? real.get() : native_path;
   const std::pair<const char, std::string>* nearest = nullptr;
   for (const auto& drive : folders_) {
-    const bool under = path.compare(0, drive.second.size() + 1, drive.second + "/") == 0;
+    const bool under = (path == drive.second && !path.empty()) ||
+                       path.compare(0, drive.second.size() + 1, drive.second + "/") == 0;
     if (under && (nearest == nullptr || drive.second.size() > nearest->second.size())) {
       nearest = &drive;
     }
   }
   if (nearest == nullptr) return std::nullopt;
-  auto rest = text::from_utf8(path.substr(nearest->second.size()));
+  const auto rest = text::from_utf8(path.substr(nearest->second.size()));
   if (!rest) return std::nullopt;
-  for (char& c : *rest) {
-    if (c == '/') c = '\\';
+  std::string windows(1, nearest->first);
+  windows += ":\\";
+  for (std::size_t at = 1; at < rest->size();) {
+    const auto slash = std::min(rest->find('/', at), rest->size());
+    const std::string name = rest->substr(at, slash - at);
+    if (!is_windows_name(name)) return std::nullopt;
+    windows += name;
+    if (slash < rest->size()) windows += '\\';
+    at = slash + 1;
   }
-  return std::string(1, nearest->first) + ":" + *rest;
+  return windows;
 }
 
 }  // namespace ordelan::posix

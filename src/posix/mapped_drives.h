@@ -8,6 +8,9 @@
 
 namespace ordelan::posix {
 
+// Whether Windows could give this name to a file, as far as its characters go.
+bool is_windows_name(std::string_view name);
+
 class MappedDrives {
  public:
   // Maps drive `letter` (either case) to an existing folder. False if the letter is none or the
@@ -20,7 +23,8 @@ class MappedDrives {
   // wildcard or a character that no Windows name has, or in a folder that is not there.
   std::optional<std::string> native(std::string_view path) const;
 
-  // The Windows path of a native one that lies under a mapped folder.
+  // The Windows path of a native one that is a mapped folder or lies under one. Nothing where a
+  // name on the way is none that Windows could hold.
   std::optional<std::string> windows(const std::string& native_path) const;
 
  private:

@@ -86,9 +86,8 @@ system::FileInfo described(std::string name, const struct stat& status, bool lin
 
 // The name that Windows would show, nothing for one that it could not hold.
 std::optional<std::string> windows_name(const char* name) {
-  constexpr std::string_view kForbidden = "\\/:*?\"<>|";
   auto ansi = text::from_utf8(name);
-  if (ansi && ansi->find_first_of(kForbidden) != std::string::npos) ansi.reset();
+  if (ansi && !is_windows_name(*ansi)) ansi.reset();
   return ansi;
 }
 
@@ -151,8 +150,13 @@ std::unique_ptr<system::InputFile> PosixFileSystem::open(std::string_view path) 
 std::unique_ptr<system::OutputFile> PosixFileSystem::create(std::string_view path) {
   const auto native = drives_.native(path);
   if (!native || path.back() == '\\') return nullptr;
-  Descriptor file(::open(native->c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-  if (!file.valid()) return nullptr;
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
+  Descriptor file(::open(native->c_str(), kFlags, 0666));
+  // A pipe or a device is no file to be written.
+  struct stat status {};
+  if (!file.valid() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return nullptr;
+  }
   return std::make_unique<PosixOutput>(std::move(file));
 }
 

@@ -10,8 +10,12 @@ namespace {
 
 constexpr std::chrono::milliseconds kTick{100};
 
-// A tenth more. Rounded to tenths, so that a minute of ticks is a minute and not a hair beside it.
-double tenth_more(double seconds) { return std::round(seconds * 10 + 1) / 10; }
+// A tenth more. Rounded far behind the tenths, so that a minute of ticks is a minute and not a hair
+// beside it.
+double tenth_more(double seconds) {
+  constexpr double kGrain = 1e6;
+  return std::round((seconds + 0.1) * kGrain) / kGrain;
+}
 
 }  // namespace
 

@@ -1,0 +1,283 @@
+#include "posix/posix_file_system.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "posix/native_folder.h"
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Optional;
+
+struct PosixFileSystemTest : ::testing::Test, MappedFolder {
+  // The names that a folder lists; "nothing" when it cannot be read.
+  std::vector<std::string> names(std::string_view folder) {
+    const auto entries = files.list(folder);
+    if (!entries) return {"nothing"};
+    std::vector<std::string> found;
+    for (const auto& entry : *entries) found.push_back(entry.name);
+    return found;
+  }
+};
+
+TEST_F(PosixFileSystemTest, a_file_is_told_with_its_size_and_its_name_on_the_disk) {
+  disk.file("Mix/Voz.WAV", "12345");
+  const auto found = files.info("D:\\mix\\voz.wav");
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->name, "Voz.WAV");
+  EXPECT_EQ(found->size, 5u);
+  EXPECT_FALSE(found->folder);
+  EXPECT_FALSE(found->link);
+  EXPECT_FALSE(found->hidden);
+  EXPECT_FALSE(found->system);
+}
+
+TEST_F(PosixFileSystemTest, a_folder_is_told_as_one_without_a_size) {
+  disk.file("Mix/a");
+  for (const char* path : {"D:\\Mix", "D:\\MIX\\"}) {
+    const auto found = files.info(path);
+    ASSERT_TRUE(found) << path;
+    EXPECT_EQ(found->name, "Mix");
+    EXPECT_TRUE(found->folder);
+    EXPECT_EQ(found->size, 0u);
+  }
+}
+
+TEST_F(PosixFileSystemTest, the_root_of_a_drive_is_a_folder) {
+  disk.file("a.wav");
+  const auto found = files.info("D:\\");
+  ASSERT_TRUE(found);
+  EXPECT_TRUE(found->folder);
+  EXPECT_THAT(names("D:\\"), ElementsAre("a.wav"));
+  EXPECT_EQ(files.open("D:\\"), nullptr);
+  EXPECT_EQ(files.create("D:\\"), nullptr);
+}
+
+TEST_F(PosixFileSystemTest, what_is_not_there_is_told_by_nothing) {
+  disk.file("a.wav");
+  for (const char* path : {"D:\\b.wav", "D:\\gone\\a.wav", "D:\\a.wav\\b.wav", "E:\\a.wav", "a.wav",
+                           "", "D:\\*.wav", "D:\\?.wav", "D:\\..", "\\a.wav"}) {
+    EXPECT_FALSE(files.info(path)) << path;
+    EXPECT_EQ(files.open(path), nullptr) << path;
+    EXPECT_FALSE(files.list(path)) << path;
+  }
+  EXPECT_FALSE(files.info(std::string_view("D:\\a.wav\0", 9)));
+}
+
+TEST_F(PosixFileSystemTest, a_backslash_behind_a_file_promises_a_folder_that_is_not_there) {
+  disk.file("a.wav");
+  EXPECT_FALSE(files.info("D:\\a.wav\\"));
+  EXPECT_EQ(files.open("D:\\a.wav\\"), nullptr);
+  EXPECT_EQ(files.create("D:\\a.wav\\"), nullptr);
+  EXPECT_EQ(disk.content("a.wav"), "x");
+}
+
+TEST_F(PosixFileSystemTest, a_folder_named_like_a_project_is_no_file) {
+  disk.folder("tema.vip");
+  EXPECT_TRUE(files.info("D:\\tema.vip"));
+  EXPECT_FALSE(files.look_up("D:\\tema.vip"));
+  EXPECT_EQ(files.open("D:\\tema.vip"), nullptr);
+  EXPECT_EQ(files.create("D:\\tema.vip"), nullptr);
+}
+
+TEST_F(PosixFileSystemTest, a_folder_lists_its_entries_in_order_whatever_their_case) {
+  disk.file("b.wav");
+  disk.file("C.wav");
+  disk.file("A.wav");
+  disk.file("a2.wav");
+  disk.folder("Bravo");
+  disk.file("\xC3\xA1.wav");
+  EXPECT_THAT(names("D:\\"), ElementsAre("A.wav", "a2.wav", "b.wav", "Bravo", "C.wav", "\xE1.wav"));
+  EXPECT_THAT(names("d:\\bravo"), IsEmpty());
+  EXPECT_THAT(names("D:\\a.wav"), ElementsAre("nothing"));
+  EXPECT_THAT(names("D:\\gone"), ElementsAre("nothing"));
+}
+
+TEST_F(PosixFileSystemTest, names_that_differ_by_case_alone_come_in_the_same_order_every_time) {
+  disk.file("voz.wav");
+  disk.file("VOZ.wav");
+  disk.file("Voz.wav");
+  EXPECT_THAT(names("D:\\"), ElementsAre("VOZ.wav", "Voz.wav", "voz.wav"));
+}
+
+TEST_F(PosixFileSystemTest, names_outside_the_code_page_are_left_out_and_never_matched) {
+  disk.file("\xE6\x9D\xB1.wav");         // a character that the page lacks
+  disk.file("Canci\xF3n.wav");           // no UTF-8 at all
+  disk.file("n\xCC\x83.wav");            // an n with a tilde of its own
+  disk.file("\xC3\xB1.wav");
+  EXPECT_THAT(names("D:\\"), ElementsAre("\xF1.wav"));
+  EXPECT_FALSE(files.info("D:\\Canci\xF3n.wav"));
+  EXPECT_EQ(files.open("D:\\Canci\xF3n.wav"), nullptr);
+  EXPECT_FALSE(files.info("D:\\?.wav"));
+}
+
+TEST_F(PosixFileSystemTest, names_that_windows_cannot_hold_are_left_out) {
+  disk.file("a\\b.wav");
+  disk.file("a:b.wav");
+  disk.file("a*.wav");
+  disk.file("a\nb.wav");
+  disk.file("good.wav");
+  EXPECT_THAT(names("D:\\"), ElementsAre("good.wav"));
+  EXPECT_FALSE(files.info("D:\\a\\b.wav"));
+  EXPECT_FALSE(files.info("D:\\a:b.wav"));
+  EXPECT_FALSE(files.info("D:\\a\nb.wav"));
+}
+
+TEST_F(PosixFileSystemTest, links_are_told_by_what_they_lead_to) {
+  disk.file("Mix/a.wav", "123");
+  disk.link("folder link", disk / "Mix");
+  disk.link("file link", disk / "Mix/a.wav");
+  const auto folder = files.info("D:\\folder link");
+  ASSERT_TRUE(folder);
+  EXPECT_TRUE(folder->folder);
+  EXPECT_TRUE(folder->link);
+  const auto file = files.info("D:\\file link");
+  ASSERT_TRUE(file);
+  EXPECT_FALSE(file->folder);
+  EXPECT_TRUE(file->link);
+  EXPECT_EQ(file->size, 3u);
+  const auto listed = files.list("D:\\");
+  ASSERT_TRUE(listed);
+  ASSERT_EQ(listed->size(), 3u);
+  EXPECT_TRUE(listed->at(0).link);
+  EXPECT_TRUE(listed->at(1).link);
+  EXPECT_FALSE(listed->at(2).link);
+  EXPECT_TRUE(files.info("D:\\folder link\\a.wav"));
+}
+
+TEST_F(PosixFileSystemTest, a_link_that_leads_nowhere_is_left_out) {
+  disk.link("nowhere", disk / "gone");
+  disk.link("circle", disk / "circle");
+  EXPECT_THAT(names("D:\\"), IsEmpty());
+  EXPECT_FALSE(files.info("D:\\nowhere"));
+  EXPECT_FALSE(files.info("D:\\circle"));
+  EXPECT_EQ(files.open("D:\\nowhere"), nullptr);
+}
+
+TEST_F(PosixFileSystemTest, a_pipe_is_neither_listed_nor_opened) {
+  // Opening it the plain way would wait for somebody at the other end.
+  ASSERT_EQ(::mkfifo((disk / "pipe.vip").c_str(), 0600), 0);
+  EXPECT_THAT(names("D:\\"), IsEmpty());
+  EXPECT_FALSE(files.info("D:\\pipe.vip"));
+  EXPECT_EQ(files.open("D:\\pipe.vip"), nullptr);
+}
+
+TEST_F(PosixFileSystemTest, a_pipe_is_not_written_to) {
+  ASSERT_EQ(::mkfifo((disk / "pipe.log").c_str(), 0600), 0);
+  const int reader = ::open((disk / "pipe.log").c_str(), O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  EXPECT_EQ(files.create("D:\\pipe.log"), nullptr);
+  ::close(reader);
+  // Now that nobody reads, a plain opening would wait.
+  EXPECT_EQ(files.create("D:\\pipe.log"), nullptr);
+}
+
+struct ReadingTest : PosixFileSystemTest {
+  // What stands at `offset`, as far as it comes.
+  std::optional<std::string> read(system::InputFile& file, std::uint64_t offset,
+                                  std::size_t count) {
+    std::vector<std::uint8_t> buffer(count);
+    const auto came = file.read(offset, buffer);
+    if (!came) return std::nullopt;
+    return std::string(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(*came));
+  }
+};
+
+TEST_F(ReadingTest, bytes_come_from_wherever_they_are_asked_for) {
+  disk.file("a", "0123456789");
+  const auto file = files.open("D:\\A");
+  ASSERT_NE(file, nullptr);
+  EXPECT_EQ(file->size(), 10u);
+  EXPECT_THAT(read(*file, 0, 10), Optional(std::string("0123456789")));
+  EXPECT_THAT(read(*file, 7, 2), Optional(std::string("78")));
+  EXPECT_THAT(read(*file, 2, 3), Optional(std::string("234")));
+  EXPECT_THAT(read(*file, 3, 0), Optional(std::string()));
+}
+
+TEST_F(ReadingTest, past_the_end_come_fewer_bytes_and_then_none) {
+  disk.file("a", "0123456789");
+  const auto file = files.open("D:\\a");
+  ASSERT_NE(file, nullptr);
+  EXPECT_THAT(read(*file, 8, 100), Optional(std::string("89")));
+  EXPECT_THAT(read(*file, 10, 100), Optional(std::string()));
+  EXPECT_THAT(read(*file, 5'000'000'000, 100), Optional(std::string()));
+}
+
+TEST_F(ReadingTest, a_file_that_shrinks_behind_its_opening_ends_early) {
+  disk.file("a", "0123456789");
+  const auto file = files.open("D:\\a");
+  ASSERT_NE(file, nullptr);
+  std::filesystem::resize_file(disk / "a", 4);
+  EXPECT_EQ(file->size(), 10u) << "as it was when it was opened";
+  EXPECT_THAT(read(*file, 0, 10), Optional(std::string("0123")));
+  EXPECT_THAT(read(*file, 6, 10), Optional(std::string()));
+}
+
+TEST_F(ReadingTest, others_may_go_on_writing_to_an_open_file) {
+  disk.file("a", "01");
+  const auto file = files.open("D:\\a");
+  ASSERT_NE(file, nullptr);
+  disk.file("a", "ABCD");
+  EXPECT_THAT(read(*file, 0, 10), Optional(std::string("ABCD")));
+}
+
+TEST_F(ReadingTest, an_empty_file_opens_and_holds_nothing) {
+  disk.file("a", "");
+  const auto file = files.open("D:\\a");
+  ASSERT_NE(file, nullptr);
+  EXPECT_EQ(file->size(), 0u);
+  EXPECT_THAT(read(*file, 0, 10), Optional(std::string()));
+}
+
+TEST_F(PosixFileSystemTest, what_is_written_stands_on_the_disk_once_it_is_closed) {
+  const auto file = files.create("D:\\Canci\xF3n.log");
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->write("one\r\n"));
+  EXPECT_TRUE(file->write(""));
+  EXPECT_TRUE(file->write(std::string_view("a\0b", 3)));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(disk.content("Canci\xC3\xB3n.log"), std::string("one\r\na\0b", 8));
+}
+
+TEST_F(PosixFileSystemTest, creating_empties_the_file_that_is_there_whatever_its_case) {
+  disk.file("Tema.log", "old and long");
+  const auto file = files.create("D:\\TEMA.LOG");
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->write("new"));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(disk.content("Tema.log"), "new");
+  EXPECT_THAT(names("D:\\"), ElementsAre("Tema.log"));
+}
+
+TEST_F(PosixFileSystemTest, nothing_is_created_where_it_cannot_be) {
+  disk.file("a.wav");
+  for (const char* path : {"D:\\gone\\a.log", "D:\\a.wav\\b.log", "E:\\a.log", "a.log", "D:\\a*.log",
+                           "D:\\a:b", "D:\\..\\a.log", "D:\\"}) {
+    EXPECT_EQ(files.create(path), nullptr) << path;
+  }
+  EXPECT_THAT(names("D:\\"), ElementsAre("a.wav"));
+}
+
+TEST_F(PosixFileSystemTest, a_device_is_neither_read_nor_written) {
+  ASSERT_TRUE(drives.map('F', "/dev"));
+  EXPECT_FALSE(files.info("F:\\null"));
+  EXPECT_EQ(files.open("F:\\null"), nullptr);
+  EXPECT_EQ(files.create("F:\\null"), nullptr);
+}
+
+TEST_F(PosixFileSystemTest, a_closed_file_takes_no_more_bytes) {
+  const auto file = files.create("D:\\a.log");
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->close());
+  EXPECT_FALSE(file->write("late"));
+}
+
+}  // namespace
+}  // namespace ordelan::test
