@@ -111,7 +111,7 @@ void Win32Backend::pump() {
 
 int Win32Backend::run() {
   MSG message{};
-  while (!quit_) {
+  while (!quit_ && !ended()) {
     desk_.flush();
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got == -1) continue;
@@ -121,6 +121,8 @@ int Win32Backend::run() {
     }
     dispatch(message);
   }
+  // Whoever runs a loop after this one shall not find the order that was meant for it.
+  PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
   return exit_code_;
 }
 

@@ -106,13 +106,11 @@ system::Answer Win32Dialogs::message(const system::Message& message) {
   switch (button) {
     case IDOK:
       return system::Answer::ok;
-    case IDCANCEL:
-      return system::Answer::cancel;
     case IDYES:
       return system::Answer::yes;
     case IDNO:
       return system::Answer::no;
-    default:
+    default:  // closed
       return careful_answer(message.buttons);
   }
 }

@@ -48,6 +48,13 @@ SearchHandle find(const std::wstring& path, WIN32_FIND_DATAW& found) {
                                        nullptr, FIND_FIRST_EX_LARGE_FETCH));
 }
 
+// Whether a search has found the name that was asked for. Searches drop a dot or a blank at its end
+// on some systems; the name of another length that they find by a short name is the file's own.
+bool is_asked(std::wstring_view path, const WIN32_FIND_DATAW& found) {
+  const wchar_t last = path.back();
+  return (last != L'.' && last != L' ') || std::wstring_view(found.cFileName).ends_with(last);
+}
+
 std::optional<FileInfo> info_of_root(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   const std::wstring root = path.ends_with(L'\\') ? path : path + L'\\';
@@ -133,7 +140,7 @@ std::optional<FileInfo> Win32FileSystem::info(std::string_view path) {
   const bool only_folder = extended->ends_with(L'\\');
   if (only_folder) extended->pop_back();
   WIN32_FIND_DATAW found{};
-  if (!find(*extended, found)) return std::nullopt;
+  if (!find(*extended, found) || !is_asked(*extended, found)) return std::nullopt;
   auto info = info_of(found);
   if (info && only_folder && !info->folder) info.reset();
   return info;

@@ -1,0 +1,294 @@
+// What every FileSystem keeps to, told as tests. Each implementation runs them over a place of its
+// own on the real disk:
+//
+//   INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FileSystemContract, PosixPlace);
+//
+// A place is made anew for each test and takes its files with it when it goes. It has
+//
+//   system::FileSystem& files();            what is tried
+//   std::string folder();                   a fresh, empty folder, as a Windows path without a
+//                                           backslash at its end
+//   void make_folder(std::string_view);     makes a folder and those on the way, without `files`
+//   void write(std::string_view path, std::string_view bytes);   writes a file, without `files`
+//   void truncate(std::string_view path);   makes a file empty while others have it open
+//   void write_unnameable();                makes a file in `folder` whose name the code page lacks
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/file_system.h"
+
+namespace ordelan::test {
+
+// Up to `size` bytes from `offset` on; "failed" where the reading did.
+inline std::string read_from(system::InputFile& file, std::uint64_t offset, std::size_t size) {
+  std::vector<std::uint8_t> buffer(size);
+  const auto came = file.read(offset, buffer);
+  if (!came) return "failed";
+  return std::string(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(*came));
+}
+
+inline std::vector<std::string> names_of(const std::vector<system::FileInfo>& entries) {
+  std::vector<std::string> names;
+  for (const auto& entry : entries) names.push_back(entry.name);
+  return names;
+}
+
+template <class Place>
+class FileSystemContract : public testing::Test {
+ protected:
+  system::FileSystem& files() { return place_.files(); }
+  std::string path(std::string_view name) { return place_.folder() + "\\" + std::string(name); }
+  Place& place() { return place_; }
+
+  std::string whole(std::string_view name) {
+    const auto file = files().open(path(name));
+    return file ? read_from(*file, 0, 1 << 20) : "not opened";
+  }
+
+ private:
+  Place place_;
+};
+
+TYPED_TEST_SUITE_P(FileSystemContract);
+
+TYPED_TEST_P(FileSystemContract, a_file_is_known_with_its_size) {
+  this->place().write(this->path("tema.vip"), "12345");
+  const auto info = this->files().info(this->path("tema.vip"));
+  ASSERT_TRUE(info);
+  EXPECT_EQ(info->name, "tema.vip");
+  EXPECT_EQ(info->size, 5u);
+  EXPECT_FALSE(info->folder);
+  EXPECT_FALSE(info->hidden);
+  EXPECT_FALSE(info->system);
+  EXPECT_FALSE(info->link);
+}
+
+TYPED_TEST_P(FileSystemContract, a_path_in_another_case_finds_the_name_as_the_disk_has_it) {
+  this->place().make_folder(this->path("Mix"));
+  this->place().write(this->path("Mix\\Tema.VIP"), "1");
+  const auto info = this->files().info(this->path("mIX\\tEMA.vip"));
+  ASSERT_TRUE(info);
+  EXPECT_EQ(info->name, "Tema.VIP");
+  EXPECT_TRUE(this->files().open(this->path("MIX\\TEMA.VIP")));
+  EXPECT_TRUE(this->files().list(this->path("MIX")));
+}
+
+TYPED_TEST_P(FileSystemContract, a_folder_is_known_as_one_and_has_no_size) {
+  this->place().make_folder(this->path("Mix"));
+  for (const char* name : {"Mix", "Mix\\"}) {
+    const auto info = this->files().info(this->path(name));
+    ASSERT_TRUE(info) << name;
+    EXPECT_EQ(info->name, "Mix");
+    EXPECT_TRUE(info->folder);
+    EXPECT_EQ(info->size, 0u);
+  }
+}
+
+TYPED_TEST_P(FileSystemContract, what_is_not_there_gives_nothing) {
+  EXPECT_FALSE(this->files().info(this->path("nada.vip")));
+  EXPECT_FALSE(this->files().info(this->path("nada\\nada.vip")));
+  EXPECT_FALSE(this->files().list(this->path("nada")));
+  EXPECT_FALSE(this->files().open(this->path("nada.vip")));
+}
+
+TYPED_TEST_P(FileSystemContract, paths_that_are_not_plain_and_absolute_give_nothing) {
+  using namespace std::string_literals;
+  this->place().write(this->path("tema.vip"), "1");
+  for (const std::string& path : {""s, "tema.vip"s, "\\tema.vip"s, "..\\tema.vip"s,
+                                  this->path("tema.vi?"), this->path("tema.*"), this->path("*"),
+                                  this->path("tema.vip\0"s), this->path("tema.vip\0.wav"s)}) {
+    EXPECT_FALSE(this->files().info(path)) << path;
+    EXPECT_FALSE(this->files().look_up(path)) << path;
+    EXPECT_FALSE(this->files().open(path)) << path;
+    EXPECT_FALSE(this->files().list(path)) << path;
+  }
+}
+
+TYPED_TEST_P(FileSystemContract, a_folder_with_the_name_of_a_project_is_no_file) {
+  this->place().make_folder(this->path("x.vip"));
+  EXPECT_TRUE(this->files().info(this->path("x.vip")));
+  EXPECT_FALSE(this->files().look_up(this->path("x.vip")));
+  EXPECT_FALSE(this->files().open(this->path("x.vip")));
+  EXPECT_FALSE(this->files().create(this->path("x.vip")));
+}
+
+TYPED_TEST_P(FileSystemContract, a_path_that_ends_in_a_backslash_is_no_file) {
+  this->place().write(this->path("x.vip"), "1");
+  EXPECT_FALSE(this->files().info(this->path("x.vip\\")));
+  EXPECT_FALSE(this->files().open(this->path("x.vip\\")));
+  EXPECT_FALSE(this->files().list(this->path("x.vip\\")));
+  EXPECT_FALSE(this->files().list(this->path("x.vip")));
+}
+
+TYPED_TEST_P(FileSystemContract, a_blank_or_a_dot_at_the_end_makes_it_another_name) {
+  this->place().write(this->path("x.vip"), "1");
+  for (const char* name : {"x.vip ", "x.vip.", "x.vip. ", "x.vip  "}) {
+    EXPECT_FALSE(this->files().info(this->path(name))) << name;
+    EXPECT_FALSE(this->files().open(this->path(name))) << name;
+  }
+}
+
+TYPED_TEST_P(FileSystemContract, names_of_the_code_page_are_bytes_of_it) {
+  const std::string name = "Canci\xF3n a\xF1o \x80.wav";
+  this->place().write(this->path(name), "la");
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre(name));
+  EXPECT_EQ(this->whole(name), "la");
+  const auto info = this->files().info(this->path("CANCI\xD3N A\xD1O \x80.WAV"));
+  ASSERT_TRUE(info);
+  EXPECT_EQ(info->name, name);
+}
+
+TYPED_TEST_P(FileSystemContract, names_that_the_code_page_lacks_are_left_out) {
+  this->place().write(this->path("tema.wav"), "1");
+  this->place().write_unnameable();
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("tema.wav"));
+}
+
+TYPED_TEST_P(FileSystemContract, a_folder_lists_its_entries_in_alphabetical_order_without_case) {
+  for (const char* name : {"b.wav", "C.wav", "a.wav", "D.wav", "a b.wav", "10.wav", "9.wav"}) {
+    this->place().write(this->path(name), "1");
+  }
+  this->place().make_folder(this->path("Baile"));
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("10.wav", "9.wav", "a b.wav", "a.wav",
+                                                       "b.wav", "Baile", "C.wav", "D.wav"));
+  EXPECT_TRUE((*entries)[5].folder);
+  EXPECT_EQ((*entries)[2].size, 1u);
+}
+
+TYPED_TEST_P(FileSystemContract, a_folder_may_be_given_with_its_backslash) {
+  this->place().write(this->path("a.wav"), "1");
+  const auto entries = this->files().list(this->place().folder() + "\\");
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("a.wav"));
+}
+
+TYPED_TEST_P(FileSystemContract, an_empty_folder_has_no_entries) {
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_TRUE(entries->empty());
+}
+
+TYPED_TEST_P(FileSystemContract, a_drive_is_a_folder) {
+  const std::string drive = this->place().folder().substr(0, 3);
+  const auto info = this->files().info(drive);
+  ASSERT_TRUE(info);
+  EXPECT_TRUE(info->folder);
+  EXPECT_FALSE(this->files().look_up(drive));
+  EXPECT_TRUE(this->files().list(drive));
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_is_read_at_any_place) {
+  this->place().write(this->path("a.bin"), "0123456789");
+  const auto file = this->files().open(this->path("a.bin"));
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->size(), 10u);
+  EXPECT_EQ(read_from(*file, 4, 3), "456");
+  EXPECT_EQ(read_from(*file, 0, 2), "01");
+  EXPECT_EQ(read_from(*file, 8, 5), "89");
+  EXPECT_EQ(read_from(*file, 10, 5), "");
+  EXPECT_EQ(read_from(*file, std::uint64_t{1} << 40, 5), "");
+  EXPECT_EQ(read_from(*file, 3, 0), "");
+}
+
+TYPED_TEST_P(FileSystemContract, a_large_file_comes_whole) {
+  std::string bytes(3 * 1024 * 1024 + 7, '\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * i >> 3);
+  this->place().write(this->path("a.bin"), bytes);
+  const auto file = this->files().open(this->path("a.bin"));
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->size(), bytes.size());
+  EXPECT_TRUE(read_from(*file, 0, bytes.size() + 100) == bytes);
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_cut_short_after_opening_gives_what_is_left) {
+  this->place().write(this->path("a.bin"), "0123456789");
+  const auto file = this->files().open(this->path("a.bin"));
+  ASSERT_TRUE(file);
+  this->place().truncate(this->path("a.bin"));
+  EXPECT_EQ(file->size(), 10u);
+  EXPECT_EQ(read_from(*file, 0, 10), "");
+}
+
+TYPED_TEST_P(FileSystemContract, a_created_file_holds_what_was_written) {
+  const auto file = this->files().create(this->path("nuevo.txt"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->write("uno\r\n"));
+  EXPECT_TRUE(file->write(""));
+  EXPECT_TRUE(file->write(std::string_view("\0\xFF", 2)));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(this->whole("nuevo.txt"), std::string("uno\r\n\0\xFF", 7));
+}
+
+TYPED_TEST_P(FileSystemContract, creating_empties_the_file_that_is_there) {
+  this->place().write(this->path("viejo.txt"), "mucho texto");
+  const auto file = this->files().create(this->path("viejo.txt"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->write("a"));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(this->whole("viejo.txt"), "a");
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_that_is_dropped_unclosed_is_there_all_the_same) {
+  {
+    const auto file = this->files().create(this->path("a.txt"));
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->write("abc"));
+  }
+  EXPECT_EQ(this->whole("a.txt"), "abc");
+}
+
+TYPED_TEST_P(FileSystemContract, nothing_is_created_in_a_folder_that_is_not_there) {
+  EXPECT_FALSE(this->files().create(this->path("nada\\a.txt")));
+  EXPECT_FALSE(this->files().create("a.txt"));
+  EXPECT_FALSE(this->files().info(this->path("nada")));
+}
+
+TYPED_TEST_P(FileSystemContract, paths_longer_than_260_characters_work) {
+  const std::string folder = this->path(std::string(120, 'a') + "\\" + std::string(120, 'b'));
+  this->place().make_folder(folder);
+  const std::string long_path = folder + "\\" + std::string(60, 'c') + ".wav";
+  ASSERT_GT(long_path.size(), 300u);
+  const auto made = this->files().create(long_path);
+  ASSERT_TRUE(made);
+  EXPECT_TRUE(made->write("largo"));
+  EXPECT_TRUE(made->close());
+  const auto info = this->files().look_up(long_path);
+  ASSERT_TRUE(info);
+  EXPECT_EQ(info->size, 5u);
+  const auto file = this->files().open(long_path);
+  ASSERT_TRUE(file);
+  EXPECT_EQ(read_from(*file, 0, 10), "largo");
+  const auto entries = this->files().list(folder);
+  ASSERT_TRUE(entries);
+  EXPECT_EQ(entries->size(), 1u);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(
+    FileSystemContract, a_file_is_known_with_its_size,
+    a_path_in_another_case_finds_the_name_as_the_disk_has_it,
+    a_folder_is_known_as_one_and_has_no_size, what_is_not_there_gives_nothing,
+    paths_that_are_not_plain_and_absolute_give_nothing,
+    a_folder_with_the_name_of_a_project_is_no_file, a_path_that_ends_in_a_backslash_is_no_file,
+    a_blank_or_a_dot_at_the_end_makes_it_another_name, names_of_the_code_page_are_bytes_of_it,
+    names_that_the_code_page_lacks_are_left_out,
+    a_folder_lists_its_entries_in_alphabetical_order_without_case,
+    a_folder_may_be_given_with_its_backslash, an_empty_folder_has_no_entries, a_drive_is_a_folder,
+    a_file_is_read_at_any_place, a_large_file_comes_whole,
+    a_file_cut_short_after_opening_gives_what_is_left, a_created_file_holds_what_was_written,
+    creating_empties_the_file_that_is_there, a_file_that_is_dropped_unclosed_is_there_all_the_same,
+    nothing_is_created_in_a_folder_that_is_not_there, paths_longer_than_260_characters_work);
+
+}  // namespace ordelan::test

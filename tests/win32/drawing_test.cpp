@@ -1,0 +1,106 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "win32/ansi_text.h"
+#include "win32/backend_fixture.h"
+#include "win32/drawing_tools.h"
+#include "win32/progress_bar_peer.h"
+#include "win32/screen_scale.h"
+#include "win32/win32_regional.h"
+
+namespace ordelan::win32 {
+namespace {
+
+TEST(ScreenScale, units_and_pixels_are_the_same_at_96_dots_per_inch) {
+  for (const int value : {-100, -1, 0, 1, 7, 12345}) {
+    EXPECT_EQ(to_pixels(value, 96), value);
+    EXPECT_EQ(to_units(value, 96), value);
+  }
+}
+
+TEST(ScreenScale, units_survive_the_way_there_and_back_on_denser_screens) {
+  for (const int dpi : {96, 120, 144, 168, 192, 288}) {
+    for (int value = -50; value < 2000; ++value) {
+      EXPECT_EQ(to_units(to_pixels(value, dpi), dpi), value) << dpi;
+    }
+  }
+  EXPECT_EQ(to_pixels(10, 144), 15);
+  EXPECT_EQ(to_pixels(-10, 144), -15);
+  EXPECT_EQ(to_units(30, 192), 15);
+}
+
+TEST(ScreenScale, what_touches_in_the_layout_touches_on_the_screen) {
+  for (const int dpi : {96, 120, 144, 168, 192}) {
+    for (int left = 0; left < 40; ++left) {
+      const RECT first = to_pixels(ui::Rect{left, 0, 13, 7}, dpi);
+      const RECT second = to_pixels(ui::Rect{left + 13, 7, 5, 5}, dpi);
+      EXPECT_EQ(first.right, second.left);
+      EXPECT_EQ(first.bottom, second.top);
+    }
+  }
+}
+
+TEST(ColorWords, system_colours_are_the_systems_and_others_their_own) {
+  EXPECT_EQ(color_of(ui::Color::window_background), GetSysColor(COLOR_WINDOW));
+  EXPECT_EQ(color_of(ui::Color::button_face), GetSysColor(COLOR_BTNFACE));
+  EXPECT_EQ(color_of(ui::rgb(1, 2, 3)), RGB(1, 2, 3));
+}
+
+TEST(ProgressSteps, any_64_bit_range_has_its_ends_and_its_middle) {
+  constexpr auto kLeast = INT64_MIN;
+  constexpr auto kMost = INT64_MAX;
+  EXPECT_EQ(progress_steps(0, 100, 0), 0);
+  EXPECT_EQ(progress_steps(0, 100, 37), 3700);
+  EXPECT_EQ(progress_steps(0, 100, 100), kProgressSteps);
+  EXPECT_EQ(progress_steps(0, 100, 101), kProgressSteps);
+  EXPECT_EQ(progress_steps(0, 100, -1), 0);
+  EXPECT_EQ(progress_steps(50, 150, 100), 5000);
+  EXPECT_EQ(progress_steps(kLeast, kMost, 0), 5000);
+  EXPECT_EQ(progress_steps(0, kMost, kMost), kProgressSteps);
+  EXPECT_EQ(progress_steps(0, 0, 0), 0);
+  EXPECT_EQ(progress_steps(0, 0, 5), 0);
+  EXPECT_EQ(progress_steps(10, 0, 5), 0);
+}
+
+TEST(CharacterWidths, a_text_is_as_wide_as_its_characters_together) {
+  Win32Backend backend(GetModuleHandleW(nullptr));
+  DrawingTools tools;
+  std::mt19937 random(1);
+  std::uniform_int_distribution<int> length(1, 200);
+  std::uniform_int_distribution<int> byte(32, 255);
+  const HDC screen = GetDC(nullptr);
+  for (const ui::Font font : {ui::Font{9, false}, ui::Font{9, true}, ui::Font{14, false}}) {
+    const ui::CharacterWidths widths = backend.character_widths(font);
+    EXPECT_GT(widths['W'], widths['i']);
+    const HGDIOBJ old = SelectObject(screen, tools.font(font, system_dpi()));
+    int different = 0;
+    for (int i = 0; i < 1000; ++i) {
+      std::string text;
+      int sum = 0;
+      for (int left = length(random); left > 0; --left) {
+        text += static_cast<char>(byte(random));
+        sum += widths[static_cast<unsigned char>(text.back())];
+      }
+      const std::wstring wide = widen(text);
+      SIZE size{};
+      GetTextExtentPoint32W(screen, wide.data(), static_cast<int>(wide.size()), &size);
+      if (size.cx != sum) ++different;
+    }
+    EXPECT_EQ(different, 0) << font.points << (font.bold ? " bold" : "");
+    SelectObject(screen, old);
+  }
+  ReleaseDC(nullptr, screen);
+}
+
+TEST(Regional, the_decimal_mark_is_the_users) {
+  wchar_t mark[8] = {};
+  ASSERT_GT(GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, mark, 8), 0);
+  Win32Regional regional;
+  EXPECT_EQ(static_cast<wchar_t>(regional.decimal_mark()), mark[0]);
+}
+
+}  // namespace
+}  // namespace ordelan::win32

@@ -1,0 +1,109 @@
+#include <windows.h>
+
+#include "system/file_system_contract.h"
+#include "win32/ansi_text.h"
+#include "win32/temporary_folder.h"
+#include "win32/win32_file_system.h"
+
+namespace ordelan::test {
+namespace {
+
+class Win32Place {
+ public:
+  system::FileSystem& files() { return files_; }
+  std::string folder() { return win32::narrow(folder_.path()).value(); }
+  void make_folder(std::string_view path) { make_folders(win32::widen(path)); }
+  void write(std::string_view path, std::string_view bytes) {
+    write_file(win32::widen(path), bytes);
+  }
+  void truncate(std::string_view path) { write_file(win32::widen(path), ""); }
+  void write_unnameable() { write_file(folder_.path() + L"\\\u0416\u6F22.wav", "1"); }
+
+ private:
+  TemporaryFolder folder_;
+  win32::Win32FileSystem files_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Win32, FileSystemContract, Win32Place);
+
+class Win32Files : public testing::Test {
+ protected:
+  std::string path(std::string_view name) { return place_.folder() + "\\" + std::string(name); }
+  void give(std::string_view name, DWORD attributes) {
+    place_.write(path(name), "1");
+    ASSERT_TRUE(SetFileAttributesW(win32::widen(path(name)).c_str(), attributes));
+    if ((GetFileAttributesW(win32::widen(path(name)).c_str()) & attributes) != attributes) {
+      GTEST_SKIP() << "this disk keeps no attributes";
+    }
+  }
+
+  Win32Place place_;
+  system::FileSystem& files_ = place_.files();
+};
+
+TEST_F(Win32Files, a_hidden_file_is_known_but_not_looked_up) {
+  give("oculto.vip", FILE_ATTRIBUTE_HIDDEN);
+  if (IsSkipped()) return;
+  const auto info = files_.info(path("oculto.vip"));
+  ASSERT_TRUE(info);
+  EXPECT_TRUE(info->hidden);
+  EXPECT_FALSE(files_.look_up(path("oculto.vip")));
+  EXPECT_TRUE(files_.open(path("oculto.vip")));
+}
+
+TEST_F(Win32Files, a_system_file_is_known_but_not_looked_up) {
+  give("sistema.vip", FILE_ATTRIBUTE_SYSTEM);
+  if (IsSkipped()) return;
+  const auto info = files_.info(path("sistema.vip"));
+  ASSERT_TRUE(info);
+  EXPECT_TRUE(info->system);
+  EXPECT_FALSE(files_.look_up(path("sistema.vip")));
+}
+
+TEST_F(Win32Files, a_file_that_another_program_keeps_to_itself_does_not_open) {
+  place_.write(path("a.vip"), "1");
+  const HANDLE lock = CreateFileW(win32::widen(path("a.vip")).c_str(), GENERIC_READ, 0, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  EXPECT_FALSE(files_.open(path("a.vip")));
+  EXPECT_FALSE(files_.create(path("a.vip")));
+  EXPECT_TRUE(files_.info(path("a.vip")));
+  CloseHandle(lock);
+  EXPECT_TRUE(files_.open(path("a.vip")));
+}
+
+TEST_F(Win32Files, an_open_file_may_be_written_renamed_and_removed_by_others) {
+  place_.write(path("a.vip"), "1");
+  const auto file = files_.open(path("a.vip"));
+  ASSERT_TRUE(file);
+  place_.write(path("a.vip"), "234");
+  EXPECT_EQ(read_from(*file, 0, 10), "234");
+  EXPECT_TRUE(MoveFileW(win32::widen(path("a.vip")).c_str(), win32::widen(path("b.vip")).c_str()));
+  EXPECT_TRUE(DeleteFileW(win32::widen(path("b.vip")).c_str()));
+}
+
+TEST_F(Win32Files, slashes_and_dots_lead_where_they_lead_in_windows) {
+  place_.make_folder(path("Mix"));
+  place_.write(path("Mix\\a.wav"), "1");
+  std::string slashes = path("Mix/a.wav");
+  EXPECT_TRUE(files_.info(slashes));
+  EXPECT_TRUE(files_.info(path("Mix\\.\\..\\Mix\\\\a.wav")));
+}
+
+TEST_F(Win32Files, a_link_to_a_folder_is_known_as_one) {
+  place_.make_folder(path("Mix"));
+  constexpr DWORD kUnprivileged = 2;  // allowed without rights in developer mode
+  const std::wstring link = win32::widen(path("enlace"));
+  const BOOL made = CreateSymbolicLinkW(link.c_str(), win32::widen(path("Mix")).c_str(),
+                                        SYMBOLIC_LINK_FLAG_DIRECTORY | kUnprivileged);
+  // Wine says that it made one, and makes none.
+  if (!made || GetFileAttributesW(link.c_str()) == INVALID_FILE_ATTRIBUTES) {
+    GTEST_SKIP() << "no links can be made here";
+  }
+  const auto info = files_.info(path("enlace"));
+  ASSERT_TRUE(info);
+  EXPECT_TRUE(info->link);
+}
+
+}  // namespace
+}  // namespace ordelan::test

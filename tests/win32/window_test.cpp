@@ -1,0 +1,325 @@
+#include "ui/window.h"
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+#include "ui/button.h"
+#include "ui/list_box.h"
+#include "ui/timer.h"
+#include "win32/backend_fixture.h"
+#include "win32/win32_dialogs.h"
+
+namespace ordelan::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+class RealWindow : public BackendTest {
+ protected:
+  RealWindow() {
+    button.set_bounds({10, 10, 100, 26});
+    list.set_bounds({10, 50, 100, 100});
+  }
+
+  ui::Button button{window, "cmdAbrir"};
+  ui::ListBox list{window, "ListVip"};
+};
+
+TEST_F(RealWindow, the_room_for_controls_is_the_windows_size) {
+  show();
+  RECT client{};
+  GetClientRect(real_window(), &client);
+  EXPECT_EQ(client.right, 500);
+  EXPECT_EQ(client.bottom, 400);
+  RECT outer{};
+  GetWindowRect(real_window(), &outer);
+  EXPECT_EQ(outer.left, 40);
+  EXPECT_EQ(outer.top, 40);
+  window.set_size({300, 200});
+  GetClientRect(real_window(), &client);
+  EXPECT_EQ(client.right, 300);
+}
+
+TEST_F(RealWindow, a_window_cannot_be_made_larger_but_small) {
+  show();
+  const LONG_PTR style = GetWindowLongPtrW(real_window(), GWL_STYLE);
+  EXPECT_TRUE(style & WS_MINIMIZEBOX);
+  EXPECT_FALSE(style & WS_MAXIMIZEBOX);
+  EXPECT_FALSE(style & WS_THICKFRAME);
+}
+
+TEST_F(RealWindow, a_loaded_window_is_shown_only_when_it_is_told_to) {
+  window.set_title("Ordel\xE1n");
+  window.load();
+  EXPECT_FALSE(IsWindowVisible(real_window()));
+  window.show();
+  EXPECT_TRUE(IsWindowVisible(real_window()));
+  EXPECT_EQ(text_of(real_window()), L"Ordel\u00E1n");
+  window.unload();
+  EXPECT_FALSE(real_window());
+  window.load();
+  EXPECT_TRUE(real_window());
+}
+
+TEST_F(RealWindow, closing_is_asked_of_the_object_and_nothing_else_happens) {
+  int asked = 0;
+  window.on_close = [&] { ++asked; };
+  show();
+  SendMessageW(real_window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  backend.pump();
+  EXPECT_EQ(asked, 1);
+  EXPECT_TRUE(IsWindowVisible(real_window()));
+}
+
+TEST_F(RealWindow, a_window_may_unload_itself_when_it_is_closed) {
+  window.on_close = [&] { window.unload(); };
+  show();
+  SendMessageW(real_window(), WM_CLOSE, 0, 0);
+  EXPECT_FALSE(real_window());
+}
+
+TEST_F(RealWindow, a_button_may_unload_its_own_window) {
+  button.on_click = [&] { window.unload(); };
+  show();
+  press(real(L"Ordelan.cmdAbrir"));
+  EXPECT_FALSE(real_window());
+  show();
+  SetFocus(real(L"Ordelan.cmdAbrir"));
+  type(real(L"Ordelan.cmdAbrir"), VK_RETURN);
+  EXPECT_FALSE(real_window());
+}
+
+TEST_F(RealWindow, the_users_moving_arrives_in_the_object) {
+  show();
+  SetWindowPos(real_window(), nullptr, 123, 77, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  EXPECT_EQ(window.position(), (ui::Point{123, 77}));
+  window.set_position({10, 20});
+  RECT area{};
+  GetWindowRect(real_window(), &area);
+  EXPECT_EQ(area.left, 10);
+  EXPECT_EQ(area.top, 20);
+}
+
+TEST_F(RealWindow, topmost_and_minimized_follow_the_object) {
+  show();
+  window.set_topmost(true);
+  EXPECT_TRUE(GetWindowLongPtrW(real_window(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+  window.set_topmost(false);
+  EXPECT_FALSE(GetWindowLongPtrW(real_window(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+  const ui::Point place = window.position();
+  window.set_minimized(true);
+  EXPECT_TRUE(IsIconic(real_window()));
+  EXPECT_EQ(window.position(), place);
+  window.set_minimized(false);
+  EXPECT_FALSE(IsIconic(real_window()));
+}
+
+TEST_F(RealWindow, minimizing_by_the_user_arrives_in_the_object) {
+  show();
+  ShowWindow(real_window(), SW_MINIMIZE);
+  backend.pump();
+  EXPECT_TRUE(window.minimized());
+  ShowWindow(real_window(), SW_RESTORE);
+  backend.pump();
+  EXPECT_FALSE(window.minimized());
+}
+
+TEST_F(RealWindow, every_key_is_shown_to_the_window_first_and_can_be_kept) {
+  std::vector<int> previewed;
+  std::vector<int> arrived;
+  window.on_key_down = [&](ui::Key& key) {
+    previewed.push_back(key.code);
+    if (key.code == VK_DELETE) key.swallowed = true;
+  };
+  list.on_key = [&](int code) { arrived.push_back(code); };
+  show();
+  SetFocus(real(L"Ordelan.ListVip"));
+  type(real(L"Ordelan.ListVip"), VK_DELETE);
+  type(real(L"Ordelan.ListVip"), VK_INSERT);
+  type(real(L"Ordelan.ListVip"), VK_TAB);
+  EXPECT_THAT(previewed, testing::ElementsAre(VK_DELETE, VK_INSERT, VK_TAB));
+  EXPECT_THAT(arrived, testing::ElementsAre(VK_INSERT));
+}
+
+TEST_F(RealWindow, a_key_may_unload_the_window) {
+  window.on_key_down = [&](ui::Key&) { window.unload(); };
+  show();
+  type(real(L"Ordelan.ListVip"), VK_F5);
+  EXPECT_FALSE(real_window());
+}
+
+TEST_F(RealWindow, the_pointer_is_an_hourglass_while_it_waits) {
+  show();
+  window.set_waiting(true);
+  SendMessageW(real_window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(real_window()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
+  window.set_waiting(false);
+  SendMessageW(real_window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(real_window()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+}
+
+TEST_F(RealWindow, timers_tick_in_the_pump_until_they_are_stopped) {
+  ui::Timer timer(window, "Timer1", milliseconds(1));
+  int ticks = 0;
+  timer.on_tick = [&] {
+    if (++ticks == 3) timer.stop();
+  };
+  show();
+  backend.pump();
+  EXPECT_EQ(ticks, 0);
+  timer.start();
+  EXPECT_EQ(ticks, 0);
+  ASSERT_TRUE(pump_until([&] { return ticks == 3; }));
+  const auto until = std::chrono::steady_clock::now() + milliseconds(60);
+  while (std::chrono::steady_clock::now() < until) backend.pump();
+  EXPECT_EQ(ticks, 3);
+}
+
+TEST_F(RealWindow, a_timer_may_unload_its_own_window) {
+  ui::Timer timer(window, "Timer1", milliseconds(1));
+  timer.on_tick = [&] { window.unload(); };
+  show();
+  timer.start();
+  EXPECT_TRUE(pump_until([&] { return !window.loaded(); }));
+}
+
+TEST_F(RealWindow, a_flood_of_events_does_not_keep_the_pump) {
+  int seen = 0;
+  window.on_key_down = [&](ui::Key&) {
+    ++seen;
+    if (seen < 1'000'000) PostMessageW(real_window(), WM_KEYDOWN, VK_F5, 1);  // without an end
+  };
+  show();
+  PostMessageW(real_window(), WM_KEYDOWN, VK_F5, 1);
+  backend.pump();
+  EXPECT_GT(seen, 0);
+  EXPECT_LT(seen, 1'000'000);
+}
+
+TEST_F(RealWindow, ending_hides_every_window_and_leaves_the_main_loop) {
+  ui::Window second(backend, "Form2");
+  second.set_size({100, 100});
+  button.on_click = [&] { backend.end(); };
+  show();
+  second.load();
+  second.show();
+  PostMessageW(real(L"Ordelan.cmdAbrir"), BM_CLICK, 0, 0);
+  EXPECT_EQ(backend.run(), 0);
+  EXPECT_TRUE(backend.ended());
+  EXPECT_FALSE(IsWindowVisible(real_window()));
+  EXPECT_FALSE(IsWindowVisible(top_level(L"Ordelan.Window.Form2")));
+  second.set_title("sigue");
+  second.hide();
+  second.show();
+  EXPECT_FALSE(IsWindowVisible(top_level(L"Ordelan.Window.Form2")));
+}
+
+TEST_F(RealWindow, ending_inside_a_job_that_pumps_leaves_the_main_loop) {
+  ui::Button stop(window, "cmdFin");
+  stop.set_bounds({200, 10, 50, 26});
+  int turns = 0;
+  int after_end = 0;
+  bool ended_by_stop = false;
+  button.on_click = [&] {
+    PostMessageW(real(L"Ordelan.cmdFin"), BM_CLICK, 0, 0);
+    while (!backend.ended() && turns < 10000) {
+      backend.pump();
+      ++turns;
+    }
+    ended_by_stop = backend.ended();
+    backend.end();
+    PostMessageW(real(L"Ordelan.cmdFin"), BM_CLICK, 0, 0);
+    for (int i = 0; i < 10; ++i) backend.pump();  // no events any more
+  };
+  stop.on_click = [&] {
+    if (backend.ended()) ++after_end;
+    backend.end();
+  };
+  show();
+  PostMessageW(real(L"Ordelan.cmdAbrir"), BM_CLICK, 0, 0);
+  EXPECT_EQ(backend.run(), 0);
+  EXPECT_TRUE(ended_by_stop);
+  EXPECT_EQ(after_end, 0);
+}
+
+TEST_F(RealWindow, an_order_to_quit_met_by_the_pump_reaches_the_main_loop) {
+  button.on_click = [&] {
+    PostQuitMessage(7);
+    for (int i = 0; i < 5; ++i) backend.pump();
+  };
+  show();
+  PostMessageW(real(L"Ordelan.cmdAbrir"), BM_CLICK, 0, 0);
+  EXPECT_EQ(backend.run(), 7);
+}
+
+// Answers the message box that is up, from inside its own loop.
+class MessageBoxes : public RealWindow {
+ protected:
+  static HWND box() {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND each, LPARAM l) -> BOOL {
+          wchar_t name[16] = {};
+          GetClassNameW(each, name, 16);
+          if (std::wstring(name) != L"#32770" || !IsWindowVisible(each)) return TRUE;
+          *reinterpret_cast<HWND*>(l) = each;
+          return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+  }
+
+  system::Answer answer(system::Buttons buttons, UINT message, WPARAM parameter) {
+    ui::Timer timer(window, "Timer1", milliseconds(5));
+    timer.on_tick = [&] {
+      const HWND up = box();
+      if (!up) return;
+      timer.stop();
+      title = text_of(up);
+      owner = GetWindow(up, GW_OWNER);
+      PostMessageW(up, message, parameter, 0);
+    };
+    timer.attach(backend);
+    timer.start();
+    win32::Win32Dialogs dialogs(backend);
+    return dialogs.message({"T\xEDtulo", "\xBFSeguir?", system::Icon::question, buttons});
+  }
+
+  std::wstring title;
+  HWND owner = nullptr;
+};
+
+TEST_F(MessageBoxes, the_button_that_ends_the_box_is_the_answer) {
+  show();
+  EXPECT_EQ(answer(system::Buttons::yes_no, WM_COMMAND, IDYES), system::Answer::yes);
+  EXPECT_EQ(title, L"T\u00EDtulo");
+  EXPECT_EQ(owner, real_window());
+  EXPECT_EQ(answer(system::Buttons::yes_no, WM_COMMAND, IDNO), system::Answer::no);
+  EXPECT_EQ(answer(system::Buttons::ok, WM_COMMAND, IDOK), system::Answer::ok);
+  EXPECT_EQ(answer(system::Buttons::ok_cancel, WM_COMMAND, IDOK), system::Answer::ok);
+}
+
+TEST_F(MessageBoxes, closing_the_box_is_the_careful_answer) {
+  show();
+  EXPECT_EQ(answer(system::Buttons::ok_cancel, WM_CLOSE, 0), system::Answer::cancel);
+  EXPECT_EQ(answer(system::Buttons::ok, WM_CLOSE, 0), system::Answer::ok);
+}
+
+TEST_F(MessageBoxes, keys_in_a_box_are_not_shown_to_the_window) {
+  int previewed = 0;
+  window.on_key_down = [&](ui::Key&) { ++previewed; };
+  show();
+  EXPECT_EQ(answer(system::Buttons::ok_cancel, WM_COMMAND, IDCANCEL), system::Answer::cancel);
+  EXPECT_EQ(previewed, 0);
+}
+
+}  // namespace
+}  // namespace ordelan::test
