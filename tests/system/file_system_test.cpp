@@ -20,6 +20,8 @@ class OneEntry final : public system::FileSystem {
   }
   std::unique_ptr<system::InputFile> open(std::string_view) override { return nullptr; }
   std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  bool replace(std::string_view, std::string_view) override { return false; }
+  bool remove(std::string_view) override { return false; }
 };
 
 TEST(LookUp, a_plain_file_is_found_with_what_the_disk_knows_of_it) {
