@@ -360,7 +360,7 @@ TEST_F(RealListBox, other_programs_can_ask_for_rows) {
         const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(l);
         auto* taken = reinterpret_cast<Answer*>(GetWindowLongPtrW(each, GWLP_USERDATA));
         taken->count = data->dwData;
-        taken->text.assign(static_cast<const wchar_t*>(data->lpData),
+        taken->text.append(static_cast<const wchar_t*>(data->lpData),
                            data->cbData / sizeof(wchar_t));
         return TRUE;
       }));
@@ -370,10 +370,21 @@ TEST_F(RealListBox, other_programs_can_ask_for_rows) {
   EXPECT_EQ(ask(message, 1, reinterpret_cast<LPARAM>(asker)), 1);
   EXPECT_EQ(answer.count, 3u);
   EXPECT_EQ(answer.text, L"fila 1");
+  answer = {};
   EXPECT_EQ(ask(message, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(asker)), 1);
   EXPECT_EQ(answer.text, L"fila 0\nfila 1\nfila 2");
+  answer = {};
   EXPECT_EQ(ask(message, 99, reinterpret_cast<LPARAM>(asker)), 1);
+  EXPECT_EQ(answer.count, 3u);
   EXPECT_EQ(answer.text, L"");
+  fill(30000);  // more than one piece
+  std::wstring all;
+  for (const std::string& row : list.rows()) all += win32::widen(row) + L"\n";
+  all.pop_back();
+  answer = {};
+  EXPECT_EQ(ask(message, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(asker)), 1);
+  EXPECT_EQ(answer.count, 30003u);
+  EXPECT_TRUE(answer.text == all);
   DestroyWindow(asker);
 }
 

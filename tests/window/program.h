@@ -130,6 +130,7 @@ class Program {
   void point_at(HWND window, POINT place) const;
   POINT centre(HWND window) const;
   POINT place_of_row(const std::string& list, int row) const;
+  std::wstring folder_shown(HWND dialog) const;
   void accept(HWND dialog, const std::wstring& names) const;
   [[noreturn]] void fail(const std::string& what) const;
 

@@ -1,4 +1,8 @@
 // The system's dialogs that the program puts up: choosing files, and message boxes.
+#include <windows.h>
+
+#include <commdlg.h>
+
 #include <stdexcept>
 
 #include "window/program.h"
@@ -62,6 +66,17 @@ bool Program::message_shown() const {
   return dialog(false) != nullptr;
 }
 
+// The folder that the file dialog stands in. It writes it into memory of its own process.
+std::wstring Program::folder_shown(HWND dialog) const {
+  wchar_t folder[MAX_PATH] = {};
+  void* const memory =
+      VirtualAllocEx(process_.hProcess, nullptr, sizeof folder, MEM_COMMIT, PAGE_READWRITE);
+  send(dialog, CDM_GETFOLDERPATH, MAX_PATH, reinterpret_cast<LPARAM>(memory));
+  ReadProcessMemory(process_.hProcess, memory, folder, sizeof folder - sizeof(wchar_t), nullptr);
+  VirtualFreeEx(process_.hProcess, memory, 0, MEM_RELEASE);
+  return folder;
+}
+
 // Puts names into the file dialog and presses its button. The dialog forgets what it is told while
 // it still fills itself, so that the names are looked at before the button is pressed.
 void Program::accept(HWND dialog, const std::wstring& names) const {
@@ -83,8 +98,8 @@ void Program::pick_files(const std::vector<std::string>& paths) {
   if (paths.size() > 1) {
     const std::wstring folder = folder_of(names);
     accept(up, folder);
-    // The dialog has gone there once it has emptied its box.
-    wait_until("the dialog in the folder", [&] { return text_of(name_box(up)) != bytes(folder); });
+    wait_until("the dialog in the folder",
+               [&] { return lstrcmpiW((folder_shown(up) + L"\\").c_str(), folder.c_str()) == 0; });
     names.clear();
     for (const std::string& path : paths) {
       const std::wstring each = wide(path);

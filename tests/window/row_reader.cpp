@@ -19,7 +19,7 @@ LRESULT CALLBACK take(HWND window, UINT message, WPARAM w, LPARAM l) {
   if (!answer) return FALSE;
   answer->came = true;
   answer->count = data->dwData;
-  answer->text.assign(static_cast<const wchar_t*>(data->lpData), data->cbData / sizeof(wchar_t));
+  answer->text.append(static_cast<const wchar_t*>(data->lpData), data->cbData / sizeof(wchar_t));
   return TRUE;
 }
 
