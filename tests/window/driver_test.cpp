@@ -128,6 +128,28 @@ TEST_F(Driver, drops_files) {
   EXPECT_THAT(program.rows("ListVip"), testing::ElementsAre("D:\\Mix\\año.vip", "D:\\Mix"));
 }
 
+TEST_F(Driver, sees_what_is_painted) {
+  RECT picture{};
+  GetClientRect(program.control("Image1"), &picture);
+  const LONG middle = picture.right / 2;
+  const LONG quarter = picture.bottom / 4;
+  program.wait_until("the green half of the picture", [&] {
+    return program.pixel("Image1", {middle, quarter}) == RGB(0, 0xC0, 0);
+  });
+  EXPECT_EQ(program.pixel("Image1", {middle, 3 * quarter}), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST_F(Driver, drags_a_window_by_its_background) {
+  const RECT before = program.place();
+  RECT client{};
+  GetClientRect(program.window(), &client);
+  program.drag_window({client.right - 20, client.bottom - 20}, {60, 40});
+  expect_status("arrastrado");
+  const RECT after = program.place();
+  EXPECT_EQ(after.left - before.left, 60);
+  EXPECT_EQ(after.top - before.top, 40);
+}
+
 TEST_F(Driver, saves_pictures_of_the_screen) {
   const std::wstring path = save_screen("driver-screen");
   ASSERT_NE(path, L"");

@@ -169,7 +169,12 @@ RECT Program::place() const {
 void Program::drag_window(POINT grip, POINT by) {
   to_front();
   ClientToScreen(window_, &grip);
-  drag_mouse(grip, {grip.x + by.x, grip.y + by.y});
+  drag_mouse(grip, {grip.x + by.x, grip.y + by.y}, [&] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(process_.dwThreadId, &info);
+    return info.hwndMoveSize != nullptr || info.hwndCapture != nullptr;
+  });
 }
 
 HWND Program::child(const std::string& name) const {
@@ -255,6 +260,14 @@ int Program::selected(const std::string& list) const {
 }
 int Program::first_row(const std::string& list) const {
   return static_cast<int>(send(control(list), LB_GETTOPINDEX));
+}
+
+COLORREF Program::pixel(const std::string& name, POINT place) const {
+  ClientToScreen(control(name), &place);
+  const HDC screen = GetDC(nullptr);
+  const COLORREF color = GetPixel(screen, place.x, place.y);
+  ReleaseDC(nullptr, screen);
+  return color;
 }
 
 void Program::picture_of_screen(const std::string& name) const {

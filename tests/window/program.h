@@ -85,6 +85,9 @@ class Program {
   int selected(const std::string& list) const;   // -1 for none
   int first_row(const std::string& list) const;  // the first that is in sight
 
+  // What the screen shows at a place of the control's, in pixels from its corner.
+  COLORREF pixel(const std::string& name, POINT place) const;
+
   // --- the mouse; waits until the control is shown, enabled and not covered
   void click(const std::string& name);
   void right_click(const std::string& name);

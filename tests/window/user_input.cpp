@@ -102,10 +102,14 @@ void double_click_mouse() {
   click_once(MouseButton::left);
 }
 
-void drag_mouse(POINT from, POINT to) {
+void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
   move_mouse(from);
   part_from_last_click();
   send({mouse(MOUSEEVENTF_LEFTDOWN)});
+  if (!wait_for(held)) {
+    send({mouse(MOUSEEVENTF_LEFTUP)});
+    throw std::runtime_error("nothing took hold of the mouse");
+  }
   // A few steps on the way, as a hand makes them.
   constexpr int kSteps = 5;
   for (int i = 1; i <= kSteps; ++i) {

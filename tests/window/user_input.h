@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 
 namespace ordelan::test {
@@ -17,8 +18,9 @@ void move_mouse(POINT place);
 void click_mouse(MouseButton button = MouseButton::left);
 void double_click_mouse();
 
-// Holds the left button down from one place to another.
-void drag_mouse(POINT from, POINT to);
+// Holds the left button down from one place to another. It starts to move once `held` says that the
+// program has taken hold: before that, the system would give the movement to whatever lies below.
+void drag_mouse(POINT from, POINT to, const std::function<bool()>& held);
 
 // Presses a key and lets it go, with other keys held down meanwhile.
 void press_key(WORD key, bool control = false, bool shift = false, bool alt = false);
