@@ -27,16 +27,17 @@ const std::map<std::string, Names, std::less<>>& floors_below() {
     const Names everything =
         top + Names{"relink", "removal", "audio", "headless", "posix", "win32"};
     return std::map<std::string, Names, std::less<>>{
-        {"text", {}},           {"skin", {}},           {"system", {"text"}},
-        {"ui", {"text"}},       {"work", work},         {"settings", settings},
-        {"project", project},   {"location", location}, {"relink", top},
-        {"removal", top},       {"audio", top},         {"headless", machine},
-        {"posix", machine},     {"win32", machine},     {"app", everything}};
+        {"text", {}},       {"skin", {}},           {"system", {"text"}}, {"ui", {"text"}},
+        {"work", work},     {"settings", settings}, {"project", project}, {"location", location},
+        {"relink", top},    {"removal", top},       {"audio", top},       {"headless", machine},
+        {"posix", machine}, {"win32", machine},     {"app", everything}};
   }();
   return table;
 }
 
-bool is_header(std::string_view name) { return name.ends_with(".h"); }
+bool is_header(std::string_view name) {
+  return name.ends_with(".h");
+}
 
 // The content with comments blanked out and texts kept, line breaks in their places.
 std::string without_comments(std::string_view content) {
@@ -64,7 +65,8 @@ std::string without_comments(std::string_view content) {
       ++i;
     } else {
       // A mark between digits belongs to a number.
-      const bool in_number = !code.empty() && std::isxdigit(static_cast<unsigned char>(code.back()));
+      const bool in_number =
+          !code.empty() && std::isxdigit(static_cast<unsigned char>(code.back()));
       const char mark = inside == Inside::text ? '"' : '\'';
       if (quoted && (c == mark || c == '\n')) {
         inside = Inside::nothing;
@@ -191,8 +193,7 @@ std::vector<std::string> misplaced_system_headers(const Sources& sources) {
       if (!include.system || everywhere.count(include.name) != 0) continue;
       const auto dot = include.name.find('.');
       const std::string stem = include.name.substr(0, dot);
-      const bool of_windows =
-          dot != std::string::npos && std::regex_match(stem, windows_header);
+      const bool of_windows = dot != std::string::npos && std::regex_match(stem, windows_header);
       const bool of_a_system = is_header(include.name) || of_windows;
       if (of_a_system && !windows && (of_windows || !posix)) {
         complaints.push_back(name + " includes <" + include.name + ">");

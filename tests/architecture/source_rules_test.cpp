@@ -24,7 +24,8 @@ std::vector<std::string> names_in(std::string_view content) {
 }
 
 TEST(SourceRules, includes_of_both_kinds_are_found) {
-  const auto includes = includes_of("#include \"text/a.h\"\n  #  include <vector>\n#include<c.h>\n");
+  const auto includes =
+      includes_of("#include \"text/a.h\"\n  #  include <vector>\n#include<c.h>\n");
   ASSERT_THAT(includes, SizeIs(3));
   EXPECT_EQ(includes[0].name, "text/a.h");
   EXPECT_FALSE(includes[0].system);
@@ -34,8 +35,9 @@ TEST(SourceRules, includes_of_both_kinds_are_found) {
 }
 
 TEST(SourceRules, an_include_in_a_comment_is_none) {
-  EXPECT_THAT(names_in("// #include \"a/a.h\"\n/* \n#include \"a/b.h\"\n*/\n#include \"a/c.h\"  // x\n"),
-              ElementsAre("a/c.h"));
+  EXPECT_THAT(
+      names_in("// #include \"a/a.h\"\n/* \n#include \"a/b.h\"\n*/\n#include \"a/c.h\"  // x\n"),
+      ElementsAre("a/c.h"));
 }
 
 TEST(SourceRules, texts_that_look_like_comments_hide_nothing) {
@@ -70,18 +72,19 @@ TEST_P(WrongArrow, is_complained_of) {
 
 INSTANTIATE_TEST_SUITE_P(
     Floors, WrongArrow,
-    ::testing::Values(
-        std::pair{"text/a.h", "skin/a.h"}, std::pair{"text/a.h", "system/a.h"},
-        std::pair{"skin/a.h", "text/a.h"}, std::pair{"system/a.h", "ui/a.h"},
-        std::pair{"ui/a.h", "system/a.h"}, std::pair{"ui/a.h", "skin/a.h"},
-        std::pair{"work/a.h", "settings/a.h"}, std::pair{"work/a.h", "posix/a.h"},
-        std::pair{"settings/a.h", "project/a.h"}, std::pair{"project/a.h", "location/a.h"},
-        std::pair{"project/a.h", "headless/a.h"}, std::pair{"location/a.h", "relink/a.h"},
-        std::pair{"relink/a.h", "removal/a.h"}, std::pair{"removal/a.h", "audio/a.h"},
-        std::pair{"audio/a.h", "relink/a.h"}, std::pair{"audio/a.h", "win32/a.h"},
-        std::pair{"headless/a.h", "work/a.h"}, std::pair{"posix/a.h", "headless/a.h"},
-        std::pair{"win32/a.h", "posix/a.h"}, std::pair{"win32/a.h", "skin/a.h"},
-        std::pair{"location/a.h", "app/a.h"}, std::pair{"win32/a.h", "app/a.h"}));
+    ::testing::Values(std::pair{"text/a.h", "skin/a.h"}, std::pair{"text/a.h", "system/a.h"},
+                      std::pair{"skin/a.h", "text/a.h"}, std::pair{"system/a.h", "ui/a.h"},
+                      std::pair{"ui/a.h", "system/a.h"}, std::pair{"ui/a.h", "skin/a.h"},
+                      std::pair{"work/a.h", "settings/a.h"}, std::pair{"work/a.h", "posix/a.h"},
+                      std::pair{"settings/a.h", "project/a.h"},
+                      std::pair{"project/a.h", "location/a.h"},
+                      std::pair{"project/a.h", "headless/a.h"},
+                      std::pair{"location/a.h", "relink/a.h"},
+                      std::pair{"relink/a.h", "removal/a.h"}, std::pair{"removal/a.h", "audio/a.h"},
+                      std::pair{"audio/a.h", "relink/a.h"}, std::pair{"audio/a.h", "win32/a.h"},
+                      std::pair{"headless/a.h", "work/a.h"}, std::pair{"posix/a.h", "headless/a.h"},
+                      std::pair{"win32/a.h", "posix/a.h"}, std::pair{"win32/a.h", "skin/a.h"},
+                      std::pair{"location/a.h", "app/a.h"}, std::pair{"win32/a.h", "app/a.h"}));
 
 TEST(SourceRules, an_include_that_names_no_floor_or_no_file_is_complained_of) {
   EXPECT_THAT(upward_includes({{"text/a.h", including({"b.h"})}}), SizeIs(1));
@@ -142,8 +145,8 @@ TEST(SourceRules, the_standard_library_and_the_processor_are_everywhere) {
 TEST(SourceRules, asking_which_system_it_is_is_complained_of) {
   for (const char* line :
        {"#ifdef _WIN32", "#ifndef _WIN32", "#if defined(_WIN32)", "  #  if !defined(__linux__)",
-        "#elif defined(__linux__)", "#if defined(A) || \\\n    defined(_WIN64)",
-        "#if __MINGW64__", "#ifdef __unix__"}) {
+        "#elif defined(__linux__)", "#if defined(A) || \\\n    defined(_WIN64)", "#if __MINGW64__",
+        "#ifdef __unix__"}) {
     EXPECT_THAT(questions_for_the_system({{"text/a.cpp", std::string(line) + "\n#endif\n"}}),
                 SizeIs(1))
         << line;
