@@ -16,14 +16,14 @@ bool FileWindow::move(Position from) {
     kept = static_cast<std::size_t>(stretch_.end() - from);
   }
   const auto skipped = static_cast<std::size_t>(kept > 0 ? from - stretch_.first : 0);
-  if (buffer_.size() < kept + block_) buffer_.resize(kept + block_);
-  if (kept > 0) std::memmove(buffer_.data(), buffer_.data() + skipped, kept);
-
   const Position next = from + static_cast<Position>(kept);
   std::size_t wanted = 0;
   if (next <= length_) {
     wanted = std::min(block_, static_cast<std::size_t>(length_ - next + 1));
   }
+  if (buffer_.size() < kept + wanted) buffer_.resize(kept + wanted);
+  if (kept > 0) std::memmove(buffer_.data(), buffer_.data() + skipped, kept);
+
   const std::optional<std::size_t> came =
       wanted == 0
           ? std::size_t{0}

@@ -47,6 +47,7 @@ void Form1::open_project(const std::string& path) {
     work_.Cancelar = false;
     TextNum1.set_visible(false);
     ShowIco.hide();
+    ListProyectosInfo.hide();  // it would stand on the rows
     strip.notice_decoding();
     clocks.iniciarCrono();
 

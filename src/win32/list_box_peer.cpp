@@ -18,6 +18,9 @@ constexpr DWORD kStyle = LBS_NODATA | LBS_OWNERDRAWFIXED | LBS_NOTIFY | LBS_NOIN
 constexpr int kTextIndent = 2;  // at 96 dots per inch
 constexpr UINT kAnswerTimeout = 10000;
 
+// Characters that go to another process in one message.
+constexpr std::size_t kLargestPiece = 64 * 1024;
+
 UINT rows_message() {
   static const UINT message = RegisterWindowMessageW(kRowsMessage);
   return message;
@@ -206,13 +209,18 @@ LRESULT ListBoxPeer::answer_rows(WPARAM row, HWND asker) {
     text = list_.row(row);
   }
   std::wstring wide = widen(text);
-  COPYDATASTRUCT data{};
-  data.dwData = list_.count();
-  data.cbData = static_cast<DWORD>(wide.size() * sizeof(wchar_t));
-  data.lpData = wide.data();
-  DWORD_PTR ignored = 0;
-  SendMessageTimeoutW(asker, WM_COPYDATA, reinterpret_cast<WPARAM>(handle()),
-                      reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG, kAnswerTimeout, &ignored);
+  // At least one piece, also of no text: it tells how many rows there are.
+  for (std::size_t at = 0; at == 0 || at < wide.size(); at += kLargestPiece) {
+    const std::size_t size = std::min(kLargestPiece, wide.size() - at);
+    COPYDATASTRUCT data{};
+    data.dwData = list_.count();
+    data.cbData = static_cast<DWORD>(size * sizeof(wchar_t));
+    data.lpData = wide.data() + at;
+    DWORD_PTR taken = FALSE;
+    SendMessageTimeoutW(asker, WM_COPYDATA, reinterpret_cast<WPARAM>(handle()),
+                        reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG, kAnswerTimeout, &taken);
+    if (!taken) return 0;
+  }
   return 1;
 }
 

@@ -13,8 +13,9 @@ namespace ordelan::win32 {
 
 // The message by which other processes read rows. The real list keeps no texts, so that assistive
 // tools and tests ask here: wParam is the number of a row, or -1 for all; lParam is a window of
-// theirs, which gets a WM_COPYDATA: dwData is how many rows the list has, the data their texts in
-// UTF-16, with a line feed between two. Gives 1.
+// theirs, which gets WM_COPYDATA messages: dwData is how many rows the list has, the data a piece
+// of their texts in UTF-16, with a line feed between two rows. The pieces come in order and belong
+// together. Gives 1 once all have been taken, 0 when one was not.
 inline constexpr wchar_t kRowsMessage[] = L"Ordelan.Rows";
 
 class ListBoxPeer final : public ControlPeer {

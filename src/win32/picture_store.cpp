@@ -26,9 +26,12 @@ bool PictureStore::paint(HDC context, const RECT& area, const std::string& name)
     graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
     graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
   }
+  // At its edges a stretched picture is mixed with itself, not with nothing.
+  Gdiplus::ImageAttributes attributes;
+  attributes.SetWrapMode(Gdiplus::WrapModeTileFlipXY);
   const Gdiplus::Rect place(area.left, area.top, width, height);
-  return graphics.DrawImage(bitmap, place, 0, 0, own_width, own_height, Gdiplus::UnitPixel) ==
-         Gdiplus::Ok;
+  return graphics.DrawImage(bitmap, place, 0, 0, own_width, own_height, Gdiplus::UnitPixel,
+                            &attributes) == Gdiplus::Ok;
 }
 
 Gdiplus::Bitmap* PictureStore::picture(const std::string& name) {

@@ -99,12 +99,22 @@ void WindowPeer::changed(ui::Aspect aspect) {
 
 void WindowPeer::place() {
   const int screen_dpi = system_dpi();
-  RECT area{0, 0, to_pixels(window_.size().width, dpi_), to_pixels(window_.size().height, dpi_)};
+  const int width = to_pixels(window_.size().width, dpi_);
+  const int height = to_pixels(window_.size().height, dpi_);
+  RECT area{0, 0, width, height};
   add_borders(area, kStyle, kExtendedStyle, dpi_);
   placing_ = true;
   SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, screen_dpi),
                to_pixels(window_.position().y, screen_dpi), area.right - area.left,
                area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  // Where the system does not scale borders and title, they are not what was reckoned with.
+  RECT room{};
+  if (!IsIconic(handle_) && GetClientRect(handle_, &room) &&
+      (room.right != width || room.bottom != height)) {
+    SetWindowPos(handle_, nullptr, 0, 0, area.right - area.left + width - room.right,
+                 area.bottom - area.top + height - room.bottom,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
   placing_ = false;
 }
 

@@ -108,9 +108,9 @@ TEST_F(PosixFileSystemTest, names_that_differ_by_case_alone_come_in_the_same_ord
 }
 
 TEST_F(PosixFileSystemTest, names_outside_the_code_page_are_left_out_and_never_matched) {
-  disk.file("\xE6\x9D\xB1.wav");         // a character that the page lacks
-  disk.file("Canci\xF3n.wav");           // no UTF-8 at all
-  disk.file("n\xCC\x83.wav");            // an n with a tilde of its own
+  disk.file("\xE6\x9D\xB1.wav");  // a character that the page lacks
+  disk.file("Canci\xF3n.wav");    // no UTF-8 at all
+  disk.file("n\xCC\x83.wav");     // an n with a tilde of its own
   disk.file("\xC3\xB1.wav");
   EXPECT_THAT(names("D:\\"), ElementsAre("\xF1.wav"));
   EXPECT_FALSE(files.info("D:\\Canci\xF3n.wav"));
@@ -258,8 +258,8 @@ TEST_F(PosixFileSystemTest, creating_empties_the_file_that_is_there_whatever_its
 
 TEST_F(PosixFileSystemTest, nothing_is_created_where_it_cannot_be) {
   disk.file("a.wav");
-  for (const char* path : {"D:\\gone\\a.log", "D:\\a.wav\\b.log", "E:\\a.log", "a.log", "D:\\a*.log",
-                           "D:\\a:b", "D:\\..\\a.log", "D:\\"}) {
+  for (const char* path : {"D:\\gone\\a.log", "D:\\a.wav\\b.log", "E:\\a.log", "a.log",
+                           "D:\\a*.log", "D:\\a:b", "D:\\..\\a.log", "D:\\"}) {
     EXPECT_EQ(files.create(path), nullptr) << path;
   }
   EXPECT_THAT(names("D:\\"), ElementsAre("a.wav"));

@@ -18,7 +18,9 @@ std::string every_byte() {
   return bytes;
 }
 
-std::string byte(int value) { return std::string(1, static_cast<char>(value)); }
+std::string byte(int value) {
+  return std::string(1, static_cast<char>(value));
+}
 
 TEST(CodePage, every_byte_survives_the_way_to_utf8_and_back) {
   for (const char c : every_byte()) {

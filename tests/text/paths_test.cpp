@@ -88,8 +88,8 @@ TEST(ObtenerNombreArchivo, is_empty_where_no_file_is_named) {
 }
 
 TEST(ObtenerNombreArchivo, is_empty_with_wildcards_or_brackets_anywhere) {
-  for (const char* path : {"D:\\*.wav", "D:\\a?.wav", "D:\\a[1].wav", "D:\\a].wav", "D:\\[x\\a.wav",
-                           "D:\\*\\a.wav"}) {
+  for (const char* path :
+       {"D:\\*.wav", "D:\\a?.wav", "D:\\a[1].wav", "D:\\a].wav", "D:\\[x\\a.wav", "D:\\*\\a.wav"}) {
     EXPECT_EQ(Obtener_Nombre_Archivo(path), "") << path;
   }
   EXPECT_EQ(Obtener_Nombre_Archivo("D:\\a(1).wav"), "a(1).wav");

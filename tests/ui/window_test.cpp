@@ -16,8 +16,7 @@ using Change = RecordingBackend::Change;
 
 struct WindowTest : ::testing::Test {
   // Makes the same change twice: it is to be heard of once.
-  void expect_one(const std::string& name, ui::Aspect aspect,
-                  const std::function<void()>& change) {
+  void expect_one(const std::string& name, ui::Aspect aspect, const std::function<void()>& change) {
     change();
     change();
     EXPECT_THAT(backend.take(), ElementsAre(Change{name, aspect}));

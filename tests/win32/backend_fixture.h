@@ -10,6 +10,7 @@
 #include <string>
 
 #include "ui/window.h"
+#include "win32/screen_scale.h"
 #include "win32/win32_backend.h"
 
 namespace ordelan::test {
@@ -52,6 +53,9 @@ class BackendTest : public testing::Test {
     while (child && !GetPropW(child, property)) child = GetWindow(child, GW_HWNDNEXT);
     return child;
   }
+
+  // A length of the layout in the pixels of this screen.
+  int px(int units) const { return win32::to_pixels(units, win32::dpi_of(real_window())); }
 
   static LPARAM at(int x, int y) { return MAKELPARAM(x, y); }
   static void press(HWND control, int x = 3, int y = 3) {

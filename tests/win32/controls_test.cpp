@@ -45,14 +45,14 @@ TEST_F(RealControls, controls_stand_where_their_bounds_say) {
   RECT area{};
   GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
   MapWindowPoints(nullptr, real_window(), reinterpret_cast<POINT*>(&area), 2);
-  EXPECT_EQ(area.left, 10);
-  EXPECT_EQ(area.top, 40);
-  EXPECT_EQ(area.right, 110);
-  EXPECT_EQ(area.bottom, 66);
+  EXPECT_EQ(area.left, px(10));
+  EXPECT_EQ(area.top, px(40));
+  EXPECT_EQ(area.right, px(110));
+  EXPECT_EQ(area.bottom, px(66));
   button.set_bounds({20, 50, 30, 30});
   backend.pump();
   GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
-  EXPECT_EQ(area.right - area.left, 30);
+  EXPECT_EQ(area.right - area.left, px(30));
 }
 
 TEST_F(RealControls, captions_visibility_and_state_follow_the_objects) {
@@ -147,7 +147,7 @@ TEST_F(RealControls, a_label_is_clicked_where_the_button_is_let_go) {
   press(real_label);
   EXPECT_EQ(clicks, 1);
   SendMessageW(real_label, WM_LBUTTONDOWN, MK_LBUTTON, at(3, 3));
-  SendMessageW(real_label, WM_LBUTTONUP, 0, at(300, 3));  // let go beside it
+  SendMessageW(real_label, WM_LBUTTONUP, 0, at(px(300), 3));  // let go beside it
   EXPECT_EQ(clicks, 1);
   SendMessageW(real_label, WM_LBUTTONUP, 0, at(3, 3));  // never pressed
   EXPECT_EQ(clicks, 1);

@@ -58,7 +58,7 @@ class RealListBox : public BackendTest {
     SetBkColor(memory, GetSysColor(COLOR_WINDOW));
     FillRect(memory, &area, GetSysColorBrush(COLOR_WINDOW));
     const std::wstring wide = win32::widen(text);
-    TextOutW(memory, 2, area.top, wide.data(), static_cast<int>(wide.size()));
+    TextOutW(memory, px(2), area.top, wide.data(), static_cast<int>(wide.size()));
     const bool same = pixels(shown, area) == pixels(memory, area);
     SelectObject(memory, old_font);
     SelectObject(memory, old_bitmap);
@@ -272,7 +272,7 @@ TEST_F(RealListBox, the_horizontal_extent_covers_the_widest_row) {
   list.add(std::string(200, 'W'));
   const int extent = ui::ListaAncho(list);
   backend.pump();
-  EXPECT_GT(extent, 300);
+  EXPECT_GT(extent, px(300));
   EXPECT_GE(ask(LB_GETHORIZONTALEXTENT), extent);
   list.clear();
   EXPECT_EQ(ui::ListaAncho(list), 0);
@@ -283,7 +283,7 @@ TEST_F(RealListBox, mouse_moves_are_told_in_the_lists_own_units) {
   ui::Point told{-1, -1};
   list.on_mouse_move = [&](ui::Point point) { told = point; };
   show();
-  SendMessageW(real_list(), WM_MOUSEMOVE, 0, at(17, 23));
+  SendMessageW(real_list(), WM_MOUSEMOVE, 0, at(px(17), px(23)));
   EXPECT_EQ(told, (ui::Point{17, 23}));
 }
 
@@ -338,10 +338,10 @@ TEST_F(RealListBox, dropped_paths_arrive_and_unnameable_ones_are_left_out) {
   drop(real_list(), {5, 5});
   EXPECT_THAT(dropped, testing::ElementsAre("D:\\Mix\\a\xF1o.vip", "D:\\Mix"));
   dropped.clear();
-  drop(real_window(), {20, 20});
+  drop(real_window(), {px(20), px(20)});
   EXPECT_THAT(dropped, testing::ElementsAre("D:\\Mix\\a\xF1o.vip", "D:\\Mix"));
   dropped.clear();
-  drop(real_window(), {450, 350});
+  drop(real_window(), {px(450), px(350)});
   EXPECT_TRUE(dropped.empty());
 }
 
@@ -360,7 +360,7 @@ TEST_F(RealListBox, other_programs_can_ask_for_rows) {
         const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(l);
         auto* taken = reinterpret_cast<Answer*>(GetWindowLongPtrW(each, GWLP_USERDATA));
         taken->count = data->dwData;
-        taken->text.assign(static_cast<const wchar_t*>(data->lpData),
+        taken->text.append(static_cast<const wchar_t*>(data->lpData),
                            data->cbData / sizeof(wchar_t));
         return TRUE;
       }));
@@ -370,10 +370,21 @@ TEST_F(RealListBox, other_programs_can_ask_for_rows) {
   EXPECT_EQ(ask(message, 1, reinterpret_cast<LPARAM>(asker)), 1);
   EXPECT_EQ(answer.count, 3u);
   EXPECT_EQ(answer.text, L"fila 1");
+  answer = {};
   EXPECT_EQ(ask(message, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(asker)), 1);
   EXPECT_EQ(answer.text, L"fila 0\nfila 1\nfila 2");
+  answer = {};
   EXPECT_EQ(ask(message, 99, reinterpret_cast<LPARAM>(asker)), 1);
+  EXPECT_EQ(answer.count, 3u);
   EXPECT_EQ(answer.text, L"");
+  fill(30000);  // more than one piece
+  std::wstring all;
+  for (const std::string& row : list.rows()) all += win32::widen(row) + L"\n";
+  all.pop_back();
+  answer = {};
+  EXPECT_EQ(ask(message, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(asker)), 1);
+  EXPECT_EQ(answer.count, 30003u);
+  EXPECT_TRUE(answer.text == all);
   DestroyWindow(asker);
 }
 

@@ -34,15 +34,15 @@ TEST_F(RealWindow, the_room_for_controls_is_the_windows_size) {
   show();
   RECT client{};
   GetClientRect(real_window(), &client);
-  EXPECT_EQ(client.right, 500);
-  EXPECT_EQ(client.bottom, 400);
+  EXPECT_EQ(client.right, px(500));
+  EXPECT_EQ(client.bottom, px(400));
   RECT outer{};
   GetWindowRect(real_window(), &outer);
-  EXPECT_EQ(outer.left, 40);
-  EXPECT_EQ(outer.top, 40);
+  EXPECT_EQ(outer.left, px(40));
+  EXPECT_EQ(outer.top, px(40));
   window.set_size({300, 200});
   GetClientRect(real_window(), &client);
-  EXPECT_EQ(client.right, 300);
+  EXPECT_EQ(client.right, px(300));
 }
 
 TEST_F(RealWindow, a_window_cannot_be_made_larger_but_small) {
@@ -64,6 +64,25 @@ TEST_F(RealWindow, a_loaded_window_is_shown_only_when_it_is_told_to) {
   EXPECT_FALSE(real_window());
   window.load();
   EXPECT_TRUE(real_window());
+}
+
+TEST_F(RealWindow, a_window_that_comes_to_a_denser_screen_grows_with_its_controls) {
+  show();
+  const LRESULT row_height = SendMessageW(real(L"Ordelan.ListVip"), LB_GETITEMHEIGHT, 0, 0);
+  const int dpi = 2 * win32::dpi_of(real_window());
+  const RECT suggested{60, 50, 900, 900};
+  SendMessageW(real_window(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+               reinterpret_cast<LPARAM>(&suggested));
+  RECT area{};
+  GetClientRect(real_window(), &area);
+  EXPECT_EQ(area.right, win32::to_pixels(500, dpi));
+  EXPECT_EQ(area.bottom, win32::to_pixels(400, dpi));
+  GetWindowRect(real_window(), &area);
+  EXPECT_EQ(area.left, 60);
+  EXPECT_EQ(area.top, 50);
+  GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
+  EXPECT_EQ(area.right - area.left, win32::to_pixels(100, dpi));
+  EXPECT_GT(SendMessageW(real(L"Ordelan.ListVip"), LB_GETITEMHEIGHT, 0, 0), row_height * 3 / 2);
 }
 
 TEST_F(RealWindow, closing_is_asked_of_the_object_and_nothing_else_happens) {
@@ -96,13 +115,13 @@ TEST_F(RealWindow, a_button_may_unload_its_own_window) {
 
 TEST_F(RealWindow, the_users_moving_arrives_in_the_object) {
   show();
-  SetWindowPos(real_window(), nullptr, 123, 77, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  SetWindowPos(real_window(), nullptr, px(123), px(77), 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   EXPECT_EQ(window.position(), (ui::Point{123, 77}));
   window.set_position({10, 20});
   RECT area{};
   GetWindowRect(real_window(), &area);
-  EXPECT_EQ(area.left, 10);
-  EXPECT_EQ(area.top, 20);
+  EXPECT_EQ(area.left, px(10));
+  EXPECT_EQ(area.top, px(20));
 }
 
 TEST_F(RealWindow, topmost_and_minimized_follow_the_object) {

@@ -69,10 +69,14 @@ class DemoWindow : public ui::Window {
     edit_.set_bounds({400, 210, 180, 22});
     bar_.set_bounds({400, 245, 180, 16});
     bar_.set_value(40);
+    picture_.set_bounds({400, 280, 32, 32});
+    picture_.set_picture("CUADRO");
   }
 
   void connect() {
     on_load = [this] { show(); };
+    set_drag_by_background(true);
+    on_drag_end = [this] { status_.set_caption("arrastrado"); };
     on_close = [this] { backend_.end(); };
     on_key_down = [this](ui::Key& key) {
       if (key.code != VK_F2) return;
@@ -119,6 +123,7 @@ class DemoWindow : public ui::Window {
   ui::CheckBox second_{*this, "Check1", 1};
   ui::TextBox text_{*this, "Text1"};
   ui::TextBox edit_{*this, "Text2"};
+  ui::Image picture_{*this, "Image1"};
   ui::ProgressBar bar_{*this, "ProgressBar1"};
   ui::Timer timer_{*this, "Timer1", std::chrono::milliseconds(100)};
 };

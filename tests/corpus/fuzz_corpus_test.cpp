@@ -1,0 +1,43 @@
+// Replays what the fuzzers have kept.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <vector>
+
+#include "fuzz/fuzz_input.h"
+
+namespace ordelan::test {
+namespace {
+
+using Check = std::function<std::string(std::string_view)>;
+
+// Runs `check` over every file of a target's corpus and gives how many there were.
+std::size_t replay(const std::string& target, const Check& check) {
+  const auto folder = std::filesystem::path(ORDELAN_SOURCE_DIR) / "tests/fuzz/corpus" / target;
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    files.push_back(entry.path());
+  }
+  std::sort(files.begin(), files.end());
+  for (const auto& path : files) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << path;
+    const std::string input{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_EQ(check(input), "") << path;
+  }
+  return files.size();
+}
+
+TEST(FuzzCorpus, the_reader_agrees_with_the_literal_one_on_every_kept_file) {
+  EXPECT_GE(replay("fuzz_vip_reader", check_vip_reader), 20u);
+}
+
+TEST(FuzzCorpus, the_code_page_keeps_its_rules_on_every_kept_text) {
+  EXPECT_GE(replay("fuzz_code_page", check_code_page), 20u);
+}
+
+}  // namespace
+}  // namespace ordelan::test
