@@ -23,8 +23,8 @@ struct Tone {
   int hertz = 440;
   int milliseconds = 300;
   int sample_rate = 44100;
-  std::string title;
-  std::string artist;
+  std::string title = {};
+  std::string artist = {};
 
   bool operator==(const Tone&) const = default;
 };

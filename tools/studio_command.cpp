@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <cctype>
+#include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -46,23 +48,32 @@ int run_studio_command(int argc, const char* const* argv, std::ostream& out, std
   };
 
   StudioOptions options;
+  // Signed, because the parser turns "-3" into a huge number otherwise.
+  std::optional<std::int64_t> projects;
+  std::optional<std::int64_t> references;
+  std::optional<std::int64_t> files;
+  std::int64_t bytes_per_project = 0;
   std::string folder;
   std::string letter = "D";
   std::string second;
   std::string cache;
+  const CLI::Range counts(std::int64_t{0}, std::int64_t{10'000'000});
+  const CLI::Range sizes(std::int64_t{0}, std::int64_t{0xFFFFFFFF});
   CLI::App app(
       text::to_utf8("Hace un estudio de muestra: proyectos, audio y lo que hay alrededor."),
       "ordelan-studio");
   app.add_option("CARPETA", folder, text::to_utf8("La carpeta del estudio, raíz de su unidad"))
       ->required();
   app.add_option("--seed", options.seed, text::to_utf8("La misma semilla da el mismo estudio"));
-  app.add_option("--proyectos", options.projects, text::to_utf8("Cuántos proyectos"));
-  app.add_option("--referencias", options.references,
-                 text::to_utf8("Cuántas referencias a audio entre todos los proyectos"));
-  app.add_option("--archivos", options.files,
-                 text::to_utf8("Cuántos archivos de audio y auxiliares"));
-  app.add_option("--bytes-por-proyecto", options.bytes_per_project,
-                 text::to_utf8("El tamaño de cada proyecto"));
+  app.add_option("--proyectos", projects, text::to_utf8("Cuántos proyectos"))->check(counts);
+  app.add_option("--referencias", references,
+                 text::to_utf8("Cuántas referencias a audio entre todos los proyectos"))
+      ->check(counts);
+  app.add_option("--archivos", files, text::to_utf8("Cuántos archivos de audio y auxiliares"))
+      ->check(counts);
+  app.add_option("--bytes-por-proyecto", bytes_per_project,
+                 text::to_utf8("El tamaño de cada proyecto"))
+      ->check(sizes);
   app.add_option("--unidad", letter, text::to_utf8("La letra de la unidad en los proyectos"));
   app.add_option("--unidad2", second,
                  text::to_utf8("Una segunda unidad, LETRA=CARPETA, con parte del audio"));
@@ -77,6 +88,16 @@ int run_studio_command(int argc, const char* const* argv, std::ostream& out, std
     return complain(error.what(), kWrongUse);
   }
 
+  if (projects == 0 && references.value_or(0) > 0) {
+    return complain(text::to_utf8("sin proyectos no puede haber referencias"), kWrongUse);
+  }
+  const auto count = [](const std::optional<std::int64_t>& number) {
+    return number ? std::optional<std::size_t>(static_cast<std::size_t>(*number)) : std::nullopt;
+  };
+  options.projects = count(projects);
+  options.references = count(references);
+  options.files = count(files);
+  options.bytes_per_project = static_cast<std::uint64_t>(bytes_per_project);
   options.cache = cache;
   options.drive_letter = drive_letter(letter);
   if (options.drive_letter == 0) {
@@ -90,9 +111,6 @@ int run_studio_command(int argc, const char* const* argv, std::ostream& out, std
       return complain(text::to_utf8("--unidad2 no es LETRA=CARPETA: ") + second, kWrongUse);
     }
     options.second_folder = second.substr(equals + 1);
-  }
-  if (options.projects == 0u && options.references.value_or(0) > 0) {
-    return complain(text::to_utf8("sin proyectos no puede haber referencias"), kWrongUse);
   }
   if (folder.empty()) return complain(text::to_utf8("falta la carpeta"), kWrongUse);
 

@@ -96,12 +96,15 @@ void StudioFolder::clear() {
     if (!fs::is_regular_file(fs::symlink_status(path, failure))) continue;
     if (!fs::remove(path, failure)) fail("no se pudo borrar ", path, failure.message());
   }
-  // The order of paths puts a folder ahead of what lies in it.
+  // The order of paths puts a folder ahead of what lies in it. Those that hold files of others
+  // stay, and stay listed.
+  std::set<fs::path> kept;
   for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) {
     const fs::path path = root_ / *folder;
     if (!fs::is_directory(fs::symlink_status(path, failure))) continue;
-    if (fs::is_empty(path, failure)) fs::remove(path, failure);
+    if (!fs::is_empty(path, failure) || !fs::remove(path, failure)) kept.insert(*folder);
   }
+  folders_ = std::move(kept);
   files_.clear();
 }
 
