@@ -1,0 +1,224 @@
+// The real program, worked as a person works it: mouse, keys and the file dialog.
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+
+#include "window/program.h"
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+const std::filesystem::path kConfigFolder = L"C:\\QZT\\Ordelan";
+
+class Ordelan : public ::testing::Test {
+ protected:
+  Ordelan() {
+    std::filesystem::create_directories(kConfigFolder);
+    std::filesystem::remove(kConfigFolder / L"Config.ini");
+    folder_ = std::filesystem::temp_directory_path() / L"ordelan_window";
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+  }
+  ~Ordelan() override {
+    program.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+
+  void start() { program = std::make_unique<Program>(); }
+
+  void open(const std::string& path) {
+    program->click("AbrirFichero");
+    program->pick_files({path});
+  }
+
+  void wait_decoded() {
+    program->wait_until("the end of the decode", [&] { return program->visible("SalvaListados"); });
+  }
+
+  void wait_shown(const std::string& name) {
+    program->wait_until(name + " is shown", [&] { return program->visible(name); });
+  }
+
+  // A project that takes seconds to read: references at its start, gigabytes of nothing, a marker.
+  std::string long_project() {
+    const auto file = folder_ / L"largo.vip";
+    std::string start(96, 'x');
+    start += std::string("cabecera") + '\0' + "D:\\Mix\\a.wav" + std::string(260, '\0');
+    std::ofstream(file, std::ios::binary) << start;
+    constexpr std::uintmax_t kLength = std::uintmax_t{6} << 30;
+    std::filesystem::resize_file(file, kLength);
+    std::fstream end(file, std::ios::binary | std::ios::in | std::ios::out);
+    end.seekp(static_cast<std::streamoff>(kLength - 100));
+    end << std::string("LIST\0\0\0\0mdrl", 12);
+    return file.string();
+  }
+
+  void expect_empty_window() {
+    EXPECT_TRUE(program->visible("ListProyectos"));
+    EXPECT_THAT(program->rows("ListProyectos"), IsEmpty());
+    for (int i = 0; i < 4; ++i) {
+      EXPECT_TRUE(program->visible("TextNum1(" + std::to_string(i) + ")"));
+    }
+    for (const char* shown : {"CheckDragDrop", "CheckLogo", "AbrirFichero", "cmdReset"}) {
+      EXPECT_TRUE(program->visible(shown)) << shown;
+    }
+    for (const char* hidden :
+         {"ListVip", "ListUtilizados", "ListBorrar", "LabelCheck(0)", "LabelCount(0)", "TextDecode",
+          "LabelAviso", "XP_ProgressBar1", "cmdCancelar", "cmdPerdidos", "CommandBorrado",
+          "SalvaListados", "ActualizarVip", "ZoomListas", "ListPath"}) {
+      EXPECT_FALSE(program->visible(hidden)) << hidden;
+    }
+  }
+
+  std::unique_ptr<Program> program;
+
+ private:
+  std::filesystem::path folder_;
+};
+
+TEST_F(Ordelan, starts_with_the_empty_window) {
+  start();
+  std::cout << "main window after " << program->start_time().count() << " ms\n";
+  EXPECT_EQ(program->title(), "Ordelan");
+  expect_empty_window();
+  for (const char* box : {"CheckToolTips", "CheckPlayer", "CheckSubPath", "CheckBAK",
+                          "CheckDragDrop", "CheckLogo"}) {
+    EXPECT_TRUE(program->checked(box)) << box;
+  }
+  EXPECT_TRUE(program->visible("ListProyectosInfo"));
+  program->picture_of_screen("ordelan-empty");
+}
+
+TEST_F(Ordelan, opens_a_project_through_the_file_dialog) {
+  start();
+  open("D:\\Mix\\tema.vip");
+  wait_decoded();
+  EXPECT_THAT(program->rows("ListProyectos"),
+              ElementsAre("1 --> D:\\Mix\\balada.vip", "2 --> D:\\Mix\\tema.vip",
+                          "3 --> D:\\Mix\\tema_BAK.vip"));
+  const auto rows = program->rows("ListVip");
+  ASSERT_THAT(rows, SizeIs(21));
+  EXPECT_EQ(rows[0], "D:\\Mix\\Voces\\voz_principal.wav");
+  EXPECT_EQ(rows[10], "D:\\Mix\\Canción del Año\\piñata.MP3");
+  EXPECT_EQ(program->text("LabelCheck(0)"), "Encontrados 3 proyectos en:");
+  EXPECT_EQ(program->text("LabelCount(0)"), "21 Archivos utilizados en: D:\\Mix\\tema.vip");
+  EXPECT_EQ(program->text("LabelCount(1)"), "D:\\Mix\\");
+  EXPECT_FALSE(program->visible("cmdCancelar"));
+  EXPECT_FALSE(program->visible("TextNum1(0)"));
+  program->picture_of_screen("ordelan-decoded");
+
+  program->click("cmdReset");
+  program->wait_until("the empty window", [&] { return program->visible("TextNum1(0)"); });
+  expect_empty_window();
+}
+
+TEST_F(Ordelan, a_cancelled_dialog_changes_nothing) {
+  start();
+  program->click("AbrirFichero");
+  program->cancel_file_dialog();
+  expect_empty_window();
+}
+
+TEST_F(Ordelan, a_project_without_audio_is_refused_with_a_warning) {
+  start();
+  open("D:\\Mix\\solo_midi.vip");
+  wait_shown("TextDecode");
+  EXPECT_EQ(program->text("TextDecode"),
+            " >>> AVISO <<<   Este proyecto no tiene archivos de audio");
+  EXPECT_EQ(program->pixel("TextDecode", {2, 2}), COLORREF{0x8080EE});
+  EXPECT_FALSE(program->visible("ListVip"));
+  EXPECT_FALSE(program->message_shown());
+  program->picture_of_screen("ordelan-refused");
+}
+
+TEST_F(Ordelan, a_cancel_lands_in_the_middle_of_a_long_decode) {
+  start();
+  open(long_project());
+  wait_shown("XP_ProgressBar1");
+  program->wait_until("some progress", [&] { return program->progress("XP_ProgressBar1") > 300; });
+  EXPECT_TRUE(program->visible("LabelAviso"));
+  EXPECT_TRUE(program->visible("TextDecode"));
+  EXPECT_TRUE(program->visible("TextLapsoTotal"));
+  EXPECT_FALSE(program->visible("CheckDragDrop"));
+  EXPECT_FALSE(program->visible("SalvaListados"));
+  program->picture_of_screen("ordelan-decoding");
+
+  const auto before = std::chrono::steady_clock::now();
+  program->click("cmdCancelar");
+  program->wait_until("the end of the job", [&] { return !program->visible("cmdCancelar"); });
+  const auto took = std::chrono::steady_clock::now() - before;
+  std::cout << "from the order to click until the job had ended: "
+            << std::chrono::duration_cast<std::chrono::milliseconds>(took).count() << " ms\n";
+  EXPECT_LT(program->progress("XP_ProgressBar1"), 9000) << "it was not read to its end";
+  EXPECT_THAT(program->rows("ListVip"), IsEmpty());
+  EXPECT_THAT(program->rows("ListProyectos"), SizeIs(1));
+  EXPECT_TRUE(program->visible("cmdReset"));
+  program->picture_of_screen("ordelan-cancelled");
+
+  program->click("cmdReset");
+  program->wait_until("the empty window", [&] { return program->visible("TextNum1(0)"); });
+  open("D:\\Mix\\balada.vip");
+  wait_decoded();
+  EXPECT_FALSE(program->rows("ListVip").empty());
+}
+
+TEST_F(Ordelan, a_heading_is_shown_in_full_by_a_click) {
+  start();
+  open("D:\\Mix\\tema.vip");
+  wait_decoded();
+  program->click("LabelCount(0)");
+  wait_shown("ListPath");
+  EXPECT_THAT(program->rows("ListPath"),
+              ElementsAre("21 Archivos utilizados en: D:\\Mix\\tema.vip"));
+  program->picture_of_screen("ordelan-path");
+  program->hover("ListPath");
+  program->wait_until("the strip hides under the pointer",
+                      [&] { return !program->visible("ListPath"); });
+}
+
+TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
+  start();
+  program->click("CheckBAK");
+  program->wait_until("the tick", [&] { return !program->checked("CheckBAK"); });
+  program->drag_window({300, -10}, {80, 60});
+  const RECT left = program->place();
+  program->click("Salir");
+  EXPECT_EQ(program->wait_for_end(), 0u);
+
+  start();
+  EXPECT_FALSE(program->checked("CheckBAK"));
+  EXPECT_TRUE(program->checked("CheckLogo"));
+  EXPECT_EQ(program->place().left, left.left);
+  EXPECT_EQ(program->place().top, left.top);
+}
+
+TEST_F(Ordelan, closes_with_the_windows_own_button_in_the_middle_of_a_decode) {
+  start();
+  open(long_project());
+  wait_shown("XP_ProgressBar1");
+  program->close_window();
+  EXPECT_EQ(program->wait_for_end(), 0u);
+}
+
+TEST_F(Ordelan, is_worked_by_keys_alone) {
+  start();
+  program->wait_until("the focus", [&] { return program->focused("AbrirFichero"); });
+  program->key(VK_SPACE);
+  program->pick_files({"D:\\Mix\\balada.vip"});
+  wait_decoded();
+  EXPECT_EQ(program->text("LabelCheck(0)"), "Encontrados 3 proyectos en:");
+}
+
+}  // namespace
+}  // namespace ordelan::test
