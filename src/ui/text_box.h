@@ -24,6 +24,10 @@ class TextBox : public Control {
   bool multiline() const { return multiline_; }
   void set_multiline(bool multiline) { multiline_ = multiline; }
 
+  // Whether the box has an edge; to be set before the window is loaded.
+  bool bordered() const { return bordered_; }
+  void set_bordered(bool bordered) { bordered_ = bordered; }
+
   // How many lines the text takes as it is shown.
   int line_count() const;
 
@@ -31,6 +35,7 @@ class TextBox : public Control {
   std::string text_;
   bool read_only_ = true;
   bool multiline_ = false;
+  bool bordered_ = true;
 };
 
 }  // namespace ordelan::ui

@@ -12,6 +12,7 @@ StatusStrip::StatusStrip(ui::Window& window)
       LabelAviso(window, "LabelAviso"),
       XP_ProgressBar1(window, "XP_ProgressBar1") {
   TextDecode.set_multiline(true);
+  TextDecode.set_bordered(false);  // its height is that of its lines
   TextDecode.set_fore_color(ui::rgb(0, 0, 0));
   TextDecode.hide();
   LabelAviso.hide();

@@ -56,7 +56,7 @@ class Ordelan : public ::testing::Test {
     std::string start(96, 'x');
     start += std::string("cabecera") + '\0' + "D:\\Mix\\a.wav" + std::string(260, '\0');
     std::ofstream(file, std::ios::binary) << start;
-    constexpr std::uintmax_t kLength = std::uintmax_t{6} << 30;
+    constexpr std::uintmax_t kLength = std::uintmax_t{3} << 30;
     std::filesystem::resize_file(file, kLength);
     std::fstream end(file, std::ios::binary | std::ios::in | std::ios::out);
     end.seekp(static_cast<std::streamoff>(kLength - 100));
@@ -136,7 +136,8 @@ TEST_F(Ordelan, a_project_without_audio_is_refused_with_a_warning) {
   wait_shown("TextDecode");
   EXPECT_EQ(program->text("TextDecode"),
             " >>> AVISO <<<   Este proyecto no tiene archivos de audio");
-  EXPECT_EQ(program->pixel("TextDecode", {2, 2}), COLORREF{0x8080EE});
+  program->wait_until("the warning's colour",
+                      [&] { return program->pixel("TextDecode", {2, 2}) == COLORREF{0x8080EE}; });
   EXPECT_FALSE(program->visible("ListVip"));
   EXPECT_FALSE(program->message_shown());
   program->picture_of_screen("ordelan-refused");
@@ -191,7 +192,11 @@ TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
   start();
   program->click("CheckBAK");
   program->wait_until("the tick", [&] { return !program->checked("CheckBAK"); });
+  const RECT before = program->place();
   program->drag_window({300, -10}, {80, 60});
+  program->wait_until("the end of the drag", [&] {
+    return program->place().left == before.left + 80 && program->place().top == before.top + 60;
+  });
   const RECT left = program->place();
   program->click("Salir");
   EXPECT_EQ(program->wait_for_end(), 0u);

@@ -271,9 +271,11 @@ COLORREF Program::pixel(const std::string& name, POINT place) const {
 }
 
 void Program::picture_of_screen(const std::string& name) const {
+  wait_for_still_screen();
   if (save_screen(name).empty()) throw std::runtime_error("the picture could not be saved");
 }
 void Program::picture_of_window(const std::string& name) const {
+  wait_for_still_screen();
   if (save_screen(name, place()).empty()) {
     throw std::runtime_error("the picture could not be saved");
   }

@@ -3,6 +3,9 @@
 #include <objidl.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace Gdiplus {
 using std::max;
@@ -47,6 +50,34 @@ std::wstring folder() {
 }
 
 }  // namespace
+
+void wait_for_still_screen() {
+  constexpr int kLooks = 20;
+  constexpr DWORD kPause = 50;
+  const int width = GetSystemMetrics(SM_CXSCREEN);
+  const int height = GetSystemMetrics(SM_CYSCREEN);
+  BITMAPINFO format{};
+  format.bmiHeader = {sizeof format.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  const HDC screen = GetDC(nullptr);
+  const HDC memory = CreateCompatibleDC(screen);
+  void* bits = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(screen, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+  const HGDIOBJ old = SelectObject(memory, bitmap);
+  const auto* pixels = static_cast<const std::uint32_t*>(bits);
+  std::vector<std::uint32_t> before;
+  for (int look = 0; look < kLooks && bits != nullptr; ++look) {
+    BitBlt(memory, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+    GdiFlush();
+    std::vector<std::uint32_t> now(pixels, pixels + std::size_t(width) * std::size_t(height));
+    if (now == before) break;
+    before = std::move(now);
+    Sleep(kPause);
+  }
+  SelectObject(memory, old);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+}
 
 std::wstring save_screen(const std::string& name) {
   return save_screen(name,

@@ -13,4 +13,8 @@ namespace ordelan::test {
 std::wstring save_screen(const std::string& name);
 std::wstring save_screen(const std::string& name, const RECT& area);
 
+// Waits until two looks at the screen show the same, a second at most: what has just changed is
+// painted then. A screen on which something runs is never still.
+void wait_for_still_screen();
+
 }  // namespace ordelan::test
