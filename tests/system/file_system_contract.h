@@ -276,8 +276,29 @@ TYPED_TEST_P(FileSystemContract, paths_longer_than_260_characters_work) {
   EXPECT_EQ(entries->size(), 1u);
 }
 
+TYPED_TEST_P(FileSystemContract, a_file_takes_the_place_of_another_in_one_step) {
+  this->place().write(this->path("a.ini"), "old");
+  this->place().write(this->path("a.ini.new"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("a.ini.new"), this->path("a.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "new");
+  EXPECT_FALSE(this->files().info(this->path("a.ini.new")));
+  EXPECT_FALSE(this->files().replace(this->path("nada"), this->path("a.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "new");
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_is_removed_and_a_folder_is_not) {
+  this->place().write(this->path("a.wav"), "1");
+  this->place().make_folder(this->path("Mix"));
+  EXPECT_TRUE(this->files().remove(this->path("a.wav")));
+  EXPECT_FALSE(this->files().info(this->path("a.wav")));
+  EXPECT_FALSE(this->files().remove(this->path("a.wav")));
+  EXPECT_FALSE(this->files().remove(this->path("Mix")));
+  EXPECT_TRUE(this->files().info(this->path("Mix")));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(
-    FileSystemContract, a_file_is_known_with_its_size,
+    FileSystemContract, a_file_takes_the_place_of_another_in_one_step,
+    a_file_is_removed_and_a_folder_is_not, a_file_is_known_with_its_size,
     a_path_in_another_case_finds_the_name_as_the_disk_has_it,
     a_folder_is_known_as_one_and_has_no_size, what_is_not_there_gives_nothing,
     paths_that_are_not_plain_and_absolute_give_nothing,

@@ -1,0 +1,39 @@
+// The file system of Linux keeps to what every one keeps to.
+#include "system/file_system_contract.h"
+
+#include "posix/native_folder.h"
+#include "text/code_page.h"
+
+namespace ordelan::test {
+namespace {
+
+class PosixPlace {
+ public:
+  PosixPlace() { mapped_.disk.folder("lugar"); }
+
+  system::FileSystem& files() { return mapped_.files; }
+  std::string folder() { return "D:\\lugar"; }
+  void make_folder(std::string_view path) { mapped_.disk.folder(native(path)); }
+  void write(std::string_view path, std::string_view bytes) {
+    mapped_.disk.file(native(path), std::string(bytes));
+  }
+  void truncate(std::string_view path) { write(path, ""); }
+  void write_unnameable() { mapped_.disk.file("lugar/\xD0\x96\xE6\xBC\xA2.wav"); }
+
+ private:
+  // The name below the mapped folder.
+  static std::string native(std::string_view path) {
+    std::string name = text::to_utf8(path.substr(std::string_view("D:\\").size()));
+    for (char& c : name) {
+      if (c == '\\') c = '/';
+    }
+    return name;
+  }
+
+  MappedFolder mapped_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FileSystemContract, PosixPlace);
+
+}  // namespace
+}  // namespace ordelan::test
