@@ -1,7 +1,6 @@
 #include "app/console.h"
 
 #include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <ostream>
 
@@ -26,8 +25,10 @@ struct Options {
 // A pair of flags of which the last one given counts; none leaves the window's own choice.
 void add_choice(CLI::App& command, const std::string& name, std::optional<bool>& choice,
                 const std::string& help) {
-  command.add_flag_callback("--" + name, [&choice] { choice = true; }, help);
-  command.add_flag_callback("--sin-" + name, [&choice] { choice = false; }, "No " + help);
+  command.add_flag_callback(
+      "--" + name, [&choice] { choice = true; }, help);
+  command.add_flag_callback(
+      "--sin-" + name, [&choice] { choice = false; }, "No " + help);
 }
 
 // "D=/folder" to a mapped drive. Gives a complaint, or nothing when it went well.
@@ -103,7 +104,8 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       ->allow_extra_args(false);
   app.add_option("--config", options.config, "Lee las opciones de este archivo INI");
   app.add_flag("--json", options.json, "Imprime un objeto JSON");
-  CLI::App* open = app.add_subcommand("abrir", "Abre un proyecto, como el bot\xC3\xB3n de la ventana");
+  CLI::App* open =
+      app.add_subcommand("abrir", "Abre un proyecto, como el bot\xC3\xB3n de la ventana");
   open->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
   add_choice(*open, "subcarpetas", options.subfolders, "incluir las subcarpetas");
   add_choice(*open, "bak", options.backups, "incluir los proyectos Vip_BAK");

@@ -30,9 +30,9 @@ struct ConsoleHost {
 };
 
 // Exit codes.
-inline constexpr int kDone = 0;      // decoded
-inline constexpr int kRefused = 1;   // the program refused the project; its warning is in `error`
-inline constexpr int kMisused = 2;   // wrong use or an unreadable file; one line in `error`
+inline constexpr int kDone = 0;     // decoded
+inline constexpr int kRefused = 1;  // the program refused the project; its warning is in `error`
+inline constexpr int kMisused = 2;  // wrong use or an unreadable file; one line in `error`
 
 // Runs one command line (UTF-8, without the program's name) and gives the exit code.
 int run_console(const std::vector<std::string>& arguments, const ConsoleHost& host,

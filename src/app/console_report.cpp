@@ -1,8 +1,7 @@
 #include "app/console_report.h"
 
-#include <nlohmann/json.hpp>
-
 #include <array>
+#include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 

@@ -19,14 +19,16 @@ int main(int count, char** arguments) {
   posix::SteadyClock clock;
   posix::EnvironmentRegional regional;
   const app::ConsoleHost host{
-      files, clock, regional,
+      files,
+      clock,
+      regional,
       [&](char letter, const std::string& folder) { return drives.map(letter, folder); },
       [&](const std::string& file) {
         // The file may lie anywhere: its folder is a drive of its own.
         const auto slash = file.rfind('/');
         const std::string folder = slash == std::string::npos ? "." : file.substr(0, slash + 1);
-        const auto name = text::from_utf8(slash == std::string::npos ? file
-                                                                     : file.substr(slash + 1));
+        const auto name =
+            text::from_utf8(slash == std::string::npos ? file : file.substr(slash + 1));
         if (!file.empty() && name && config_drive.map('C', folder)) {
           return std::make_unique<settings::Settings>(config_files, regional, "C:\\" + *name);
         }

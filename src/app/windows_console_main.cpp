@@ -17,12 +17,11 @@ namespace {
 
 std::string utf8(const std::wstring& wide) {
   const int length = static_cast<int>(wide.size());
-  std::string bytes(static_cast<std::size_t>(
-                        WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr,
-                                            nullptr)),
+  std::string bytes(static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length,
+                                                                 nullptr, 0, nullptr, nullptr)),
                     '\0');
-  WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, bytes.data(),
-                      static_cast<int>(bytes.size()), nullptr, nullptr);
+  WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()),
+                      nullptr, nullptr);
   return bytes;
 }
 

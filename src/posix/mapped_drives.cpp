@@ -17,9 +17,13 @@ bool exists(const std::string& path) {
   return ::stat(path.c_str(), &found) == 0;
 }
 
-bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool is_letter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 
-char capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+char capital(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
 
 // The entry of a folder whose name differs from `name` by case at most.
 std::optional<std::string> entry_ignoring_case(const std::string& folder, std::string_view name) {
@@ -45,7 +49,8 @@ bool is_windows_name(std::string_view name) {
 }
 
 bool MappedDrives::map(char letter, const std::string& folder) {
-  const std::unique_ptr<char, void (*)(void*)> real(::realpath(folder.c_str(), nullptr), &std::free);
+  const std::unique_ptr<char, void (*)(void*)> real(::realpath(folder.c_str(), nullptr),
+                                                    &std::free);
   struct stat found {};
   if (!is_letter(letter) || !real || ::stat(real.get(), &found) != 0 || !S_ISDIR(found.st_mode)) {
     return false;

@@ -25,10 +25,9 @@ bool FileWindow::move(Position from) {
   if (kept > 0) std::memmove(buffer_.data(), buffer_.data() + skipped, kept);
 
   const std::optional<std::size_t> came =
-      wanted == 0
-          ? std::size_t{0}
-                        : file_.read(static_cast<std::uint64_t>(next - 1),
-                                     std::span(buffer_).subspan(kept, wanted));
+      wanted == 0 ? std::size_t{0}
+                  : file_.read(static_cast<std::uint64_t>(next - 1),
+                               std::span(buffer_).subspan(kept, wanted));
   const std::size_t size = kept + came.value_or(0);
   const bool last = !came || *came < wanted || from + static_cast<Position>(size) > length_;
   stretch_ = {buffer_.data(), from, size, last};

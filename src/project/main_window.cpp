@@ -64,9 +64,9 @@ void Form1::name_controls() {
   Configurar.set_caption("Configurar");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
-  for (ui::Control* pending : std::initializer_list<ui::Control*>{
-           &CommandBorrado, &cmdPerdidos, &SalvaListados, &ActualizarVip, &Configurar,
-           &ZoomListas}) {
+  for (ui::Control* pending :
+       std::initializer_list<ui::Control*>{&CommandBorrado, &cmdPerdidos, &SalvaListados,
+                                           &ActualizarVip, &Configurar, &ZoomListas}) {
     pending->set_enabled(false);
   }
 
@@ -105,8 +105,8 @@ void Form1::wire() {
   CheckLogo.on_click = [this] { CheckLogo_Click(); };
   ListProyectosInfo.on_mouse_move = [this](ui::Point) { ListProyectosInfo.hide(); };
   // A heading that the window cuts off can be read in full on the strip.
-  for (auto* headings : {&lists.LabelAdd, &lists.LabelCheck, &lists.LabelCount,
-                         &lists.LabelErase}) {
+  for (auto* headings :
+       {&lists.LabelAdd, &lists.LabelCheck, &lists.LabelCount, &lists.LabelErase}) {
     for (auto& heading : *headings) {
       heading->on_click = [this, label = heading.get()] {
         path_strip.MostrarPath(label->caption());

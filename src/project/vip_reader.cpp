@@ -171,8 +171,7 @@ std::string VipReader::row_text(Run& run, const Reference& found) {
   for (Position at = found.start; at <= found.last;) {
     const auto left = static_cast<std::size_t>(found.last + 1 - at);
     const auto wanted = std::span(piece).first(std::min(piece.size(), left));
-    const std::size_t came =
-        run.file->read(static_cast<std::uint64_t>(at - 1), wanted).value_or(0);
+    const std::size_t came = run.file->read(static_cast<std::uint64_t>(at - 1), wanted).value_or(0);
     const std::uint8_t* begin = piece.data();
     const auto* end = begin + came;
     const auto* nul = text::find_byte(begin, end, 0);

@@ -43,8 +43,8 @@ class VipReader {
   // The scan limit that the marker sets, searched from `Desde` on; 0 when there is no marker.
   Position BuscarMarcaListas(const std::string& Ruta, Position Desde);
 
-  Position PosInicioVip = 0;      // just behind the header text; kept from one call to the next
-  Position PosFinalVip = 0;       // scan limit of the last call
+  Position PosInicioVip = 0;         // just behind the header text; kept from one call to the next
+  Position PosFinalVip = 0;          // scan limit of the last call
   std::size_t TotalArchivosVip = 0;  // file rows added so far
 
  private:

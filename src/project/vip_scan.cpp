@@ -55,8 +55,8 @@ void MarkerSearch::advance(const Stretch& stretch) {
   const Position end = std::min(stretch.end(), length_);
   while (!done_) {
     if (position_ >= end) break;
-    position_ += text::find_byte(stretch.at(position_), stretch.at(end), 'L') -
-                 stretch.at(position_);
+    position_ +=
+        text::find_byte(stretch.at(position_), stretch.at(end), 'L') - stretch.at(position_);
     if (position_ == end) break;
     const bool whole = position_ + kMarkerSize <= stretch.end();
     if (!whole && !stretch.last) return;
@@ -140,8 +140,8 @@ bool ReferenceScan::seek_extension(const Stretch& stretch, Position limit, Refer
   for (;;) {
     const Position end = std::min(limit + 1, stretch.end());
     if (position_ < end) {
-      position_ += text::find_either(stretch.at(position_), stretch.at(end), 0, '.') -
-                   stretch.at(position_);
+      position_ +=
+          text::find_either(stretch.at(position_), stretch.at(end), 0, '.') - stretch.at(position_);
     }
     if (position_ > limit) {
       phase_ = Phase::ended;

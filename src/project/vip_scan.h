@@ -23,9 +23,9 @@ inline constexpr Position kNoLimit = std::numeric_limits<Position>::max() / 2;
 // Bytes of a file that stand one behind the other.
 struct Stretch {
   const std::uint8_t* data = nullptr;
-  Position first = 1;     // the position of data[0]
-  std::size_t size = 0;   // bytes at hand
-  bool last = false;      // no byte of the file stands behind these
+  Position first = 1;    // the position of data[0]
+  std::size_t size = 0;  // bytes at hand
+  bool last = false;     // no byte of the file stands behind these
 
   Position end() const { return first + static_cast<Position>(size); }
   const std::uint8_t* at(Position position) const { return data + (position - first); }

@@ -5,7 +5,9 @@
 namespace ordelan::settings {
 namespace {
 
-bool blank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+bool blank(char c) {
+  return c == ' ' || c == '\t' || c == '\r';
+}
 
 std::string_view trimmed(std::string_view text) {
   while (!text.empty() && blank(text.front())) text.remove_prefix(1);

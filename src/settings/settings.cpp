@@ -78,9 +78,9 @@ void Settings::GrabarIni(std::string_view Ruta, std::string_view Clave, std::str
 
 double Settings::number(std::string_view key, double fallback) const {
   const std::string value = LeerIni(RutaConfig, key, "");
-  const bool starts_like_one =
-      !value.empty() && value.find_first_of("0123456789") != std::string::npos &&
-      value.find_first_not_of("0123456789+-.,Ee ") == std::string::npos;
+  const bool starts_like_one = !value.empty() &&
+                               value.find_first_of("0123456789") != std::string::npos &&
+                               value.find_first_not_of("0123456789+-.,Ee ") == std::string::npos;
   if (!starts_like_one) return fallback;
   return text::parse_number(value, regional_.decimal_mark());
 }

@@ -35,7 +35,9 @@ void append_unit(std::string& bytes, std::uint32_t unit) {
 
 }  // namespace
 
-bool is_wide(std::string_view bytes) { return bytes.substr(0, kMark.size()) == kMark; }
+bool is_wide(std::string_view bytes) {
+  return bytes.substr(0, kMark.size()) == kMark;
+}
 
 std::string utf8_of_wide(std::string_view bytes) {
   const auto unit = [&](std::size_t at) {

@@ -17,9 +17,13 @@ __m128i load(const std::uint8_t* at) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
 }
 
-__m128i all(std::uint8_t byte) { return _mm_set1_epi8(static_cast<char>(byte)); }
+__m128i all(std::uint8_t byte) {
+  return _mm_set1_epi8(static_cast<char>(byte));
+}
 
-unsigned bits(__m128i mask) { return static_cast<unsigned>(_mm_movemask_epi8(mask)); }
+unsigned bits(__m128i mask) {
+  return static_cast<unsigned>(_mm_movemask_epi8(mask));
+}
 
 // Runs `vector` (16 places at once, a bit for each hit) while whole steps are left, then `scalar`
 // place by place.
@@ -48,8 +52,8 @@ const std::uint8_t* find_byte(const std::uint8_t* from, const std::uint8_t* end,
 #ifdef ORDELAN_SSE2
   const __m128i wanted = all(byte);
   return search(
-      from, end,
-      [=](const std::uint8_t* p) { return bits(_mm_cmpeq_epi8(load(p), wanted)); }, scalar);
+      from, end, [=](const std::uint8_t* p) { return bits(_mm_cmpeq_epi8(load(p), wanted)); },
+      scalar);
 #else
   return search(from, end, scalar);
 #endif
@@ -65,8 +69,7 @@ const std::uint8_t* find_either(const std::uint8_t* from, const std::uint8_t* en
       from, end,
       [=](const std::uint8_t* p) {
         const __m128i here = load(p);
-        return bits(
-            _mm_or_si128(_mm_cmpeq_epi8(here, wanted), _mm_cmpeq_epi8(here, wanted_too)));
+        return bits(_mm_or_si128(_mm_cmpeq_epi8(here, wanted), _mm_cmpeq_epi8(here, wanted_too)));
       },
       scalar);
 #else
@@ -74,8 +77,8 @@ const std::uint8_t* find_either(const std::uint8_t* from, const std::uint8_t* en
 #endif
 }
 
-const std::uint8_t* find_pair(const std::uint8_t* from, const std::uint8_t* end,
-                              std::uint8_t first, std::uint8_t second, std::uint8_t third) {
+const std::uint8_t* find_pair(const std::uint8_t* from, const std::uint8_t* end, std::uint8_t first,
+                              std::uint8_t second, std::uint8_t third) {
   const auto scalar = [=](const std::uint8_t* p) {
     return p[0] == first && (p[1] == second || p[1] == third);
   };
@@ -89,8 +92,8 @@ const std::uint8_t* find_pair(const std::uint8_t* from, const std::uint8_t* end,
         const unsigned leads = bits(_mm_cmpeq_epi8(load(p), lead));
         if (leads == 0) return 0u;
         const __m128i next = load(p + 1);
-        return leads & bits(_mm_or_si128(_mm_cmpeq_epi8(next, follow),
-                                         _mm_cmpeq_epi8(next, follow_too)));
+        return leads &
+               bits(_mm_or_si128(_mm_cmpeq_epi8(next, follow), _mm_cmpeq_epi8(next, follow_too)));
       },
       scalar);
 #else

@@ -7,8 +7,7 @@
 namespace ordelan::text {
 
 // The first place in [from, end) that holds `byte`; `end` if there is none.
-const std::uint8_t* find_byte(const std::uint8_t* from, const std::uint8_t* end,
-                              std::uint8_t byte);
+const std::uint8_t* find_byte(const std::uint8_t* from, const std::uint8_t* end, std::uint8_t byte);
 
 // The first place in [from, end) that holds either byte; `end` if there is none.
 const std::uint8_t* find_either(const std::uint8_t* from, const std::uint8_t* end,
@@ -16,7 +15,7 @@ const std::uint8_t* find_either(const std::uint8_t* from, const std::uint8_t* en
 
 // The first place p with p[0] == `first` and p[1] one of `second` and `third`, where p lies in
 // [from, end) and p[1] may be read also at `end`. `end` if there is none.
-const std::uint8_t* find_pair(const std::uint8_t* from, const std::uint8_t* end,
-                              std::uint8_t first, std::uint8_t second, std::uint8_t third);
+const std::uint8_t* find_pair(const std::uint8_t* from, const std::uint8_t* end, std::uint8_t first,
+                              std::uint8_t second, std::uint8_t third);
 
 }  // namespace ordelan::text

@@ -13,8 +13,8 @@ constexpr std::array<std::uint16_t, 32> kHighControls = {
 constexpr std::array<std::uint16_t, 256> make_code_points() {
   std::array<std::uint16_t, 256> points{};
   for (std::size_t byte = 0; byte < points.size(); ++byte) {
-    points[byte] = byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80]
-                                               : static_cast<std::uint16_t>(byte);
+    points[byte] =
+        byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80] : static_cast<std::uint16_t>(byte);
   }
   return points;
 }
@@ -102,7 +102,9 @@ std::optional<std::string> from_utf8(std::string_view utf8) {
   return ansi;
 }
 
-char lower(char byte) { return kLower[static_cast<unsigned char>(byte)]; }
+char lower(char byte) {
+  return kLower[static_cast<unsigned char>(byte)];
+}
 
 std::string lower(std::string_view text) {
   std::string folded(text);
@@ -116,10 +118,9 @@ bool equal_ignoring_case(std::string_view a, std::string_view b) {
 }
 
 bool less_ignoring_case(std::string_view a, std::string_view b) {
-  return std::lexicographical_compare(
-      a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y));
-      });
+  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+    return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y));
+  });
 }
 
 std::string_view trim_left(std::string_view text) {

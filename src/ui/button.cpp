@@ -4,6 +4,8 @@
 
 namespace ordelan::ui {
 
-void Button::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void Button::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 }  // namespace ordelan::ui

@@ -4,7 +4,9 @@
 
 namespace ordelan::ui {
 
-void CheckBox::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void CheckBox::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 void CheckBox::toggle() {
   set_checked(!checked_);

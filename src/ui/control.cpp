@@ -11,20 +11,38 @@ Control::Control(Window& window, std::string name, int index)
   window_.add(*this);
 }
 
-Control::~Control() { window_.remove(*this); }
+Control::~Control() {
+  window_.remove(*this);
+}
 
-void Control::set_visible(bool visible) { assign(visible_, visible, Aspect::visible); }
-void Control::set_enabled(bool enabled) { assign(enabled_, enabled, Aspect::enabled); }
-void Control::set_bounds(const Rect& bounds) { assign(bounds_, bounds, Aspect::bounds); }
-void Control::set_back_color(Color color) { assign(back_color_, color, Aspect::colors); }
-void Control::set_fore_color(Color color) { assign(fore_color_, color, Aspect::colors); }
-void Control::set_font(const Font& font) { assign(font_, font, Aspect::font); }
-void Control::set_tip(std::string tip) { assign(tip_, std::move(tip), Aspect::tip); }
+void Control::set_visible(bool visible) {
+  assign(visible_, visible, Aspect::visible);
+}
+void Control::set_enabled(bool enabled) {
+  assign(enabled_, enabled, Aspect::enabled);
+}
+void Control::set_bounds(const Rect& bounds) {
+  assign(bounds_, bounds, Aspect::bounds);
+}
+void Control::set_back_color(Color color) {
+  assign(back_color_, color, Aspect::colors);
+}
+void Control::set_fore_color(Color color) {
+  assign(fore_color_, color, Aspect::colors);
+}
+void Control::set_font(const Font& font) {
+  assign(font_, font, Aspect::font);
+}
+void Control::set_tip(std::string tip) {
+  assign(tip_, std::move(tip), Aspect::tip);
+}
 
 void Control::set_description(std::string description) {
   assign(description_, std::move(description), Aspect::text);
 }
 
-void Control::bring_to_front() { notify(Aspect::order); }
+void Control::bring_to_front() {
+  notify(Aspect::order);
+}
 
 }  // namespace ordelan::ui

@@ -4,6 +4,8 @@
 
 namespace ordelan::ui {
 
-void Image::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void Image::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 }  // namespace ordelan::ui

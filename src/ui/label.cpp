@@ -4,6 +4,8 @@
 
 namespace ordelan::ui {
 
-void Label::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void Label::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 }  // namespace ordelan::ui

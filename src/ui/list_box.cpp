@@ -9,7 +9,9 @@ namespace {
 
 const std::string kNoRow;
 
-std::string_view until_nul(std::string_view row) { return row.substr(0, row.find('\0')); }
+std::string_view until_nul(std::string_view row) {
+  return row.substr(0, row.find('\0'));
+}
 
 }  // namespace
 
@@ -19,7 +21,9 @@ ListBox::ListBox(Window& window, std::string name, int index)
   set_fore_color(Color::window_text);
 }
 
-void ListBox::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void ListBox::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 const std::string& ListBox::row(std::size_t index) const {
   return index < rows_.size() ? rows_[index] : kNoRow;

@@ -4,7 +4,9 @@
 
 namespace ordelan::ui {
 
-void ProgressBar::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void ProgressBar::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 void ProgressBar::set_range(std::int64_t minimum, std::int64_t maximum) {
   if (minimum == minimum_ && maximum == maximum_) return;

@@ -13,8 +13,12 @@ TextBox::TextBox(Window& window, std::string name, int index)
   set_fore_color(Color::window_text);
 }
 
-void TextBox::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void TextBox::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
-int TextBox::line_count() const { return window().backend().line_count(*this); }
+int TextBox::line_count() const {
+  return window().backend().line_count(*this);
+}
 
 }  // namespace ordelan::ui

@@ -4,7 +4,9 @@
 
 namespace ordelan::ui {
 
-void Timer::attach(Backend& backend) { peer_ = backend.attach(*this); }
+void Timer::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
 
 void Timer::start() {
   running_ = true;

@@ -29,19 +29,34 @@ void Window::set_order(const std::vector<Control*>& order) {
   const auto place = [&](const Control* control) {
     return std::find(order.begin(), order.end(), control) - order.begin();
   };
-  std::stable_sort(controls_.begin(), controls_.end(), [&](const Control* a, const Control* b) {
-    return place(a) < place(b);
-  });
+  std::stable_sort(controls_.begin(), controls_.end(),
+                   [&](const Control* a, const Control* b) { return place(a) < place(b); });
 }
 
-void Window::set_title(std::string title) { assign(title_, std::move(title), Aspect::text); }
-void Window::set_visible(bool visible) { assign(visible_, visible, Aspect::visible); }
-void Window::set_position(Point position) { assign(position_, position, Aspect::bounds); }
-void Window::set_size(Size size) { assign(size_, size, Aspect::bounds); }
-void Window::set_back_color(Color color) { assign(back_color_, color, Aspect::colors); }
-void Window::set_topmost(bool topmost) { assign(topmost_, topmost, Aspect::order); }
-void Window::set_minimized(bool minimized) { assign(minimized_, minimized, Aspect::state); }
-void Window::set_waiting(bool waiting) { assign(waiting_, waiting, Aspect::state); }
+void Window::set_title(std::string title) {
+  assign(title_, std::move(title), Aspect::text);
+}
+void Window::set_visible(bool visible) {
+  assign(visible_, visible, Aspect::visible);
+}
+void Window::set_position(Point position) {
+  assign(position_, position, Aspect::bounds);
+}
+void Window::set_size(Size size) {
+  assign(size_, size, Aspect::bounds);
+}
+void Window::set_back_color(Color color) {
+  assign(back_color_, color, Aspect::colors);
+}
+void Window::set_topmost(bool topmost) {
+  assign(topmost_, topmost, Aspect::order);
+}
+void Window::set_minimized(bool minimized) {
+  assign(minimized_, minimized, Aspect::state);
+}
+void Window::set_waiting(bool waiting) {
+  assign(waiting_, waiting, Aspect::state);
+}
 
 void Window::add(Control& control) {
   // A control made at run time in a window that is up already. Its constructor is still running,

@@ -18,7 +18,8 @@ DWORD style_of(const ui::TextBox& box) {
 
 TextBoxPeer::TextBoxPeer(WindowPeer& parent, ui::TextBox& box)
     : ControlPeer(parent, box, L"EDIT", style_of(box),
-                  box.bordered() ? DWORD{WS_EX_CLIENTEDGE} : 0), box_(box) {
+                  box.bordered() ? DWORD{WS_EX_CLIENTEDGE} : 0),
+      box_(box) {
   desk().enter(box, *this);
 }
 

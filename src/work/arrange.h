@@ -9,8 +9,8 @@
 namespace ordelan::work {
 
 // The order of the layout becomes the order of the controls. To be called before the window is
-// loaded. Controls that the layout does not name stay where they are, and places of controls that the
-// window does not have are passed over.
+// loaded. Controls that the layout does not name stay where they are, and places of controls that
+// the window does not have are passed over.
 void arrange(ui::Window& window, std::span<const skin::Place> layout);
 
 }  // namespace ordelan::work

@@ -53,9 +53,13 @@ void Clocks::ShowLapso() {
   TextLapsoTotal.set_text(text::elapsed(LapsoDeco, regional_.decimal_mark()));
 }
 
-void Clocks::ShowLapsoDeco() { show_time(LapsoDeco); }
+void Clocks::ShowLapsoDeco() {
+  show_time(LapsoDeco);
+}
 
-void Clocks::ShowTimeActualizar() { show_time(TiempoActualizar); }
+void Clocks::ShowTimeActualizar() {
+  show_time(TiempoActualizar);
+}
 
 void Clocks::reset() {
   TimerLap.stop();

@@ -20,10 +20,10 @@ struct WorkInHand {
   std::string NombreProyecto;  // full path of the decoded project
   std::string ArchivoActual;   // audio file of the moment
   bool Cancelar = false;       // stop request, looked at by every long loop
-  bool Descodificando = false;  // a decode runs
-  bool ModoPosiciones = false;  // relinking runs: the reader writes positions, adds no rows
-  bool ClickEnLista = false;    // a click on a list is being handled
-  bool Borrando = false;        // a removal runs: no decode, no reset, no cancel
+  bool Descodificando = false;         // a decode runs
+  bool ModoPosiciones = false;         // relinking runs: the reader writes positions, adds no rows
+  bool ClickEnLista = false;           // a click on a list is being handled
+  bool Borrando = false;               // a removal runs: no decode, no reset, no cancel
   ui::ListBox* ListaActual = nullptr;  // the list last clicked
 
   // Begins a job: runs that began earlier are superseded by it. A reset begins one too, so that

@@ -30,8 +30,8 @@ void WorkLists::head_projects(const std::string& folder) {
 }
 
 void WorkLists::head_project(const std::string& project, const std::string& folder) {
-  LabelCount[0].set_caption(std::to_string(ListVip.count()) + " Archivos utilizados en: " +
-                            project);
+  LabelCount[0].set_caption(std::to_string(ListVip.count()) +
+                            " Archivos utilizados en: " + project);
   LabelCount[1].set_caption(folder);
   LabelCount.set_visible(true);
 }

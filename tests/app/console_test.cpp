@@ -1,11 +1,10 @@
 // The console program, run as a script runs it: a process with arguments, output and exit code.
 #include <gmock/gmock.h>
 
-#include <nlohmann/json.hpp>
-
 #include <array>
 #include <cstdio>
 #include <fstream>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "support/desk.h"
@@ -60,10 +59,10 @@ TEST_F(Console, prints_one_json_object_in_utf8) {
   const Json json = result.json();
   std::vector<std::string> keys;
   for (const auto& item : json.items()) keys.push_back(item.key());
-  EXPECT_THAT(keys, ::testing::UnorderedElementsAre(
-                        "ListProyectos", "ListVip", "ListUtilizados", "ListBorrar", "ListPerdidos",
-                        "LabelCheck", "LabelCount", "LabelAdd", "LabelErase", "TextDecode",
-                        "mensajes"));
+  EXPECT_THAT(keys, ::testing::UnorderedElementsAre("ListProyectos", "ListVip", "ListUtilizados",
+                                                    "ListBorrar", "ListPerdidos", "LabelCheck",
+                                                    "LabelCount", "LabelAdd", "LabelErase",
+                                                    "TextDecode", "mensajes"));
   EXPECT_EQ(json["ListProyectos"], Json({"1 --> D:\\Mix\\tema.vip"}));
   EXPECT_EQ(json["ListVip"], Json({"D:\\Mix\\Canci\xC3\xB3n.wav", "D:\\Mix\\b.mp3"}));
   EXPECT_EQ(json["LabelCheck"], Json({"Encontrados 1 proyectos en:", "D:\\Mix\\"}));
@@ -128,9 +127,9 @@ TEST_F(Console, projects_come_in_alphabetical_order_without_case) {
   for (const char* name : {"b.vip", "A.vip", "c.VIP", "\xE1.vip"}) {
     disk.write(name, project_of({"D:\\a.wav"}));
   }
-  EXPECT_EQ(run("--json abrir 'D:\\b.vip'").json()["ListProyectos"],
-            Json({"1 --> D:\\A.vip", "2 --> D:\\b.vip", "3 --> D:\\c.VIP",
-                  "4 --> D:\\\xC3\xA1.vip"}));
+  EXPECT_EQ(
+      run("--json abrir 'D:\\b.vip'").json()["ListProyectos"],
+      Json({"1 --> D:\\A.vip", "2 --> D:\\b.vip", "3 --> D:\\c.VIP", "4 --> D:\\\xC3\xA1.vip"}));
 }
 
 }  // namespace

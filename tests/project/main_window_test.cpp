@@ -29,13 +29,14 @@ struct MainWindow : ::testing::Test, Desk {
     EXPECT_EQ(form.ShowIco.visible(), form.CheckLogo.checked());
     EXPECT_EQ(form.ListProyectosInfo.visible(), form.CheckDragDrop.checked());
     for (const ui::Control* hidden : std::initializer_list<const ui::Control*>{
-             &form.lists.ListVip, &form.lists.ListUtilizados, &form.lists.ListBorrar,
-             &form.lists.List1, &form.lists.LabelCheck[0], &form.lists.LabelCheck[1],
-             &form.lists.LabelCount[0], &form.lists.LabelCount[1], &form.lists.LabelAdd[0],
-             &form.lists.LabelAdd[1], &form.lists.LabelErase[0], &form.lists.LabelErase[1],
-             &form.cmdCancelar, &form.cmdPerdidos, &form.CommandBorrado, &form.SalvaListados,
-             &form.ActualizarVip, &form.ZoomListas, &form.strip.TextDecode,
-             &form.strip.LabelAviso, &form.strip.XP_ProgressBar1, &form.path_strip.ListPath}) {
+             &form.lists.ListVip,       &form.lists.ListUtilizados, &form.lists.ListBorrar,
+             &form.lists.List1,         &form.lists.LabelCheck[0],  &form.lists.LabelCheck[1],
+             &form.lists.LabelCount[0], &form.lists.LabelCount[1],  &form.lists.LabelAdd[0],
+             &form.lists.LabelAdd[1],   &form.lists.LabelErase[0],  &form.lists.LabelErase[1],
+             &form.cmdCancelar,         &form.cmdPerdidos,          &form.CommandBorrado,
+             &form.SalvaListados,       &form.ActualizarVip,        &form.ZoomListas,
+             &form.strip.TextDecode,    &form.strip.LabelAviso,     &form.strip.XP_ProgressBar1,
+             &form.path_strip.ListPath}) {
       EXPECT_FALSE(hidden->visible()) << hidden->name();
     }
   }
@@ -398,8 +399,8 @@ TEST_F(MainWindow, hostile_files_give_their_rows_or_nothing) {
   disk.write("sin_nul.vip", std::string(300'000, 'x'));
   disk.make_folder("carpeta.vip");
   disk.write_sparse("hueco.vip", std::uint64_t{2} << 30);
-  for (const char* name : {"cero.vip", "b96.vip", "b97.vip", "sin_nul.vip", "carpeta.vip",
-                           "hueco.vip"}) {
+  for (const char* name :
+       {"cero.vip", "b96.vip", "b97.vip", "sin_nul.vip", "carpeta.vip", "hueco.vip"}) {
     open(name);
     EXPECT_EQ(form.strip.TextDecode.text(),
               " >>> AVISO <<<   Este proyecto no tiene archivos de audio")

@@ -19,7 +19,9 @@ std::string vip(const std::string& content, const std::string& header = "cabecer
          "mdrl" + "Z:\\detras.wav" + std::string(40, '\0');
 }
 
-std::string path_field(const std::string& path) { return path + '\0'; }
+std::string path_field(const std::string& path) {
+  return path + '\0';
+}
 std::string padded_field(const std::string& path) {
   return path + std::string(260 - path.size(), '\0');
 }
@@ -133,8 +135,8 @@ TEST_F(VipReaderTest, a_reference_cut_off_by_the_limit_gives_no_row) {
 TEST_F(VipReaderTest, a_row_with_its_arrow_scans_from_where_the_last_header_ended) {
   decode(vip(path_field("D:\\a.wav"), "a long header, longer than the other one"));
   const auto kept = reader.PosInicioVip;
-  files.contents["E:\\p.vip"] = vip(path_field("E:\\one.wav") + std::string(40, ' ') +
-                                    path_field("E:\\two.wav"), "h");
+  files.contents["E:\\p.vip"] =
+      vip(path_field("E:\\one.wav") + std::string(40, ' ') + path_field("E:\\two.wav"), "h");
   list.clear();
   EXPECT_TRUE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", list, "", true));
   EXPECT_THAT(list.rows(), ElementsAre("E:\\two.wav"));
@@ -221,8 +223,8 @@ TEST_F(VipReaderTest, a_locked_file_holds_only_its_title) {
 }
 
 TEST_F(VipReaderTest, files_of_96_and_97_bytes_and_without_a_NUL_give_nothing) {
-  for (const std::string& file : {std::string(96, 'x'), std::string(97, 'x'),
-                                  std::string(97, '\0'), std::string(5000, 'x')}) {
+  for (const std::string& file : {std::string(96, 'x'), std::string(97, 'x'), std::string(97, '\0'),
+                                  std::string(5000, 'x')}) {
     EXPECT_THAT(decode(file), IsEmpty()) << file.size();
     EXPECT_EQ(reader.PosInicioVip, 0);
   }

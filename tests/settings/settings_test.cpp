@@ -43,8 +43,7 @@ TEST_F(SettingsTest, a_box_is_kept_under_its_caption) {
   box.set_caption("Borrar lista 4 \"Archivos no utilizados\"");
   box.set_checked(true);
   store.write(box);
-  EXPECT_EQ(files.contents[kFile],
-            "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
   box.set_checked(false);
   store.read(box);
   EXPECT_TRUE(box.checked());
@@ -104,11 +103,14 @@ TEST_F(SettingsTest, a_million_lines_are_read_through) {
 
 TEST_F(SettingsTest, a_file_saved_as_utf16_is_read_and_stays_utf16) {
   using namespace std::string_literals;
-  files.contents[kFile] = "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0""1\0\r\0\n\0"s;
+  files.contents[kFile] =
+      "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0"
+      "1\0\r\0\n\0"s;
   EXPECT_EQ(store.LeerIni(kFile, "\xF1", "0"), "1");
   store.GrabarIni(kFile, "\xF1", "2");
   EXPECT_EQ(files.contents[kFile],
-            "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0""2\0\r\0\n\0"s);
+            "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0"
+            "2\0\r\0\n\0"s);
 }
 
 }  // namespace

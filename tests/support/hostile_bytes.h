@@ -27,9 +27,9 @@ class Dice {
 
 inline std::string hostile_piece(Dice& dice) {
   static constexpr std::array<std::string_view, 26> kPieces = {
-      ":\\", "C:\\a", ".wav", ".mp3", ".aif", ".aiff", ".ogg", ".fla", ".flac", ".FLA_", ".WaV",
-      ".", ":", "::", "\\", "L", "LIST", "LISTxxxxmdrl", "mdrl", "b", "name", ".wm", "D:\\x.y",
-      " ", "\xF1", ".a.wav"};
+      ":\\",   "C:\\a", ".wav", ".mp3", ".aif",    ".aiff", ".ogg", ".fla",  ".flac",
+      ".FLA_", ".WaV",  ".",    ":",    "::",      "\\",    "L",    "LIST",  "LISTxxxxmdrl",
+      "mdrl",  "b",     "name", ".wm",  "D:\\x.y", " ",     "\xF1", ".a.wav"};
   switch (dice.below(4)) {
     case 0:
       return std::string(1 + dice.below(3), '\0');

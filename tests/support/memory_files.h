@@ -70,8 +70,7 @@ class MemoryFiles final : public system::FileSystem {
     Input(MemoryFiles& files, const std::string& bytes)
         : files_(files), bytes_(bytes), size_(bytes.size()) {}
     std::uint64_t size() const override { return size_; }
-    std::optional<std::size_t> read(std::uint64_t offset,
-                                    std::span<std::uint8_t> buffer) override {
+    std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
       if (files_.on_read && !files_.on_read(offset)) return std::nullopt;
       if (offset >= bytes_.size()) return 0;
       const auto from = static_cast<std::size_t>(offset);

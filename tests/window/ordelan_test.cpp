@@ -92,8 +92,8 @@ TEST_F(Ordelan, starts_with_the_empty_window) {
   std::cout << "main window after " << program->start_time().count() << " ms\n";
   EXPECT_EQ(program->title(), "Ordelan");
   expect_empty_window();
-  for (const char* box : {"CheckToolTips", "CheckPlayer", "CheckSubPath", "CheckBAK",
-                          "CheckDragDrop", "CheckLogo"}) {
+  for (const char* box :
+       {"CheckToolTips", "CheckPlayer", "CheckSubPath", "CheckBAK", "CheckDragDrop", "CheckLogo"}) {
     EXPECT_TRUE(program->checked(box)) << box;
   }
   EXPECT_TRUE(program->visible("ListProyectosInfo"));
@@ -136,8 +136,9 @@ TEST_F(Ordelan, a_project_without_audio_is_refused_with_a_warning) {
   wait_shown("TextDecode");
   EXPECT_EQ(program->text("TextDecode"),
             " >>> AVISO <<<   Este proyecto no tiene archivos de audio");
-  program->wait_until("the warning's colour",
-                      [&] { return program->pixel("TextDecode", {2, 2}) == COLORREF{0x8080EE}; });
+  program->wait_until("the warning's colour", [&] {
+    return program->pixel("TextDecode", {2, 2}) == COLORREF{0x8080EE};
+  });
   EXPECT_FALSE(program->visible("ListVip"));
   EXPECT_FALSE(program->message_shown());
   program->picture_of_screen("ordelan-refused");
