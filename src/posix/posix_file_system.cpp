@@ -116,7 +116,8 @@ std::optional<system::FileInfo> PosixFileSystem::info(std::string_view path) {
   return found;
 }
 
-std::optional<std::vector<system::FileInfo>> PosixFileSystem::list(std::string_view folder) {
+std::optional<std::vector<system::FileInfo>> PosixFileSystem::list(std::string_view folder,
+                                                                   system::Detail detail) {
   const auto native = drives_.native(folder);
   if (!native) return std::nullopt;
   const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(native->c_str()), &::closedir);
@@ -125,6 +126,14 @@ std::optional<std::vector<system::FileInfo>> PosixFileSystem::list(std::string_v
   while (const dirent* found = ::readdir(open.get())) {
     auto name = windows_name(found->d_name);
     if (!name || *name == "." || *name == "..") continue;
+    // Where the names are enough, the kind that stands beside the name spares a look at the file.
+    if (detail == system::Detail::names && (found->d_type == DT_REG || found->d_type == DT_DIR)) {
+      system::FileInfo info;
+      info.name = std::move(*name);
+      info.folder = found->d_type == DT_DIR;
+      entries.push_back(std::move(info));
+      continue;
+    }
     if (auto info = entry(::dirfd(open.get()), found->d_name, std::move(*name))) {
       entries.push_back(std::move(*info));
     }
@@ -158,6 +167,11 @@ std::unique_ptr<system::OutputFile> PosixFileSystem::create(std::string_view pat
     return nullptr;
   }
   return std::make_unique<PosixOutput>(std::move(file));
+}
+
+bool PosixFileSystem::make_folder(std::string_view path) {
+  const auto native = drives_.native(path);
+  return native && ::mkdir(native->c_str(), 0777) == 0;
 }
 
 bool PosixFileSystem::replace(std::string_view from, std::string_view to) {

@@ -15,6 +15,8 @@ class SteadyClock final : public system::Clock {
 class EnvironmentRegional final : public system::Regional {
  public:
   char decimal_mark() override;
+  std::string short_date() override;
+  std::string long_time() override;
 };
 
 }  // namespace ordelan::posix

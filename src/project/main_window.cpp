@@ -38,7 +38,10 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       windows_(windows),
       settings_(settings),
       validator_(platform.files, reader, lists.List1),
-      listing_(platform, work, lists, validator_) {
+      tree_(platform.files),
+      listing_(platform, work, lists, validator_, tree_),
+      decoding_(platform, work, lists, strip, reader),
+      analysis_(platform, work, lists, strip, tree_) {
   set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
   work::arrange(*this, skin::kMainWindow);
   name_controls();
@@ -99,6 +102,10 @@ void Form1::wire() {
   AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
   cmdReset.on_click = [this] { cmdReset_Click(); };
   cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
+  SalvaListados.on_click = [this] { SalvaListados_Click(); };
+  lists.ListProyectos.on_drop = [this](const auto& items) { ListProyectos_Drop(items); };
+  lists.ListProyectos.on_double_click = [this] { ListProyectos_DblClick(); };
+  lists.ListProyectos.on_click = [this] { ListProyectos_Click(); };
   cmdMinimizar.on_click = [this] { set_minimized(true); };
   Salir.on_click = [this] { Salir_Click(); };
   CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };

@@ -2,8 +2,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "project/folder_tree.h"
+#include "project/project_decoding.h"
 #include "project/project_listing.h"
+#include "project/unused_analysis.h"
 #include "project/valido.h"
 #include "project/vip_reader.h"
 #include "settings/settings.h"
@@ -32,6 +36,15 @@ class Form1 final : public ui::Window {
   // Picks a project in the file dialog and opens it: its folder's projects are listed and it is
   // decoded into ListVip.
   void AbrirFichero_Click();
+  // Projects and folders dropped on ListProyectos: the projects, or all those of the first folder
+  // that holds some, are listed and decoded.
+  void ListProyectos_Drop(const std::vector<std::string>& items);
+  // Decodes one row of ListProyectos into ListVip; the other lists stay.
+  void ListProyectos_Decode(std::size_t Indice);
+  void ListProyectos_DblClick();
+  void ListProyectos_Click();
+  // Saves the lists as reports, one for each project and two for all.
+  void SalvaListados_Click();
   // Back to the empty window. A job that runs ends at its next look.
   void cmdReset_Click();
   void Inicio() { cmdReset_Click(); }
@@ -76,15 +89,35 @@ class Form1 final : public ui::Window {
 
   // The steps of AbrirFichero behind the choice of a project.
   void open_project(const std::string& path);
+  void list_projects();
   void decode_picked_project(const std::string& display_path);
   void show_decoded();
+
+  // What opening, sweeping and decoding one project have in common.
+  void show_progress();
+  void hide_progress();
+  void decode_into_ListVip(const std::string& path);
+  void LlenarListUtilizados();
+  void LlenarListBorrar();
+  void show_CommandBorrado();
+
+  // A sweep: from a filled List1 to decoded projects.
+  void PrepararBarrido();
+  void BarrerProyectos();
+  bool drop_folder(const std::string& folder);
+  void ask_to_remove_side_files(const std::string& folder);
+  bool removes_side_files() const;
+  void show_swept();
 
   const system::Platform& platform_;
   work::WorkInHand& work_;
   work::WindowDirectory& windows_;
   settings::Settings& settings_;
   Validator validator_;
+  FolderTree tree_;
   ProjectListing listing_;
+  ProjectDecoding decoding_;
+  UnusedAnalysis analysis_;
 };
 
 }  // namespace ordelan::project

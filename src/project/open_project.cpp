@@ -51,13 +51,9 @@ void Form1::open_project(const std::string& path) {
     strip.notice_decoding();
     clocks.iniciarCrono();
 
-    listing_.list_flat(CheckBAK.checked());
+    list_projects();
     if (work_.superseded(job)) return;
-    ui::ListaAncho(lists.ListProyectos);
-    lists.ListProyectos.show();
-    lists.head_projects(work_.RutaProyectos);
     if (!display_path.empty()) {
-      lists.LabelCheck.set_visible(true);
       decode_picked_project(display_path);
       if (work_.superseded(job)) return;
       show_decoded();
@@ -68,37 +64,42 @@ void Form1::open_project(const std::string& path) {
   if (!work_.superseded(job)) work_.Descodificando = false;
 }
 
+void Form1::list_projects() {
+  const auto job = work_.current_job();
+  if (CheckSubPath.checked()) {
+    listing_.ListarCarpetas();
+    if (!work_.superseded(job)) listing_.ListarProyectosCarpetas(CheckBAK.checked());
+  } else {
+    listing_.list_flat(CheckBAK.checked());
+  }
+  if (work_.superseded(job)) return;
+  ui::ListaAncho(lists.ListProyectos);
+  lists.ListProyectos.show();
+  lists.head_projects(work_.RutaProyectos);
+  lists.LabelCheck.set_visible(true);
+}
+
 void Form1::decode_picked_project(const std::string& display_path) {
   const auto job = work_.current_job();
   work_.CabeceraVip = reader.LeerCabeceraVip(work_.RutaVip);
+  if (work_.superseded(job)) return;
   lists.ListVip.clear();
   strip.Alerta(work::kProgress, "Descodificando: " + work_.RutaVip, true);
-  CheckDragDrop.hide();
-  CheckLogo.hide();
-  strip.XP_ProgressBar1.show();
-
-  const bool found = reader.ExtraerNombres_Archivos(work_.RutaVip, lists.ListVip, "", true);
+  show_progress();
+  decode_into_ListVip(display_path);
   if (work_.superseded(job)) return;
-  if (found) {
-    ui::ListaAncho(lists.ListVip);
-    lists.ListVip.show();
-    work_.NombreProyecto = display_path;
-    lists.head_project(display_path, work_.RutaProyectos);
-  } else {
-    lists.head_midi_project();
-    lists.LabelCount[0].set_visible(!work_.Cancelar);
-  }
   strip.Alerta(work::kProgress, ": ", false);
+  LlenarListUtilizados();
+  if (!work_.superseded(job)) LlenarListBorrar();
 }
 
 void Form1::show_decoded() {
   clocks.ShowLapsoDeco();
   clocks.ShowLapso();
   strip.TextDecode.hide();
-  strip.XP_ProgressBar1.hide();
-  CheckDragDrop.show();
-  CheckLogo.show();
+  hide_progress();
   strip.LabelAviso.hide();
+  if (removes_side_files() || lists.ListBorrar.count() > 1) CommandBorrado.show();
 
   work_.PrimerProyecto.clear();
   work_.Cancelar = false;

@@ -1,33 +1,110 @@
 #include "project/project_listing.h"
 
+#include <utility>
+
+#include "text/code_page.h"
 #include "text/rows.h"
 #include "text/wildcard.h"
 
 namespace ordelan::project {
+namespace {
+
+bool is_backup(const std::string& path) {
+  return path.find("_BAK") != std::string::npos;
+}
+
+bool ends_in_vip(const std::string& name) {
+  return name.size() >= 3 && text::lower(std::string_view(name).substr(name.size() - 3)) == "vip";
+}
+
+}  // namespace
 
 void ProjectListing::list_flat(bool with_backups) {
-  lists_.List1.clear();
-  const auto entries = platform_.files.list(work_.RutaProyectos);
-  for (const auto& entry : entries.value_or(std::vector<system::FileInfo>{})) {
-    const bool plain = !entry.folder && !entry.hidden && !entry.system;
-    if (plain && text::matches("*.vip", entry.name)) {
-      lists_.List1.add(work_.RutaProyectos + entry.name);
+  std::vector<std::string> candidates;
+  for (const auto& entry : tree_.listing(work_.RutaProyectos).files) {
+    if (entry.plain && text::matches("*.vip", entry.name)) {
+      candidates.push_back(work_.RutaProyectos + entry.name);
     }
   }
+  lists_.List1.clear();
+  lists_.List1.add(candidates);
 
   lists_.ListProyectos.hide();
   system::Pacer pacer(platform_.pump, platform_.clock);
   const auto job = work_.current_job();
-  const std::vector<std::string> candidates = lists_.List1.rows();
   std::size_t number = 1;
   for (const std::string& path : candidates) {
-    if (!with_backups && path.find("_BAK") != std::string::npos) continue;
+    if (!with_backups && is_backup(path)) continue;
     const bool valid = validator_.Valido(path);
     if (work_.superseded(job)) return;
     if (valid) lists_.ListProyectos.add(text::project_row(number++, path));
     pacer.turn();
     if (work_.superseded(job)) return;
   }
+}
+
+void ProjectListing::ListarCarpetas() {
+  ui::Window& window = lists_.ListProyectos.window();
+  window.set_waiting(true);
+  platform_.pump.pump();
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  const std::string root = system::with_backslash(text::trim(work_.RutaProyectos));
+  std::vector<std::string> folders = {std::string(text::trim(work_.RutaProyectos))};
+  tree_.walk(root, [&](const std::string& folder, const FolderTree::Listing& listing) {
+    if (folder != root) folders.push_back(folder.substr(0, folder.size() - 1));
+    if (folder == root && !listing.readable && !platform_.files.info(root)) {
+      platform_.dialogs.message({.title = "", .text = "No se ha encontrado la ruta de acceso"});
+    }
+    return !(pacer.turn() && work_.must_stop(job));
+  });
+  if (work_.superseded(job)) return;
+  lists_.List1.clear();
+  lists_.List1.add(std::move(folders));
+  window.set_waiting(false);
+}
+
+void ProjectListing::ListarProyectosCarpetas(bool with_backups) {
+  lists_.ListProyectos.clear();
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  std::size_t number = 0;
+  const std::vector<std::string> folders = lists_.List1.rows();
+  for (const std::string& row : folders) {
+    const std::string folder = system::with_backslash(row);
+    for (const auto& entry : tree_.listing(folder).files) {
+      if (!ends_in_vip(entry.name) || (!with_backups && is_backup(entry.name))) continue;
+      const bool valid = validator_.Valido(folder + entry.name);
+      if (work_.superseded(job)) return;
+      if (valid) lists_.ListProyectos.add(text::project_row(++number, folder + entry.name));
+      pacer.turn();
+      if (work_.superseded(job)) return;
+    }
+    pacer.turn();
+    if (work_.superseded(job)) return;
+  }
+}
+
+bool ProjectListing::BuscarVips(const std::string& folder) {
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  std::vector<std::string> projects;
+  const auto look_into = [&](const std::string& here, const FolderTree::Listing& listing) {
+    for (const auto& entry : listing.files) {
+      if (!text::matches("*.vip", entry.name)) continue;
+      std::string path = here + entry.name;
+      const bool valid = validator_.Valido(path);
+      if (work_.must_stop(job)) return false;
+      if (valid) projects.push_back(std::move(path));
+    }
+    pacer.turn();
+    return !work_.must_stop(job);
+  };
+  tree_.walk(system::with_backslash(folder), look_into);
+  if (work_.superseded(job)) return false;
+  lists_.List1.clear();
+  lists_.List1.add(projects);
+  return !projects.empty();
 }
 
 }  // namespace ordelan::project

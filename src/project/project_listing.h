@@ -1,6 +1,9 @@
-// Lists the projects of a folder.
+// Lists projects: those of a folder, with or without its subfolders.
 #pragma once
 
+#include <string>
+
+#include "project/folder_tree.h"
 #include "project/valido.h"
 #include "system/platform.h"
 #include "work/work_in_hand.h"
@@ -10,20 +13,33 @@ namespace ordelan::project {
 
 class ProjectListing {
  public:
+  // What is given must outlive the listing.
   ProjectListing(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
-                 Validator& validator)
-      : platform_(platform), work_(work), lists_(lists), validator_(validator) {}
+                 Validator& validator, FolderTree& tree)
+      : platform_(platform), work_(work), lists_(lists), validator_(validator), tree_(tree) {}
 
   // Fills ListProyectos with the valid projects of RutaProyectos itself, numbered from 1. Projects
   // whose path holds "_BAK" count only with `with_backups`. Hides the list while it fills it, and
-  // leaves the names of all projects in List1.
+  // leaves the paths of all projects in List1.
   void list_flat(bool with_backups);
+
+  // List1 becomes RutaProyectos and all the folders below it. Folders that may not be read are
+  // passed over; a RutaProyectos that is not there at all is told in a message box.
+  void ListarCarpetas();
+
+  // Fills ListProyectos with the valid projects of the folders of List1, numbered from 1. Here
+  // "_BAK" counts in the name alone, not in its folders.
+  void ListarProyectosCarpetas(bool with_backups);
+
+  // List1 becomes the valid projects in `folder` and below. Whether there is any.
+  bool BuscarVips(const std::string& folder);
 
  private:
   const system::Platform& platform_;
   work::WorkInHand& work_;
   work::WorkLists& lists_;
   Validator& validator_;
+  FolderTree& tree_;
 };
 
 }  // namespace ordelan::project

@@ -7,6 +7,7 @@
 
 #include "settings/ini_text.h"
 #include "settings/wide_text.h"
+#include "system/whole_file.h"
 #include "text/code_page.h"
 #include "text/numbers.h"
 
@@ -62,15 +63,7 @@ void Settings::GrabarIni(std::string_view Ruta, std::string_view Clave, std::str
                                                    text::to_utf8(Clave), text::to_utf8(Valor)))
                      : with_ini_value(old, SeccionConfig, Clave, Valor);
 
-    // The whole new file first, then the step into its place: a crash leaves the old or the new.
-    const std::string draft = std::string(Ruta) + ".new";
-    auto file = files_.create(draft);
-    if (!file) return;
-    const bool written = file->write(changed);
-    if (!file->close() || !written || !files_.replace(draft, Ruta)) {
-      file.reset();
-      files_.remove(draft);
-    }
+    system::write_whole(files_, std::string(Ruta), changed);
   } catch (const std::bad_alloc&) {
     // As any other failure of writing.
   }

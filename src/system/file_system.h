@@ -49,6 +49,9 @@ class OutputFile {
   virtual bool close() = 0;
 };
 
+// How much a listing tells of each entry.
+enum class Detail { names, sizes };
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
@@ -60,8 +63,10 @@ class FileSystem {
 
   // Every entry of a folder, without "." and "..", in case-insensitive alphabetical order. Entries
   // whose names the code page cannot hold are left out: they could only be mistaken for others.
-  // Nothing if the folder is not there or cannot be read.
-  virtual std::optional<std::vector<FileInfo>> list(std::string_view folder) = 0;
+  // Nothing if the folder is not there or cannot be read. Sizes of files may be left at 0 unless
+  // `detail` asks for them: some systems have to look at every file for them.
+  virtual std::optional<std::vector<FileInfo>> list(std::string_view folder,
+                                                    Detail detail = Detail::sizes) = 0;
 
   // Opens a file for reading; others may go on writing to it. Null when it cannot be opened: not
   // there, a folder, locked.
@@ -69,6 +74,9 @@ class FileSystem {
 
   // Creates a file, or empties the one that is there. Null when that fails.
   virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
+
+  // Makes a folder in one that is there. False when that fails, also when it is there already.
+  virtual bool make_folder(std::string_view path) = 0;
 
   // Puts the file `from` in the place of `to`, in one step: whoever looks sees the old file or the
   // new one. False when that fails; both are then as they were.

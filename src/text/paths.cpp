@@ -20,14 +20,18 @@ std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra) {
   return std::string(folder);
 }
 
-std::string Obtener_Nombre_Archivo(std::string_view Ruta) {
+std::string_view file_name(std::string_view Ruta) {
   // The buffer that names were always taken through holds 255 characters, its end mark included.
   constexpr std::size_t kLongest = 254;
   Ruta = Ruta.substr(0, Ruta.find('\0'));
   if (Ruta.find_first_of("*?[]") != std::string_view::npos) return {};
   const auto last = Ruta.find_last_of("\\/:");
   const auto name = last == std::string_view::npos ? Ruta : Ruta.substr(last + 1);
-  return std::string(name.substr(0, std::min(name.size(), kLongest)));
+  return name.substr(0, std::min(name.size(), kLongest));
+}
+
+std::string Obtener_Nombre_Archivo(std::string_view Ruta) {
+  return std::string(file_name(Ruta));
 }
 
 std::string Obtener_VipPath(std::string_view Ruta) {

@@ -19,6 +19,8 @@ std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra);
 // it. Empty where a path names no file: empty, with wildcards or brackets, or ending in a
 // separator.
 std::string Obtener_Nombre_Archivo(std::string_view Ruta);
+// The same, as a view of `Ruta`.
+std::string_view file_name(std::string_view Ruta);
 
 // A clean path from a list row: its folder and its file name.
 std::string Obtener_VipPath(std::string_view Ruta);

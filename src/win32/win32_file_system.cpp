@@ -146,7 +146,9 @@ std::optional<FileInfo> Win32FileSystem::info(std::string_view path) {
   return info;
 }
 
-std::optional<std::vector<FileInfo>> Win32FileSystem::list(std::string_view folder) {
+// Windows tells the sizes with the names.
+std::optional<std::vector<FileInfo>> Win32FileSystem::list(std::string_view folder,
+                                                           system::Detail) {
   auto extended = extended_path(folder);
   if (!extended) return std::nullopt;
   if (!extended->ends_with(L'\\')) *extended += L'\\';
@@ -194,6 +196,11 @@ std::unique_ptr<system::OutputFile> Win32FileSystem::create(std::string_view pat
                               CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return nullptr;
   return std::make_unique<Win32OutputFile>(std::move(file));
+}
+
+bool Win32FileSystem::make_folder(std::string_view path) {
+  const auto extended = extended_path(path);
+  return extended && CreateDirectoryW(extended->c_str(), nullptr) != 0;
 }
 
 bool Win32FileSystem::replace(std::string_view from, std::string_view to) {

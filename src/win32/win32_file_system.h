@@ -11,9 +11,11 @@ class Win32FileSystem final : public system::FileSystem {
   Win32FileSystem();
 
   std::optional<system::FileInfo> info(std::string_view path) override;
-  std::optional<std::vector<system::FileInfo>> list(std::string_view folder) override;
+  std::optional<std::vector<system::FileInfo>> list(
+      std::string_view folder, system::Detail detail = system::Detail::sizes) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+  bool make_folder(std::string_view path) override;
   bool replace(std::string_view from, std::string_view to) override;
   bool remove(std::string_view path) override;
 };

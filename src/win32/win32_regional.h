@@ -1,4 +1,4 @@
-// How the user has told Windows to write numbers.
+// How the user has told Windows to write numbers, dates and times.
 #pragma once
 
 #include "system/regional.h"
@@ -9,6 +9,8 @@ class Win32Regional final : public system::Regional {
  public:
   // Asked anew each time: the user may change it while the program runs.
   char decimal_mark() override;
+  std::string short_date() override;
+  std::string long_time() override;
 };
 
 }  // namespace ordelan::win32

@@ -20,6 +20,8 @@ class FixedRegional final : public system::Regional {
   char mark = ',';
 
   char decimal_mark() override { return mark; }
+  std::string short_date() override { return "21/11/2026"; }
+  std::string long_time() override { return "9:05:07"; }
 };
 
 }  // namespace ordelan::test

@@ -31,7 +31,7 @@ class MemoryFiles final : public system::FileSystem {
     return info;
   }
 
-  std::optional<std::vector<system::FileInfo>> list(std::string_view) override {
+  std::optional<std::vector<system::FileInfo>> list(std::string_view, system::Detail) override {
     return std::nullopt;
   }
 
@@ -41,6 +41,7 @@ class MemoryFiles final : public system::FileSystem {
     return std::make_unique<Input>(*this, found->second);
   }
 
+  bool make_folder(std::string_view) override { return false; }
   bool replace(std::string_view from, std::string_view to) override {
     const auto found = contents.find(from);
     if (found == contents.end()) return false;

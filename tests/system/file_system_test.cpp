@@ -15,11 +15,12 @@ class OneEntry final : public system::FileSystem {
   system::FileInfo entry;
 
   std::optional<system::FileInfo> info(std::string_view) override { return entry; }
-  std::optional<std::vector<system::FileInfo>> list(std::string_view) override {
+  std::optional<std::vector<system::FileInfo>> list(std::string_view, system::Detail) override {
     return std::nullopt;
   }
   std::unique_ptr<system::InputFile> open(std::string_view) override { return nullptr; }
   std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  bool make_folder(std::string_view) override { return false; }
   bool replace(std::string_view, std::string_view) override { return false; }
   bool remove(std::string_view) override { return false; }
 };

@@ -1,0 +1,72 @@
+// The steps that opening, sweeping and decoding one project have in common.
+#include "project/main_window.h"
+#include "text/paths.h"
+#include "ui/list_width.h"
+
+namespace ordelan::project {
+
+void Form1::show_progress() {
+  CheckDragDrop.hide();
+  CheckLogo.hide();
+  strip.XP_ProgressBar1.show();
+}
+
+void Form1::hide_progress() {
+  strip.XP_ProgressBar1.hide();
+  CheckDragDrop.show();
+  CheckLogo.show();
+}
+
+// Reads the project into ListVip and heads the list. A project without audio is taken for a MIDI
+// one, unless the reading was cancelled: then nobody knows.
+void Form1::decode_into_ListVip(const std::string& path) {
+  const auto job = work_.current_job();
+  const bool found = reader.ExtraerNombres_Archivos(path, lists.ListVip, "", true);
+  if (work_.superseded(job)) return;
+  if (found) {
+    ui::ListaAncho(lists.ListVip);
+    lists.ListVip.show();
+    work_.NombreProyecto = path;
+    lists.head_project(path, work_.RutaProyectos);
+  } else {
+    lists.head_midi_project();
+    lists.LabelCount[0].set_visible(!work_.Cancelar);
+  }
+}
+
+void Form1::LlenarListUtilizados() {
+  const auto job = work_.current_job();
+  lists.ListUtilizados.clear();
+  reader.TotalArchivosVip = 0;
+  lists.ListUtilizados.hide();
+  decoding_.DescodificarProyectos(CheckBAK.checked());
+  if (work_.superseded(job)) return;
+  ui::ListaAncho(lists.ListUtilizados);
+  lists.ListUtilizados.show();
+  lists.LabelAdd.set_visible(true);
+}
+
+void Form1::LlenarListBorrar() {
+  const auto job = work_.current_job();
+  lists.ListBorrar.clear();
+  analysis_.ListarArchivosCarpetas();
+  if (work_.superseded(job)) return;
+  analysis_.BuscarNoUtilizados();
+  if (work_.superseded(job)) return;
+  tree_.forget();
+  ui::ListaAncho(lists.ListBorrar);
+  lists.ListBorrar.show();
+  show_CommandBorrado();
+}
+
+// Shown when there is something to remove.
+void Form1::show_CommandBorrado() {
+  CommandBorrado.set_visible(!lists.ListBorrar.empty() || removes_side_files());
+}
+
+// The option of the removal window, as it was left.
+bool Form1::removes_side_files() const {
+  return settings_.number("Borrar todos los asociados      ------>", 0) != 0;
+}
+
+}  // namespace ordelan::project

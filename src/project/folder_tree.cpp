@@ -1,0 +1,61 @@
+#include "project/folder_tree.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "text/code_page.h"
+
+namespace ordelan::project {
+
+const FolderTree::Listing& FolderTree::listing(const std::string& folder) {
+  const auto [found, is_new] = listings_.try_emplace(folder);
+  Listing& listing = found->second;
+  if (!is_new) return listing;
+  auto entries = files_.list(folder, system::Detail::names);
+  listing.readable = entries.has_value();
+  if (!entries) return listing;
+  for (system::FileInfo& entry : *entries) {
+    // A junction or a link to a folder leads out of the tree, or round in it.
+    if (entry.folder && entry.link) continue;
+    auto& kind = entry.folder ? listing.folders : listing.files;
+    kind.push_back({std::move(entry.name), !entry.hidden && !entry.system});
+  }
+  listing.files.shrink_to_fit();
+  listing.folders.shrink_to_fit();
+  return listing;
+}
+
+const FolderTree::Entry* FolderTree::known_file(std::string_view path) const {
+  const std::string_view folder = path.substr(0, path.rfind('\\') + 1);
+  const auto found = listings_.find(std::string(folder));
+  if (found == listings_.end()) return nullptr;
+  const std::string_view name = path.substr(folder.size());
+  // Listings are in the order of the disk, which is by name with case ignored.
+  const auto& files = found->second.files;
+  auto entry = std::lower_bound(
+      files.begin(), files.end(), name,
+      [](const Entry& a, std::string_view b) { return text::less_ignoring_case(a.name, b); });
+  for (; entry != files.end() && text::equal_ignoring_case(entry->name, name); ++entry) {
+    if (entry->name == name) return &*entry;
+  }
+  return nullptr;
+}
+
+bool FolderTree::walk(
+    const std::string& folder,
+    const std::function<bool(const std::string& folder, const Listing& listing)>& visit) {
+  // Its own stack, as a tree may be deeper than the program's.
+  std::vector<std::string> waiting = {folder};
+  while (!waiting.empty()) {
+    const std::string here = std::move(waiting.back());
+    waiting.pop_back();
+    const Listing& found = listing(here);
+    if (!visit(here, found)) return false;
+    for (auto sub = found.folders.rbegin(); sub != found.folders.rend(); ++sub) {
+      waiting.push_back(here + sub->name + "\\");
+    }
+  }
+  return true;
+}
+
+}  // namespace ordelan::project

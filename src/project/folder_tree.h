@@ -1,0 +1,50 @@
+// Folders and what is in them, each listed once however often it is asked for: the work on one
+// opened project walks the same folders again and again.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "system/file_system.h"
+
+namespace ordelan::project {
+
+class FolderTree {
+ public:
+  // A file or folder of a listing.
+  struct Entry {
+    std::string name;
+    bool plain;  // neither hidden nor a system file
+  };
+  struct Listing {
+    bool readable = false;
+    std::vector<Entry> files;    // in the order of the disk
+    std::vector<Entry> folders;  // without those that only stand for another place
+  };
+
+  explicit FolderTree(system::FileSystem& files) : files_(files) {}
+
+  // What is in a folder, given with its backslash. The listing stays where it is until `forget`.
+  const Listing& listing(const std::string& folder);
+
+  // The entry of a file whose folder has been listed under just this spelling; null otherwise.
+  const Entry* known_file(std::string_view path) const;
+
+  // Calls `visit` with a folder and, after it, with every folder below: each with its backslash,
+  // ahead of its own subfolders, in the order of the disk. Folders that cannot be read are visited
+  // too, as empty ones. `visit` gives false to stop the walk; so does this function then.
+  bool walk(const std::string& folder,
+            const std::function<bool(const std::string& folder, const Listing& listing)>& visit);
+
+  // Forgets everything listed so far: the next look is at the disk.
+  void forget() { listings_.clear(); }
+
+ private:
+  system::FileSystem& files_;
+  std::unordered_map<std::string, Listing> listings_;
+};
+
+}  // namespace ordelan::project

@@ -1,0 +1,81 @@
+#include "project/project_decoding.h"
+
+#include <cstdint>
+
+#include "project/repeated_rows.h"
+#include "text/paths.h"
+#include "text/rows.h"
+
+namespace ordelan::project {
+
+void ProjectDecoding::DescodificarProyectos(bool with_backups) {
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  lists_.LabelAdd[0].hide();
+  strip_.TextDecode.show();
+  decoded_ = 0;
+  std::size_t duplicates = 0;
+
+  const std::vector<std::string> projects = lists_.ListProyectos.rows();
+  const auto maximum = static_cast<std::int64_t>(projects.size());
+  for (std::size_t i = 0; i < projects.size(); ++i) {
+    decode_row(projects[i], with_backups);
+    if (work_.superseded(job)) return;
+    pacer.turn();
+    if (work_.superseded(job)) return;
+    // The reader has used the bar for its own file.
+    strip_.XP_ProgressBar1.set_range(0, maximum);
+    strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
+    if (work_.Cancelar) break;
+  }
+  if (!work_.Cancelar) duplicates = strike_out_repeats();
+
+  strip_.TextDecode.hide();
+  lists_.LabelAdd.set_visible(false);
+  const std::size_t total = reader_.TotalArchivosVip;
+  lists_.LabelAdd[0].set_caption(
+      std::to_string(total) + "  archivos en: " + std::to_string(decoded_) + " proyectos, " +
+      std::to_string(duplicates) + " duplicados; Total: " + std::to_string(total - duplicates));
+  lists_.LabelAdd[1].set_caption(work_.RutaProyectos);
+  lists_.LabelAdd.set_visible(true);
+}
+
+void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
+  if (!with_backups && row.find("_BAK") != std::string::npos) return;
+  strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
+
+  const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
+  std::string path =
+      with_backups ? text::Obtener_VipPath(row) : std::string(text::behind_arrow(row));
+  if (!with_backups && !work_.PrimerProyecto.empty() &&
+      !platform_.files.look_up(work_.PrimerProyecto)) {
+    path = work_.RutaProyectos + path;
+    work_.PrimerProyecto = path;
+  }
+  if (reader_.ExtraerNombres_Archivos(path, lists_.ListUtilizados, prefix + path, true)) {
+    ++decoded_;
+  }
+}
+
+// Two files are the same only if their full paths are, letter for letter; the first stays, so that
+// a shared file stands under the first project that uses it.
+std::size_t ProjectDecoding::strike_out_repeats() {
+  ui::ListBox& list = lists_.ListUtilizados;
+  const auto repeated =
+      repeated_rows(list.rows(), [](const std::string& row) { return !text::is_file_row(row); });
+  std::size_t count = 0;
+  std::string last;
+  for (std::size_t i = 0; i < repeated.size(); ++i) {
+    if (!repeated[i]) continue;
+    ++count;
+    last = list.row(i);
+  }
+  if (count == 0) return 0;
+  strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(list.count()));
+  strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(list.count()));
+  strip_.Alerta(work::kProgress, "Eliminando duplicado: " + last, true);
+  list.remove_if([&](std::size_t i) { return repeated[i]; });
+  return count;
+}
+
+}  // namespace ordelan::project

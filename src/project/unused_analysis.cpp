@@ -1,0 +1,148 @@
+#include "project/unused_analysis.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <span>
+#include <utility>
+
+#include "project/candidate_kinds.h"
+#include "project/repeated_rows.h"
+#include "project/used_strike.h"
+#include "text/paths.h"
+
+namespace ordelan::project {
+
+void UnusedAnalysis::ListarArchivosCarpetas() {
+  std::vector<std::string> folders;
+  for (const std::string& row : lists_.ListProyectos.rows()) {
+    const auto colon = row.find(':');
+    std::string folder = row.substr(colon == std::string::npos || colon == 0 ? 0 : colon - 1);
+    // A project that has gone has no name on the disk: its whole path then stands for a folder,
+    // which is not there.
+    if (exists(folder)) folder = text::getPath(folder, "\\");
+    folders.push_back(std::move(folder));
+  }
+  const auto repeated = repeated_rows(folders, [](const std::string&) { return false; });
+
+  const auto job = work_.current_job();
+  std::vector<std::string> candidates;
+  for (std::size_t i = 0; i < folders.size(); ++i) {
+    if (!repeated[i] && !BuscarArchivosAPI(folders[i], candidates)) break;
+  }
+  if (work_.superseded(job)) return;
+  lists_.List1.clear();
+  lists_.List1.add(std::move(candidates));
+}
+
+bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista) {
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  std::array<std::vector<std::string>, kPatterns.size()> found;
+  const bool whole = tree_.walk(system::with_backslash(Ruta),
+                                [&](const std::string& folder, const FolderTree::Listing& listing) {
+                                  for (const FolderTree::Entry& file : listing.files) {
+                                    if (const auto kind = kind_of(file.name))
+                                      found[*kind].push_back(folder + file.name);
+                                  }
+                                  return !(pacer.turn() && work_.must_stop(job));
+                                });
+  for (auto& rows : found) {
+    Lista.insert(Lista.end(), std::make_move_iterator(rows.begin()),
+                 std::make_move_iterator(rows.end()));
+  }
+  return whole;
+}
+
+bool UnusedAnalysis::exists(const std::string& path) {
+  const FolderTree::Entry* known = tree_.known_file(path);
+  return known != nullptr ? known->plain : platform_.files.look_up(path).has_value();
+}
+
+void UnusedAnalysis::BuscarNoUtilizados() {
+  if (lists_.ListUtilizados.empty()) return;
+  lists_.ListBorrar.hide();
+  strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
+  const std::vector<std::string> used = lists_.ListUtilizados.rows();
+  const std::vector<std::string> candidates = lists_.List1.rows();
+  strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used.size()));
+
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  const DiskQuestions disk = {
+      [this](const std::string& path) { return exists(path); },
+      [this](const std::string& a, const std::string& b) { return ComparaFiles(a, b); }};
+  const auto struck = strike_used(used, candidates, disk, [&](std::size_t i) {
+    if (pacer.turn()) strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
+    return !work_.must_stop(job);
+  });
+  if (work_.superseded(job)) return;
+  lists_.List1.remove_if([&](std::size_t i) { return struck[i]; });
+  offer_unused();
+}
+
+void UnusedAnalysis::offer_unused() {
+  std::vector<std::string> unused;
+  if (!work_.Cancelar) {
+    for (const std::string& row : lists_.List1.rows()) {
+      if (is_offered(row) && row.find("FreezeData") == std::string::npos) unused.push_back(row);
+    }
+  }
+  const auto repeated = repeated_rows(unused, [](const std::string&) { return false; });
+  const auto duplicates =
+      static_cast<std::size_t>(std::count(repeated.begin(), repeated.end(), true));
+  if (duplicates > 0) {
+    const auto last = std::find(repeated.rbegin(), repeated.rend(), true);
+    const auto& row = unused[static_cast<std::size_t>(repeated.rend() - last) - 1];
+    strip_.Alerta(work::kProgress, "Eliminando duplicado: " + row, true);
+  }
+
+  ui::ListBox& list = lists_.ListBorrar;
+  const std::size_t total = unused.size();
+  list.add(std::move(unused));
+  list.remove_if([&](std::size_t i) { return i < repeated.size() && repeated[i]; });
+  list.show();
+  head_unused(total, duplicates);
+}
+
+void UnusedAnalysis::head_unused(std::size_t found, std::size_t duplicates) {
+  auto& headings = lists_.LabelErase;
+  const std::string count = "Archivos no utilizados: " + std::to_string(found);
+  if (found > 0) {
+    headings[1].set_caption(count + "     Duplicados: " + std::to_string(duplicates) +
+                            "    Total: " + std::to_string(found - duplicates));
+  } else {
+    headings[0].set_caption("No se han encontrado archivos no utilizados");
+    headings[1].set_caption(count);
+  }
+  // Nobody knows what a cancelled search would have found.
+  headings[0].set_visible(found == 0 && !work_.Cancelar);
+  headings[1].set_visible(found > 0);
+}
+
+bool UnusedAnalysis::ComparaFiles(const std::string& Archivo1, const std::string& Archivo2) {
+  if (Archivo1.empty() || Archivo2.empty()) return false;
+  const auto first = platform_.files.open(Archivo1);
+  const auto second = platform_.files.open(Archivo2);
+  if (!first || !second || first->size() != second->size()) return false;
+
+  constexpr std::size_t kBlock = std::size_t{1} << 18;
+  const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, first->size()));
+  std::vector<std::uint8_t> a(size);
+  std::vector<std::uint8_t> b(size);
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  for (std::uint64_t at = 0; at < first->size(); at += size) {
+    const auto left = static_cast<std::size_t>(std::min<std::uint64_t>(size, first->size() - at));
+    const auto from_a = first->read(at, std::span(a).first(left));
+    const auto from_b = second->read(at, std::span(b).first(left));
+    if (from_a != left || from_b != left) return false;
+    if (!std::equal(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(left), b.begin())) {
+      return false;
+    }
+    if (pacer.turn() && work_.must_stop(job)) return false;
+  }
+  return true;
+}
+
+}  // namespace ordelan::project

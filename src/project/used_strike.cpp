@@ -1,0 +1,101 @@
+#include "project/used_strike.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+
+#include "text/paths.h"
+
+namespace ordelan::project {
+namespace {
+
+using Index = std::uint32_t;
+constexpr Index kNone = std::numeric_limits<Index>::max();
+
+// The candidates that are left, in their order: each knows its neighbours, so that taking one out
+// moves nothing.
+class Remaining {
+ public:
+  explicit Remaining(std::size_t count) : next_(count), previous_(count), struck_(count, false) {
+    for (std::size_t i = 0; i < count; ++i) {
+      next_[i] = i + 1 < count ? static_cast<Index>(i + 1) : kNone;
+      previous_[i] = i > 0 ? static_cast<Index>(i - 1) : kNone;
+    }
+  }
+
+  bool is_struck(Index i) const { return struck_[i]; }
+
+  // Takes one out and gives the one behind it, kNone at the end.
+  Index strike(Index i) {
+    struck_[i] = true;
+    if (previous_[i] != kNone) next_[previous_[i]] = next_[i];
+    if (next_[i] != kNone) previous_[next_[i]] = previous_[i];
+    return next_[i];
+  }
+
+  std::vector<bool> take() { return std::move(struck_); }
+
+ private:
+  std::vector<Index> next_;
+  std::vector<Index> previous_;
+  std::vector<bool> struck_;
+};
+
+// The candidates of each name, in their order: chains through one array, as most names have one.
+class ByName {
+ public:
+  explicit ByName(const std::vector<std::string>& rows) : behind_(rows.size(), kNone) {
+    first_.reserve(rows.size());
+    for (std::size_t i = rows.size(); i-- > 0;) {
+      const auto [entry, is_new] = first_.try_emplace(text::file_name(rows[i]), kNone);
+      behind_[i] = entry->second;
+      entry->second = static_cast<Index>(i);
+    }
+  }
+
+  Index first(std::string_view name) const {
+    const auto found = first_.find(name);
+    return found == first_.end() ? kNone : found->second;
+  }
+  Index behind(Index i) const { return behind_[i]; }
+
+ private:
+  std::unordered_map<std::string_view, Index> first_;
+  std::vector<Index> behind_;
+};
+
+bool protects(const std::string& used) {
+  return used.find('>') == std::string::npos && used.find("FreezeData") == std::string::npos;
+}
+
+}  // namespace
+
+std::vector<bool> strike_used(const std::vector<std::string>& used,
+                              const std::vector<std::string>& candidates, const DiskQuestions& disk,
+                              const std::function<bool(std::size_t index)>& go_on) {
+  Remaining remaining(candidates.size());
+  const ByName by_name(candidates);
+  for (std::size_t i = 0; i < used.size(); ++i) {
+    if (!go_on(i)) break;
+    if (!protects(used[i])) continue;
+    std::optional<bool> used_exists;
+    Index unseen = kNone;  // it has moved into the place of one that went
+    for (Index c = by_name.first(text::file_name(used[i])); c != kNone; c = by_name.behind(c)) {
+      if (remaining.is_struck(c) || c == unseen) continue;
+      const std::string& candidate = candidates[c];
+      const bool same = candidate == used[i];
+      if (!used_exists) used_exists = disk.exists(used[i]);
+      const bool both = *used_exists && (same || disk.exists(candidate));
+      const bool goes = !both || same || disk.equal(used[i], candidate);
+      if (!goes) continue;
+      unseen = remaining.strike(c);
+      if (same && unseen != kNone) unseen = remaining.strike(unseen);
+    }
+  }
+  return remaining.take();
+}
+
+}  // namespace ordelan::project

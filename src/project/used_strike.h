@@ -1,0 +1,35 @@
+// Strikes from the files of the folders those that projects use.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace ordelan::project {
+
+// What has to be asked of the disk.
+struct DiskQuestions {
+  // Whether the path names an existing file.
+  std::function<bool(const std::string& path)> exists;
+  // Whether two existing files have the same bytes.
+  std::function<bool(const std::string& a, const std::string& b)> equal;
+};
+
+// Marks (true) the candidates that are struck out. For each used file in turn, the candidates are
+// gone through from the first:
+//
+// - One with the same name, letter for letter, goes if its content is that of the used file, and
+//   also if one of the two is not there: a file that was moved is not offered.
+// - One whose whole path is the used one goes in any case. Where it went by its name already, the
+//   candidate behind it goes in its stead, unlooked at. That keeps a file that nobody uses, and
+//   never loses one.
+// - The candidate behind one that went is not looked at in this turn.
+//
+// Rows of `used` that are no files, and those that hold "FreezeData", strike nothing: frozen tracks
+// can be made again. `go_on` is asked before each used file; when it gives false the rest is left.
+// The cost grows with the rows, not with their product.
+std::vector<bool> strike_used(const std::vector<std::string>& used,
+                              const std::vector<std::string>& candidates, const DiskQuestions& disk,
+                              const std::function<bool(std::size_t index)>& go_on);
+
+}  // namespace ordelan::project

@@ -1,0 +1,34 @@
+#include "settings/reports.h"
+
+#include "system/whole_file.h"
+
+namespace ordelan::settings {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+
+bool is_title(const std::string& row) {
+  return row.find('>') != std::string::npos;
+}
+
+}  // namespace
+
+bool SalvarListados(system::FileSystem& files, system::Regional& regional,
+                    const std::string& Archivo, const ui::ListBox& Lista, const std::string& Texto1,
+                    const std::string& Texto2) {
+  if (Archivo.empty()) return false;
+  const std::string rule = std::string(66, '-') + kLineEnd;
+  std::string report = "Fecha: " + regional.short_date() + "    Hora: " + regional.long_time();
+  report += kLineEnd;
+  report += std::string(" ") + kLineEnd + Texto1 + kLineEnd + Texto2 + kLineEnd;
+  report += rule + " " + kLineEnd;
+  for (std::size_t r = 0; r < Lista.count(); ++r) {
+    report += Lista.row(r) + kLineEnd;
+    if (is_title(Lista.row(r + 1))) report += rule;
+    if (is_title(Lista.row(r))) report += std::string(" ") + kLineEnd;
+  }
+
+  return system::write_whole(files, Archivo, report);
+}
+
+}  // namespace ordelan::settings
