@@ -4,8 +4,10 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 #include "text/code_page.h"
 
@@ -41,11 +43,15 @@ std::optional<std::string> entry_ignoring_case(const std::string& folder, std::s
 }  // namespace
 
 bool is_windows_name(std::string_view name) {
-  constexpr std::string_view kForbidden = "\\/:*?\"<>|";
-  return std::none_of(name.begin(), name.end(), [&](char c) {
-    const bool control = static_cast<unsigned char>(c) < 0x20;
-    return control || kForbidden.find(c) != std::string_view::npos;
-  });
+  static constexpr std::array<bool, 256> kForbidden = [] {
+    std::array<bool, 256> forbidden{};
+    for (std::size_t control = 0; control < 0x20; ++control) forbidden[control] = true;
+    for (const char c : std::string_view("\\/:*?\"<>|"))
+      forbidden[static_cast<unsigned char>(c)] = true;
+    return forbidden;
+  }();
+  return std::none_of(name.begin(), name.end(),
+                      [](char c) { return kForbidden[static_cast<unsigned char>(c)]; });
 }
 
 bool MappedDrives::map(char letter, const std::string& folder) {
@@ -67,25 +73,35 @@ std::optional<std::string> MappedDrives::native(std::string_view path) const {
   if (drive == folders_.end()) return std::nullopt;
   std::string_view rest = path.substr(3);
 
-  std::string native = drive->second;
+  std::vector<std::string_view> names;
   while (!rest.empty()) {
-    const auto slash = rest.find('\\');
+    const auto slash = std::min(rest.find('\\'), rest.size());
     const std::string_view name = rest.substr(0, slash);
-    rest = slash == std::string_view::npos ? std::string_view{} : rest.substr(slash + 1);
+    rest.remove_prefix(std::min(slash + 1, rest.size()));
     if (name.empty() || name == ".") continue;
     if (name == ".." || !is_windows_name(name)) return std::nullopt;
-    std::string next = native + "/" + text::to_utf8(name);
+    names.push_back(name);
+  }
+
+  // Most paths stand on the disk just as they are spelt: one look finds them.
+  std::string native = drive->second;
+  for (const std::string_view name : names) native.append("/").append(text::to_utf8(name));
+  if (names.empty() || exists(native)) return native.empty() ? "/" : native;
+
+  native = drive->second;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    std::string next = native + "/" + text::to_utf8(names[i]);
     if (!exists(next)) {
-      const auto other = entry_ignoring_case(native.empty() ? "/" : native, name);
+      const auto other = entry_ignoring_case(native.empty() ? "/" : native, names[i]);
       if (other) {
         next = native + "/" + *other;
-      } else if (!rest.empty()) {
+      } else if (i + 1 < names.size()) {
         return std::nullopt;
       }
     }
     native = std::move(next);
   }
-  return native.empty() ? "/" : native;
+  return native;
 }
 
 std::optional<std::string> MappedDrives::windows(const std::string& native_path) const {

@@ -3,12 +3,19 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <memory>
+#include <utility>
 
 #include "project/vip_scan.h"
 #include "system/file_system.h"
 
 namespace ordelan::project {
+
+// Memory to read into.
+struct ReadBuffer {
+  std::unique_ptr<std::uint8_t[]> bytes;
+  std::size_t capacity = 0;
+};
 
 class FileWindow {
  public:
@@ -16,8 +23,12 @@ class FileWindow {
   // enough that the calls cost nothing.
   static constexpr std::size_t kBlock = 128 * 1024;
 
-  // `file` must outlive the window. `block` is how many bytes are read at once.
-  explicit FileWindow(system::InputFile& file, std::size_t block = kBlock);
+  // `file` must outlive the window. `block` is how many bytes are read at once. Memory that an
+  // earlier window has left spares the making of new.
+  explicit FileWindow(system::InputFile& file, std::size_t block = kBlock, ReadBuffer memory = {});
+
+  // Gives the memory away; the window is of no use afterwards.
+  ReadBuffer release() { return std::move(buffer_); }
 
   // Moves the window so that it begins at `from` and holds at least one byte more than it held
   // behind that, unless the file ends. False when the reading failed; the window is then the last.
@@ -30,7 +41,7 @@ class FileWindow {
   system::InputFile& file_;
   std::size_t block_;
   Position length_;
-  std::vector<std::uint8_t> buffer_;
+  ReadBuffer buffer_;
   Stretch stretch_;
 };
 

@@ -64,7 +64,8 @@ void UnusedAnalysis::BuscarNoUtilizados() {
   lists_.ListBorrar.hide();
   strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
   const std::vector<std::string> used = lists_.ListUtilizados.rows();
-  const std::vector<std::string> candidates = lists_.List1.rows();
+  // Handlers that run in between may empty List1.
+  std::vector<std::string> candidates = lists_.List1.take();
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used.size()));
 
   const auto job = work_.current_job();
@@ -77,6 +78,8 @@ void UnusedAnalysis::BuscarNoUtilizados() {
     return !work_.must_stop(job);
   });
   if (work_.superseded(job)) return;
+  lists_.List1.clear();
+  lists_.List1.add(std::move(candidates));
   lists_.List1.remove_if([&](std::size_t i) { return struck[i]; });
   offer_unused();
 }

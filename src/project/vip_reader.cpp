@@ -5,6 +5,7 @@
 #include <new>
 #include <optional>
 #include <span>
+#include <utility>
 
 #include "text/byte_search.h"
 #include "text/code_page.h"
@@ -32,10 +33,14 @@ std::string log_name_of(std::string name) {
 struct VipReader::Run {
   Run(VipReader& reader, std::unique_ptr<system::InputFile> opened)
       : file(std::move(opened)),
-        window(*file, reader.block_),
+        window(*file, reader.block_, std::exchange(reader.spare_, {})),
         pacer(reader.platform_.pump, reader.platform_.clock),
         job(reader.work_.current_job()),
-        stopped(reader.work_.Cancelar) {}
+        stopped(reader.work_.Cancelar),
+        reader_(reader) {}
+  ~Run() { reader_.spare_ = window.release(); }
+  Run(const Run&) = delete;
+  Run& operator=(const Run&) = delete;
 
   std::unique_ptr<system::InputFile> file;
   FileWindow window;
@@ -53,6 +58,9 @@ struct VipReader::Run {
   std::size_t row_bytes = 0;
 
   Position length() const { return window.length(); }
+
+ private:
+  VipReader& reader_;
 };
 
 // Gives the window its turn. False when the run has to stop.

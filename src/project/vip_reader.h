@@ -62,6 +62,7 @@ class VipReader {
   work::WorkInHand& work_;
   ui::ProgressBar& progress_;
   std::size_t block_;
+  ReadBuffer spare_;  // left by the last reading
 };
 
 }  // namespace ordelan::project

@@ -66,11 +66,18 @@ std::optional<char> byte_of(std::uint32_t point) {
   return static_cast<char>(static_cast<unsigned char>(0x80 + (found - kHighControls.begin())));
 }
 
+// Text that reads the same in both codes.
+bool is_ascii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 }  // namespace
 
 const std::array<std::uint16_t, 256> kCodePoints = make_code_points();
 
 std::string to_utf8(std::string_view ansi) {
+  if (is_ascii(ansi)) return std::string(ansi);
   std::string utf8;
   utf8.reserve(ansi.size());
   for (const char c : ansi) {
@@ -90,6 +97,7 @@ std::string to_utf8(std::string_view ansi) {
 }
 
 std::optional<std::string> from_utf8(std::string_view utf8) {
+  if (is_ascii(utf8)) return std::string(utf8);
   std::string ansi;
   ansi.reserve(utf8.size());
   for (std::size_t at = 0; at < utf8.size();) {

@@ -23,11 +23,25 @@ std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra) {
 std::string_view file_name(std::string_view Ruta) {
   // The buffer that names were always taken through holds 255 characters, its end mark included.
   constexpr std::size_t kLongest = 254;
-  Ruta = Ruta.substr(0, Ruta.find('\0'));
-  if (Ruta.find_first_of("*?[]") != std::string_view::npos) return {};
-  const auto last = Ruta.find_last_of("\\/:");
-  const auto name = last == std::string_view::npos ? Ruta : Ruta.substr(last + 1);
-  return name.substr(0, std::min(name.size(), kLongest));
+  std::size_t begin = 0;
+  std::size_t end = 0;
+  for (; end < Ruta.size() && Ruta[end] != '\0'; ++end) {
+    switch (Ruta[end]) {
+      case '*':
+      case '?':
+      case '[':
+      case ']':
+        return {};
+      case '\\':
+      case '/':
+      case ':':
+        begin = end + 1;
+        break;
+      default:
+        break;
+    }
+  }
+  return Ruta.substr(begin, std::min(end - begin, kLongest));
 }
 
 std::string Obtener_Nombre_Archivo(std::string_view Ruta) {

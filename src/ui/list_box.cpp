@@ -54,6 +54,13 @@ void ListBox::clear() {
   changed();
 }
 
+std::vector<std::string> ListBox::take() {
+  std::vector<std::string> rows;
+  rows.swap(rows_);
+  if (!rows.empty()) changed();
+  return rows;
+}
+
 void ListBox::remove(std::size_t index) {
   if (index >= rows_.size()) return;
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));

@@ -27,6 +27,8 @@ class ListBox : public Control {
   void add(std::string_view row);
   void add(std::vector<std::string> rows);
   void clear();
+  // Empties the list and gives its rows.
+  std::vector<std::string> take();
   // Takes out one row, or nothing past the end. The current row keeps its number.
   void remove(std::size_t index);
   // Takes out every row for which `unwanted` is true (by index), all at once.
