@@ -67,9 +67,8 @@ void Form1::name_controls() {
   Configurar.set_caption("Configurar");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
-  for (ui::Control* pending :
-       std::initializer_list<ui::Control*>{&CommandBorrado, &cmdPerdidos, &SalvaListados,
-                                           &ActualizarVip, &Configurar, &ZoomListas}) {
+  for (ui::Control* pending : std::initializer_list<ui::Control*>{
+           &CommandBorrado, &cmdPerdidos, &ActualizarVip, &Configurar, &ZoomListas}) {
     pending->set_enabled(false);
   }
 

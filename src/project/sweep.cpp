@@ -77,7 +77,10 @@ void Form1::BarrerProyectos() {
   strip.Alerta(work::kProgress, ": ", false);
   work_.Descodificando = false;
   cmdReset.show();
-  if (work_.Cancelar) cmdReset_Click();
+  if (work_.Cancelar) {
+    cmdReset_Click();
+    return;
+  }
   ZoomListas.show();
 }
 

@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "win32/control_peer.h"
@@ -118,7 +119,27 @@ void WindowPeer::place() {
   placing_ = false;
 }
 
+// A window that is put back where no screen is any more could not even be dragged back.
+void WindowPeer::bring_onto_a_screen() {
+  RECT area{};
+  if (IsIconic(handle_) || !GetWindowRect(handle_, &area)) return;
+  const RECT title{area.left, area.top, area.right, area.top + GetSystemMetrics(SM_CYCAPTION)};
+  if (MonitorFromRect(&title, MONITOR_DEFAULTTONULL) != nullptr) return;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  if (!GetMonitorInfoW(MonitorFromRect(&title, MONITOR_DEFAULTTONEAREST), &monitor)) return;
+  const RECT& screen = monitor.rcWork;
+  // The far edges first: of a window larger than the screen, the title stays in sight.
+  const LONG left =
+      std::max(screen.left, std::min(area.left, screen.right - (area.right - area.left)));
+  const LONG top =
+      std::max(screen.top, std::min(area.top, screen.bottom - (area.bottom - area.top)));
+  SetWindowPos(handle_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  window_.moved_to(position_of(handle_));
+}
+
 void WindowPeer::show() {
+  if (window_.visible() && !IsWindowVisible(handle_)) bring_onto_a_screen();
   if (!window_.visible() || desk_.ended()) {
     ShowWindow(handle_, SW_HIDE);
     return;

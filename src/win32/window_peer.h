@@ -50,6 +50,7 @@ class WindowPeer final : public ui::Peer {
   void focus_something();
 
   void place();
+  void bring_onto_a_screen();
   void show();
   void update_order();
   void update_state();

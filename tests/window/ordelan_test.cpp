@@ -35,7 +35,12 @@ class Ordelan : public ::testing::Test {
     std::filesystem::remove_all(folder_, ignored);
   }
 
-  void start() { program = std::make_unique<Program>(); }
+  void start() {
+    program = std::make_unique<Program>();
+    program->wait_until("the start-up's end", [&] {
+      return program->visible("TextNum1(0)") && !program->visible("SalvaListados");
+    });
+  }
 
   void open(const std::string& path) {
     program->click("AbrirFichero");
@@ -106,16 +111,25 @@ TEST_F(Ordelan, opens_a_project_through_the_file_dialog) {
   wait_decoded();
   EXPECT_THAT(program->rows("ListProyectos"),
               ElementsAre("1 --> D:\\Mix\\balada.vip", "2 --> D:\\Mix\\tema.vip",
-                          "3 --> D:\\Mix\\tema_BAK.vip"));
+                          "3 --> D:\\Mix\\tema_BAK.vip",
+                          "4 --> D:\\Mix\\Canción del Año\\canción del año.vip"));
   const auto rows = program->rows("ListVip");
   ASSERT_THAT(rows, SizeIs(21));
   EXPECT_EQ(rows[0], "D:\\Mix\\Voces\\voz_principal.wav");
   EXPECT_EQ(rows[10], "D:\\Mix\\Canción del Año\\piñata.MP3");
-  EXPECT_EQ(program->text("LabelCheck(0)"), "Encontrados 3 proyectos en:");
+  EXPECT_EQ(program->text("LabelCheck(0)"), "Encontrados 4 proyectos en:");
   EXPECT_EQ(program->text("LabelCount(0)"), "21 Archivos utilizados en: D:\\Mix\\tema.vip");
   EXPECT_EQ(program->text("LabelCount(1)"), "D:\\Mix\\");
   EXPECT_FALSE(program->visible("cmdCancelar"));
   EXPECT_FALSE(program->visible("TextNum1(0)"));
+  EXPECT_EQ(program->text("LabelAdd(0)"), "41  archivos en: 4 proyectos, 10 duplicados; Total: 31");
+  EXPECT_THAT(program->rows("ListUtilizados"), SizeIs(35));
+  EXPECT_EQ(program->text("LabelErase(1)"),
+            "Archivos no utilizados: 3     Duplicados: 0    Total: 3");
+  EXPECT_THAT(program->rows("ListBorrar"),
+              ElementsAre("D:\\Mix\\Canción del Año\\guitarra descartada.wav",
+                          "D:\\Mix\\prueba de sonido.wma", "D:\\Mix\\Voces\\mensaje de móvil.m4a"));
+  EXPECT_TRUE(program->visible("CommandBorrado"));
   program->picture_of_screen("ordelan-decoded");
 
   program->click("cmdReset");
@@ -175,6 +189,70 @@ TEST_F(Ordelan, a_cancel_lands_in_the_middle_of_a_long_decode) {
   EXPECT_FALSE(program->rows("ListVip").empty());
 }
 
+TEST_F(Ordelan, takes_a_folder_dropped_by_another_program) {
+  start();
+  program->drop("ListProyectos", {"D:\\Mix\\Canción del Año"});
+  wait_decoded();
+  EXPECT_THAT(program->rows("ListProyectos"),
+              ElementsAre("1 --> D:\\Mix\\Canción del Año\\canción del año.vip"));
+  EXPECT_EQ(program->text("LabelCheck(1)"), "D:\\Mix\\Canción del Año");
+  EXPECT_FALSE(program->rows("ListVip").empty());
+  EXPECT_TRUE(program->visible("cmdPerdidos"));
+  program->picture_of_screen("ordelan-dropped");
+}
+
+TEST_F(Ordelan, takes_projects_dropped_by_another_program) {
+  start();
+  program->drop("ListProyectos",
+                {"D:\\Mix\\solo_midi.vip", "D:\\Mix\\balada.vip", "D:\\Mix\\tema.vip"});
+  wait_decoded();
+  EXPECT_THAT(program->rows("ListProyectos"),
+              ElementsAre("1 --> D:\\Mix\\balada.vip", "2 --> D:\\Mix\\tema.vip"));
+  EXPECT_EQ(program->text("LabelCheck(1)"), "D:\\Mix\\balada.vip");
+}
+
+TEST_F(Ordelan, a_double_click_decodes_one_project) {
+  start();
+  open("D:\\Mix\\tema.vip");
+  wait_decoded();
+  program->double_click_row("ListProyectos", 0);
+  program->wait_until("the other project", [&] {
+    return program->text("LabelCount(0)") == "8 Archivos utilizados en: D:\\Mix\\balada.vip";
+  });
+  EXPECT_THAT(program->rows("ListVip"), SizeIs(8));
+  EXPECT_THAT(program->rows("ListUtilizados"), SizeIs(35));
+}
+
+TEST_F(Ordelan, saves_its_reports_beside_the_projects) {
+  const std::filesystem::path reports = L"D:\\Mix\\Listados";
+  std::filesystem::remove_all(reports);
+  start();
+  open("D:\\Mix\\tema.vip");
+  wait_decoded();
+  program->click("SalvaListados");
+  program->wait_until("the last report",
+                      [&] { return std::filesystem::exists(reports / L"Archivos a Borrar.log"); });
+  EXPECT_TRUE(std::filesystem::exists(reports / L"Archivos de tema.vip.log"));
+  EXPECT_TRUE(std::filesystem::exists(reports / L"Archivos Totales.log"));
+  program->wait_until("the window as it stood", [&] {
+    return program->text("LabelCount(0)") == "21 Archivos utilizados en: D:\\Mix\\tema.vip";
+  });
+  EXPECT_FALSE(program->message_shown());
+  program->picture_of_screen("ordelan-reports");
+  program.reset();
+  std::filesystem::remove_all(reports);
+}
+
+TEST_F(Ordelan, a_place_that_no_screen_shows_brings_the_window_back) {
+  std::ofstream(kConfigFolder / L"Config.ini") << "[Settings]\nMe_Left=30000\nMe_Top=-5000\n";
+  start();
+  const RECT place = program->place();
+  EXPECT_GE(place.left, 0);
+  EXPECT_GE(place.top, 0);
+  EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
+  EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
+}
+
 TEST_F(Ordelan, a_heading_is_shown_in_full_by_a_click) {
   start();
   open("D:\\Mix\\tema.vip");
@@ -223,7 +301,7 @@ TEST_F(Ordelan, is_worked_by_keys_alone) {
   program->key(VK_SPACE);
   program->pick_files({"D:\\Mix\\balada.vip"});
   wait_decoded();
-  EXPECT_EQ(program->text("LabelCheck(0)"), "Encontrados 3 proyectos en:");
+  EXPECT_EQ(program->text("LabelCheck(0)"), "Encontrados 4 proyectos en:");
 }
 
 }  // namespace
