@@ -3,7 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -293,6 +295,33 @@ TEST_F(Ordelan, closes_with_the_windows_own_button_in_the_middle_of_a_decode) {
   wait_shown("XP_ProgressBar1");
   program->close_window();
   EXPECT_EQ(program->wait_for_end(), 0u);
+}
+
+// Needs a studio that takes a while: ORDELAN_LARGE_PROJECT names one of its projects.
+TEST_F(Ordelan, answers_all_through_the_sweep_of_a_large_studio) {
+  const char* project = std::getenv("ORDELAN_LARGE_PROJECT");
+  if (project == nullptr) GTEST_SKIP() << "no large studio was given";
+  start();
+  open(project);
+  using Clock = std::chrono::steady_clock;
+  const auto begun = Clock::now();
+  Clock::duration longest{};
+  while (!program->visible("SalvaListados")) {
+    const auto asked = Clock::now();
+    DWORD_PTR ignored = 0;
+    ASSERT_NE(SendMessageTimeoutW(program->window(), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &ignored), 0)
+        << "the window did not answer for five seconds";
+    longest = std::max(longest, Clock::now() - asked);
+    ASSERT_LT(Clock::now() - begun, std::chrono::minutes(5));
+  }
+  const auto milliseconds = [](Clock::duration time) {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
+  };
+  std::cout << program->text("LabelCheck(0)") << " " << program->text("LabelAdd(0)") << "\n"
+            << "swept in " << milliseconds(Clock::now() - begun) << " ms, the longest wait for an "
+            << "answer was " << milliseconds(longest) << " ms\n";
+  EXPECT_GT(program->row_count("ListUtilizados"), 1000u);
+  program->picture_of_screen("ordelan-large");
 }
 
 TEST_F(Ordelan, is_worked_by_keys_alone) {
