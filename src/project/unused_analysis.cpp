@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 
 #include "project/candidate_kinds.h"
@@ -85,10 +87,15 @@ void UnusedAnalysis::BuscarNoUtilizados() {
 }
 
 void UnusedAnalysis::offer_unused() {
+  // Where a file was listed twice, with a folder and with the one around it, the strike may have
+  // passed over the second row. A file that a project names is not offered for all that.
+  const auto& used_rows = lists_.ListUtilizados.rows();
+  const std::unordered_set<std::string_view> used(used_rows.begin(), used_rows.end());
   std::vector<std::string> unused;
   if (!work_.Cancelar) {
     for (const std::string& row : lists_.List1.rows()) {
-      if (is_offered(row) && row.find("FreezeData") == std::string::npos) unused.push_back(row);
+      if (!is_offered(row) || row.find("FreezeData") != std::string::npos) continue;
+      if (!used.contains(row)) unused.push_back(row);
     }
   }
   const auto repeated = repeated_rows(unused, [](const std::string&) { return false; });

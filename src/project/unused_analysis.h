@@ -25,8 +25,9 @@ class UnusedAnalysis {
   void ListarArchivosCarpetas();
 
   // Strikes from List1 what ListUtilizados uses, moves what is left and is audio to ListBorrar
-  // without repeats, and heads that list with the totals. Does nothing where nothing is used. A
-  // cancel leaves ListBorrar empty: a list that was only half worked out would offer used files.
+  // without repeats, and heads that list with the totals. Never offers a path that stands in
+  // ListUtilizados. Does nothing where nothing is used. A cancel leaves ListBorrar empty: a list
+  // that was only half worked out would offer used files.
   void BuscarNoUtilizados();
 
   // Whether two files are there with the same length and the same bytes.

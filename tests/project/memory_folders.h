@@ -1,0 +1,121 @@
+// A disk in memory with folders: thousands of little ones are made and gone in a second.
+#pragma once
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "system/file_system.h"
+#include "text/code_page.h"
+
+namespace ordelan::test {
+
+class MemoryFolders final : public system::FileSystem {
+ public:
+  explicit MemoryFolders(bool ignores_case = false) : ignores_case_(ignores_case) {
+    folders_[key("D:\\")];
+  }
+
+  // Makes a folder in one that is there, given without its backslash. False when it is there
+  // already.
+  bool add_folder(const std::string& path, bool link = false) {
+    system::FileInfo info;
+    info.folder = true;
+    info.link = link;
+    if (!add_entry(path, info)) return false;
+    folders_[key(path + "\\")];
+    return true;
+  }
+
+  // Puts a file into a folder that is there. False when the name is taken.
+  bool add_file(const std::string& path, const std::string& bytes, bool hidden = false,
+                bool locked = false) {
+    system::FileInfo info;
+    info.size = bytes.size();
+    info.hidden = hidden;
+    if (!add_entry(path, info)) return false;
+    files_[key(path)] = {bytes, locked};
+    return true;
+  }
+
+  std::optional<system::FileInfo> info(std::string_view path) override {
+    const std::string folder(path.substr(0, path.rfind('\\') + 1));
+    const auto found = folders_.find(key(folder));
+    if (found == folders_.end()) return std::nullopt;
+    const std::string name = key(std::string(path.substr(folder.size())));
+    for (const system::FileInfo& entry : found->second) {
+      if (key(entry.name) == name) return entry;
+    }
+    return std::nullopt;
+  }
+
+  std::optional<std::vector<system::FileInfo>> list(std::string_view folder,
+                                                    system::Detail) override {
+    ++listings[std::string(folder)];
+    const auto found = folders_.find(key(std::string(folder)));
+    if (found == folders_.end()) return std::nullopt;
+    return found->second;
+  }
+
+  std::unique_ptr<system::InputFile> open(std::string_view path) override {
+    const auto found = files_.find(key(std::string(path)));
+    if (found == files_.end() || found->second.locked) return nullptr;
+    return std::make_unique<Input>(found->second.bytes);
+  }
+
+  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  bool make_folder(std::string_view) override { return false; }
+  bool replace(std::string_view, std::string_view) override { return false; }
+  bool remove(std::string_view) override { return false; }
+
+  std::map<std::string, int> listings;  // how often each folder has been listed
+
+ private:
+  struct File {
+    std::string bytes;
+    bool locked;
+  };
+
+  class Input final : public system::InputFile {
+   public:
+    explicit Input(const std::string& bytes) : bytes_(bytes) {}
+    std::uint64_t size() const override { return bytes_.size(); }
+    std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
+      const auto from = std::min(static_cast<std::size_t>(offset), bytes_.size());
+      const std::size_t count = std::min(buffer.size(), bytes_.size() - from);
+      std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(from), count, buffer.begin());
+      return count;
+    }
+
+   private:
+    const std::string& bytes_;
+  };
+
+  std::string key(const std::string& path) const {
+    return ignores_case_ ? text::lower(path) : path;
+  }
+
+  bool add_entry(const std::string& path, system::FileInfo info_of_it) {
+    if (info(path)) return false;
+    const auto slash = path.rfind('\\') + 1;
+    info_of_it.name = path.substr(slash);
+    auto& entries = folders_.at(key(path.substr(0, slash)));
+    const auto behind = std::upper_bound(
+        entries.begin(), entries.end(), info_of_it, [](const auto& a, const auto& b) {
+          if (text::less_ignoring_case(a.name, b.name)) return true;
+          return !text::less_ignoring_case(b.name, a.name) && a.name < b.name;
+        });
+    entries.insert(behind, std::move(info_of_it));
+    return true;
+  }
+
+  bool ignores_case_;
+  std::map<std::string, std::vector<system::FileInfo>> folders_;
+  std::map<std::string, File> files_;
+};
+
+}  // namespace ordelan::test

@@ -1,0 +1,192 @@
+#include "project/project_decoding.h"
+
+#include <gmock/gmock.h>
+
+#include "project/literal_analysis.h"
+#include "support/desk.h"
+#include "support/hostile_bytes.h"
+#include "text/rows.h"
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// The decoding of all listed projects on a real disk.
+struct AllProjects : ::testing::Test {
+  void list_project(const std::string& below, const std::vector<std::string>& used,
+                    std::size_t padding = 0) {
+    disk.write(below, project_of(used, padding));
+    lists.ListProyectos.add(text::project_row(lists.ListProyectos.count() + 1, disk.path(below)));
+  }
+  std::string row(int number, const std::string& below) const {
+    return std::to_string(number) + " --> " + disk.path(below);
+  }
+  const std::vector<std::string>& used() const { return lists.ListUtilizados.rows(); }
+  const std::string& totals() const { return lists.LabelAdd[0].caption(); }
+
+  TestDisk disk;
+  HandClock clock;
+  FixedRegional regional;
+  headless::ScriptedDialogs dialogs;
+  headless::HeadlessBackend backend{clock};
+  system::Platform platform{disk.files(), dialogs, backend, clock, regional};
+  ui::Window window{backend, "window"};
+  work::WorkLists lists{window};
+  work::StatusStrip strip{window};
+  work::WorkInHand work;
+  project::VipReader reader{platform, work, strip.XP_ProgressBar1};
+  project::ProjectDecoding decoding{platform, work, lists, strip, reader};
+};
+
+TEST_F(AllProjects, give_a_header_and_their_files_each) {
+  work.RutaProyectos = disk.path("Mix\\");
+  list_project("Mix\\tema.vip", {"D:\\a.wav", "D:\\b.mp3"});
+  list_project("Mix\\otro.vip", {"D:\\c.wav"});
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", "D:\\b.mp3",
+                                  row(2, "Mix\\otro.vip"), "D:\\c.wav"));
+  EXPECT_EQ(totals(), "3  archivos en: 2 proyectos, 0 duplicados; Total: 3");
+  EXPECT_EQ(lists.LabelAdd[1].caption(), disk.path("Mix\\"));
+  EXPECT_TRUE(lists.LabelAdd[0].visible());
+  EXPECT_TRUE(lists.LabelAdd[1].visible());
+  EXPECT_FALSE(strip.TextDecode.visible());
+}
+
+TEST_F(AllProjects, a_shared_file_stands_once_under_the_first_that_uses_it) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav", "D:\\b.wav"});
+  list_project("Mix\\otro.vip", {"D:\\b.wav", "D:\\c.wav"});
+  list_project("Mix\\tres.vip", {"D:\\b.wav"});
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", "D:\\b.wav",
+                                  row(2, "Mix\\otro.vip"), "D:\\c.wav", row(3, "Mix\\tres.vip")));
+  EXPECT_EQ(totals(), "5  archivos en: 3 proyectos, 2 duplicados; Total: 3");
+  EXPECT_EQ(strip.TextDecode.text(), "Eliminando duplicado: D:\\b.wav");
+}
+
+TEST_F(AllProjects, paths_that_differ_by_case_or_folder_are_no_repeats) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav"});
+  list_project("Mix\\otro.vip", {"D:\\A.wav", "D:\\x\\a.wav"});
+  decoding.DescodificarProyectos(true);
+  EXPECT_EQ(totals(), "3  archivos en: 2 proyectos, 0 duplicados; Total: 3");
+}
+
+TEST_F(AllProjects, a_backup_is_passed_over_unless_backups_count) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav"});
+  list_project("Mix\\tema_BAK.vip", {"D:\\b.wav"});
+  list_project("Mix\\tema_bak.vip", {"D:\\c.wav"});
+  decoding.DescodificarProyectos(false);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(3, "Mix\\tema_bak.vip"),
+                                  "D:\\c.wav"));
+  EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
+
+  lists.ListUtilizados.clear();
+  reader.TotalArchivosVip = 0;
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(2, "Mix\\tema_BAK.vip"),
+                                  "D:\\b.wav", row(3, "Mix\\tema_bak.vip"), "D:\\c.wav"));
+  EXPECT_EQ(totals(), "3  archivos en: 3 proyectos, 0 duplicados; Total: 3");
+}
+
+TEST_F(AllProjects, one_without_references_keeps_its_header_and_does_not_count) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav"});
+  list_project("Mix\\midi.vip", {});
+  list_project("Mix\\otro.vip", {"D:\\c.wav"});
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(2, "Mix\\midi.vip"),
+                                  row(3, "Mix\\otro.vip"), "D:\\c.wav"));
+  EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
+}
+
+TEST_F(AllProjects, one_that_is_gone_leaves_no_row) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav"});
+  list_project("Mix\\otro.vip", {"D:\\c.wav"});
+  disk.remove("Mix\\tema.vip");
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), ElementsAre(row(2, "Mix\\otro.vip"), "D:\\c.wav"));
+  EXPECT_EQ(totals(), "1  archivos en: 1 proyectos, 0 duplicados; Total: 1");
+}
+
+TEST_F(AllProjects, none_at_all_give_totals_of_nothing) {
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), IsEmpty());
+  EXPECT_EQ(totals(), "0  archivos en: 0 proyectos, 0 duplicados; Total: 0");
+}
+
+TEST_F(AllProjects, rows_without_their_folder_are_looked_for_in_the_folder_of_the_projects) {
+  disk.write("Mix\\tema.vip", project_of({"D:\\a.wav"}));
+  lists.ListProyectos.add("1 --> tema.vip");
+  work.RutaProyectos = disk.path("Mix\\");
+  work.PrimerProyecto = disk.path("falta.vip");
+  decoding.DescodificarProyectos(false);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav"));
+  EXPECT_EQ(work.PrimerProyecto, disk.path("Mix\\tema.vip"));
+}
+
+TEST_F(AllProjects, a_cancel_in_the_middle_keeps_what_is_decoded_with_its_repeats) {
+  list_project("Mix\\uno.vip", {"D:\\a.wav"});
+  list_project("Mix\\dos.vip", {"D:\\a.wav"});
+  list_project("Mix\\tres.vip", {"D:\\c.wav"});
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  backend.on_pump = [&] {
+    if (lists.ListUtilizados.count() == 4) work.Cancelar = true;
+  };
+  decoding.DescodificarProyectos(true);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\uno.vip"), "D:\\a.wav", row(2, "Mix\\dos.vip"),
+                                  "D:\\a.wav"));
+  EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
+  EXPECT_FALSE(strip.TextDecode.visible());
+}
+
+TEST_F(AllProjects, a_job_that_takes_their_place_in_the_middle_finds_the_headings_untouched) {
+  list_project("Mix\\uno.vip", {"D:\\a.wav"});
+  list_project("Mix\\dos.vip", {"D:\\b.wav"});
+  clock.step = std::chrono::milliseconds(20);
+  backend.on_pump = [&] {
+    work.begin_job();
+    lists.ListUtilizados.clear();
+  };
+  decoding.DescodificarProyectos(true);
+  EXPECT_EQ(totals(), "");
+  EXPECT_FALSE(lists.LabelAdd[0].visible());
+}
+
+TEST_F(AllProjects, the_bar_ends_full_where_repeats_were_struck_out) {
+  list_project("Mix\\uno.vip", {"D:\\a.wav"});
+  list_project("Mix\\dos.vip", {"D:\\a.wav"});
+  decoding.DescodificarProyectos(true);
+  EXPECT_EQ(strip.XP_ProgressBar1.maximum(), 4);
+  EXPECT_EQ(strip.XP_ProgressBar1.value(), 4);
+}
+
+TEST_F(AllProjects, repeats_go_as_a_double_loop_takes_them_whatever_is_shared) {
+  for (std::uint64_t seed = 0; seed < 150; ++seed) {
+    Dice dice(seed);
+    lists.ListProyectos.clear();
+    lists.ListUtilizados.clear();
+    reader.TotalArchivosVip = 0;
+    std::vector<std::string> wanted;
+    std::size_t total = 0;
+    const auto projects = 1 + dice.below(4);
+    for (std::uint64_t p = 0; p < projects; ++p) {
+      std::vector<std::string> paths(1 + dice.below(5));
+      for (std::string& path : paths) path = "D:\\" + std::to_string(dice.below(6)) + ".wav";
+      const std::string below = "Mix\\p" + std::to_string(p) + ".vip";
+      list_project(below, paths);
+      wanted.push_back(row(static_cast<int>(p) + 1, below));
+      wanted.insert(wanted.end(), paths.begin(), paths.end());
+      total += paths.size();
+    }
+    const std::size_t duplicates = literal_file_repeats(wanted);
+    decoding.DescodificarProyectos(true);
+    ASSERT_EQ(used(), wanted) << "seed " << seed;
+    ASSERT_EQ(totals(), std::to_string(total) + "  archivos en: " + std::to_string(projects) +
+                            " proyectos, " + std::to_string(duplicates) +
+                            " duplicados; Total: " + std::to_string(total - duplicates))
+        << "seed " << seed;
+  }
+}
+
+}  // namespace
+}  // namespace ordelan::test

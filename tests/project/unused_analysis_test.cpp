@@ -1,0 +1,438 @@
+#include "project/unused_analysis.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "headless/headless_backend.h"
+#include "headless/scripted_dialogs.h"
+#include "project/candidate_kinds.h"
+#include "project/used_strike.h"
+#include "support/fake_services.h"
+#include "support/hostile_bytes.h"
+#include "test_disk.h"
+#include "text/rows.h"
+#include "text/wildcard.h"
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+// The search on a real disk. A project that is there makes its folder one of those searched.
+struct UnusedFiles : ::testing::Test {
+  UnusedFiles() { lists.LabelErase.set_visible(false); }
+
+  void list_project(const std::string& below) {
+    disk.write(below, "project");
+    lists.ListProyectos.add(text::project_row(lists.ListProyectos.count() + 1, disk.path(below)));
+  }
+  void use(const std::string& below) { lists.ListUtilizados.add(disk.path(below)); }
+  void search() {
+    tree.forget();
+    lists.ListBorrar.clear();
+    analysis.ListarArchivosCarpetas();
+    analysis.BuscarNoUtilizados();
+  }
+  const std::vector<std::string>& offered() const { return lists.ListBorrar.rows(); }
+  bool equal(const std::string& a, const std::string& b) {
+    return analysis.ComparaFiles(disk.path(a), disk.path(b));
+  }
+
+  TestDisk disk;
+  HandClock clock;
+  FixedRegional regional;
+  headless::ScriptedDialogs dialogs;
+  headless::HeadlessBackend backend{clock};
+  system::Platform platform{disk.files(), dialogs, backend, clock, regional};
+  ui::Window window{backend, "window"};
+  work::WorkLists lists{window};
+  work::StatusStrip strip{window};
+  work::WorkInHand work;
+  project::FolderTree tree{disk.files()};
+  project::UnusedAnalysis analysis{platform, work, lists, strip, tree};
+};
+
+TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_behind_it_too) {
+  list_project("Mix\\tema.vip");
+  for (const char* name : {"a.wav", "b.wav", "c.wav", "d.wav"}) {
+    disk.write(std::string("Mix\\") + name, name);
+  }
+  use("Mix\\b.wav");
+  search();
+  EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav"), disk.path("Mix\\d.wav")));
+  EXPECT_EQ(offered(), lists.List1.rows());
+  EXPECT_EQ(lists.LabelErase[1].caption(),
+            "Archivos no utilizados: 2     Duplicados: 0    Total: 2");
+  EXPECT_TRUE(lists.LabelErase[1].visible());
+  EXPECT_FALSE(lists.LabelErase[0].visible());
+  EXPECT_TRUE(lists.ListBorrar.visible());
+}
+
+TEST_F(UnusedFiles, the_candidate_behind_a_used_one_goes_also_where_it_is_of_another_kind) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  disk.write("Mix\\m.mp3", "m");
+  disk.write("Mix\\n.mp3", "n");
+  use("Mix\\a.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\n.mp3")));
+}
+
+TEST_F(UnusedFiles, an_equal_copy_is_never_offered) {
+  list_project("Mix\\tema.vip");
+  disk.write("Audio\\a.wav", std::string(30'000, 'a'));
+  disk.write("Mix\\Copia\\a.wav", std::string(30'000, 'a'));
+  use("Audio\\a.wav");
+  search();
+  EXPECT_THAT(offered(), IsEmpty());
+}
+
+TEST_F(UnusedFiles, a_copy_with_one_changed_byte_is_offered) {
+  list_project("Mix\\tema.vip");
+  std::string bytes(30'000, 'a');
+  disk.write("Audio\\a.wav", bytes);
+  bytes[29'999] = 'b';
+  disk.write("Mix\\Copia\\a.wav", bytes);
+  use("Audio\\a.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Copia\\a.wav")));
+}
+
+TEST_F(UnusedFiles, an_equal_copy_under_another_name_is_offered) {
+  list_project("Mix\\tema.vip");
+  disk.write("Audio\\a.wav", "a");
+  disk.write("Mix\\otra.wav", "a");
+  use("Audio\\a.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\otra.wav")));
+}
+
+TEST_F(UnusedFiles, a_used_frozen_track_protects_nothing) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  disk.write("Mix\\FreezeData\\a.wav", "a");
+  use("Mix\\FreezeData\\a.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\a.wav")));
+}
+
+TEST_F(UnusedFiles, a_frozen_track_is_never_offered) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\FreezeData\\a.wav", "a");
+  disk.write("Mix\\freezedata\\b.wav", "b");
+  disk.write("Mix\\mi FreezeData.wav", "c");
+  lists.ListUtilizados.add("E:\\z.wav");
+  search();
+  EXPECT_THAT(lists.List1.rows(), SizeIs(3));
+#ifdef _WIN32
+  EXPECT_THAT(offered(), IsEmpty()) << "there the two folders are one";
+#else
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\freezedata\\b.wav")))
+      << "the mark is looked for letter for letter";
+#endif
+}
+
+TEST_F(UnusedFiles, only_the_audio_kinds_are_offered) {
+  list_project("Mix\\tema.vip");
+  for (const char* name : {"x.wav", "x.aif", "x.mp3", "x.ogg", "x.flac", "x.wma", "x.m4a", "x.fla",
+                           "x.aiff", "x.cue", "x.h2", "x.hdp", "x.hs", "x.txt", "x.WMA"}) {
+    disk.write(std::string("Mix\\") + (name == std::string("x.WMA") ? "y.WMA" : name), "x");
+  }
+  lists.ListUtilizados.add("E:\\z.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\x.wav"), disk.path("Mix\\x.mp3"),
+                                     disk.path("Mix\\x.aif"), disk.path("Mix\\x.ogg"),
+                                     disk.path("Mix\\x.flac"), disk.path("Mix\\x.wma"),
+                                     disk.path("Mix\\y.WMA"), disk.path("Mix\\x.m4a")));
+  EXPECT_THAT(lists.List1.rows(), SizeIs(14)) << "all but the text file are candidates";
+}
+
+TEST_F(UnusedFiles, where_nothing_is_used_nothing_changes) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  lists.ListBorrar.add("E:\\antes.wav");
+  lists.LabelErase[1].set_caption("antes");
+  lists.ListBorrar.hide();
+  analysis.ListarArchivosCarpetas();
+  analysis.BuscarNoUtilizados();
+  EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
+  EXPECT_THAT(offered(), ElementsAre("E:\\antes.wav"));
+  EXPECT_EQ(lists.LabelErase[1].caption(), "antes");
+  EXPECT_FALSE(lists.LabelErase[0].visible());
+  EXPECT_FALSE(lists.LabelErase[1].visible());
+  EXPECT_FALSE(lists.ListBorrar.visible());
+}
+
+TEST_F(UnusedFiles, where_all_is_used_that_is_told) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  use("Mix\\a.wav");
+  search();
+  EXPECT_THAT(offered(), IsEmpty());
+  EXPECT_EQ(lists.LabelErase[0].caption(), "No se han encontrado archivos no utilizados");
+  EXPECT_TRUE(lists.LabelErase[0].visible());
+  EXPECT_EQ(lists.LabelErase[1].caption(), "Archivos no utilizados: 0");
+  EXPECT_FALSE(lists.LabelErase[1].visible());
+}
+
+TEST_F(UnusedFiles, what_nested_project_folders_list_twice_is_counted_and_offered_once) {
+  list_project("Mix\\tema.vip");
+  list_project("Mix\\Dentro\\otro.vip");
+  disk.write("Mix\\Dentro\\a.wav", "a");
+  lists.ListUtilizados.add("E:\\z.wav");
+  search();
+  EXPECT_THAT(lists.List1.rows(), SizeIs(2));
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Dentro\\a.wav")));
+  EXPECT_EQ(lists.LabelErase[1].caption(),
+            "Archivos no utilizados: 2     Duplicados: 1    Total: 1");
+}
+
+TEST_F(UnusedFiles, a_used_file_that_nested_project_folders_list_twice_is_not_offered) {
+  list_project("Mix\\tema.vip");
+  list_project("Mix\\Dentro\\otro.vip");
+  disk.write("Mix\\Dentro\\a.wav", "a");
+  disk.write("Mix\\Dentro\\b.wav", "b");
+  use("Mix\\Dentro\\a.wav");
+  search();
+  EXPECT_THAT(lists.List1.rows(),
+              ElementsAre(disk.path("Mix\\Dentro\\a.wav"), disk.path("Mix\\Dentro\\b.wav")));
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Dentro\\b.wav")));
+  EXPECT_EQ(lists.LabelErase[1].caption(),
+            "Archivos no utilizados: 1     Duplicados: 0    Total: 1");
+}
+
+TEST_F(UnusedFiles, two_projects_of_one_folder_list_it_once) {
+  list_project("Mix\\tema.vip");
+  list_project("Mix\\otro.vip");
+  disk.write("Mix\\a.wav", "a");
+  analysis.ListarArchivosCarpetas();
+  EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
+}
+
+TEST_F(UnusedFiles, candidates_come_folder_by_folder_and_pattern_by_pattern) {
+  list_project("Mix\\tema.vip");
+  list_project("Otro\\tema.vip");
+  for (const char* below : {"Mix\\b.h2", "Mix\\z.wav", "Mix\\Uno\\a.wav", "Mix\\Uno\\Dos\\a.wav",
+                            "Mix\\Uno\\a.mp3", "Mix\\Zeta\\a.h2", "Otro\\a.wav"}) {
+    disk.write(below, "x");
+  }
+  analysis.ListarArchivosCarpetas();
+  EXPECT_THAT(lists.List1.rows(),
+              ElementsAre(disk.path("Mix\\z.wav"), disk.path("Mix\\Uno\\a.wav"),
+                          disk.path("Mix\\Uno\\Dos\\a.wav"), disk.path("Mix\\b.h2"),
+                          disk.path("Mix\\Zeta\\a.h2"), disk.path("Mix\\Uno\\a.mp3"),
+                          disk.path("Otro\\a.wav")));
+}
+
+TEST_F(UnusedFiles, the_folder_of_a_project_that_is_gone_is_not_searched) {
+  disk.write("Mix\\a.wav", "a");
+  lists.ListProyectos.add(text::project_row(1, disk.path("Mix\\tema.vip")));
+  analysis.ListarArchivosCarpetas();
+  EXPECT_THAT(lists.List1.rows(), IsEmpty());
+}
+
+TEST_F(UnusedFiles, names_are_compared_letter_for_letter) {
+  list_project("Mix\\tema.vip");
+  disk.write("Audio\\take.wav", "t");
+  disk.write("Mix\\Take.WAV", "t");
+  use("Audio\\take.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Take.WAV")));
+}
+
+TEST_F(UnusedFiles, a_used_file_that_is_gone_keeps_its_namesakes) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  disk.write("Mix\\b.wav", "b");
+  disk.write("Mix\\Copia\\a.wav", "another");
+  lists.ListUtilizados.add("E:\\Antes\\a.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\b.wav")));
+}
+
+TEST_F(UnusedFiles, the_row_behind_a_removed_one_is_not_looked_at) {
+  list_project("Mix\\tema.vip");
+  for (const char* below : {"Mix\\a.wav", "Mix\\Uno\\a.wav", "Mix\\Uno\\Dos\\a.wav"}) {
+    disk.write(below, "a");
+  }
+  lists.ListUtilizados.add("E:\\Antes\\a.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Uno\\a.wav")));
+}
+
+TEST_F(UnusedFiles, headers_of_projects_strike_nothing) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  lists.ListUtilizados.add("1 --> " + disk.path("Mix\\a.wav"));
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\a.wav")));
+}
+
+TEST_F(UnusedFiles, a_folder_with_the_name_of_audio_is_no_candidate) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\Todo.wav\\a.wav", "a");
+  lists.ListUtilizados.add("E:\\z.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Todo.wav\\a.wav")));
+}
+
+TEST_F(UnusedFiles, a_link_to_a_folder_outside_is_not_walked_into) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  disk.write("Fuera\\b.wav", "b");
+  std::error_code failed;
+  std::filesystem::create_directory_symlink(disk.native_path("Fuera"),
+                                            disk.native_path("Mix\\Enlace"), failed);
+  if (failed) GTEST_SKIP() << "no links may be made here: " << failed.message();
+  lists.ListUtilizados.add("E:\\z.wav");
+  search();
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\a.wav")));
+}
+
+TEST_F(UnusedFiles, a_cancel_in_the_middle_offers_nothing) {
+  list_project("Mix\\tema.vip");
+  for (int i = 10; i < 30; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
+  for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
+  search();
+  ASSERT_THAT(offered(), SizeIs(20));
+
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  int pumps = 0;
+  backend.on_pump = [&] { work.Cancelar = strip.TextDecode.visible() && ++pumps == 4; };
+  lists.ListBorrar.clear();
+  analysis.BuscarNoUtilizados();
+  EXPECT_EQ(pumps, 4) << "it went on behind the cancel";
+  EXPECT_THAT(offered(), IsEmpty());
+  EXPECT_TRUE(lists.ListBorrar.visible());
+  EXPECT_FALSE(lists.LabelErase[0].visible()) << "nobody knows what there would have been";
+  EXPECT_FALSE(lists.LabelErase[1].visible());
+}
+
+TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_untouched) {
+  list_project("Mix\\tema.vip");
+  disk.write("Mix\\a.wav", "a");
+  use("Mix\\a.wav");
+  analysis.ListarArchivosCarpetas();
+  clock.step = std::chrono::milliseconds(20);
+  backend.on_pump = [&] { work.begin_job(); };
+  analysis.BuscarNoUtilizados();
+  EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
+  EXPECT_EQ(lists.LabelErase[1].caption(), "");
+}
+
+TEST_F(UnusedFiles, files_are_equal_in_length_and_in_every_byte) {
+  const std::string bytes(10'000, 'a');
+  disk.write("igual.wav", bytes);
+  disk.write("mismo.wav", bytes);
+  disk.write("corto.wav", std::string(9'999, 'a'));
+  disk.write("largo.wav", std::string(10'001, 'a'));
+  disk.write("final.wav", std::string(9'999, 'a') + "b");
+  disk.write("inicio.wav", "b" + std::string(9'999, 'a'));
+  EXPECT_TRUE(equal("igual.wav", "mismo.wav"));
+  EXPECT_TRUE(equal("igual.wav", "igual.wav"));
+  for (const char* other : {"corto.wav", "largo.wav", "final.wav", "inicio.wav"}) {
+    EXPECT_FALSE(equal("igual.wav", other)) << other;
+    EXPECT_FALSE(equal(other, "igual.wav")) << other;
+  }
+}
+
+TEST_F(UnusedFiles, long_files_that_differ_in_their_last_byte_are_not_equal) {
+  const std::string bytes(700'000, 'a');
+  disk.write("largo.wav", bytes);
+  disk.write("mismo.wav", bytes);
+  disk.write("final.wav", bytes.substr(1) + "b");
+  EXPECT_TRUE(equal("largo.wav", "mismo.wav"));
+  EXPECT_FALSE(equal("largo.wav", "final.wav"));
+}
+
+TEST_F(UnusedFiles, empty_files_are_equal) {
+  disk.write("cero.wav", "");
+  disk.write("nada.wav", "");
+  disk.write("uno.wav", "1");
+  EXPECT_TRUE(equal("cero.wav", "nada.wav"));
+  EXPECT_FALSE(equal("cero.wav", "uno.wav"));
+}
+
+TEST_F(UnusedFiles, what_is_missing_or_no_file_or_has_no_name_equals_nothing) {
+  disk.write("a.wav", "a");
+  disk.make_folder("Carpeta");
+  EXPECT_FALSE(equal("a.wav", "falta.wav"));
+  EXPECT_FALSE(equal("falta.wav", "falta.wav"));
+  EXPECT_FALSE(equal("Carpeta", "Carpeta"));
+  EXPECT_FALSE(analysis.ComparaFiles("", disk.path("a.wav")));
+  EXPECT_FALSE(analysis.ComparaFiles(disk.path("a.wav"), ""));
+  EXPECT_FALSE(analysis.ComparaFiles("", ""));
+}
+
+TEST(CandidateKinds, agree_with_the_twenty_patterns_for_any_name) {
+  constexpr std::string_view kPieces[] = {".",   "wav", "h2", "h",  "hdp", "fla", "c",  "aif", "f",
+                                          "MP3", "x",   " ",  "hz", "HS",  "m4a", "..", "cue", "2"};
+  Dice dice(1);
+  std::size_t fitting = 0;
+  for (int round = 0; round < 50'000; ++round) {
+    std::string name;
+    for (auto pieces = 1 + dice.below(5); pieces > 0; --pieces) {
+      name += kPieces[dice.below(std::size(kPieces))];
+    }
+    std::vector<std::size_t> fits;
+    for (std::size_t i = 0; i < project::kPatterns.size(); ++i) {
+      if (text::matches(project::kPatterns[i], name)) fits.push_back(i);
+    }
+    const auto kind = project::kind_of(name);
+    if (kind) {
+      ASSERT_THAT(fits, ElementsAre(*kind)) << name;
+      ++fitting;
+    } else {
+      ASSERT_THAT(fits, IsEmpty()) << name;
+    }
+  }
+  EXPECT_GT(fitting, 2'000u);
+}
+
+TEST(CandidateKinds, short_extensions_stand_only_for_themselves) {
+  EXPECT_EQ(project::kind_of("x.flac"), project::kind_of("x.fla"));
+  EXPECT_EQ(project::kind_of("x.aiff"), project::kind_of("x.aif"));
+  EXPECT_TRUE(project::kind_of("x.h2"));
+  EXPECT_FALSE(project::kind_of("x.h2x"));
+  EXPECT_FALSE(project::kind_of("x"));
+  EXPECT_FALSE(project::kind_of("wav"));
+  EXPECT_FALSE(project::is_offered("x.fla"));
+  EXPECT_FALSE(project::is_offered("x.aiff"));
+  EXPECT_FALSE(project::is_offered("wav"));
+  EXPECT_TRUE(project::is_offered("xflac"));
+  EXPECT_TRUE(project::is_offered("x.WaV"));
+}
+
+TEST(UsedStrike, the_disk_is_asked_only_about_namesakes_and_never_about_a_path_and_itself) {
+  std::vector<std::string> compared;
+  std::vector<std::string> looked_up;
+  const project::DiskQuestions disk = {[&](const std::string& path) {
+                                         looked_up.push_back(path);
+                                         return true;
+                                       },
+                                       [&](const std::string& a, const std::string& b) {
+                                         compared.push_back(a + " " + b);
+                                         return false;
+                                       }};
+  const auto struck = project::strike_used({"D:\\a.wav", "D:\\n.wav"},
+                                           {"D:\\a.wav", "D:\\b.wav", "D:\\c.wav", "E:\\a.wav"},
+                                           disk, [](std::size_t) { return true; });
+  EXPECT_THAT(struck, ElementsAre(true, true, false, false));
+  EXPECT_THAT(compared, ElementsAre("D:\\a.wav E:\\a.wav"));
+  EXPECT_THAT(looked_up, ElementsAre("D:\\a.wav", "E:\\a.wav"));
+}
+
+TEST(UsedStrike, a_stop_leaves_the_rest_unstruck) {
+  const project::DiskQuestions disk = {[](const std::string&) { return true; },
+                                       [](const std::string&, const std::string&) { return true; }};
+  const auto struck =
+      project::strike_used({"D:\\a.wav", "D:\\c.wav"}, {"D:\\a.wav", "D:\\b.wav", "D:\\c.wav"},
+                           disk, [](std::size_t i) { return i < 1; });
+  EXPECT_THAT(struck, ElementsAre(true, true, false));
+}
+
+}  // namespace
+}  // namespace ordelan::test

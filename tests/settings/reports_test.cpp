@@ -1,0 +1,104 @@
+#include "settings/reports.h"
+
+#include <gmock/gmock.h>
+
+#include "headless/headless_backend.h"
+#include "support/fake_services.h"
+#include "support/memory_files.h"
+#include "ui/window.h"
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+struct Reports : ::testing::Test {
+  bool save(const std::string& name) {
+    return settings::SalvarListados(files, regional, name, list, "3 Archivos", "D:\\Mix\\");
+  }
+
+  // What stands above the rows.
+  static std::string head() {
+    return "Fecha: 21/11/2026    Hora: 9:05:07\r\n"
+           " \r\n"
+           "3 Archivos\r\n"
+           "D:\\Mix\\\r\n"
+           "------------------------------------------------------------------\r\n"
+           " \r\n";
+  }
+  static std::string rule() { return std::string(66, '-') + "\r\n"; }
+
+  HandClock clock;
+  FixedRegional regional;
+  MemoryFiles files;
+  headless::HeadlessBackend backend{clock};
+  ui::Window window{backend, "window"};
+  ui::ListBox list{window, "list"};
+};
+
+TEST_F(Reports, an_empty_list_gives_the_six_lines_above_the_rows) {
+  EXPECT_TRUE(save("D:\\a.log"));
+  EXPECT_EQ(files.contents["D:\\a.log"], head());
+}
+
+TEST_F(Reports, rows_stand_one_a_line) {
+  list.add("D:\\Mix\\a.wav");
+  list.add("D:\\Mix\\canción.wav");
+  list.add("");
+  EXPECT_TRUE(save("D:\\a.log"));
+  EXPECT_EQ(files.contents["D:\\a.log"],
+            head() + "D:\\Mix\\a.wav\r\nD:\\Mix\\canci\xF3n.wav\r\n\r\n");
+}
+
+TEST_F(Reports, a_title_is_followed_by_a_blank_line_and_led_by_hyphens) {
+  list.add("1 --> D:\\Mix\\tema.vip");
+  list.add("D:\\Mix\\a.wav");
+  list.add("D:\\Mix\\b.wav");
+  list.add("2 --> D:\\Mix\\otro.vip");
+  list.add("D:\\Mix\\c.wav");
+  EXPECT_TRUE(save("D:\\a.log"));
+  EXPECT_EQ(files.contents["D:\\a.log"], head() +
+                                             "1 --> D:\\Mix\\tema.vip\r\n \r\n"
+                                             "D:\\Mix\\a.wav\r\n"
+                                             "D:\\Mix\\b.wav\r\n" +
+                                             rule() +
+                                             "2 --> D:\\Mix\\otro.vip\r\n \r\n"
+                                             "D:\\Mix\\c.wav\r\n");
+}
+
+TEST_F(Reports, a_title_without_files_has_the_hyphens_ahead_of_its_blank_line) {
+  list.add("1 --> D:\\Mix\\tema.vip");
+  list.add("2 --> D:\\Mix\\otro.vip");
+  EXPECT_TRUE(save("D:\\a.log"));
+  EXPECT_EQ(files.contents["D:\\a.log"], head() + "1 --> D:\\Mix\\tema.vip\r\n" + rule() +
+                                             " \r\n2 --> D:\\Mix\\otro.vip\r\n \r\n");
+}
+
+TEST_F(Reports, saving_again_replaces_the_old_report) {
+  files.contents["D:\\a.log"] = std::string(5000, 'x');
+  list.add("D:\\Mix\\a.wav");
+  EXPECT_TRUE(save("D:\\a.log"));
+  EXPECT_TRUE(save("D:\\a.log"));
+  EXPECT_EQ(files.contents["D:\\a.log"], head() + "D:\\Mix\\a.wav\r\n");
+  EXPECT_THAT(files.contents, SizeIs(1)) << "no draft is left";
+}
+
+TEST_F(Reports, a_report_without_a_name_is_not_written) {
+  list.add("D:\\Mix\\a.wav");
+  EXPECT_FALSE(save(""));
+  EXPECT_THAT(files.contents, IsEmpty());
+}
+
+TEST_F(Reports, one_that_cannot_be_written_leaves_no_file) {
+  EXPECT_FALSE(save("D:\\Falta>\\a.log"));
+  EXPECT_THAT(files.contents, IsEmpty());
+}
+
+TEST_F(Reports, a_name_with_several_dots_stays_whole) {
+  EXPECT_TRUE(save("D:\\Archivos de tema.v2.final.vip.log"));
+  EXPECT_TRUE(files.contents.contains("D:\\Archivos de tema.v2.final.vip.log"));
+}
+
+}  // namespace
+}  // namespace ordelan::test
