@@ -139,7 +139,7 @@ void Form1::ListProyectos_Drop(const std::vector<std::string>& items) {
   }
 
   ui::ListaAncho(lists.ListProyectos);
-  if (work_.PrimerProyecto.empty()) {
+  if (work_.PrimerProyecto.empty() || work_.Cancelar) {
     cmdReset_Click();
     return;
   }
@@ -156,6 +156,11 @@ bool Form1::drop_folder(const std::string& folder) {
   PrepararBarrido();
   const bool found = listing_.BuscarVips(folder);
   if (work_.superseded(job)) return false;
+  if (work_.Cancelar) {
+    // A sweep of the projects found so far would take the files of the others for unused.
+    cmdReset_Click();
+    return false;
+  }
   if (!found) {
     if (removes_side_files()) ask_to_remove_side_files(folder);
     return false;

@@ -25,7 +25,7 @@ void UnusedAnalysis::ListarArchivosCarpetas() {
     if (exists(folder)) folder = text::getPath(folder, "\\");
     folders.push_back(std::move(folder));
   }
-  const auto repeated = repeated_rows(folders, [](const std::string&) { return false; });
+  const auto repeated = repeated_rows(folders);
 
   const auto job = work_.current_job();
   std::vector<std::string> candidates;
@@ -80,38 +80,54 @@ void UnusedAnalysis::BuscarNoUtilizados() {
     return !work_.must_stop(job);
   });
   if (work_.superseded(job)) return;
+  std::vector<std::string> left;
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    if (!struck[i]) left.push_back(std::move(candidates[i]));
+  }
+  candidates = {};
+  if (work_.Cancelar) {
+    lists_.ListBorrar.show();
+    lists_.LabelErase.set_visible(false);  // nobody knows what there would have been
+  } else {
+    offer_unused(used, left, pacer, job);
+    if (work_.superseded(job)) return;
+  }
   lists_.List1.clear();
-  lists_.List1.add(std::move(candidates));
-  lists_.List1.remove_if([&](std::size_t i) { return struck[i]; });
-  offer_unused();
+  lists_.List1.add(std::move(left));
 }
 
-void UnusedAnalysis::offer_unused() {
+void UnusedAnalysis::offer_unused(const std::vector<std::string>& used_rows,
+                                  const std::vector<std::string>& left, system::Pacer& pacer,
+                                  work::JobNumber job) {
   // Where a file was listed twice, with a folder and with the one around it, the strike may have
   // passed over the second row. A file that a project names is not offered for all that.
-  const auto& used_rows = lists_.ListUtilizados.rows();
-  const std::unordered_set<std::string_view> used(used_rows.begin(), used_rows.end());
+  std::unordered_set<std::string_view> used;
+  used.reserve(used_rows.size());
+  for (const std::string& row : used_rows) {
+    used.insert(row);
+    pacer.turn();
+  }
   std::vector<std::string> unused;
-  if (!work_.Cancelar) {
-    for (const std::string& row : lists_.List1.rows()) {
-      if (!is_offered(row) || row.find("FreezeData") != std::string::npos) continue;
-      if (!used.contains(row)) unused.push_back(row);
-    }
+  for (const std::string& row : left) {
+    pacer.turn();
+    if (!is_offered(row) || row.find("FreezeData") != std::string::npos) continue;
+    if (!used.contains(row)) unused.push_back(row);
   }
-  const auto repeated = repeated_rows(unused, [](const std::string&) { return false; });
-  const auto duplicates =
-      static_cast<std::size_t>(std::count(repeated.begin(), repeated.end(), true));
-  if (duplicates > 0) {
-    const auto last = std::find(repeated.rbegin(), repeated.rend(), true);
-    const auto& row = unused[static_cast<std::size_t>(repeated.rend() - last) - 1];
-    strip_.Alerta(work::kProgress, "Eliminando duplicado: " + row, true);
-  }
+  const auto none_exempt = [](const std::string&) { return false; };
+  const auto repeated = repeated_rows(unused, none_exempt, [&] { pacer.turn(); });
+  if (work_.superseded(job)) return;
+  if (work_.Cancelar) unused.clear();
 
-  ui::ListBox& list = lists_.ListBorrar;
   const std::size_t total = unused.size();
-  list.add(std::move(unused));
-  list.remove_if([&](std::size_t i) { return i < repeated.size() && repeated[i]; });
-  list.show();
+  std::vector<std::string> kept;
+  std::string duplicate;
+  for (std::size_t i = 0; i < total; ++i) {
+    (repeated[i] ? duplicate : kept.emplace_back()) = std::move(unused[i]);
+  }
+  const std::size_t duplicates = total - kept.size();
+  if (duplicates > 0) strip_.Alerta(work::kProgress, "Eliminando duplicado: " + duplicate, true);
+  lists_.ListBorrar.add(std::move(kept));
+  lists_.ListBorrar.show();
   head_unused(total, duplicates);
 }
 
@@ -125,8 +141,7 @@ void UnusedAnalysis::head_unused(std::size_t found, std::size_t duplicates) {
     headings[0].set_caption("No se han encontrado archivos no utilizados");
     headings[1].set_caption(count);
   }
-  // Nobody knows what a cancelled search would have found.
-  headings[0].set_visible(found == 0 && !work_.Cancelar);
+  headings[0].set_visible(found == 0);
   headings[1].set_visible(found > 0);
 }
 

@@ -40,7 +40,8 @@ class UnusedAnalysis {
 
  private:
   bool exists(const std::string& path);
-  void offer_unused();
+  void offer_unused(const std::vector<std::string>& used_rows, const std::vector<std::string>& left,
+                    system::Pacer& pacer, work::JobNumber job);
   void head_unused(std::size_t found, std::size_t duplicates);
 
   const system::Platform& platform_;

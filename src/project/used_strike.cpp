@@ -14,6 +14,7 @@ namespace {
 
 using Index = std::uint32_t;
 constexpr Index kNone = std::numeric_limits<Index>::max();
+constexpr std::size_t kRowsBetweenTurns = 4096;
 
 // The candidates that are left, in their order: each knows its neighbours, so that taking one out
 // moves nothing.
@@ -47,9 +48,12 @@ class Remaining {
 // The candidates of each name, in their order: chains through one array, as most names have one.
 class ByName {
  public:
-  explicit ByName(const std::vector<std::string>& rows) : behind_(rows.size(), kNone) {
+  // Stops early, with a part of the candidates, when `go_on` gives false.
+  ByName(const std::vector<std::string>& rows, const std::function<bool(std::size_t)>& go_on)
+      : behind_(rows.size(), kNone) {
     first_.reserve(rows.size());
     for (std::size_t i = rows.size(); i-- > 0;) {
+      if (i % kRowsBetweenTurns == 0 && !go_on(0)) return;
       const auto [entry, is_new] = first_.try_emplace(text::file_name(rows[i]), kNone);
       behind_[i] = entry->second;
       entry->second = static_cast<Index>(i);
@@ -77,7 +81,7 @@ std::vector<bool> strike_used(const std::vector<std::string>& used,
                               const std::vector<std::string>& candidates, const DiskQuestions& disk,
                               const std::function<bool(std::size_t index)>& go_on) {
   Remaining remaining(candidates.size());
-  const ByName by_name(candidates);
+  const ByName by_name(candidates, go_on);
   for (std::size_t i = 0; i < used.size(); ++i) {
     if (!go_on(i)) break;
     if (!protects(used[i])) continue;

@@ -26,8 +26,9 @@ struct DiskQuestions {
 // - The candidate behind one that went is not looked at in this turn.
 //
 // Rows of `used` that are no files, and those that hold "FreezeData", strike nothing: frozen tracks
-// can be made again. `go_on` is asked before each used file; when it gives false the rest is left.
-// The cost grows with the rows, not with their product.
+// can be made again. `go_on` is asked before each used file, with its index, and now and then
+// before the first; when it gives false the rest is left. The cost grows with the rows, not with
+// their product.
 std::vector<bool> strike_used(const std::vector<std::string>& used,
                               const std::vector<std::string>& candidates, const DiskQuestions& disk,
                               const std::function<bool(std::size_t index)>& go_on);
