@@ -75,9 +75,9 @@ TEST_F(AllProjects, paths_that_differ_by_case_or_folder_are_no_repeats) {
 TEST_F(AllProjects, a_backup_is_passed_over_unless_backups_count) {
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\tema_BAK.vip", {"D:\\b.wav"});
-  list_project("Mix\\tema_bak.vip", {"D:\\c.wav"});
+  list_project("Mix\\otro_bak.vip", {"D:\\c.wav"});
   decoding.DescodificarProyectos(false);
-  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(3, "Mix\\tema_bak.vip"),
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(3, "Mix\\otro_bak.vip"),
                                   "D:\\c.wav"));
   EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
 
@@ -85,7 +85,7 @@ TEST_F(AllProjects, a_backup_is_passed_over_unless_backups_count) {
   reader.TotalArchivosVip = 0;
   decoding.DescodificarProyectos(true);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(2, "Mix\\tema_BAK.vip"),
-                                  "D:\\b.wav", row(3, "Mix\\tema_bak.vip"), "D:\\c.wav"));
+                                  "D:\\b.wav", row(3, "Mix\\otro_bak.vip"), "D:\\c.wav"));
   EXPECT_EQ(totals(), "3  archivos en: 3 proyectos, 0 duplicados; Total: 3");
 }
 
