@@ -18,6 +18,7 @@ struct Options {
   std::string config;
   bool json = false;
   std::string project;
+  std::vector<std::string> items;
   std::optional<bool> subfolders;
   std::optional<bool> backups;
 };
@@ -66,8 +67,24 @@ std::optional<std::string> unreadable(const std::string& path, const ConsoleHost
   return std::nullopt;
 }
 
-int open_project(const Options& options, const ConsoleHost& host, std::ostream& output,
-                 std::ostream& error) {
+void set_boxes(project::Form1& form, const Options& options) {
+  if (options.subfolders) form.CheckSubPath.set_checked(*options.subfolders);
+  if (options.backups) form.CheckBAK.set_checked(*options.backups);
+}
+
+// Prints what the window holds, and the warning where it refused.
+int finish(const Session& session, const Options& options, std::ostream& output,
+           std::ostream& error) {
+  const project::Form1& form = session.program.form;
+  ConsoleReport(form, session.dialogs.messages).print(output, options.json);
+  if (!form.strip.TextDecode.visible()) return kDone;
+  error << text::to_utf8(form.strip.TextDecode.text()) << "\n";
+  return kRefused;
+}
+
+// Presses AbrirFichero, and the label that saves the reports where that is asked for.
+int open_project(const Options& options, bool save_reports, const ConsoleHost& host,
+                 std::ostream& output, std::ostream& error) {
   const auto path = host.windows_path(options.project);
   const auto complaint =
       path ? unreadable(*path, host) : std::optional<std::string>("no está en ninguna unidad");
@@ -78,16 +95,36 @@ int open_project(const Options& options, const ConsoleHost& host, std::ostream& 
 
   Session session(host, options.config);
   project::Form1& form = session.program.form;
-  if (options.subfolders) form.CheckSubPath.set_checked(*options.subfolders);
-  if (options.backups) form.CheckBAK.set_checked(*options.backups);
+  set_boxes(form, options);
   session.dialogs.files.push_back({*path});
   form.AbrirFichero_Click();
+  if (save_reports && form.SalvaListados.visible()) form.SalvaListados_Click();
+  return finish(session, options, output, error);
+}
 
-  const ConsoleReport report(form, session.dialogs.messages);
-  report.print(output, options.json);
-  if (!form.strip.TextDecode.visible()) return kDone;
-  error << text::to_utf8(form.strip.TextDecode.text()) << "\n";
-  return kRefused;
+// Drops the items on the list of projects.
+int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
+         std::ostream& error) {
+  std::vector<std::string> items;
+  for (const std::string& item : options.items) {
+    const auto path = host.windows_path(item);
+    if (!path || !host.files.info(*path)) {
+      error << "ordelan: " << item << ": " << text::to_utf8("no existe o no está en ninguna unidad")
+            << "\n";
+      return kMisused;
+    }
+    items.push_back(*path);
+  }
+  Session session(host, options.config);
+  project::Form1& form = session.program.form;
+  set_boxes(form, options);
+  form.ListProyectos_Drop(items);
+  const int code = finish(session, options, output, error);
+  if (code == kDone && form.lists.ListProyectos.empty()) {
+    error << "ordelan: no hay proyectos con audio en lo que se ha soltado\n";
+    return kRefused;
+  }
+  return code;
 }
 
 }  // namespace
@@ -104,11 +141,19 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       ->allow_extra_args(false);
   app.add_option("--config", options.config, "Lee las opciones de este archivo INI");
   app.add_flag("--json", options.json, "Imprime un objeto JSON");
-  CLI::App* open =
-      app.add_subcommand("abrir", "Abre un proyecto, como el bot\xC3\xB3n de la ventana");
+  const auto add_command = [&](const std::string& name, const std::string& help) {
+    CLI::App* command = app.add_subcommand(name, text::to_utf8(help));
+    add_choice(*command, "subcarpetas", options.subfolders, "incluir las subcarpetas");
+    add_choice(*command, "bak", options.backups, "incluir los proyectos Vip_BAK");
+    return command;
+  };
+  CLI::App* open = add_command("abrir", "Abre un proyecto, como el botón de la ventana");
   open->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
-  add_choice(*open, "subcarpetas", options.subfolders, "incluir las subcarpetas");
-  add_choice(*open, "bak", options.backups, "incluir los proyectos Vip_BAK");
+  CLI::App* reports =
+      add_command("listados", "Abre un proyecto y salva los listados de su carpeta");
+  reports->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  CLI::App* dropped = add_command("soltar", "Suelta proyectos o carpetas en la lista de proyectos");
+  dropped->add_option("ITEM", options.items, "Proyectos o carpetas")->required();
 
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
@@ -126,7 +171,8 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       return kMisused;
     }
   }
-  return open_project(options, host, output, error);
+  if (dropped->parsed()) return drop(options, host, output, error);
+  return open_project(options, reports->parsed(), host, output, error);
 }
 
 }  // namespace ordelan::app

@@ -114,6 +114,31 @@ TEST_F(Console, backups_are_listed_as_asked) {
       << "options may stand anywhere";
 }
 
+TEST_F(Console, a_drop_sweeps_projects_and_folders) {
+  disk.write("Mix\\a.vip", project_of({"D:\\a.wav"}));
+  disk.write("Mix\\Voces\\b.vip", project_of({"D:\\b.wav"}));
+  disk.write("Mix\\toma.wav", "1");
+  const auto result = run("--json soltar 'D:\\Mix'");
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_EQ(result.json()["ListProyectos"],
+            Json({"1 --> D:\\Mix\\a.vip", "2 --> D:\\Mix\\Voces\\b.vip"}));
+  EXPECT_EQ(result.json()["ListBorrar"], Json({"D:\\Mix\\toma.wav"}));
+  EXPECT_EQ(run("--json soltar 'D:\\Mix\\Voces\\b.vip' 'D:\\Mix\\a.vip'").json()["ListVip"],
+            Json({"D:\\b.wav"}));
+  disk.make_folder("vacia");
+  EXPECT_EQ(run("soltar 'D:\\vacia'").exit_code, 1);
+  EXPECT_EQ(run("soltar 'D:\\nada'").exit_code, 2);
+}
+
+TEST_F(Console, reports_are_saved_beside_the_projects) {
+  disk.write("Mix\\a.vip", project_of({"D:\\a.wav"}));
+  EXPECT_EQ(run("listados 'D:\\Mix\\a.vip'").exit_code, 0);
+  for (const char* name :
+       {"Archivos de a.vip.log", "Archivos Totales.log", "Archivos a Borrar.log"}) {
+    EXPECT_TRUE(disk.files().info(disk.path(std::string("Mix\\Listados\\") + name))) << name;
+  }
+}
+
 TEST_F(Console, options_come_from_the_configuration_file_and_the_command_line_wins) {
   disk.write("tema.vip", project_of({"D:\\a.wav"}));
   disk.write("tema_BAK.vip", project_of({"D:\\a.wav"}));
