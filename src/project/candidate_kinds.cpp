@@ -13,10 +13,8 @@ std::optional<std::size_t> kind_of(std::string_view name) {
   // Three letters also stand for every longer extension that begins with them, two only for
   // themselves: so x.flac is found by "*.fla".
   const std::string extension = text::lower(name.substr(dot + 1, 3));
-  const bool longer = name.size() - dot - 1 > extension.size();
   for (std::size_t i = 0; i < kPatterns.size(); ++i) {
-    const std::string_view wanted = kPatterns[i].substr(2);
-    if (extension == wanted && (!longer || wanted.size() == 3)) return i;
+    if (extension == kPatterns[i].substr(2)) return i;
   }
   return std::nullopt;
 }
