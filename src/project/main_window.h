@@ -43,6 +43,10 @@ class Form1 final : public ui::Window {
   void ListProyectos_Decode(std::size_t Indice);
   void ListProyectos_DblClick();
   void ListProyectos_Click();
+  // Sweeps the projects that List1 holds: lists them, decodes the first into ListVip and all into
+  // ListUtilizados, and works out what none of them uses. Does nothing, and leaves Descodificando
+  // as it is, while RutaProyectos is in a folder of frozen tracks.
+  void BarrerProyectos();
   // Saves the lists as reports, one for each project and two for all.
   void SalvaListados_Click();
   // Back to the empty window. A job that runs ends at its next look.
@@ -103,7 +107,6 @@ class Form1 final : public ui::Window {
 
   // A sweep: from a filled List1 to decoded projects.
   void PrepararBarrido();
-  void BarrerProyectos();
   bool drop_folder(const std::string& folder);
   void ask_to_remove_side_files(const std::string& folder);
   bool removes_side_files() const;

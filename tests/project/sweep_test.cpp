@@ -340,6 +340,46 @@ TEST_F(SweepInterrupted, a_second_drop_behind_a_cancel_takes_the_place_of_the_fi
   expect_usable();
 }
 
+TEST_F(Sweep, a_folder_of_frozen_tracks_is_never_swept) {
+  disk.write("a.vip", project_of({"D:\\x.wav"}));
+  for (const bool decoding : {false, true}) {
+    work.RutaProyectos = "D:\\Mix\\FreezeData\\";
+    work.Descodificando = decoding;
+    form.lists.List1.clear();
+    form.lists.List1.add(disk.path("a.vip"));
+    form.BarrerProyectos();
+    EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
+    EXPECT_EQ(work.Descodificando, decoding);
+  }
+}
+
+TEST_F(Sweep, reports_of_a_dropped_folder_lie_beside_it) {
+  // The folder's path has no backslash at its end, and the reports' folder is simply appended.
+  disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
+  drop({"Mix"});
+  form.SalvaListados.on_click();
+  EXPECT_TRUE(there("MixListados\\Archivos Totales.log"));
+}
+
+TEST_F(Sweep, saving_twice_replaces_the_reports) {
+  disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
+  open("Mix\\a.vip");
+  form.SalvaListados.on_click();
+  const auto first = disk.files().info(disk.path("Mix\\Listados\\Archivos Totales.log"));
+  form.SalvaListados.on_click();
+  const auto second = disk.files().info(disk.path("Mix\\Listados\\Archivos Totales.log"));
+  ASSERT_TRUE(first && second);
+  EXPECT_EQ(first->size, second->size);
+}
+
+TEST_F(Sweep, reports_are_not_saved_while_files_are_removed) {
+  disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
+  open("Mix\\a.vip");
+  work.Borrando = true;
+  form.SalvaListados.on_click();
+  EXPECT_FALSE(there("Mix\\Listados"));
+}
+
 TEST_F(Sweep, reports_are_saved_beside_the_projects) {
   disk.write("Mix\\a.b.vip", project_of({"D:\\x.wav"}));
   disk.write("Mix\\c.vip", project_of({"D:\\y.wav"}));
