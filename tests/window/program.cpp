@@ -272,6 +272,10 @@ COLORREF Program::pixel(const std::string& name, POINT place) const {
 
 void Program::picture_of_screen(const std::string& name) const {
   wait_for_still_screen();
+  picture_now(name);
+}
+
+void Program::picture_now(const std::string& name) const {
   if (save_screen(name).empty()) throw std::runtime_error("the picture could not be saved");
 }
 void Program::picture_of_window(const std::string& name) const {

@@ -122,6 +122,8 @@ class Program {
   // --- pictures, see screen_picture.h
   void picture_of_screen(const std::string& name) const;
   void picture_of_window(const std::string& name) const;
+  // The whole screen without waiting until it is still.
+  void picture_now(const std::string& name) const;
 
  private:
   HWND top_level(const std::string& property) const;
