@@ -7,17 +7,12 @@
 #include <fstream>
 #include <string>
 
+#include "bench/machine.h"
 #include "bench/rival.h"
-#include "headless/headless_backend.h"
-#include "headless/scripted_dialogs.h"
-#include "posix/posix_file_system.h"
-#include "posix/posix_services.h"
 #include "project/vip_reader.h"
 #include "tools/vip_writer.h"
 #include "ui/list_box.h"
 #include "ui/progress_bar.h"
-#include "ui/window.h"
-#include "work/work_in_hand.h"
 
 namespace ordelan::bench {
 namespace {
@@ -83,19 +78,10 @@ void ripgrep(benchmark::State& state) {
 }
 
 void one_call_of_the_reader(benchmark::State& state) {
-  posix::MappedDrives drives;
-  drives.map('D', project().folder);
-  posix::PosixFileSystem files(drives);
-  posix::SteadyClock clock;
-  posix::EnvironmentRegional regional;
-  headless::ScriptedDialogs dialogs;
-  headless::HeadlessBackend backend(clock);
-  const system::Platform platform{files, dialogs, backend, clock, regional};
-  ui::Window window(backend, "window");
-  ui::ListBox list(window, "list");
-  ui::ProgressBar progress(window, "progress");
-  work::WorkInHand work;
-  project::VipReader reader(platform, work, progress);
+  Machine machine(project().folder);
+  ui::ListBox list(machine.window, "list");
+  ui::ProgressBar progress(machine.window, "progress");
+  project::VipReader reader(machine.platform, machine.work, progress);
   for (auto _ : state) {
     list.clear();
     reader.ExtraerNombres_Archivos("D:\\large.vip", list, "", true);

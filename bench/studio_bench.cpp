@@ -12,16 +12,11 @@
 #include <string>
 #include <vector>
 
+#include "bench/machine.h"
 #include "bench/rival.h"
-#include "headless/headless_backend.h"
-#include "headless/scripted_dialogs.h"
-#include "posix/posix_file_system.h"
-#include "posix/posix_services.h"
 #include "project/candidate_kinds.h"
 #include "project/unused_analysis.h"
-#include "ui/window.h"
 #include "work/status_strip.h"
-#include "work/work_in_hand.h"
 #include "work/work_lists.h"
 
 namespace ordelan::bench {
@@ -47,22 +42,13 @@ void ordelan_abrir(benchmark::State& state) {
 }
 
 void candidates(benchmark::State& state) {
-  posix::MappedDrives drives;
-  drives.map('D', studio());
-  posix::PosixFileSystem files(drives);
-  posix::SteadyClock clock;
-  posix::EnvironmentRegional regional;
-  headless::ScriptedDialogs dialogs;
-  headless::HeadlessBackend backend(clock);
-  const system::Platform platform{files, dialogs, backend, clock, regional};
-  ui::Window window(backend, "window");
-  work::WorkInHand work;
-  work::WorkLists lists(window);
-  work::StatusStrip strip(window);
+  Machine machine(studio());
+  work::WorkLists lists(machine.window);
+  work::StatusStrip strip(machine.window);
   std::size_t rows = 0;
   for (auto _ : state) {
-    project::FolderTree tree(files);
-    project::UnusedAnalysis analysis(platform, work, lists, strip, tree);
+    project::FolderTree tree(machine.files);
+    project::UnusedAnalysis analysis(machine.platform, machine.work, lists, strip, tree);
     std::vector<std::string> found;
     analysis.BuscarArchivosAPI("D:\\Mix", found);
     rows = found.size();

@@ -138,10 +138,7 @@ std::optional<std::vector<system::FileInfo>> PosixFileSystem::list(std::string_v
       entries.push_back(std::move(*info));
     }
   }
-  std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
-    if (text::less_ignoring_case(a.name, b.name)) return true;
-    return !text::less_ignoring_case(b.name, a.name) && a.name < b.name;
-  });
+  std::sort(entries.begin(), entries.end(), system::in_listing_order);
   return entries;
 }
 

@@ -104,10 +104,8 @@ void Form1::show_decoded() {
   work_.PrimerProyecto.clear();
   work_.Cancelar = false;
   cmdCancelar.hide();
-  SalvaListados.show();
-  ActualizarVip.show();
   cmdReset.show();
-  ZoomListas.show();
+  show_swept();
 }
 
 }  // namespace ordelan::project

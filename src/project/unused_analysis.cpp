@@ -86,8 +86,7 @@ void UnusedAnalysis::BuscarNoUtilizados() {
   }
   candidates = {};
   if (work_.Cancelar) {
-    lists_.ListBorrar.show();
-    lists_.LabelErase.set_visible(false);  // nobody knows what there would have been
+    offer_nothing();
   } else {
     offer_unused(used, left, pacer, job);
     if (work_.superseded(job)) return;
@@ -116,7 +115,10 @@ void UnusedAnalysis::offer_unused(const std::vector<std::string>& used_rows,
   const auto none_exempt = [](const std::string&) { return false; };
   const auto repeated = repeated_rows(unused, none_exempt, [&] { pacer.turn(); });
   if (work_.superseded(job)) return;
-  if (work_.Cancelar) unused.clear();
+  if (work_.Cancelar) {
+    offer_nothing();
+    return;
+  }
 
   const std::size_t total = unused.size();
   std::vector<std::string> kept;
@@ -129,6 +131,12 @@ void UnusedAnalysis::offer_unused(const std::vector<std::string>& used_rows,
   lists_.ListBorrar.add(std::move(kept));
   lists_.ListBorrar.show();
   head_unused(total, duplicates);
+}
+
+// What a cancelled search shows: nobody knows what it would have found.
+void UnusedAnalysis::offer_nothing() {
+  lists_.ListBorrar.show();
+  lists_.LabelErase.set_visible(false);
 }
 
 void UnusedAnalysis::head_unused(std::size_t found, std::size_t duplicates) {

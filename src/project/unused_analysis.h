@@ -42,6 +42,7 @@ class UnusedAnalysis {
   bool exists(const std::string& path);
   void offer_unused(const std::vector<std::string>& used_rows, const std::vector<std::string>& left,
                     system::Pacer& pacer, work::JobNumber job);
+  void offer_nothing();
   void head_unused(std::size_t found, std::size_t duplicates);
 
   const system::Platform& platform_;

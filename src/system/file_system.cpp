@@ -1,11 +1,18 @@
 #include "system/file_system.h"
 
+#include "text/code_page.h"
+
 namespace ordelan::system {
 
 std::optional<FileInfo> FileSystem::look_up(std::string_view path) {
   auto found = info(path);
   if (found && (found->folder || found->hidden || found->system)) found.reset();
   return found;
+}
+
+bool in_listing_order(const FileInfo& a, const FileInfo& b) {
+  if (text::less_ignoring_case(a.name, b.name)) return true;
+  return !text::less_ignoring_case(b.name, a.name) && a.name < b.name;
 }
 
 std::string with_backslash(std::string_view folder) {

@@ -90,6 +90,10 @@ class FileSystem {
   std::optional<FileInfo> look_up(std::string_view path);
 };
 
+// Whether `a` stands before `b` in a listing: by name with case ignored, and where that is equal by
+// the bytes of the name.
+bool in_listing_order(const FileInfo& a, const FileInfo& b);
+
 // `folder` with exactly one backslash at its end added if it has none.
 std::string with_backslash(std::string_view folder);
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "text/code_page.h"
 #include "win32/ansi_text.h"
 #include "win32/extended_path.h"
 #include "win32/handle.h"
@@ -169,11 +168,7 @@ std::optional<std::vector<FileInfo>> Win32FileSystem::list(std::string_view fold
   } while (FindNextFileW(search.get(), &found));
   if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
 
-  std::sort(entries.begin(), entries.end(), [](const FileInfo& a, const FileInfo& b) {
-    if (text::less_ignoring_case(a.name, b.name)) return true;
-    if (text::less_ignoring_case(b.name, a.name)) return false;
-    return a.name < b.name;
-  });
+  std::sort(entries.begin(), entries.end(), system::in_listing_order);
   return entries;
 }
 

@@ -311,6 +311,29 @@ TEST_F(UnusedFiles, a_cancel_in_the_middle_offers_nothing) {
   EXPECT_FALSE(lists.LabelErase[1].visible());
 }
 
+TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
+  list_project("Mix\\tema.vip");
+  for (int i = 10; i < 20; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
+  for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  int cancelled = 0;
+  for (int turn = 1; turn < 60; ++turn) {
+    work.Cancelar = false;
+    analysis.ListarArchivosCarpetas();
+    lists.ListBorrar.clear();
+    int turns = 0;
+    backend.on_pump = [&] { work.Cancelar = ++turns >= turn; };
+    analysis.BuscarNoUtilizados();
+    backend.on_pump = nullptr;
+    if (turns < turn) break;
+    ++cancelled;
+    EXPECT_THAT(offered(), IsEmpty()) << turn;
+    EXPECT_FALSE(lists.LabelErase[0].visible()) << turn;
+    EXPECT_FALSE(lists.LabelErase[1].visible()) << turn;
+  }
+  EXPECT_GT(cancelled, 20) << "behind the strike too";
+}
+
 TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_untouched) {
   list_project("Mix\\tema.vip");
   disk.write("Mix\\a.wav", "a");
