@@ -8,6 +8,8 @@
 #include "app/program.h"
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
+#include "location/drive_boxes.h"
+#include "location/search_window.h"
 #include "text/code_page.h"
 
 namespace ordelan::app {
@@ -19,6 +21,8 @@ struct Options {
   bool json = false;
   std::string project;
   std::vector<std::string> items;
+  std::string name;
+  std::vector<std::string> where;
   std::optional<bool> subfolders;
   std::optional<bool> backups;
 };
@@ -47,10 +51,13 @@ std::optional<std::string> map_drive(const std::string& drive, const ConsoleHost
 struct Session {
   Session(const ConsoleHost& host, const std::string& config)
       : backend(host.clock),
-        platform{host.files, dialogs, backend, host.clock, host.regional},
+        platform{host.files,    dialogs,     backend,   host.clock,
+                 host.regional, host.drives, host.shell},
         settings(host.settings(config)),
         program(backend, platform, *settings) {
     program.start();
+    // That no drive is ticked yet is for who sits before the window.
+    dialogs.messages.clear();
   }
 
   headless::ScriptedDialogs dialogs;
@@ -76,7 +83,7 @@ void set_boxes(project::Form1& form, const Options& options) {
 int finish(const Session& session, const Options& options, std::ostream& output,
            std::ostream& error) {
   const project::Form1& form = session.program.form;
-  ConsoleReport(form, session.dialogs.messages).print(output, options.json);
+  ConsoleReport(session.program, session.dialogs.messages).print(output, options.json);
   if (!form.strip.TextDecode.visible()) return kDone;
   error << text::to_utf8(form.strip.TextDecode.text()) << "\n";
   return kRefused;
@@ -127,6 +134,47 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
   return code;
 }
 
+// Ticks the boxes of the drives that the options name, and those alone. Gives a complaint about one
+// that has no box.
+std::optional<std::string> tick(location::DriveBoxes& boxes, const Options& options) {
+  if (options.where.empty()) return std::nullopt;
+  for (auto& box : boxes.Check1) box->set_checked(false);
+  for (const std::string& drive : options.where) {
+    const bool shaped = drive.size() == 1 || (drive.size() <= 3 && drive[1] == ':');
+    const auto box = std::find_if(boxes.Check1.begin(), boxes.Check1.end(), [&](const auto& each) {
+      return shaped && !each->tag().empty() && text::lower(each->tag()[0]) == text::lower(drive[0]);
+    });
+    if (box == boxes.Check1.end()) return "--en " + drive + ": no hay tal unidad";
+    (*box)->set_checked(true);
+  }
+  return std::nullopt;
+}
+
+// Searches a file on the drives, as a click on a lost row does.
+int search(const Options& options, const ConsoleHost& host, std::ostream& output,
+           std::ostream& error) {
+  const auto name = text::from_utf8(options.name);
+  if (!name) {
+    error << "ordelan: " << options.name
+          << text::to_utf8(": este nombre no cabe en la página de códigos") << "\n";
+    return kMisused;
+  }
+  Session session(host, options.config);
+  work::WindowDirectory& windows = session.program.windows;
+  auto& boxes = *windows.touch_as<location::DriveBoxes>("UnidadesBuscar");
+  if (const auto complaint = tick(boxes, options)) {
+    error << "ordelan: " << text::to_utf8(*complaint) << "\n";
+    return kMisused;
+  }
+  project::Form1& form = session.program.form;
+  auto& buscar = *windows.touch_as<location::Buscar>("Buscar");
+  const bool found = buscar.BuscarEnTodasUnidades(*name, form.lists.ListUtilizados);
+  print_search(output, {found, session.program.work.ArchivoActual, form.strip.TextDecode.text()},
+               buscar.List2, options.json);
+  if (!found) error << text::to_utf8(form.strip.TextDecode.text()) << "\n";
+  return found ? kDone : kRefused;
+}
+
 }  // namespace
 
 int run_console(const std::vector<std::string>& arguments, const ConsoleHost& host,
@@ -152,6 +200,12 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   CLI::App* reports =
       add_command("listados", "Abre un proyecto y salva los listados de su carpeta");
   reports->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  CLI::App* searched = app.add_subcommand(
+      "buscar", text::to_utf8("Busca un archivo en las unidades marcadas en la configuración"));
+  searched->add_option("NOMBRE", options.name, "toma.wav, o D:\\Mix\\toma.wav")->required();
+  searched->add_option("--en", options.where, "Busca en esta unidad (se puede repetir)")
+      ->take_all()
+      ->allow_extra_args(false);
   CLI::App* dropped = add_command("soltar", "Suelta proyectos o carpetas en la lista de proyectos");
   dropped->add_option("ITEM", options.items, "Proyectos o carpetas")->required();
 
@@ -171,6 +225,7 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       return kMisused;
     }
   }
+  if (searched->parsed()) return search(options, host, output, error);
   if (dropped->parsed()) return drop(options, host, output, error);
   return open_project(options, reports->parsed(), host, output, error);
 }

@@ -13,10 +13,14 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Headings = ui::ControlArray<ui::Label>;
 
-Json rows(const ui::ListBox& list) {
+Json rows(const std::vector<std::string>& list) {
   Json array = Json::array();
-  for (const std::string& row : list.rows()) array.push_back(text::to_utf8(row));
+  for (const std::string& row : list) array.push_back(text::to_utf8(row));
   return array;
+}
+
+Json rows(const ui::ListBox& list) {
+  return rows(list.rows());
 }
 
 Json captions(const Headings& headings) {
@@ -59,7 +63,7 @@ void ConsoleReport::print_json(std::ostream& output) const {
   object["ListVip"] = rows(lists.ListVip);
   object["ListUtilizados"] = rows(lists.ListUtilizados);
   object["ListBorrar"] = rows(lists.ListBorrar);
-  object["ListPerdidos"] = Json::array();
+  object["ListPerdidos"] = rows(lost_.TextoPerdidos());
   object["LabelCheck"] = captions(lists.LabelCheck);
   object["LabelCount"] = captions(lists.LabelCount);
   object["LabelAdd"] = captions(lists.LabelAdd);
@@ -81,9 +85,30 @@ void ConsoleReport::print_text(std::ostream& output) const {
   print_list(output, lists.LabelCount, lists.ListVip);
   print_list(output, lists.LabelAdd, lists.ListUtilizados);
   print_list(output, lists.LabelErase, lists.ListBorrar);
+  if (!lost_.TextoPerdidos().empty()) {
+    output << "Archivos perdidos o desubicados:\n";
+    for (const std::string& row : lost_.TextoPerdidos()) {
+      output << "  " << text::to_utf8(row) << "\n";
+    }
+    output << "\n";
+  }
   for (const system::Message& message : messages_) {
     output << text::to_utf8(message.title) << "\n" << text::to_utf8(message.text) << "\n\n";
   }
+}
+
+void print_search(std::ostream& output, const SearchOutcome& outcome, const ui::ListBox& hits,
+                  bool json) {
+  if (!json) {
+    if (outcome.Hallado) output << text::to_utf8(outcome.TextDecode) << "\n";
+    return;
+  }
+  Json object;
+  object["ListaHallados"] = rows(hits);
+  object["ArchivoActual"] = text::to_utf8(outcome.ArchivoActual);
+  object["Hallado"] = outcome.Hallado;
+  object["TextDecode"] = text::to_utf8(outcome.TextDecode);
+  output << object.dump(2) << "\n";
 }
 
 }  // namespace ordelan::app

@@ -1,10 +1,12 @@
-// What the console program prints of a window: its lists with their headings.
+// What the console program prints: the lists of the window with their headings, or the outcome of a
+// search.
 #pragma once
 
 #include <iosfwd>
+#include <string>
 #include <vector>
 
-#include "project/main_window.h"
+#include "app/program.h"
 #include "system/dialogs.h"
 
 namespace ordelan::app {
@@ -12,8 +14,8 @@ namespace ordelan::app {
 class ConsoleReport {
  public:
   // Both must outlive the report.
-  ConsoleReport(const project::Form1& form, const std::vector<system::Message>& messages)
-      : form_(form), messages_(messages) {}
+  ConsoleReport(const Program& program, const std::vector<system::Message>& messages)
+      : form_(program.form), lost_(program.location.lost_files), messages_(messages) {}
 
   // In UTF-8: lists with their headings to read, or one JSON object.
   void print(std::ostream& output, bool json) const;
@@ -23,7 +25,19 @@ class ConsoleReport {
   void print_text(std::ostream& output) const;
 
   const project::Form1& form_;
+  const location::LostFiles& lost_;
   const std::vector<system::Message>& messages_;
 };
+
+// How a search for a file has ended.
+struct SearchOutcome {
+  bool Hallado = false;
+  std::string ArchivoActual;
+  std::string TextDecode;  // what the strip says
+};
+
+// In UTF-8: the strip's words to read, or one JSON object.
+void print_search(std::ostream& output, const SearchOutcome& outcome, const ui::ListBox& hits,
+                  bool json);
 
 }  // namespace ordelan::app

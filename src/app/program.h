@@ -1,6 +1,7 @@
 // The whole program, tied together: the one place that knows everybody.
 #pragma once
 
+#include "location/location.h"
 #include "project/main_window.h"
 #include "settings/settings.h"
 #include "system/platform.h"
@@ -13,8 +14,10 @@ namespace ordelan::app {
 class Program {
  public:
   // What is given must outlive the program.
-  Program(ui::Backend& backend, const system::Platform& platform, settings::Settings& settings)
-      : form(backend, platform, work, windows, settings) {}
+  Program(ui::Backend& backend, const system::Platform& platform, settings::Settings& settings);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
 
   // Starts it: the main window loads and shows itself.
   void start() { form.load(); }
@@ -22,6 +25,7 @@ class Program {
   work::WorkInHand work;
   work::WindowDirectory windows;
   project::Form1 form;
+  location::Location location;
 };
 
 }  // namespace ordelan::app

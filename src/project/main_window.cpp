@@ -22,6 +22,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       SalvaListados(*this, "SalvaListados"),
       ActualizarVip(*this, "ActualizarVip"),
       Configurar(*this, "Configurar"),
+      AcercaDe(*this, "AcercaDe"),
       CheckSubPath(*this, "CheckSubPath"),
       CheckBAK(*this, "CheckBAK"),
       CheckToolTips(*this, "CheckToolTips"),
@@ -58,6 +59,7 @@ void Form1::name_controls() {
   cmdCancelar.set_tip("Parar lo que está en marcha");
   CommandBorrado.set_caption("Borrar archivos...");
   cmdPerdidos.set_caption("Archivos perdidos");
+  cmdPerdidos.set_tip("Ver los archivos que no están donde dicen los proyectos");
   cmdMinimizar.set_caption("Minimizar");
   cmdMinimizar.set_tip("Minimizar a barra de tareas");
   Salir.set_caption("Salir");
@@ -65,10 +67,12 @@ void Form1::name_controls() {
   SalvaListados.set_caption("Salvar listados");
   ActualizarVip.set_caption("Actualizar Vip's");
   Configurar.set_caption("Configurar");
+  Configurar.set_tip("Elegir las unidades en las que se buscan archivos");
+  AcercaDe.set_caption("Acerca de");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
   for (ui::Control* pending : std::initializer_list<ui::Control*>{
-           &CommandBorrado, &cmdPerdidos, &ActualizarVip, &Configurar, &ZoomListas}) {
+           &CommandBorrado, &ActualizarVip, &ZoomListas}) {
     pending->set_enabled(false);
   }
 
@@ -105,6 +109,9 @@ void Form1::wire() {
   lists.ListProyectos.on_drop = [this](const auto& items) { ListProyectos_Drop(items); };
   lists.ListProyectos.on_double_click = [this] { ListProyectos_DblClick(); };
   lists.ListProyectos.on_click = [this] { ListProyectos_Click(); };
+  cmdPerdidos.on_click = [this] { location_->cmdPerdidos_Click(); };
+  Configurar.on_click = [this] { Configurar_Click(); };
+  AcercaDe.on_click = [this] { windows_.touch("Acerca"); };
   cmdMinimizar.on_click = [this] { set_minimized(true); };
   Salir.on_click = [this] { Salir_Click(); };
   CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };
@@ -132,7 +139,30 @@ void Form1::Form_Load() {
   ActualizarVip.hide();
   work_.ModoPosiciones = false;
   show();
+  if (location_->UnidadesDisponibles() == 0) warn_of_no_drive();
   work_.ClickEnLista = true;
+}
+
+void Form1::warn_of_no_drive() {
+  platform_.dialogs.message(
+      {.title = "Configuración",
+       .text = "No hay ninguna unidad de disco seleccionada para la búsqueda de archivos.\r\n\r\n"
+               "Esto anula la función de \"Actualizar Vip's\"\r\n"
+               "Tampoco permite que al clicar un item de audio de las listas\r\n"
+               "el programa busque audios desubicados.",
+       .icon = system::Icon::critical});
+  Configurar_Click();
+}
+
+MainPieces Form1::pieces() {
+  return {lists, strip, clocks, reader, cmdPerdidos, ActualizarVip, [this] { cmdReset_Click(); }};
+}
+
+void Form1::Configurar_Click() {
+  ui::Window* const drives = windows_.touch("UnidadesBuscar");
+  if (drives == nullptr) return;
+  drives->show();
+  drives->bring_to_front();
 }
 
 void Form1::cmdReset_Click() {

@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "project/file_location.h"
 #include "project/folder_tree.h"
+#include "project/main_pieces.h"
 #include "project/project_decoding.h"
 #include "project/project_listing.h"
 #include "project/unused_analysis.h"
@@ -33,6 +35,12 @@ class Form1 final : public ui::Window {
   Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
         work::WindowDirectory& windows, settings::Settings& settings);
 
+  // Whom the window asks for drives and lost files. To be given before the window is loaded; must
+  // outlive it.
+  void use(FileLocation& location) { location_ = &location; }
+  // What other windows work with.
+  MainPieces pieces();
+
   // Picks a project in the file dialog and opens it: its folder's projects are listed and it is
   // decoded into ListVip.
   void AbrirFichero_Click();
@@ -54,6 +62,8 @@ class Form1 final : public ui::Window {
   void Inicio() { cmdReset_Click(); }
   // Asks the running job to stop. What is on screen stays.
   void cmdCancelar_Click();
+  // Shows the window in which the drives are ticked.
+  void Configurar_Click();
   // Ends the program, without a question.
   void Salir_Click();
 
@@ -72,6 +82,7 @@ class Form1 final : public ui::Window {
   ui::Label SalvaListados;
   ui::Label ActualizarVip;
   ui::Label Configurar;
+  ui::Label AcercaDe;
   ui::CheckBox CheckSubPath;
   ui::CheckBox CheckBAK;
   ui::CheckBox CheckToolTips;
@@ -88,6 +99,7 @@ class Form1 final : public ui::Window {
  private:
   void Form_Load();
   void CheckLogo_Click();
+  void warn_of_no_drive();
   void wire();
   void name_controls();
 
@@ -121,6 +133,7 @@ class Form1 final : public ui::Window {
   ProjectListing listing_;
   ProjectDecoding decoding_;
   UnusedAnalysis analysis_;
+  FileLocation* location_ = nullptr;
 };
 
 }  // namespace ordelan::project

@@ -57,6 +57,15 @@ void Form1::open_project(const std::string& path) {
       decode_picked_project(display_path);
       if (work_.superseded(job)) return;
       show_decoded();
+      location_->LlenarPerdidos();
+      if (work_.superseded(job)) return;
+      cmdReset.show();
+      if (work_.Cancelar) {
+        // Asked for while the report was made.
+        cmdReset_Click();
+        return;
+      }
+      ZoomListas.show();
     }
   } catch (...) {
     // The display is left as far as it got.
@@ -104,8 +113,8 @@ void Form1::show_decoded() {
   work_.PrimerProyecto.clear();
   work_.Cancelar = false;
   cmdCancelar.hide();
-  cmdReset.show();
-  show_swept();
+  SalvaListados.show();
+  ActualizarVip.show();
 }
 
 }  // namespace ordelan::project

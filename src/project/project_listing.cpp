@@ -85,26 +85,4 @@ void ProjectListing::ListarProyectosCarpetas(bool with_backups) {
   }
 }
 
-bool ProjectListing::BuscarVips(const std::string& folder) {
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
-  std::vector<std::string> projects;
-  const auto look_into = [&](const std::string& here, const FolderTree::Listing& listing) {
-    for (const auto& entry : listing.files) {
-      if (!text::matches("*.vip", entry.name)) continue;
-      std::string path = here + entry.name;
-      const bool valid = validator_.Valido(path);
-      if (work_.must_stop(job)) return false;
-      if (valid) projects.push_back(std::move(path));
-    }
-    pacer.turn();
-    return !work_.must_stop(job);
-  };
-  tree_.walk(system::with_backslash(folder), look_into);
-  if (work_.superseded(job)) return false;
-  lists_.List1.clear();
-  lists_.List1.add(projects);
-  return !projects.empty();
-}
-
 }  // namespace ordelan::project

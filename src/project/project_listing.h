@@ -31,9 +31,6 @@ class ProjectListing {
   // "_BAK" counts in the name alone, not in its folders.
   void ListarProyectosCarpetas(bool with_backups);
 
-  // List1 becomes the valid projects in `folder` and below. Whether there is any.
-  bool BuscarVips(const std::string& folder);
-
  private:
   const system::Platform& platform_;
   work::WorkInHand& work_;

@@ -66,6 +66,8 @@ void Form1::BarrerProyectos() {
   if (work_.superseded(job)) return;
   LlenarListBorrar();
   if (work_.superseded(job)) return;
+  location_->LlenarPerdidos();
+  if (work_.superseded(job)) return;
 
   lists.ListBorrar.show();
   cmdCancelar.hide();
@@ -154,7 +156,7 @@ bool Form1::drop_folder(const std::string& folder) {
   const auto job = work_.current_job();
   work_.RutaVip = folder;
   PrepararBarrido();
-  const bool found = listing_.BuscarVips(folder);
+  const bool found = location_->BuscarVips(folder);
   if (work_.superseded(job)) return false;
   if (work_.Cancelar) {
     // A sweep of the projects found so far would take the files of the others for unused.
@@ -218,6 +220,7 @@ void Form1::ListProyectos_Decode(std::size_t Indice) {
   strip.XP_ProgressBar1.show();
   CheckDragDrop.show();
   CheckLogo.hide();
+  if (location_->has_report()) cmdPerdidos.show();
   show_CommandBorrado();
   cmdCancelar.hide();
   work_.NombreProyecto = path;

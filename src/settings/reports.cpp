@@ -31,4 +31,11 @@ bool SalvarListados(system::FileSystem& files, system::Regional& regional,
   return system::write_whole(files, Archivo, report);
 }
 
+bool SalvarLog(system::FileSystem& files, const std::string& Archivo, const ui::ListBox& Lista) {
+  if (Archivo.empty()) return false;
+  std::string lines;
+  for (const std::string& row : Lista.rows()) lines.append(row).append(kLineEnd);
+  return system::write_whole(files, Archivo, lines);
+}
+
 }  // namespace ordelan::settings

@@ -16,4 +16,8 @@ bool SalvarListados(system::FileSystem& files, system::Regional& regional,
                     const std::string& Archivo, const ui::ListBox& Lista, const std::string& Texto1,
                     const std::string& Texto2);
 
+// Writes every row of the list to `Archivo`, one a line and nothing else. False when that fails,
+// and when `Archivo` is empty: nothing is written then.
+bool SalvarLog(system::FileSystem& files, const std::string& Archivo, const ui::ListBox& Lista);
+
 }  // namespace ordelan::settings

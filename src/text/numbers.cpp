@@ -57,4 +57,15 @@ std::string elapsed(double seconds, char decimal_mark) {
   return fixed(seconds, 2, decimal_mark) + " seg";
 }
 
+std::string format_size(double bytes, char decimal_mark) {
+  constexpr double kStep = 1024;
+  constexpr std::array kUnits = {" bytes", " KB", " MB", " GB"};
+  std::size_t unit = 0;
+  while (bytes >= kStep && unit + 1 < kUnits.size()) {
+    bytes /= kStep;
+    ++unit;
+  }
+  return fixed(bytes, 2, decimal_mark) + kUnits[unit];
+}
+
 }  // namespace ordelan::text

@@ -19,4 +19,7 @@ double parse_number(std::string_view text, char decimal_mark);
 // An elapsed time: up to 59 seconds "12,34 seg", above that "3 min 7 seg" of the whole seconds.
 std::string elapsed(double seconds, char decimal_mark);
 
+// A size in bytes as "12,00 bytes", "1,50 KB", "1,50 MB" or "1,50 GB".
+std::string format_size(double bytes, char decimal_mark);
+
 }  // namespace ordelan::text

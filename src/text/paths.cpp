@@ -58,4 +58,35 @@ std::string Obtener_Extension(std::string_view Ruta) {
   return std::string(Ruta.substr(dot + 1));
 }
 
+std::string root(std::string_view path) {
+  if (path.size() >= 2 && path[1] == ':') {
+    const bool letter = (path[0] >= 'A' && path[0] <= 'Z') || (path[0] >= 'a' && path[0] <= 'z');
+    if (!letter) return {};
+    return std::string(path.substr(0, 2)) + "\\";
+  }
+  if (!path.starts_with("\\\\")) return {};
+  const auto server_end = path.find('\\', 2);
+  if (server_end == std::string_view::npos || server_end == 2) return {};
+  const auto share_end = std::min(path.find('\\', server_end + 1), path.size());
+  if (share_end == server_end + 1) return {};
+  return std::string(path.substr(0, share_end));
+}
+
+std::string compact_path(std::string_view path, std::size_t length) {
+  constexpr std::string_view kGap = "...";
+  if (path.size() <= length) return std::string(path);
+  if (length <= kGap.size()) return std::string(kGap.substr(0, length));
+  const auto slash = path.rfind('\\');
+  const std::string_view name = slash == std::string_view::npos ? path : path.substr(slash);
+  if (kGap.size() + name.size() <= length) {
+    const std::size_t head = length - kGap.size() - name.size();
+    return std::string(path.substr(0, head)).append(kGap).append(name);
+  }
+  // Not even the name fits: its end goes too.
+  std::string short_path;
+  if (slash != std::string_view::npos && length > 2 * kGap.size()) short_path = kGap;
+  short_path += name.substr(0, length - short_path.size() - kGap.size());
+  return short_path.append(kGap);
+}
+
 }  // namespace ordelan::text

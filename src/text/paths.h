@@ -1,6 +1,7 @@
 // Cutting paths into their pieces. Pure text: nothing here asks the disk.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -27,5 +28,12 @@ std::string Obtener_VipPath(std::string_view Ruta);
 
 // The extension without its dot, in the case that it has; empty if there is none.
 std::string Obtener_Extension(std::string_view Ruta);
+
+// The root of a path: "D:\" or "\\server\share"; empty if it has none.
+std::string root(std::string_view path);
+
+// The path in at most `length` characters: its name is kept as long as possible, and what has to go
+// goes from the folders ahead of it, with "..." in its place.
+std::string compact_path(std::string_view path, std::size_t length);
 
 }  // namespace ordelan::text

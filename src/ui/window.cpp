@@ -19,6 +19,7 @@ void Window::load() {
 
 void Window::unload() {
   if (!loaded_) return;
+  if (on_unload) on_unload();
   loaded_ = false;
   visible_ = false;
   for (Control* control : controls_) control->detach();

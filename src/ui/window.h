@@ -84,6 +84,8 @@ class Window {
   void bring_to_front() { notify(Aspect::order); }
 
   std::function<void()> on_load;
+  std::function<bool()> on_query_unload;  // whoever closes the window asks; false keeps it
+  std::function<void()> on_unload;        // ahead of the end of the real window
   std::function<void()> on_close;         // the user asks to close it; nothing else happens
   std::function<void(Key&)> on_key_down;  // before the control that has the focus
   std::function<void()> on_drag_end;

@@ -34,11 +34,22 @@ void WindowDirectory::hide(const std::string& name) {
 }
 
 void WindowDirectory::close(const std::string& name) {
+  const ui::Window* const window = find(name);
+  if (window == nullptr || (window->on_query_unload && !window->on_query_unload())) return;
+  take_away(name);
+}
+
+void WindowDirectory::close_all() {
+  while (!windows_.empty()) take_away(std::string(windows_.begin()->first));
+}
+
+void WindowDirectory::take_away(const std::string& name) {
   const auto found = windows_.find(name);
   if (found == windows_.end()) return;
-  found->second->unload();
-  closed_.push_back(std::move(found->second));
+  std::unique_ptr<ui::Window> window = std::move(found->second);
   windows_.erase(found);
+  window->unload();
+  closed_.push_back(std::move(window));
 }
 
 }  // namespace ordelan::work

@@ -26,17 +26,32 @@ class WindowDirectory {
   ui::Window* find(const std::string& name) const;
   bool visible(const std::string& name) const;
 
+  // The piece of the window that others work with, where the window is one; null otherwise.
+  template <class Piece>
+  Piece* touch_as(const std::string& name) {
+    return dynamic_cast<Piece*>(touch(name));
+  }
+  template <class Piece>
+  Piece* find_as(const std::string& name) const {
+    return dynamic_cast<Piece*>(find(name));
+  }
+
   // Hides the window if it is there; it keeps its state.
   void hide(const std::string& name);
 
-  // Takes the window away if it is there; the next touch makes a new one. The object itself stays
-  // until `bury`, as one of its own handlers may be running.
+  // Takes the window away if it is there and does not refuse; the next touch makes a new one. The
+  // object itself stays until `bury`, as one of its own handlers may be running.
   void close(const std::string& name);
+
+  // Closes all windows, also those that refuse: the program ends.
+  void close_all();
 
   // Frees the windows closed so far. To be called where no handler runs.
   void bury() { closed_.clear(); }
 
  private:
+  void take_away(const std::string& name);
+
   std::map<std::string, Maker> makers_;
   std::map<std::string, std::unique_ptr<ui::Window>> windows_;
   std::vector<std::unique_ptr<ui::Window>> closed_;

@@ -1,0 +1,18 @@
+#include "app/program.h"
+
+namespace ordelan::app {
+
+Program::Program(ui::Backend& backend, const system::Platform& platform,
+                 settings::Settings& settings)
+    : form(backend, platform, work, windows, settings),
+      location({backend, platform, work, windows, settings, form.pieces()}, ORDELAN_VERSION) {
+  form.use(location);
+}
+
+// The other windows work with pieces of the main one: they go first.
+Program::~Program() {
+  windows.close_all();
+  windows.bury();
+}
+
+}  // namespace ordelan::app

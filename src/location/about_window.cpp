@@ -1,0 +1,40 @@
+#include "location/about_window.h"
+
+#include "skin/about_layout.h"
+#include "work/arrange.h"
+
+namespace ordelan::location {
+
+Acerca::Acerca(const Context& context, const std::string& version)
+    : ui::Window(context.backend, "Acerca"),
+      LabelNombre(*this, "LabelNombre"),
+      LabelVersion(*this, "LabelVersion"),
+      LabelTexto(*this, "LabelTexto"),
+      LabelWeb(*this, "LabelWeb"),
+      cmdSalir(*this, "cmdSalir"),
+      context_(context) {
+  set_title("Acerca de Ordelan");
+  set_size({skin::kAboutWidth, skin::kAboutHeight});
+  set_position({200, 160});  // the place is not remembered: it is looked at once
+  set_drag_by_background(true);
+  LabelNombre.set_caption("Ordelan");
+  LabelNombre.set_font({.points = 18, .bold = true});
+  LabelVersion.set_caption("Versión " + version);
+  LabelTexto.set_caption(
+      "Qué audio utilizan tus proyectos de Samplitude y Sequoia, qué no utiliza ninguno y qué se "
+      "ha perdido.");
+  LabelWeb.set_caption(kWebPage);
+  LabelWeb.set_fore_color(ui::rgb(0, 80, 180));
+  LabelWeb.set_tip("Abrir la página web");
+  cmdSalir.set_caption("Cerrar");
+  work::arrange(*this, skin::kAbout);
+  on_load = [this] {
+    set_topmost(true);
+    show();
+  };
+  LabelWeb.on_click = [this] { context_.platform.shell.open(kWebPage); };
+  cmdSalir.on_click = [this] { context_.windows.close("Acerca"); };
+  on_close = cmdSalir.on_click;
+}
+
+}  // namespace ordelan::location

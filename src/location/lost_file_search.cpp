@@ -1,0 +1,183 @@
+// The search for a lost file over the ticked drives.
+#include <algorithm>
+#include <utility>
+
+#include "location/path_choice.h"
+#include "location/search_window.h"
+#include "text/code_page.h"
+#include "text/paths.h"
+#include "ui/list_width.h"
+
+namespace ordelan::location {
+namespace {
+
+constexpr const char* kChoice = "ElegirRuta";
+constexpr const char* kLine = "\r\n";
+
+std::string replaced(std::string text, const std::string& what, const std::string& by) {
+  for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size())) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
+}
+
+class Searching {
+ public:
+  explicit Searching(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Searching() { flag_ = false; }
+  Searching(const Searching&) = delete;
+  Searching& operator=(const Searching&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+bool Buscar::BuscarOtraLetra(const std::string& Ruta) {
+  DriveBoxes* const drives = boxes();
+  const std::string raiz = Ruta.substr(0, 3);
+  if (drives == nullptr || raiz.find(":\\") == std::string::npos) return false;
+  bool found = false;
+  for (const auto& box : drives->Check1) {
+    if (!box->checked()) continue;
+    context_.main.strip.Alerta(work::kWaiting,
+                               "Buscando: " + Ruta + kLine + "En la " + box->caption() + kLine +
+                                   "ESPERAR",
+                               true);
+    const std::string candidato = replaced(Ruta, raiz, box->tag());
+    const auto there = context_.platform.files.info(candidato);
+    if (!there || there->folder) continue;
+    // The search goes on: of several drives the last one counts.
+    context_.work.ArchivoActual = candidato;
+    found = true;
+  }
+  return found;
+}
+
+bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
+  if (searching_) return false;
+  const Searching searching(searching_);
+  const auto job = context_.work.current_job();
+  const bool found = search(std::string(Archivo), job);
+  asked_.clear();
+  return found && !context_.work.superseded(job);
+}
+
+bool Buscar::search(const std::string& file, work::JobNumber job) {
+  const std::string name =
+      file.find(':') == std::string::npos ? file : Obtener_Nombre_Archivo(file);
+  if (name.empty()) return false;
+  List2.clear();
+  List1.clear();
+  const bool silent = context_.work.ModoPosiciones;
+  if (!silent) {
+    context_.main.clocks.TextLapsoTotal.set_back_color(ui::Color{0x8080FF});
+    context_.main.clocks.iniciarCrono();
+  }
+
+  bool found = false;
+  if (BuscarOtraLetra(file)) {
+    context_.main.strip.Alerta(work::kResult,
+                               "El archivo: " + file + kLine + "Ha sido encontrado en " + kLine +
+                                   context_.work.ArchivoActual,
+                               true);
+    found = true;
+  } else {
+    const DriveBoxes* const drives = boxes();
+    if (drives == nullptr || drives->ticked() == 0) {
+      context_.main.strip.Alerta(work::kWarning,
+                                 std::string("AVISO ") + kLine + "NO HAY NIGUNA UNIDAD DE DISCO" +
+                                     kLine + "Seleccionada para buscar este archivo",
+                                 true);
+      stop_clock();
+      return false;
+    }
+    found = find_everywhere(name, job);
+    if (context_.work.superseded(job)) return false;
+    if (context_.work.Cancelar) {
+      context_.main.strip.Alerta(work::kProgress, ": ", false);
+      found = false;
+    } else if (found = tell(file); found && silent && List2.count() > 1) {
+      found = choose(job);
+      if (context_.work.superseded(job)) return false;
+    }
+  }
+  if (!silent) {
+    stop_clock();
+    context_.main.clocks.ShowLapso();
+  }
+  return found;
+}
+
+// Walks the ticked drives. False when it was stopped.
+bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
+  // In the finder ";" parts one extension from the next: a name that holds one is looked for by a
+  // pattern, and of what that finds only the name itself counts.
+  const bool parted = name.find(';') != std::string::npos;
+  const std::string what = parted ? replaced(name, ";", "?") : name;
+  asked_ = parted ? name : "";
+  for (int i = 0; const DriveBoxes* const drives = boxes(); ++i) {
+    if (i >= drives->Check1.size()) break;
+    const ui::CheckBox& box = drives->Check1[i];
+    context_.main.strip.Alerta(
+        work::kWaiting,
+        "Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR", true);
+    cFind_InitSearch();
+    if (box.checked()) run(std::string(box.tag()), what);
+    if (context_.work.must_stop(job)) return false;
+  }
+  return true;
+}
+
+// Says what was found. Whether anything was.
+bool Buscar::tell(const std::string& file) {
+  context_.main.lists.ListProyectos.window().set_waiting(false);
+  const std::string head = "El archivo: ";
+  const std::size_t count = List2.count();
+  if (count == 0) {
+    context_.main.strip.Alerta(
+        work::kWarning, head + kLine + file + kLine + "No existe" + kLine + "En ninguna unidad",
+        true);
+    return false;
+  }
+  context_.work.ArchivoActual = List2.row(0);
+  if (context_.work.ModoPosiciones) return true;
+  if (count == 1) {
+    context_.main.strip.Alerta(
+        work::kResult, head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0),
+        true);
+    return true;
+  }
+  std::string text =
+      head + file + kLine + "Ha sido encontrado en " + std::to_string(count) + " unidades";
+  for (const std::string& row : List2.rows()) text.append(kLine).append(row);
+  context_.main.strip.Alerta(work::kResult, text, true);
+  return true;
+}
+
+// Waits for the user's choice among the hits. False when the job has ended meanwhile, or the
+// program has.
+bool Buscar::choose(work::JobNumber job) {
+  auto* choice = context_.windows.touch_as<PathChoice>(kChoice);
+  if (choice == nullptr) return true;
+  choice->Elegido = false;
+  choice->ListElegirRuta.clear();
+  choice->ListElegirRuta.add(List2.rows());
+  ui::ListaAncho(choice->ListElegirRuta);
+  system::EventPump& pump = context_.platform.pump;
+  while (choice != nullptr && !choice->Elegido && !pump.ended() && !context_.work.superseded(job)) {
+    pump.wait();
+    choice = context_.windows.find_as<PathChoice>(kChoice);
+  }
+  const bool chosen = choice != nullptr && choice->Elegido;
+  context_.windows.close(kChoice);
+  return chosen;
+}
+
+void Buscar::stop_clock() {
+  context_.main.clocks.TimerLap.stop();
+  context_.main.clocks.TextLapsoTotal.set_back_color(ui::Color::window_background);
+}
+
+}  // namespace ordelan::location

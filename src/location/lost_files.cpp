@@ -1,0 +1,111 @@
+#include "location/lost_files.h"
+
+#include <utility>
+
+#include "project/repeated_rows.h"
+#include "text/rows.h"
+#include "ui/list_width.h"
+
+namespace ordelan::location {
+namespace {
+
+constexpr const char* kWindow = "Perdidos";
+constexpr std::size_t kRule = 100;  // hyphens of a separator
+
+bool is_title(const std::string& row) {
+  return row.find('>') != std::string::npos;
+}
+
+}  // namespace
+
+// A path that no disk could hold is lost as well.
+bool LostFiles::is_lost(const std::string& row) {
+  return !context_.platform.files.look_up(row);
+}
+
+void LostFiles::LlenarPerdidos() {
+  const auto job = context_.work.current_job();
+  TextoPerdidos_.clear();
+  if (auto* const list = context_.windows.find_as<LostFileList>(kWindow)) list->ListPerdidos.clear();
+  std::vector<std::string> rows = collect();
+  if (context_.work.superseded(job)) return;
+  if (!context_.work.Cancelar) strike_out_repeats(rows);
+  TextoPerdidos_ = std::move(rows);
+  // The window fills itself when it is made here for the first time.
+  if (auto* const list = context_.windows.touch_as<LostFileList>(kWindow)) show_in(*list);
+  if (TextoPerdidos_.size() >= 2) context_.main.cmdPerdidos.show();
+}
+
+// Projects that have lost nothing keep their titles, so that one sees that they were looked at.
+std::vector<std::string> LostFiles::collect() {
+  const auto job = context_.work.current_job();
+  const ui::ListBox& used = context_.main.lists.ListUtilizados;
+  system::Pacer pacer(context_.platform.pump, context_.platform.clock);
+  std::vector<std::string> rows;
+  for (std::size_t i = 0; i < used.count(); ++i) {
+    const std::string& row = used.row(i);
+    if (is_title(row)) {
+      if (i > 0) rows.emplace_back(kRule, '-');
+      rows.push_back(row);
+    } else if (is_lost(row)) {
+      rows.push_back(row);
+    }
+    pacer.turn();
+    if (context_.work.must_stop(job)) break;
+  }
+  return rows;
+}
+
+void LostFiles::strike_out_repeats(std::vector<std::string>& rows) {
+  const auto repeated = project::repeated_rows(
+      rows, [](const std::string& row) { return !text::is_file_row(row); });
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!repeated[i]) std::swap(rows[kept++], rows[i]);
+  }
+  rows.resize(kept);
+}
+
+void LostFiles::show_in(LostFileList& target) const {
+  target.ListPerdidos.hide();
+  target.ListPerdidos.clear();
+  target.ListPerdidos.add(TextoPerdidos_);
+  target.ListPerdidos.show();
+  ui::ListaAncho(target.ListPerdidos);
+  // All rows count, titles and separators too.
+  target.TextEncontrados.set_caption("Encontrados: " + std::to_string(TextoPerdidos_.size()) +
+                                     " archivos perdidos o desubicados");
+}
+
+bool LostFiles::HayPerdidos() {
+  const ui::ListBox& shown = context_.main.lists.ListVip;
+  for (const std::string& row : shown.rows()) {
+    if (is_lost(row)) return true;
+  }
+  // The place of a row comes from one list and its text from the other. So a sweep of more files
+  // than the shown project has counts as having lost some, and an update of the projects looks
+  // at every one of them rather than at none.
+  const ui::ListBox& used = context_.main.lists.ListUtilizados;
+  for (std::size_t i = 0; i < used.count(); ++i) {
+    if (!is_title(used.row(i)) && is_lost(shown.row(i))) return true;
+  }
+  return false;
+}
+
+void LostFiles::cmdPerdidos_Click() {
+  if (context_.work.Borrando) return;
+  ui::Window* const window = context_.windows.touch(kWindow);
+  auto* const list = context_.windows.find_as<LostFileList>(kWindow);
+  if (window == nullptr || list == nullptr) return;
+  if (window->visible()) {
+    window->hide();
+    context_.settings.write_position(*window, kWindow);
+    return;
+  }
+  show_in(*list);
+  context_.settings.read_position(*window, kWindow, window->position());
+  window->set_minimized(false);
+  window->show();
+}
+
+}  // namespace ordelan::location

@@ -1,0 +1,135 @@
+#include "location/search_window.h"
+
+#include <utility>
+
+#include "text/paths.h"
+#include "ui/list_width.h"
+
+namespace ordelan::location {
+
+Buscar::Buscar(const Context& context)
+    : ui::Window(context.backend, "Buscar"),
+      List1(*this, "List1"),
+      List2(*this, "List2"),
+      Text1(*this, "Text1"),
+      context_(context),
+      validator_(context.platform.files, context_.main.reader, List1) {
+  on_load = [this] { cFind_ = new_finder(); };
+}
+
+// A finder is shared by whoever runs it: a new search may put another into its place meanwhile.
+std::shared_ptr<cFindFiles> Buscar::new_finder() {
+  auto finder = std::make_shared<cFindFiles>(context_.platform);
+  finder->SearchSubDirs = true;
+  finder->InitSearch = [this] { cFind_InitSearch(); };
+  finder->EndSearch = [this, it = finder.get()] { cFind_EndSearch(*it); };
+  return finder;
+}
+
+std::string Buscar::Obtener_Nombre_Archivo(const std::string& Ruta) const {
+  return cFindFiles::GetFileName(Ruta);
+}
+
+std::string Buscar::Obtener_Nombre_Path(const std::string& Ruta, bool ConBarra) const {
+  return text::Obtener_Nombre_Path(Ruta, ConBarra);
+}
+
+std::string Buscar::Obtener_VipPath(const std::string& Ruta) const {
+  return text::Obtener_VipPath(Ruta);
+}
+
+std::string Buscar::Obtener_Extension(const std::string& Ruta) const {
+  return cFindFiles::GetExtension(Ruta);
+}
+
+std::string Buscar::ElegirCarpeta(const std::string& Titulo) {
+  return cFind_->BrowseForFolder(Titulo);
+}
+
+bool Buscar::Valido(const std::string& Ruta) {
+  return validator_.Valido(Ruta);
+}
+
+// Runs one search; it ends as soon as the job that it belongs to has to.
+void Buscar::run(const std::string& folder, const std::string& what) {
+  const std::shared_ptr<cFindFiles> finder = cFind_;
+  finder->on_turn = [this, it = finder.get(), job = context_.work.current_job()] {
+    if (context_.work.must_stop(job)) it->StopSearch();
+  };
+  finder->Find(folder, what, "", 1);
+}
+
+bool Buscar::BuscarVips() {
+  const auto job = context_.work.current_job();
+  cFind_ = new_finder();
+  asked_.clear();
+  std::string folder = Text1.text();
+  if (folder.ends_with('\\')) folder.pop_back();
+  List2.clear();
+  run(folder, "*.vip");
+  if (context_.work.superseded(job)) return false;
+
+  ui::ListBox& projects = context_.main.lists.ListProyectos;
+  std::vector<std::string> valid;
+  system::Pacer pacer(context_.platform.pump, context_.platform.clock);
+  const std::vector<std::string> found = List2.rows();
+  for (const std::string& path : found) {
+    const bool usable = Valido(path);
+    if (context_.work.superseded(job)) return false;
+    if (usable) valid.push_back(path);
+    pacer.turn();
+    if (context_.work.superseded(job)) return false;
+    if (context_.work.Cancelar) break;
+  }
+  const bool any = !valid.empty();
+  projects.add(valid);
+  context_.main.lists.List1.clear();
+  context_.main.lists.List1.add(std::move(valid));
+  ui::ListaAncho(projects);
+  return any;
+}
+
+void Buscar::UnidadesDisponibles() {
+  DriveBoxes* const drives = boxes();
+  if (drives == nullptr) return;
+  int index = 0;
+  for (const std::string& root : cFind_->ColDrives()) {
+    const auto type = context_.platform.drives.type(root);
+    if (type != system::DriveType::removable && type != system::DriveType::fixed) continue;
+    // The floppy's letter: a look at it takes seconds, and no audio is there.
+    if (root == "A:\\") continue;
+    const auto volume = cFind_->GetDriveInfo(root);
+    const std::string caption = "Unidad: " + root + (volume ? volume->label : "");
+    if (index > 0) drives->CrearCheckBox(index, caption);
+    drives->name(index, caption, root);
+    ++index;
+  }
+  drives->keep(index);
+}
+
+DriveBoxes* Buscar::boxes() {
+  return context_.windows.touch_as<DriveBoxes>("UnidadesBuscar");
+}
+
+void Buscar::cFind_InitSearch() {
+  context_.main.clocks.iniciarCrono();
+}
+
+void Buscar::cFind_EndSearch(const cFindFiles& finder) {
+  std::vector<std::string> hits;
+  for (const std::string& path : finder.ColFiles()) {
+    // Only folders of just this name are left out; the system's own bins are spelt otherwise, and
+    // who keeps audio there wants it found.
+    if (path.find("RECICLER") == std::string::npos &&
+        (asked_.empty() || text::equal_ignoring_case(text::file_name(path), asked_))) {
+      hits.push_back(path);
+    }
+    if (context_.work.Cancelar) {
+      context_.main.cmdReset_Click();
+      break;
+    }
+  }
+  List2.add(std::move(hits));
+}
+
+}  // namespace ordelan::location

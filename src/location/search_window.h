@@ -1,0 +1,73 @@
+// The searches of the whole program, and its helpers for paths. A window that is never shown: its
+// lists keep what was found.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "location/context.h"
+#include "location/drive_boxes.h"
+#include "location/file_finder.h"
+#include "project/valido.h"
+#include "ui/list_box.h"
+#include "ui/text_box.h"
+#include "ui/window.h"
+
+namespace ordelan::location {
+
+class Buscar final : public ui::Window {
+ public:
+  explicit Buscar(const Context& context);
+
+  ui::ListBox List1;  // scratch
+  ui::ListBox List2;  // the hits of a search, a full path a row
+  ui::TextBox Text1;  // the folder in which BuscarVips looks
+
+  // The bare name of a file; its folder, with or without the closing backslash; a clean path from
+  // a list row; its extension without the dot.
+  std::string Obtener_Nombre_Archivo(const std::string& Ruta) const;
+  std::string Obtener_Nombre_Path(const std::string& Ruta, bool ConBarra) const;
+  std::string Obtener_VipPath(const std::string& Ruta) const;
+  std::string Obtener_Extension(const std::string& Ruta) const;
+  // The folder that the user picks, empty when the dialog was cancelled.
+  std::string ElegirCarpeta(const std::string& Titulo);
+  // Whether a project is to be listed.
+  bool Valido(const std::string& Ruta);
+
+  // Lists the valid projects in the folder of Text1 and below. Whether there is any.
+  bool BuscarVips();
+
+  // Finds where a file is now: at the same path on a ticked drive, or anywhere on the ticked
+  // drives. Whether it was found; ArchivoActual is then its path, and the strip says how it went.
+  // Of several hits, List2 has all and ArchivoActual the first, or while projects are updated the
+  // one that the user chooses. `Lista` is the list that the name was clicked in. Gives false at
+  // once while another search runs.
+  bool BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox& Lista);
+
+  // Looks for the same path on every ticked drive. Whether one has it: ArchivoActual is then the
+  // path on the last of them. Finds nothing for a path that does not begin with a drive.
+  bool BuscarOtraLetra(const std::string& Ruta);
+
+  // Gives every fixed and removable drive its box in UnidadesBuscar.
+  void UnidadesDisponibles();
+
+ private:
+  std::shared_ptr<cFindFiles> new_finder();
+  DriveBoxes* boxes();
+  bool search(const std::string& file, work::JobNumber job);
+  bool find_everywhere(const std::string& file, work::JobNumber job);
+  bool tell(const std::string& file);
+  bool choose(work::JobNumber job);
+  void stop_clock();
+  void run(const std::string& folder, const std::string& what);
+  void cFind_InitSearch();
+  void cFind_EndSearch(const cFindFiles& finder);
+
+  Context context_;
+  project::Validator validator_;
+  std::shared_ptr<cFindFiles> cFind_;
+  std::string asked_;  // the name that hits must have; empty for any
+  bool searching_ = false;
+};
+
+}  // namespace ordelan::location

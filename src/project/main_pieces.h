@@ -1,0 +1,24 @@
+// The pieces of the main window that other windows work with. They outlive every other window.
+#pragma once
+
+#include <functional>
+
+#include "project/vip_reader.h"
+#include "ui/control.h"
+#include "work/clocks.h"
+#include "work/status_strip.h"
+#include "work/work_lists.h"
+
+namespace ordelan::project {
+
+struct MainPieces {
+  work::WorkLists& lists;
+  work::StatusStrip& strip;
+  work::Clocks& clocks;
+  VipReader& reader;
+  ui::Control& cmdPerdidos;
+  ui::Control& ActualizarVip;
+  std::function<void()> cmdReset_Click;
+};
+
+}  // namespace ordelan::project
