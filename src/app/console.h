@@ -11,8 +11,10 @@
 
 #include "settings/settings.h"
 #include "system/clock.h"
+#include "system/drives.h"
 #include "system/file_system.h"
 #include "system/regional.h"
+#include "system/shell.h"
 
 namespace ordelan::app {
 
@@ -21,6 +23,8 @@ struct ConsoleHost {
   system::FileSystem& files;
   system::Clock& clock;
   system::Regional& regional;
+  system::Drives& drives;
+  system::Shell& shell;
   // Maps a drive letter to a folder; false if that cannot be. Unset where drives are real.
   std::function<bool(char letter, const std::string& folder)> map_drive;
   // The settings of a configuration file named in UTF-8; of the usual one when empty.
