@@ -5,8 +5,10 @@
 
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
+#include "posix/posix_drives.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_services.h"
+#include "posix/posix_shell.h"
 #include "system/platform.h"
 #include "ui/window.h"
 #include "work/work_in_hand.h"
@@ -15,15 +17,17 @@ namespace ordelan::bench {
 
 struct Machine {
   // `folder` is drive D.
-  explicit Machine(const std::string& folder) { drives.map('D', folder); }
+  explicit Machine(const std::string& folder) { mapped.map('D', folder); }
 
-  posix::MappedDrives drives;
-  posix::PosixFileSystem files{drives};
+  posix::MappedDrives mapped;
+  posix::PosixFileSystem files{mapped};
   posix::SteadyClock clock;
   posix::EnvironmentRegional regional;
+  posix::PosixDrives drives{mapped};
+  posix::PosixShell shell{files};
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{files, dialogs, backend, clock, regional};
+  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
   ui::Window window{backend, "window"};
   work::WorkInHand work;
 };

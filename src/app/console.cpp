@@ -51,8 +51,7 @@ std::optional<std::string> map_drive(const std::string& drive, const ConsoleHost
 struct Session {
   Session(const ConsoleHost& host, const std::string& config)
       : backend(host.clock),
-        platform{host.files,    dialogs,     backend,   host.clock,
-                 host.regional, host.drives, host.shell},
+        platform{host.files, dialogs, backend, host.clock, host.regional, host.drives, host.shell},
         settings(host.settings(config)),
         program(backend, platform, *settings) {
     program.start();

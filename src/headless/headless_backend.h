@@ -37,6 +37,9 @@ class HeadlessBackend final : public ui::Backend, public system::EventPump {
   // Ticks every timer that is due, then runs `on_pump`.
   void pump() override;
 
+  // Nobody can do anything to windows that nobody sees: there is nothing to sleep for.
+  void wait() override { pump(); }
+
   // Runs inside every pump: a test presses a button here, in the middle of a loop.
   std::function<void()> on_pump;
 

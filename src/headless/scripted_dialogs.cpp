@@ -3,6 +3,17 @@
 #include <utility>
 
 namespace ordelan::headless {
+namespace {
+
+// The next answer, an empty one when they have run out.
+std::string next(std::deque<std::string>& answers) {
+  if (answers.empty()) return {};
+  auto answer = std::move(answers.front());
+  answers.pop_front();
+  return answer;
+}
+
+}  // namespace
 
 std::vector<std::string> ScriptedDialogs::open_files(const system::OpenRequest& request) {
   requests.push_back(request);
@@ -12,6 +23,18 @@ std::vector<std::string> ScriptedDialogs::open_files(const system::OpenRequest& 
   files.pop_front();
   if (!request.several && picked.size() > 1) picked.resize(1);
   return picked;
+}
+
+std::string ScriptedDialogs::save_file(const system::SaveRequest& request) {
+  save_requests.push_back(request);
+  if (on_dialog) on_dialog();
+  return next(saves);
+}
+
+std::string ScriptedDialogs::pick_folder(const std::string& title) {
+  folder_titles.push_back(title);
+  if (on_dialog) on_dialog();
+  return next(folders);
 }
 
 system::Answer ScriptedDialogs::message(const system::Message& message) {

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "text/code_page.h"
@@ -40,6 +41,13 @@ std::optional<std::string> entry_ignoring_case(const std::string& folder, std::s
   return found;
 }
 
+// The native path of names below a mapped folder, just as they are spelt.
+std::string joined(const std::string& folder, const std::vector<std::string_view>& names) {
+  std::string native = folder;
+  for (const std::string_view name : names) native.append("/").append(text::to_utf8(name));
+  return native.empty() ? "/" : native;
+}
+
 }  // namespace
 
 bool is_windows_name(std::string_view name) {
@@ -54,7 +62,7 @@ bool is_windows_name(std::string_view name) {
                       [](char c) { return kForbidden[static_cast<unsigned char>(c)]; });
 }
 
-bool MappedDrives::map(char letter, const std::string& folder) {
+bool MappedDrives::map(char letter, const std::string& folder, MappedDrive drive) {
   const std::unique_ptr<char, void (*)(void*)> real(::realpath(folder.c_str(), nullptr),
                                                     &std::free);
   struct stat found {};
@@ -63,39 +71,55 @@ bool MappedDrives::map(char letter, const std::string& folder) {
   }
   std::string path = real.get();
   if (path == "/") path.clear();
-  folders_[capital(letter)] = path;
+  places_[capital(letter)] = {std::move(path), std::move(drive)};
   return true;
 }
 
-std::optional<std::string> MappedDrives::native(std::string_view path) const {
+std::vector<char> MappedDrives::letters() const {
+  std::vector<char> letters;
+  for (const auto& [letter, place] : places_) letters.push_back(letter);
+  return letters;
+}
+
+const MappedDrive* MappedDrives::drive(char letter) const {
+  const auto found = places_.find(capital(letter));
+  return found == places_.end() ? nullptr : &found->second.drive;
+}
+
+std::optional<MappedDrives::Cut> MappedDrives::cut(std::string_view path) const {
   if (path.size() < 3 || path[1] != ':' || path[2] != '\\') return std::nullopt;
-  const auto drive = folders_.find(capital(path[0]));
-  if (drive == folders_.end()) return std::nullopt;
+  const auto place = places_.find(capital(path[0]));
+  if (place == places_.end() || !place->second.drive.medium) return std::nullopt;
   std::string_view rest = path.substr(3);
 
-  std::vector<std::string_view> names;
+  Cut cut{place->second.folder, {}};
   while (!rest.empty()) {
     const auto slash = std::min(rest.find('\\'), rest.size());
     const std::string_view name = rest.substr(0, slash);
     rest.remove_prefix(std::min(slash + 1, rest.size()));
     if (name.empty() || name == ".") continue;
     if (name == ".." || !is_windows_name(name)) return std::nullopt;
-    names.push_back(name);
+    cut.names.push_back(name);
   }
+  return cut;
+}
+
+std::optional<std::string> MappedDrives::native(std::string_view path) const {
+  const auto way = cut(path);
+  if (!way) return std::nullopt;
 
   // Most paths stand on the disk just as they are spelt: one look finds them.
-  std::string native = drive->second;
-  for (const std::string_view name : names) native.append("/").append(text::to_utf8(name));
-  if (names.empty() || exists(native)) return native.empty() ? "/" : native;
+  std::string native = joined(way->folder, way->names);
+  if (way->names.empty() || exists(native)) return native;
 
-  native = drive->second;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    std::string next = native + "/" + text::to_utf8(names[i]);
+  native = way->folder;
+  for (std::size_t i = 0; i < way->names.size(); ++i) {
+    std::string next = native + "/" + text::to_utf8(way->names[i]);
     if (!exists(next)) {
-      const auto other = entry_ignoring_case(native.empty() ? "/" : native, names[i]);
+      const auto other = entry_ignoring_case(native.empty() ? "/" : native, way->names[i]);
       if (other) {
         next = native + "/" + *other;
-      } else if (i + 1 < names.size()) {
+      } else if (i + 1 < way->names.size()) {
         return std::nullopt;
       }
     }
@@ -104,22 +128,31 @@ std::optional<std::string> MappedDrives::native(std::string_view path) const {
   return native;
 }
 
+std::optional<std::string> MappedDrives::spelt(std::string_view path) const {
+  const auto way = cut(path);
+  if (!way) return std::nullopt;
+  return joined(way->folder, way->names);
+}
+
 std::optional<std::string> MappedDrives::windows(const std::string& native_path) const {
   const std::unique_ptr<char, void (*)(void*)> real(::realpath(native_path.c_str(), nullptr),
                                                     &std::free);
   const std::string path = real ? real.get() : native_path;
-  const std::pair<const char, std::string>* nearest = nullptr;
-  for (const auto& drive : folders_) {
-    const bool under = (path == drive.second && !path.empty()) ||
-                       path.compare(0, drive.second.size() + 1, drive.second + "/") == 0;
-    if (under && (nearest == nullptr || drive.second.size() > nearest->second.size())) {
-      nearest = &drive;
+  char letter = 0;
+  std::size_t nearest = 0;
+  for (const auto& [candidate, place] : places_) {
+    const std::string& folder = place.folder;
+    const bool under =
+        (path == folder && !path.empty()) || path.compare(0, folder.size() + 1, folder + "/") == 0;
+    if (under && (letter == 0 || folder.size() > nearest)) {
+      letter = candidate;
+      nearest = folder.size();
     }
   }
-  if (nearest == nullptr) return std::nullopt;
-  const auto rest = text::from_utf8(path.substr(nearest->second.size()));
+  if (letter == 0) return std::nullopt;
+  const auto rest = text::from_utf8(path.substr(nearest));
   if (!rest) return std::nullopt;
-  std::string windows(1, nearest->first);
+  std::string windows(1, letter);
   windows += ":\\";
   for (std::size_t at = 1; at < rest->size();) {
     const auto slash = std::min(rest->find('/', at), rest->size());

@@ -5,30 +5,62 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "system/drives.h"
 
 namespace ordelan::posix {
 
 // Whether Windows could give this name to a file, as far as its characters go.
 bool is_windows_name(std::string_view name);
 
+// What a mapped letter passes for.
+struct MappedDrive {
+  system::DriveType type = system::DriveType::fixed;
+  std::string label;
+  bool medium = true;  // without one the drive is there, but no path leads into it
+};
+
 class MappedDrives {
  public:
   // Maps drive `letter` (either case) to an existing folder. False if the letter is none or the
-  // folder is not there.
-  bool map(char letter, const std::string& folder);
+  // folder is not there; whatever was mapped stays then.
+  bool map(char letter, const std::string& folder, MappedDrive drive = {});
+
+  // The capital letters that are mapped, from A upwards.
+  std::vector<char> letters() const;
+
+  // What the letter (either case) passes for. Null if it is not mapped; gone with the next `map`.
+  const MappedDrive* drive(char letter) const;
 
   // The native path of a Windows path. Names are looked up as Windows does, case ignored; where the
   // disk holds several that differ by case, the exact one is taken. A last name that is not there
-  // yet is given as it would be created. Nothing for a path without a mapped drive, with a NUL, a
-  // wildcard or a character that no Windows name has, or in a folder that is not there.
+  // yet is given as it would be created. Nothing for a path without a mapped drive or medium, with
+  // a NUL, a wildcard or a character that no Windows name has, or in a folder that is not there.
   std::optional<std::string> native(std::string_view path) const;
+
+  // The same without a look at the disk: the path as it is spelt, whether there is such a name or
+  // not. Nothing where no disk could make `native` give anything.
+  std::optional<std::string> spelt(std::string_view path) const;
 
   // The Windows path of a native one that is a mapped folder or lies under one. Nothing where a
   // name on the way is none that Windows could hold.
   std::optional<std::string> windows(const std::string& native_path) const;
 
  private:
-  std::map<char, std::string> folders_;  // by capital letter, without a slash at the end
+  struct Place {
+    std::string folder;  // without a slash at its end
+    MappedDrive drive;
+  };
+
+  // The drive of an absolute path and the names that follow, nothing for any other path.
+  struct Cut {
+    const std::string& folder;
+    std::vector<std::string_view> names;
+  };
+  std::optional<Cut> cut(std::string_view path) const;
+
+  std::map<char, Place> places_;  // by capital letter
 };
 
 }  // namespace ordelan::posix

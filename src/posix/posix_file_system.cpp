@@ -7,8 +7,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <ctime>
 #include <utility>
+#include <vector>
 
 #include "text/code_page.h"
 
@@ -75,32 +76,73 @@ class PosixOutput final : public system::OutputFile {
   Descriptor file_;
 };
 
-system::FileInfo described(std::string name, const struct stat& status, bool link) {
-  system::FileInfo info;
-  info.name = std::move(name);
-  info.folder = S_ISDIR(status.st_mode);
-  info.size = info.folder ? 0 : static_cast<std::uint64_t>(status.st_size);
-  info.link = link;
-  return info;
+// Whether a name of the disk is one that Windows would show. It is then put into `name` as Windows
+// would spell it.
+bool windows_name(std::string_view native, std::string& name) {
+  return text::from_utf8(native, name) && is_windows_name(name);
 }
 
-// The name that Windows would show, nothing for one that it could not hold.
-std::optional<std::string> windows_name(const char* name) {
-  auto ansi = text::from_utf8(name);
-  if (ansi && !is_windows_name(*ansi)) ansi.reset();
-  return ansi;
+// Whether the mode lets this user write. The superuser counts as the owner of everything: what its
+// owner has marked as not to be written is not to be written.
+bool may_write(const struct statx& status) {
+  static const std::vector<gid_t> groups = [] {
+    std::vector<gid_t> found(static_cast<std::size_t>(std::max(::getgroups(0, nullptr), 0)));
+    found.resize(static_cast<std::size_t>(
+        std::max(::getgroups(static_cast<int>(found.size()), found.data()), 0)));
+    found.push_back(::getegid());
+    return found;
+  }();
+  const uid_t user = ::geteuid();
+  if (user == 0 || user == status.stx_uid) return (status.stx_mode & S_IWUSR) != 0;
+  const bool in_group = std::find(groups.begin(), groups.end(), status.stx_gid) != groups.end();
+  return (status.stx_mode & (in_group ? S_IWGRP : S_IWOTH)) != 0;
 }
 
-// What the entry `name` of the folder opened as `folder` is; a link is described by what it leads
-// to. Only files and folders count.
-std::optional<system::FileInfo> entry(int folder, const char* native_name, std::string name) {
-  struct stat own {};
-  if (::fstatat(folder, native_name, &own, AT_SYMLINK_NOFOLLOW) != 0) return std::nullopt;
-  const bool link = S_ISLNK(own.st_mode);
-  struct stat status = own;
-  if (link && ::fstatat(folder, native_name, &status, 0) != 0) return std::nullopt;
-  if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) return std::nullopt;
-  return described(std::move(name), status, link);
+// A moment in the local time of that moment, as days since the 30th of December 1899.
+double local_days(const struct statx_timestamp& moment) {
+  constexpr double kSecondsPerDay = 86'400;
+  constexpr double kDaysTo1970 = 25'569;
+  const auto seconds = static_cast<std::time_t>(moment.tv_sec);
+  std::tm local{};
+  if (::localtime_r(&seconds, &local) == nullptr) return 0;
+  const double part = static_cast<double>(moment.tv_nsec) / 1e9;
+  return kDaysTo1970 + (static_cast<double>(seconds + local.tm_gmtoff) + part) / kSecondsPerDay;
+}
+
+void set_kind(system::FileInfo& entry, bool folder, bool link) {
+  entry.folder = folder;
+  entry.link = link;
+  entry.attributes = folder ? system::attribute::kFolder : system::attribute::kArchive;
+}
+
+// Looks at the entry `native_name` of the folder opened as `folder`, and puts everything but its
+// name into `entry`. A link is described by what it leads to. False for what is neither a file nor
+// a folder.
+bool describe(int folder, const char* native_name, system::Detail detail, system::FileInfo& entry) {
+  const bool times = detail == system::Detail::times;
+  const unsigned wanted = STATX_BASIC_STATS | (times ? STATX_BTIME : 0u);
+  struct statx status {};
+  if (::statx(folder, native_name, AT_SYMLINK_NOFOLLOW, wanted, &status) != 0) return false;
+  const bool link = S_ISLNK(status.stx_mode);
+  if (link && ::statx(folder, native_name, 0, wanted, &status) != 0) return false;
+  if (!S_ISREG(status.stx_mode) && !S_ISDIR(status.stx_mode)) return false;
+  set_kind(entry, S_ISDIR(status.stx_mode), link);
+  if (detail == system::Detail::names) return true;
+  entry.size = entry.folder ? 0 : status.stx_size;
+  if (!may_write(status)) entry.attributes |= system::attribute::kReadOnly;
+  if (!times) return true;
+  // Some disks do not keep when a file was made: it was there when it was last written at any rate.
+  const bool made_known = (status.stx_mask & STATX_BTIME) != 0;
+  entry.created = local_days(made_known ? status.stx_btime : status.stx_mtime);
+  entry.modified = local_days(status.stx_mtime);
+  entry.accessed = local_days(status.stx_atime);
+  return true;
+}
+
+using Folder = std::unique_ptr<DIR, int (*)(DIR*)>;
+
+Folder open_folder(const std::optional<std::string>& native) {
+  return Folder(native ? ::opendir(native->c_str()) : nullptr, &::closedir);
 }
 
 }  // namespace
@@ -108,38 +150,38 @@ std::optional<system::FileInfo> entry(int folder, const char* native_name, std::
 std::optional<system::FileInfo> PosixFileSystem::info(std::string_view path) {
   const auto native = drives_.native(path);
   if (!native) return std::nullopt;
-  auto name = windows_name(native->c_str() + native->rfind('/') + 1);
-  if (!name) return std::nullopt;
-  auto found = entry(AT_FDCWD, native->c_str(), std::move(*name));
+  system::FileInfo found;
+  if (!windows_name(std::string_view(*native).substr(native->rfind('/') + 1), found.name) ||
+      !describe(AT_FDCWD, native->c_str(), system::Detail::times, found)) {
+    return std::nullopt;
+  }
   // A backslash at the end promises a folder.
-  if (found && path.back() == '\\' && !found->folder) found.reset();
+  if (path.back() == '\\' && !found.folder) return std::nullopt;
   return found;
 }
 
-std::optional<std::vector<system::FileInfo>> PosixFileSystem::list(std::string_view folder,
-                                                                   system::Detail detail) {
-  const auto native = drives_.native(folder);
-  if (!native) return std::nullopt;
-  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(native->c_str()), &::closedir);
-  if (!open) return std::nullopt;
-  std::vector<system::FileInfo> entries;
-  while (const dirent* found = ::readdir(open.get())) {
-    auto name = windows_name(found->d_name);
-    if (!name || *name == "." || *name == "..") continue;
+bool PosixFileSystem::each(std::string_view folder, system::Detail detail, const Visit& visit) {
+  // Most folders stand on the disk just as they are spelt, and opening one is look enough.
+  Folder open = open_folder(drives_.spelt(folder));
+  if (!open) open = open_folder(drives_.native(folder));
+  if (!open) return false;
+  const int number = ::dirfd(open.get());
+  // One entry serves for all, so that its name takes no new room each time.
+  system::FileInfo entry;
+  for (;;) {
+    errno = 0;
+    const dirent* found = ::readdir(open.get());
+    if (found == nullptr) return errno == 0;
+    const std::string_view native = found->d_name;
+    if (native == "." || native == ".." || !windows_name(native, entry.name)) continue;
     // Where the names are enough, the kind that stands beside the name spares a look at the file.
     if (detail == system::Detail::names && (found->d_type == DT_REG || found->d_type == DT_DIR)) {
-      system::FileInfo info;
-      info.name = std::move(*name);
-      info.folder = found->d_type == DT_DIR;
-      entries.push_back(std::move(info));
+      set_kind(entry, found->d_type == DT_DIR, false);
+    } else if (!describe(number, found->d_name, detail, entry)) {
       continue;
     }
-    if (auto info = entry(::dirfd(open.get()), found->d_name, std::move(*name))) {
-      entries.push_back(std::move(*info));
-    }
+    if (!visit(entry)) return true;
   }
-  std::sort(entries.begin(), entries.end(), system::in_listing_order);
-  return entries;
 }
 
 std::unique_ptr<system::InputFile> PosixFileSystem::open(std::string_view path) {

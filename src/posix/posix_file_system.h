@@ -7,15 +7,15 @@
 namespace ordelan::posix {
 
 // Names on the disk are UTF-8. Names with characters that no Windows name has are left out, like
-// those that the code page cannot hold.
+// those that the code page cannot hold. Nothing is hidden or of the system; what the user may not
+// write is read-only.
 class PosixFileSystem final : public system::FileSystem {
  public:
   // `drives` must outlive the file system.
   explicit PosixFileSystem(const MappedDrives& drives) : drives_(drives) {}
 
   std::optional<system::FileInfo> info(std::string_view path) override;
-  std::optional<std::vector<system::FileInfo>> list(
-      std::string_view folder, system::Detail detail = system::Detail::sizes) override;
+  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
   bool make_folder(std::string_view path) override;

@@ -11,6 +11,11 @@ struct OpenRequest {
   bool several = false;
 };
 
+struct SaveRequest {
+  std::string filter;     // as above
+  std::string extension;  // given to a name that has none: "*.log", or "log"
+};
+
 enum class Icon { none, critical, question, exclamation, information };
 enum class Buttons { ok, ok_cancel, yes_no };
 enum class Answer { ok, cancel, yes, no };
@@ -29,6 +34,13 @@ class Dialogs {
   // The full paths that the user picked, none when the dialog was cancelled. With `several` off
   // there is at most one. The window's events go on while the dialog is up.
   virtual std::vector<std::string> open_files(const OpenRequest& request) = 0;
+
+  // The full path of a file to be written, empty when the dialog was cancelled. The user has been
+  // asked before a file that is there is named.
+  virtual std::string save_file(const SaveRequest& request) = 0;
+
+  // The full path of a folder, empty when the dialog was cancelled.
+  virtual std::string pick_folder(const std::string& title) = 0;
 
   // Shows a message box and gives the button that ended it. Closing the box without a choice
   // counts as the careful answer: cancel, no, or ok where there is nothing else.

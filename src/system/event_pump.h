@@ -14,6 +14,13 @@ class EventPump {
   // Runs every event that is waiting: clicks, keys, timers, painting. Any handler may run inside,
   // close windows and start or stop jobs, so that the caller looks at its flags afterwards.
   virtual void pump() = 0;
+
+  // The same for a loop that has nothing to do until something happens: sleeps until there is an
+  // event, for a moment at most.
+  virtual void wait() = 0;
+
+  // Whether the program is at its end: nothing will ever happen any more.
+  virtual bool ended() const = 0;
 };
 
 // Pumps by elapsed time: a loop calls `turn` as often as it likes, and the window answers soon

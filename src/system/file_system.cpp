@@ -1,5 +1,8 @@
 #include "system/file_system.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "text/code_page.h"
 
 namespace ordelan::system {
@@ -8,6 +11,17 @@ std::optional<FileInfo> FileSystem::look_up(std::string_view path) {
   auto found = info(path);
   if (found && (found->folder || found->hidden || found->system)) found.reset();
   return found;
+}
+
+std::optional<std::vector<FileInfo>> FileSystem::list(std::string_view folder, Detail detail) {
+  std::vector<FileInfo> entries;
+  const bool read = each(folder, detail, [&entries](FileInfo& entry) {
+    entries.push_back(std::move(entry));
+    return true;
+  });
+  if (!read) return std::nullopt;
+  std::sort(entries.begin(), entries.end(), in_listing_order);
+  return entries;
 }
 
 bool in_listing_order(const FileInfo& a, const FileInfo& b) {

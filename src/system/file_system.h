@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -13,6 +14,15 @@
 
 namespace ordelan::system {
 
+// Bits of an attribute word, as Windows numbers them.
+namespace attribute {
+inline constexpr std::uint32_t kReadOnly = 0x1;
+inline constexpr std::uint32_t kHidden = 0x2;
+inline constexpr std::uint32_t kSystem = 0x4;
+inline constexpr std::uint32_t kFolder = 0x10;
+inline constexpr std::uint32_t kArchive = 0x20;
+}  // namespace attribute
+
 // What a folder tells of one of its entries.
 struct FileInfo {
   std::string name;        // as it stands on the disk, without its folder
@@ -21,6 +31,11 @@ struct FileInfo {
   bool hidden = false;
   bool system = false;
   bool link = false;  // a folder or file that only stands for another place (junction, link)
+  std::uint32_t attributes = 0;  // the attribute word: some of `attribute` and more of Windows' own
+  // Local times, as days since the 30th of December 1899; 0 where they were not asked for.
+  double created = 0;
+  double modified = 0;
+  double accessed = 0;
 };
 
 // A file opened for reading. It is closed when the object goes.
@@ -49,24 +64,29 @@ class OutputFile {
   virtual bool close() = 0;
 };
 
-// How much a listing tells of each entry.
-enum class Detail { names, sizes };
+// How much a listing tells of each entry: the name and the kind; the size and the attribute word
+// too; the times too. Some systems have to look at every file for more than the names.
+enum class Detail { names, sizes, times };
 
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  // What the disk knows of the path, of a file or folder of any kind. Nothing if there is none,
-  // if the path is not absolute, or if it holds a NUL or a wildcard. `name` has the case of the
-  // disk.
+  // What the disk knows of the path, times included, of a file or folder of any kind. Nothing if
+  // there is none, if the path is not absolute, or if it holds a NUL or a wildcard. `name` has the
+  // case of the disk.
   virtual std::optional<FileInfo> info(std::string_view path) = 0;
 
-  // Every entry of a folder, without "." and "..", in case-insensitive alphabetical order. Entries
-  // whose names the code page cannot hold are left out: they could only be mistaken for others.
-  // Nothing if the folder is not there or cannot be read. Sizes of files may be left at 0 unless
-  // `detail` asks for them: some systems have to look at every file for them.
-  virtual std::optional<std::vector<FileInfo>> list(std::string_view folder,
-                                                    Detail detail = Detail::sizes) = 0;
+  // Calls `visit` with every entry of a folder but "." and "..", in the order in which the disk
+  // gives them and without keeping any. Entries whose names the code page cannot hold are left out:
+  // they could only be mistaken for others. `visit` may move the entry's parts away; it gives false
+  // to hear of no more. False if the folder is not there or cannot be read.
+  using Visit = std::function<bool(FileInfo& entry)>;
+  virtual bool each(std::string_view folder, Detail detail, const Visit& visit) = 0;
+
+  // The same entries at once, in case-insensitive alphabetical order. Nothing if the folder is not
+  // there or cannot be read.
+  std::optional<std::vector<FileInfo>> list(std::string_view folder, Detail detail = Detail::sizes);
 
   // Opens a file for reading; others may go on writing to it. Null when it cannot be opened: not
   // there, a folder, locked.

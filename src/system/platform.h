@@ -3,9 +3,11 @@
 
 #include "system/clock.h"
 #include "system/dialogs.h"
+#include "system/drives.h"
 #include "system/event_pump.h"
 #include "system/file_system.h"
 #include "system/regional.h"
+#include "system/shell.h"
 
 namespace ordelan::system {
 
@@ -16,6 +18,8 @@ struct Platform {
   EventPump& pump;
   Clock& clock;
   Regional& regional;
+  Drives& drives;
+  Shell& shell;
 };
 
 }  // namespace ordelan::system

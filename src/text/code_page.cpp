@@ -1,6 +1,7 @@
 #include "text/code_page.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace ordelan::text {
 namespace {
@@ -33,6 +34,20 @@ constexpr std::array<char, 256> make_lower() {
 }
 
 constexpr std::array<char, 256> kLower = make_lower();
+
+constexpr std::array<char, 256> make_upper() {
+  std::array<char, 256> table{};
+  for (unsigned byte = 0; byte < table.size(); ++byte) {
+    table[byte] = static_cast<char>(static_cast<unsigned char>(byte));
+  }
+  for (unsigned byte = 0; byte < table.size(); ++byte) {
+    const auto small = static_cast<unsigned char>(kLower[byte]);
+    if (small != byte) table[small] = static_cast<char>(static_cast<unsigned char>(byte));
+  }
+  return table;
+}
+
+constexpr std::array<char, 256> kUpper = make_upper();
 
 // One code point read from UTF-8 at `at`, which moves behind it. Overlong forms, surrogates and
 // cut sequences give nothing.
@@ -68,6 +83,12 @@ std::optional<char> byte_of(std::uint32_t point) {
 
 // Text that reads the same in both codes.
 bool is_ascii(std::string_view text) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080u;
+  std::uint64_t eight = 0;
+  for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
+    std::memcpy(&eight, text.data(), sizeof eight);
+    if ((eight & kHighBits) != 0) return false;
+  }
   return std::all_of(text.begin(), text.end(),
                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
@@ -97,17 +118,26 @@ std::string to_utf8(std::string_view ansi) {
 }
 
 std::optional<std::string> from_utf8(std::string_view utf8) {
-  if (is_ascii(utf8)) return std::string(utf8);
   std::string ansi;
+  if (!from_utf8(utf8, ansi)) return std::nullopt;
+  return ansi;
+}
+
+bool from_utf8(std::string_view utf8, std::string& ansi) {
+  if (is_ascii(utf8)) {
+    ansi.assign(utf8);
+    return true;
+  }
+  ansi.clear();
   ansi.reserve(utf8.size());
   for (std::size_t at = 0; at < utf8.size();) {
     const auto point = next_code_point(utf8, at);
-    if (!point) return std::nullopt;
+    if (!point) return false;
     const auto byte = byte_of(*point);
-    if (!byte) return std::nullopt;
+    if (!byte) return false;
     ansi += *byte;
   }
-  return ansi;
+  return true;
 }
 
 char lower(char byte) {
@@ -118,6 +148,16 @@ std::string lower(std::string_view text) {
   std::string folded(text);
   for (char& c : folded) c = lower(c);
   return folded;
+}
+
+char upper(char byte) {
+  return kUpper[static_cast<unsigned char>(byte)];
+}
+
+std::string upper(std::string_view text) {
+  std::string capitals(text);
+  for (char& c : capitals) c = upper(c);
+  return capitals;
 }
 
 bool equal_ignoring_case(std::string_view a, std::string_view b) {

@@ -19,12 +19,21 @@ std::string to_utf8(std::string_view ansi);
 // UTF-8 as code-page text. Gives nothing when the text is not UTF-8 or holds a character that the
 // code page lacks: such a name must never be taken for another one.
 std::optional<std::string> from_utf8(std::string_view utf8);
+// The same into a text that is there, in place of what it held, so that a thousand names need no
+// room but that of the longest. False where the other gives nothing; `ansi` is then of no use.
+bool from_utf8(std::string_view utf8, std::string& ansi);
 
 // The lower-case form of one byte, accented letters included.
 char lower(char byte);
 
 // The text with each byte in lower case.
 std::string lower(std::string_view text);
+
+// The capital of one byte; a byte that has none in the code page stays as it is.
+char upper(char byte);
+
+// The text with each byte in capitals.
+std::string upper(std::string_view text);
 
 // Whether two texts are equal when case is ignored, as the disk compares names.
 bool equal_ignoring_case(std::string_view a, std::string_view b);

@@ -53,12 +53,14 @@ class MemoryFolders final : public system::FileSystem {
     return std::nullopt;
   }
 
-  std::optional<std::vector<system::FileInfo>> list(std::string_view folder,
-                                                    system::Detail) override {
+  bool each(std::string_view folder, system::Detail, const Visit& visit) override {
     ++listings[std::string(folder)];
     const auto found = folders_.find(key(std::string(folder)));
-    if (found == folders_.end()) return std::nullopt;
-    return found->second;
+    if (found == folders_.end()) return false;
+    for (system::FileInfo entry : found->second) {
+      if (!visit(entry)) break;
+    }
+    return true;
   }
 
   std::unique_ptr<system::InputFile> open(std::string_view path) override {

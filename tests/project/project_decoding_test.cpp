@@ -29,9 +29,11 @@ struct AllProjects : ::testing::Test {
   TestDisk disk;
   HandClock clock;
   FixedRegional regional;
+  FakeDrives drives;
+  FakeShell shell;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional};
+  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
   ui::Window window{backend, "window"};
   work::WorkLists lists{window};
   work::StatusStrip strip{window};

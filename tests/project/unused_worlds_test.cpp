@@ -190,10 +190,13 @@ class World {
 
 // Everything that the search works on.
 struct Bench {
-  explicit Bench(system::FileSystem& files) : platform{files, dialogs, backend, clock, regional} {}
+  explicit Bench(system::FileSystem& files)
+      : platform{files, dialogs, backend, clock, regional, drives, shell} {}
 
   HandClock clock;
   FixedRegional regional;
+  FakeDrives drives;
+  FakeShell shell;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
   system::Platform platform;

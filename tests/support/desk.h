@@ -52,9 +52,11 @@ class Desk {
   TestDisk disk;
   HandClock clock;
   FixedRegional regional;
+  FakeDrives drives;
+  FakeShell shell;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional};
+  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
   work::WorkInHand work;
   work::WindowDirectory windows;
   settings::Settings settings{disk.files(), regional, disk.path("Config.ini")};

@@ -1,8 +1,17 @@
-// A clock that a test sets, and regional settings that it chooses.
+// A clock that a test sets, and regional settings, drives and a desktop that it chooses.
 #pragma once
 
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
 #include "system/clock.h"
+#include "system/drives.h"
 #include "system/regional.h"
+#include "system/shell.h"
 
 namespace ordelan::test {
 
@@ -22,6 +31,76 @@ class FixedRegional final : public system::Regional {
   char decimal_mark() override { return mark; }
   std::string short_date() override { return "21/11/2026"; }
   std::string long_time() override { return "9:05:07"; }
+};
+
+// A machine with just the drives that a test puts in; without any at first.
+class FakeDrives final : public system::Drives {
+ public:
+  struct Drive {
+    system::DriveType type = system::DriveType::fixed;
+    system::Volume volume;
+    system::DiskSpace space;
+    bool medium = true;
+  };
+  std::map<std::string, Drive, std::less<>> drives;  // by root ("D:\\")
+
+  // A drive with a label and no more. Gives it, to be changed further.
+  Drive& add(const std::string& root, system::DriveType type = system::DriveType::fixed,
+             const std::string& label = "") {
+    return drives[root] = {type, {label, 0, "NTFS"}, {}, true};
+  }
+
+  std::vector<std::string> roots() override {
+    std::vector<std::string> roots;
+    for (const auto& [root, drive] : drives) roots.push_back(root);
+    return roots;
+  }
+  system::DriveType type(std::string_view root) override {
+    const auto found = drives.find(root);
+    return found == drives.end() ? system::DriveType::no_root_dir : found->second.type;
+  }
+  std::optional<system::Volume> volume(std::string_view root) override {
+    const Drive* const drive = with_medium(root);
+    return drive ? std::optional(drive->volume) : std::nullopt;
+  }
+  std::optional<system::DiskSpace> space(std::string_view root) override {
+    const Drive* const drive = with_medium(root);
+    return drive ? std::optional(drive->space) : std::nullopt;
+  }
+
+ private:
+  const Drive* with_medium(std::string_view root) const {
+    const auto found = drives.find(root);
+    return found != drives.end() && found->second.medium ? &found->second : nullptr;
+  }
+};
+
+// A desktop that opens everything, and writes down what it was asked to open.
+class FakeShell final : public system::Shell {
+ public:
+  std::vector<std::string> opened;
+  bool opens = true;  // what opening gives
+  // What is known of each path; nothing of the others.
+  std::map<std::string, std::string> types;
+  std::map<std::string, std::string> executables;
+  std::map<std::string, system::Pixels> icons;
+
+  bool open(const std::string& target) override {
+    opened.push_back(target);
+    return opens;
+  }
+  std::string file_type(const std::string& path) override { return known(types, path); }
+  std::string executable(const std::string& path) override { return known(executables, path); }
+  std::optional<system::Pixels> icon(const std::string& path) override {
+    const auto found = icons.find(path);
+    return found == icons.end() ? std::nullopt : std::optional(found->second);
+  }
+
+ private:
+  static std::string known(const std::map<std::string, std::string>& all, const std::string& path) {
+    const auto found = all.find(path);
+    return found == all.end() ? "" : found->second;
+  }
 };
 
 }  // namespace ordelan::test

@@ -31,9 +31,7 @@ class MemoryFiles final : public system::FileSystem {
     return info;
   }
 
-  std::optional<std::vector<system::FileInfo>> list(std::string_view, system::Detail) override {
-    return std::nullopt;
-  }
+  bool each(std::string_view, system::Detail, const Visit&) override { return false; }
 
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
     const auto found = contents.find(path);

@@ -21,10 +21,12 @@ struct ReaderBench {
 
   HandClock clock;
   FixedRegional regional;
+  FakeDrives drives;
+  FakeShell shell;
   MemoryFiles files;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{files, dialogs, backend, clock, regional};
+  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
   ui::Window window{backend, "window"};
   ui::ListBox list{window, "list"};
   ui::ProgressBar progress{window, "progress"};

@@ -15,9 +15,7 @@ class OneEntry final : public system::FileSystem {
   system::FileInfo entry;
 
   std::optional<system::FileInfo> info(std::string_view) override { return entry; }
-  std::optional<std::vector<system::FileInfo>> list(std::string_view, system::Detail) override {
-    return std::nullopt;
-  }
+  bool each(std::string_view, system::Detail, const Visit&) override { return false; }
   std::unique_ptr<system::InputFile> open(std::string_view) override { return nullptr; }
   std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
   bool make_folder(std::string_view) override { return false; }
@@ -63,6 +61,8 @@ struct CountingPump final : system::EventPump {
     ++pumps;
     clock.time += work;
   }
+  void wait() override { pump(); }
+  bool ended() const override { return false; }
   HandClock& clock;
   std::chrono::milliseconds work{0};  // how long the events take
   int pumps = 0;

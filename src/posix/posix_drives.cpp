@@ -1,0 +1,83 @@
+#include "posix/posix_drives.h"
+
+#include <sys/stat.h>
+#include <sys/statfs.h>
+#include <sys/statvfs.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace ordelan::posix {
+namespace {
+
+// The name of a file system by the number that the system marks it with; the system has no call
+// that tells the name itself. Empty for one that is seldom seen.
+std::string name_of(std::uint32_t number) {
+  static constexpr std::array<std::pair<std::uint32_t, const char*>, 14> kNames = {
+      {{0xEF53, "ext4"},
+       {0x9123683E, "btrfs"},
+       {0x58465342, "xfs"},
+       {0x2FC12FC1, "zfs"},
+       {0x01021994, "tmpfs"},
+       {0x794C7630, "overlay"},
+       {0x4D44, "FAT"},
+       {0x2011BAB0, "exFAT"},
+       {0x7366746E, "NTFS"},
+       {0x6969, "nfs"},
+       {0xFF534D42, "cifs"},
+       {0xFE534D42, "smb2"},
+       {0x9660, "iso9660"},
+       {0x65735546, "fuse"}}};
+  const auto* const found = std::find_if(kNames.begin(), kNames.end(),
+                                         [&](const auto& each) { return each.first == number; });
+  return found == kNames.end() ? "" : found->second;
+}
+
+// Two folders of one disk are two volumes to whoever sees them as drives, so that the folder has a
+// part in the number. It stays the same as long as both do.
+std::uint32_t serial_of(const struct stat& folder) {
+  const std::uint64_t mixed = (static_cast<std::uint64_t>(folder.st_dev) << 32 ^
+                               static_cast<std::uint64_t>(folder.st_ino)) *
+                              0x9E3779B97F4A7C15u;
+  return static_cast<std::uint32_t>(mixed >> 32);
+}
+
+}  // namespace
+
+const MappedDrive* PosixDrives::mapped(std::string_view root) const {
+  return root.size() == 3 && root.substr(1) == ":\\" ? drives_.drive(root[0]) : nullptr;
+}
+
+std::vector<std::string> PosixDrives::roots() {
+  std::vector<std::string> roots;
+  for (const char letter : drives_.letters()) roots.push_back(std::string(1, letter) + ":\\");
+  return roots;
+}
+
+system::DriveType PosixDrives::type(std::string_view root) {
+  const MappedDrive* const drive = mapped(root);
+  return drive ? drive->type : system::DriveType::no_root_dir;
+}
+
+std::optional<system::Volume> PosixDrives::volume(std::string_view root) {
+  const MappedDrive* const drive = mapped(root);
+  const auto folder = drive ? drives_.native(root) : std::nullopt;  // nothing without a medium
+  struct stat status {};
+  struct statfs disk {};
+  if (!folder || ::stat(folder->c_str(), &status) != 0 || ::statfs(folder->c_str(), &disk) != 0) {
+    return std::nullopt;
+  }
+  return system::Volume{drive->label, serial_of(status),
+                        name_of(static_cast<std::uint32_t>(disk.f_type))};
+}
+
+std::optional<system::DiskSpace> PosixDrives::space(std::string_view root) {
+  const auto folder = mapped(root) ? drives_.native(root) : std::nullopt;
+  struct statvfs disk {};
+  if (!folder || ::statvfs(folder->c_str(), &disk) != 0) return std::nullopt;
+  return system::DiskSpace{std::uint64_t{disk.f_blocks} * disk.f_frsize,
+                           std::uint64_t{disk.f_bavail} * disk.f_frsize};
+}
+
+}  // namespace ordelan::posix
