@@ -14,17 +14,16 @@ Location::Location(const Context& context, const std::string& version)
     : lost_files(context), context_(context) {
   context_.windows.add("Buscar", [this] { return std::make_unique<Buscar>(context_); });
   context_.windows.add("UnidadesBuscar", [this] {
-    return std::make_unique<UnidadesBuscar>(context_, [this] {
-      context_.windows.touch_as<Buscar>("Buscar")->UnidadesDisponibles();
-    });
+    return std::make_unique<UnidadesBuscar>(
+        context_, [this] { context_.windows.touch_as<Buscar>("Buscar")->UnidadesDisponibles(); });
   });
   context_.windows.add("ElegirRuta", [this] { return std::make_unique<ElegirRuta>(context_); });
   context_.windows.add("Perdidos", [this] {
-    return std::make_unique<Perdidos>(
-        context_, [this](LostFileList& list) { lost_files.show_in(list); });
+    return std::make_unique<Perdidos>(context_,
+                                      [this](LostFileList& list) { lost_files.show_in(list); });
   });
-  context_.windows.add(
-      "Acerca", [this, version] { return std::make_unique<Acerca>(context_, version); });
+  context_.windows.add("Acerca",
+                       [this, version] { return std::make_unique<Acerca>(context_, version); });
 }
 
 int Location::UnidadesDisponibles() {

@@ -41,10 +41,9 @@ bool Buscar::BuscarOtraLetra(const std::string& Ruta) {
   bool found = false;
   for (const auto& box : drives->Check1) {
     if (!box->checked()) continue;
-    context_.main.strip.Alerta(work::kWaiting,
-                               "Buscando: " + Ruta + kLine + "En la " + box->caption() + kLine +
-                                   "ESPERAR",
-                               true);
+    context_.main.strip.Alerta(
+        work::kWaiting, "Buscando: " + Ruta + kLine + "En la " + box->caption() + kLine + "ESPERAR",
+        true);
     const std::string candidato = replaced(Ruta, raiz, box->tag());
     const auto there = context_.platform.files.info(candidato);
     if (!there || there->folder) continue;
@@ -121,8 +120,8 @@ bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
     if (i >= drives->Check1.size()) break;
     const ui::CheckBox& box = drives->Check1[i];
     context_.main.strip.Alerta(
-        work::kWaiting,
-        "Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR", true);
+        work::kWaiting, "Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR",
+        true);
     cFind_InitSearch();
     if (box.checked()) run(std::string(box.tag()), what);
     if (context_.work.must_stop(job)) return false;

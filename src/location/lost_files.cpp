@@ -26,7 +26,8 @@ bool LostFiles::is_lost(const std::string& row) {
 void LostFiles::LlenarPerdidos() {
   const auto job = context_.work.current_job();
   TextoPerdidos_.clear();
-  if (auto* const list = context_.windows.find_as<LostFileList>(kWindow)) list->ListPerdidos.clear();
+  if (auto* const list = context_.windows.find_as<LostFileList>(kWindow))
+    list->ListPerdidos.clear();
   std::vector<std::string> rows = collect();
   if (context_.work.superseded(job)) return;
   if (!context_.work.Cancelar) strike_out_repeats(rows);
@@ -57,8 +58,8 @@ std::vector<std::string> LostFiles::collect() {
 }
 
 void LostFiles::strike_out_repeats(std::vector<std::string>& rows) {
-  const auto repeated = project::repeated_rows(
-      rows, [](const std::string& row) { return !text::is_file_row(row); });
+  const auto repeated =
+      project::repeated_rows(rows, [](const std::string& row) { return !text::is_file_row(row); });
   std::size_t kept = 0;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (!repeated[i]) std::swap(rows[kept++], rows[i]);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "text/code_page.h"
 #include "text/paths.h"
 #include "ui/list_width.h"
 

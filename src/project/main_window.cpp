@@ -71,8 +71,8 @@ void Form1::name_controls() {
   AcercaDe.set_caption("Acerca de");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
-  for (ui::Control* pending : std::initializer_list<ui::Control*>{
-           &CommandBorrado, &ActualizarVip, &ZoomListas}) {
+  for (ui::Control* pending :
+       std::initializer_list<ui::Control*>{&CommandBorrado, &ActualizarVip, &ZoomListas}) {
     pending->set_enabled(false);
   }
 

@@ -54,6 +54,9 @@ class Control {
   const std::string& description() const { return description_; }
   void set_description(std::string description);
 
+  const std::string& tag() const { return tag_; }
+  void set_tag(std::string tag) { tag_ = std::move(tag); }
+
   // Puts the control before its siblings, or behind them all.
   void bring_to_front();
 
@@ -92,6 +95,7 @@ class Control {
   Font font_;
   std::string tip_;
   std::string description_;
+  std::string tag_;
 };
 
 }  // namespace ordelan::ui

@@ -39,7 +39,12 @@ class ListBox : public Control {
   int current() const { return current_; }
   void set_current(int index);
   // The user's choice; the peer is not told.
-  void chosen(int index) { current_ = index; }
+  void chosen(int index, bool by_key = false) {
+    current_ = index;
+    chosen_by_key_ = by_key;
+  }
+  // Whether the last choice of the user's was made with the keyboard.
+  bool chosen_by_key() const { return chosen_by_key_; }
   // The text of the current row; empty if there is none.
   const std::string& current_row() const;
 
@@ -50,6 +55,7 @@ class ListBox : public Control {
   // Whether files may be dropped here; to be set before the window is loaded.
   bool accepts_drops() const { return static_cast<bool>(on_drop); }
 
+  std::function<void()> on_click_below;
   std::function<void()> on_right_click;
   std::function<void(int key_code)> on_key;
   // Full paths of dropped files and folders, in the order given. Empty when something was dropped
@@ -61,6 +67,7 @@ class ListBox : public Control {
 
   std::vector<std::string> rows_;
   int current_ = -1;
+  bool chosen_by_key_ = false;
   int extent_ = 0;
 };
 

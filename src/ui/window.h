@@ -73,6 +73,9 @@ class Window {
   void set_minimized(bool minimized);
   void minimized_by_user(bool minimized) { minimized_ = minimized; }
 
+  bool borderless() const { return borderless_; }
+  void set_borderless(bool borderless) { borderless_ = borderless; }
+
   // Whether pressing the mouse on the background drags the window.
   bool drag_by_background() const { return drag_by_background_; }
   void set_drag_by_background(bool drag) { drag_by_background_ = drag; }
@@ -116,6 +119,7 @@ class Window {
   bool minimized_ = false;
   bool drag_by_background_ = false;
   bool waiting_ = false;
+  bool borderless_ = false;
   Point position_;
   Size size_;
   Color back_color_ = Color::button_face;

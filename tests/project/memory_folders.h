@@ -42,6 +42,11 @@ class MemoryFolders final : public system::FileSystem {
     return true;
   }
 
+  // The same for a file of any size and date, without bytes.
+  bool add_file(const std::string& path, const system::FileInfo& described) {
+    return add_entry(path, described);
+  }
+
   std::optional<system::FileInfo> info(std::string_view path) override {
     const std::string folder(path.substr(0, path.rfind('\\') + 1));
     const auto found = folders_.find(key(folder));
@@ -57,7 +62,9 @@ class MemoryFolders final : public system::FileSystem {
     ++listings[std::string(folder)];
     const auto found = folders_.find(key(std::string(folder)));
     if (found == folders_.end()) return false;
-    for (system::FileInfo entry : found->second) {
+    std::vector<system::FileInfo> entries = found->second;
+    if (backwards) std::reverse(entries.begin(), entries.end());
+    for (system::FileInfo& entry : entries) {
       if (!visit(entry)) break;
     }
     return true;
@@ -74,6 +81,7 @@ class MemoryFolders final : public system::FileSystem {
   bool replace(std::string_view, std::string_view) override { return false; }
   bool remove(std::string_view) override { return false; }
 
+  bool backwards = false;               // whether folders give their last entry first
   std::map<std::string, int> listings;  // how often each folder has been listed
 
  private:

@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "app/program.h"
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
-#include "project/main_window.h"
+#include "location/drive_boxes.h"
+#include "location/search_window.h"
 #include "settings/settings.h"
 #include "support/fake_services.h"
 #include "test_disk.h"
-#include "work/window_directory.h"
-#include "work/work_in_hand.h"
 
 namespace ordelan::test {
 
@@ -29,9 +29,35 @@ class Desk {
   Desk() {
     // Every look at the clock is a while: each turn of a loop pumps.
     clock.step = std::chrono::milliseconds(20);
+    add_drive("");
   }
 
-  void start() { form.load(); }
+  // Starts the program. Its drives are ticked, unless the test has written a configuration.
+  void start() {
+    if (!disk.files().info(settings.RutaConfig)) {
+      std::string ticked = "[Settings]\r\n";
+      for (const std::string& root : drives.roots()) {
+        ticked += "Unidad: " + root + drives.volume(root)->label + "=1\r\n";
+      }
+      disk.write("Config.ini", ticked);
+    }
+    program.start();
+  }
+
+  // A folder of the disk that passes for a drive of its own; the whole disk where it is empty.
+  // Gives its root.
+  std::string add_drive(const std::string& folder,
+                        system::DriveType type = system::DriveType::fixed) {
+    const std::string root = folder.empty() ? disk.folder() : disk.path(folder + "\\");
+    if (!folder.empty()) disk.make_folder(folder);
+    drives.add(root, type);
+    return root;
+  }
+
+  location::Buscar& buscar() { return *windows.touch_as<location::Buscar>("Buscar"); }
+  location::DriveBoxes& boxes() {
+    return *windows.touch_as<location::DriveBoxes>("UnidadesBuscar");
+  }
 
   // Picks the project below the disk's folder in the file dialog.
   void open(const std::string& below) {
@@ -57,10 +83,11 @@ class Desk {
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
   system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
-  work::WorkInHand work;
-  work::WindowDirectory windows;
   settings::Settings settings{disk.files(), regional, disk.path("Config.ini")};
-  project::Form1 form{backend, platform, work, windows, settings};
+  app::Program program{backend, platform, settings};
+  work::WorkInHand& work = program.work;
+  work::WindowDirectory& windows = program.windows;
+  project::Form1& form = program.form;
 };
 
 }  // namespace ordelan::test
