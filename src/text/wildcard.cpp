@@ -35,6 +35,8 @@ bool fits(std::string_view pattern, std::string_view name) {
 bool matches(std::string_view pattern, std::string_view name) {
   if (pattern == "*" || pattern == "*.*") return true;
   if (fits(pattern, name)) return true;
+  // A whole name is no search, and only searches find by short names.
+  if (pattern.find_first_of("*?") == std::string_view::npos) return false;
   const auto pattern_dot = pattern.rfind('.');
   const auto name_dot = name.rfind('.');
   constexpr std::size_t kShortExtension = 3;

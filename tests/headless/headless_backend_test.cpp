@@ -180,6 +180,14 @@ TEST_F(HeadlessBackendTest, lines_are_what_the_text_breaks_into) {
   EXPECT_EQ(box.line_count(), 3);
 }
 
+TEST_F(HeadlessBackendTest, waiting_is_pumping) {
+  auto timer = make_timer("t", 100ms);
+  timer->start();
+  clock.time += 100ms;
+  backend.wait();
+  EXPECT_THAT(events, ElementsAre("t"));
+}
+
 TEST_F(HeadlessBackendTest, the_end_is_remembered) {
   EXPECT_FALSE(backend.ended());
   backend.end();

@@ -30,7 +30,24 @@ TEST_F(ScriptedDialogsTest, several_files_come_only_where_several_are_allowed) {
   EXPECT_THAT(dialogs.open_files({"", false}), ElementsAre("a"));
 }
 
+TEST_F(ScriptedDialogsTest, places_to_save_and_folders_are_answered_in_turn_and_then_cancelled) {
+  dialogs.saves = {"D:\\a.log", "", "D:\\b.log"};
+  dialogs.folders = {"D:\\Mix"};
+  EXPECT_EQ(dialogs.save_file({}), "D:\\a.log");
+  EXPECT_EQ(dialogs.pick_folder(""), "D:\\Mix");
+  EXPECT_EQ(dialogs.save_file({}), "");
+  EXPECT_EQ(dialogs.save_file({}), "D:\\b.log");
+  EXPECT_EQ(dialogs.save_file({}), "");
+  EXPECT_EQ(dialogs.pick_folder(""), "");
+}
+
 TEST_F(ScriptedDialogsTest, what_was_asked_is_written_down) {
+  dialogs.save_file({"Listas|*.log", "*.log"});
+  dialogs.pick_folder("Carpeta de destino");
+  ASSERT_EQ(dialogs.save_requests.size(), 1u);
+  EXPECT_EQ(dialogs.save_requests[0].filter, "Listas|*.log");
+  EXPECT_EQ(dialogs.save_requests[0].extension, "*.log");
+  EXPECT_THAT(dialogs.folder_titles, ElementsAre("Carpeta de destino"));
   dialogs.open_files({"Proyectos|*.vip", true});
   dialogs.message({"Aviso", "line\r\nline", system::Icon::critical, Buttons::ok});
   ASSERT_EQ(dialogs.requests.size(), 1u);
@@ -54,13 +71,18 @@ TEST_F(ScriptedDialogsTest, message_boxes_are_answered_in_turn_and_then_with_car
 TEST_F(ScriptedDialogsTest, the_window_goes_on_while_a_dialog_is_up) {
   std::vector<std::size_t> seen;
   dialogs.on_dialog = [&] {
-    seen.push_back(dialogs.requests.size() + dialogs.messages.size());
+    seen.push_back(dialogs.requests.size() + dialogs.messages.size() +
+                   dialogs.save_requests.size() + dialogs.folder_titles.size());
     dialogs.files = {{"late.vip"}};
+    dialogs.saves = {"late.log"};
+    dialogs.folders = {"late"};
     dialogs.answers = {Answer::yes};
   };
   EXPECT_THAT(dialogs.open_files({}), ElementsAre("late.vip")) << "answered behind the handler";
   EXPECT_EQ(ask(Buttons::yes_no), Answer::yes);
-  EXPECT_THAT(seen, ElementsAre(1u, 2u)) << "the question is on record by then";
+  EXPECT_EQ(dialogs.save_file({}), "late.log");
+  EXPECT_EQ(dialogs.pick_folder(""), "late");
+  EXPECT_THAT(seen, ElementsAre(1u, 2u, 3u, 4u)) << "the question is on record by then";
 }
 
 }  // namespace

@@ -41,6 +41,25 @@ TEST_F(MappedDrivesTest, a_letter_can_be_mapped_anew) {
   EXPECT_EQ(below("D:\\b.wav"), "/other/b.wav");
 }
 
+TEST_F(MappedDrivesTest, letters_are_told_from_a_upwards_with_what_they_pass_for) {
+  ASSERT_TRUE(drives.map('c', disk.native(), {system::DriveType::remote, "red"}));
+  EXPECT_EQ(drives.letters(), (std::vector<char>{'C', 'D'}));
+  ASSERT_NE(drives.drive('C'), nullptr);
+  EXPECT_EQ(drives.drive('c')->label, "red");
+  EXPECT_EQ(drives.drive('c')->type, system::DriveType::remote);
+  EXPECT_EQ(drives.drive('Q'), nullptr);
+  EXPECT_FALSE(drives.map('c', disk / "gone"));
+  EXPECT_EQ(drives.drive('C')->label, "red") << "a mapping that fails changes nothing";
+}
+
+TEST_F(MappedDrivesTest, a_path_as_it_is_spelt_needs_no_look_at_the_disk) {
+  disk.file("Mix/a.wav");
+  EXPECT_EQ(drives.spelt("D:\\MIX\\nada.wav"), disk / "MIX/nada.wav");
+  EXPECT_EQ(drives.spelt("D:\\"), disk.native());
+  EXPECT_EQ(drives.spelt("Q:\\a.wav"), std::nullopt);
+  EXPECT_EQ(drives.spelt("D:\\..\\a.wav"), std::nullopt);
+}
+
 TEST_F(MappedDrivesTest, the_whole_disk_can_be_mapped) {
   disk.file("a.wav");
   EXPECT_TRUE(drives.map('Z', "/"));

@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 
 #include "posix/native_folder.h"
@@ -128,6 +130,76 @@ TEST_F(PosixFileSystemTest, names_that_windows_cannot_hold_are_left_out) {
   EXPECT_FALSE(files.info("D:\\a\\b.wav"));
   EXPECT_FALSE(files.info("D:\\a:b.wav"));
   EXPECT_FALSE(files.info("D:\\a\nb.wav"));
+}
+
+// The time zone of the environment, for as long as it lives.
+class Zone {
+ public:
+  explicit Zone(const char* name) {
+    if (const char* before = std::getenv("TZ")) before_ = before;
+    set(name);
+  }
+  ~Zone() { set(before_ ? before_->c_str() : nullptr); }
+  Zone(const Zone&) = delete;
+  Zone& operator=(const Zone&) = delete;
+
+ private:
+  static void set(const char* name) {
+    name ? ::setenv("TZ", name, 1) : ::unsetenv("TZ");
+    ::tzset();
+  }
+  std::optional<std::string> before_;
+};
+
+TEST_F(PosixFileSystemTest, times_are_those_of_the_users_own_clock) {
+  disk.file("a.wav");
+  constexpr std::time_t kNoonOf2020 = 1'577'880'000;  // 1st of January, world time
+  const timespec times[2] = {{kNoonOf2020 + 3600, 0}, {kNoonOf2020, 500'000'000}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, (disk / "a.wav").c_str(), times, 0), 0);
+  constexpr double kMillisecond = 1 / 86.4e6;
+  {
+    const Zone world("UTC0");
+    const auto found = files.info("D:\\a.wav");
+    ASSERT_TRUE(found);
+    EXPECT_NEAR(found->modified, 43831.5 + 500 * kMillisecond, kMillisecond);
+    EXPECT_NEAR(found->accessed, 43831.5 + 1 / 24.0, kMillisecond);
+  }
+  const Zone east("EST-5:30");
+  const auto found = files.info("D:\\a.wav");
+  ASSERT_TRUE(found);
+  EXPECT_NEAR(found->modified, 43831.5 + 5.5 / 24 + 500 * kMillisecond, kMillisecond);
+}
+
+TEST_F(PosixFileSystemTest, what_may_not_be_written_is_read_only) {
+  disk.file("a.wav");
+  disk.file("b.wav");
+  disk.folder("Mix");
+  ASSERT_EQ(::chmod((disk / "a.wav").c_str(), 0444), 0);
+  ASSERT_EQ(::chmod((disk / "Mix").c_str(), 0555), 0);
+  using namespace system::attribute;
+  EXPECT_EQ(files.info("D:\\a.wav")->attributes, kArchive | kReadOnly);
+  EXPECT_EQ(files.info("D:\\b.wav")->attributes, kArchive);
+  EXPECT_EQ(files.info("D:\\Mix")->attributes, kFolder | kReadOnly);
+  const auto listed = files.list("D:\\", system::Detail::sizes);
+  ASSERT_TRUE(listed);
+  EXPECT_EQ(listed->at(0).attributes, kArchive | kReadOnly);
+  const auto named = files.list("D:\\", system::Detail::names);
+  ASSERT_TRUE(named);
+  EXPECT_EQ(named->at(0).attributes, kArchive) << "for the names alone no file is looked at";
+}
+
+TEST_F(PosixFileSystemTest, a_folder_spelt_in_another_case_is_visited) {
+  disk.file("Mix/Voces/a.wav");
+  EXPECT_THAT(names("d:\\MIX\\voces"), ElementsAre("a.wav"));
+  EXPECT_THAT(names("D:\\mix"), ElementsAre("Voces"));
+}
+
+TEST_F(PosixFileSystemTest, names_that_cannot_be_shown_spoil_none_that_follow) {
+  disk.file("\xE6\x9D\xB1 lejano y largo como pocos.wav");
+  disk.file("a:b.wav");
+  disk.file("Canci\xC3\xB3n.wav");
+  disk.file("voz.wav");
+  EXPECT_THAT(names("D:\\"), ElementsAre("Canci\xF3n.wav", "voz.wav"));
 }
 
 TEST_F(PosixFileSystemTest, links_are_told_by_what_they_lead_to) {

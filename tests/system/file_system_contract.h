@@ -17,6 +17,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -38,6 +41,18 @@ inline std::vector<std::string> names_of(const std::vector<system::FileInfo>& en
   std::vector<std::string> names;
   for (const auto& entry : entries) names.push_back(entry.name);
   return names;
+}
+
+// This moment by the world's clock, as days since the 30th of December 1899.
+inline double days_now() {
+  const std::chrono::duration<double, std::ratio<86'400>> since_1970 =
+      std::chrono::system_clock::now().time_since_epoch();
+  return 25'569 + since_1970.count();
+}
+
+// Whether it is today somewhere in the world: local times are up to 14 hours off.
+inline bool is_about_now(double days) {
+  return std::abs(days - days_now()) < 0.7;
 }
 
 template <class Place>
@@ -296,6 +311,140 @@ TYPED_TEST_P(FileSystemContract, a_file_is_removed_and_a_folder_is_not) {
   EXPECT_TRUE(this->files().info(this->path("Mix")));
 }
 
+TYPED_TEST_P(FileSystemContract, each_entry_is_visited_once_and_is_the_one_that_is_listed) {
+  for (const char* name : {"b.wav", "C.wav", "a.wav", "un nombre bastante largo para uno.wav"}) {
+    this->place().write(this->path(name), std::string(name));
+  }
+  this->place().make_folder(this->path("Mix"));
+  using system::Detail;
+  for (const Detail detail : {Detail::names, Detail::sizes, Detail::times}) {
+    std::vector<system::FileInfo> visited;
+    EXPECT_TRUE(this->files().each(this->place().folder(), detail, [&](system::FileInfo& entry) {
+      visited.push_back(entry);
+      return true;
+    }));
+    std::sort(visited.begin(), visited.end(), system::in_listing_order);
+    const auto listed = this->files().list(this->place().folder(), detail);
+    ASSERT_TRUE(listed);
+    ASSERT_EQ(names_of(visited), names_of(*listed));
+    ASSERT_EQ(visited.size(), 5u);
+    for (std::size_t i = 0; i < visited.size(); ++i) {
+      EXPECT_EQ(visited[i].folder, listed->at(i).folder);
+      EXPECT_EQ(visited[i].size, listed->at(i).size);
+      EXPECT_EQ(visited[i].attributes, listed->at(i).attributes);
+      EXPECT_EQ(visited[i].modified, listed->at(i).modified);
+    }
+  }
+}
+
+TYPED_TEST_P(FileSystemContract, a_visitor_that_has_heard_enough_hears_of_no_more) {
+  for (const char* name : {"a.wav", "b.wav", "c.wav"}) this->place().write(this->path(name), "1");
+  int visits = 0;
+  EXPECT_TRUE(this->files().each(this->place().folder(), system::Detail::names,
+                                 [&](system::FileInfo&) { return ++visits < 2; }));
+  EXPECT_EQ(visits, 2);
+}
+
+TYPED_TEST_P(FileSystemContract, what_is_no_folder_is_not_visited) {
+  this->place().write(this->path("a.wav"), "1");
+  int visits = 0;
+  const auto count = [&](system::FileInfo&) { return ++visits > 0; };
+  for (const std::string& folder : {this->path("nada"), this->path("a.wav"), this->path("*"),
+                                    std::string("nada"), std::string()}) {
+    EXPECT_FALSE(this->files().each(folder, system::Detail::names, count)) << folder;
+  }
+  EXPECT_EQ(visits, 0);
+  this->place().make_folder(this->path("vacia"));
+  EXPECT_TRUE(this->files().each(this->path("vacia"), system::Detail::names, count));
+  EXPECT_EQ(visits, 0);
+}
+
+TYPED_TEST_P(FileSystemContract, a_name_may_be_moved_away) {
+  std::vector<std::string> wanted;
+  for (int i = 0; i < 20; ++i) {
+    wanted.push_back("una pista de nombre largo " + std::to_string(100 + i) + ".wav");
+    this->place().write(this->path(wanted.back()), "1");
+  }
+  std::vector<std::string> taken;
+  EXPECT_TRUE(this->files().each(this->place().folder(), system::Detail::sizes,
+                                 [&](system::FileInfo& entry) {
+                                   taken.push_back(std::move(entry.name));
+                                   return true;
+                                 }));
+  EXPECT_THAT(taken, testing::UnorderedElementsAreArray(wanted));
+}
+
+TYPED_TEST_P(FileSystemContract, folders_may_be_visited_from_inside_a_visit) {
+  for (const char* name : {"A", "B"}) {
+    this->place().make_folder(this->path(name));
+    this->place().write(this->path(std::string(name) + "\\voz.wav"), "1");
+    this->place().write(this->path(std::string(name) + "\\bajo.wav"), "1");
+  }
+  std::vector<std::string> found;
+  this->files().each(this->place().folder(), system::Detail::names, [&](system::FileInfo& folder) {
+    return this->files().each(this->path(folder.name), system::Detail::names,
+                              [&](system::FileInfo& file) {
+                                found.push_back(folder.name + "\\" + file.name);
+                                return true;
+                              });
+  });
+  EXPECT_THAT(found, testing::UnorderedElementsAre("A\\voz.wav", "A\\bajo.wav", "B\\voz.wav",
+                                                   "B\\bajo.wav"));
+}
+
+TYPED_TEST_P(FileSystemContract, the_attribute_word_tells_folders_from_files) {
+  this->place().write(this->path("a.wav"), "1");
+  this->place().make_folder(this->path("Mix"));
+  using namespace system::attribute;
+  constexpr std::uint32_t kTried = kReadOnly | kHidden | kSystem | kFolder | kArchive;
+  using system::Detail;
+  for (const Detail detail : {Detail::names, Detail::sizes, Detail::times}) {
+    const auto listed = this->files().list(this->place().folder(), detail);
+    ASSERT_TRUE(listed);
+    ASSERT_EQ(listed->size(), 2u);
+    EXPECT_EQ(listed->at(0).attributes & kTried, kArchive);
+    EXPECT_EQ(listed->at(1).attributes & kTried, kFolder);
+  }
+  EXPECT_EQ(this->files().info(this->path("a.wav"))->attributes & kTried, kArchive);
+  EXPECT_EQ(this->files().info(this->path("Mix"))->attributes & kTried, kFolder);
+}
+
+TYPED_TEST_P(FileSystemContract, times_are_local_days_and_come_only_where_they_are_asked_for) {
+  this->place().write(this->path("a.wav"), "1");
+  const auto without = this->files().list(this->place().folder(), system::Detail::sizes);
+  ASSERT_TRUE(without);
+  EXPECT_EQ(without->at(0).created, 0);
+  EXPECT_EQ(without->at(0).modified, 0);
+  EXPECT_EQ(without->at(0).accessed, 0);
+  const auto with = this->files().list(this->place().folder(), system::Detail::times);
+  ASSERT_TRUE(with);
+  const auto info = this->files().info(this->path("a.wav"));
+  ASSERT_TRUE(info);
+  for (const system::FileInfo& entry : {with->at(0), *info}) {
+    EXPECT_TRUE(is_about_now(entry.created)) << entry.created;
+    EXPECT_TRUE(is_about_now(entry.modified)) << entry.modified;
+    EXPECT_TRUE(is_about_now(entry.accessed)) << entry.accessed;
+  }
+  EXPECT_EQ(info->modified, with->at(0).modified);
+}
+
+TYPED_TEST_P(FileSystemContract, thousands_of_entries_all_come) {
+  constexpr int kFiles = 5000;
+  for (int i = 0; i < kFiles; ++i) {
+    this->place().write(this->path("pista " + std::to_string(i) + ".wav"), "");
+  }
+  std::vector<bool> seen(kFiles);
+  int visits = 0;
+  EXPECT_TRUE(this->files().each(
+      this->place().folder(), system::Detail::names, [&](system::FileInfo& entry) {
+        ++visits;
+        seen.at(static_cast<std::size_t>(std::stoi(entry.name.substr(6)))) = true;
+        return true;
+      }));
+  EXPECT_EQ(visits, kFiles);
+  EXPECT_EQ(std::count(seen.begin(), seen.end(), true), kFiles);
+}
+
 REGISTER_TYPED_TEST_SUITE_P(
     FileSystemContract, a_file_takes_the_place_of_another_in_one_step,
     a_file_is_removed_and_a_folder_is_not, a_file_is_known_with_its_size,
@@ -310,6 +459,11 @@ REGISTER_TYPED_TEST_SUITE_P(
     a_file_is_read_at_any_place, a_large_file_comes_whole,
     a_file_cut_short_after_opening_gives_what_is_left, a_created_file_holds_what_was_written,
     creating_empties_the_file_that_is_there, a_file_that_is_dropped_unclosed_is_there_all_the_same,
-    nothing_is_created_in_a_folder_that_is_not_there, paths_longer_than_260_characters_work);
+    nothing_is_created_in_a_folder_that_is_not_there, paths_longer_than_260_characters_work,
+    each_entry_is_visited_once_and_is_the_one_that_is_listed,
+    a_visitor_that_has_heard_enough_hears_of_no_more, what_is_no_folder_is_not_visited,
+    a_name_may_be_moved_away, folders_may_be_visited_from_inside_a_visit,
+    the_attribute_word_tells_folders_from_files,
+    times_are_local_days_and_come_only_where_they_are_asked_for, thousands_of_entries_all_come);
 
 }  // namespace ordelan::test

@@ -11,6 +11,7 @@ namespace {
 using text::from_utf8;
 using text::lower;
 using text::to_utf8;
+using text::upper;
 
 std::string every_byte() {
   std::string bytes;
@@ -104,6 +105,29 @@ TEST(CodePage, cut_sequences_give_nothing_wherever_they_are_cut) {
   EXPECT_EQ(from_utf8("\xC3\xB1\xB1"), std::nullopt);
 }
 
+TEST(CodePage, a_text_that_is_there_is_replaced_by_what_comes_out_of_utf8) {
+  std::string ansi = "what stood there before";
+  EXPECT_TRUE(from_utf8("Canci\xC3\xB3n", ansi));
+  EXPECT_EQ(ansi, "Canci\xF3n");
+  EXPECT_TRUE(from_utf8("a.wav", ansi));
+  EXPECT_EQ(ansi, "a.wav");
+  EXPECT_FALSE(from_utf8("\xE6\x9D\xB1", ansi));
+  EXPECT_TRUE(from_utf8("", ansi));
+  EXPECT_EQ(ansi, "");
+}
+
+TEST(CodePage, plain_text_of_any_length_is_told_from_other_text) {
+  for (std::size_t length = 0; length < 40; ++length) {
+    const std::string plain(length, 'a');
+    EXPECT_EQ(from_utf8(plain), plain);
+    for (std::size_t at = 0; at <= length; ++at) {
+      const std::string behind(length - at, 'a');
+      EXPECT_EQ(from_utf8(plain.substr(0, at) + "\xC3\xB1" + behind),
+                plain.substr(0, at) + "\xF1" + behind);
+    }
+  }
+}
+
 TEST(CodePage, a_NUL_is_a_character_like_others) {
   const std::string text("a\0b", 3);
   EXPECT_EQ(to_utf8(text), text);
@@ -125,6 +149,13 @@ TEST(CodePage, signs_among_the_letters_do_not_fold) {
   EXPECT_EQ(lower("\xF7"), "\xF7");
   EXPECT_EQ(lower("\xDF"), "\xDF") << "sharp s";
   EXPECT_EQ(lower("\x80\x99\xA9"), "\x80\x99\xA9");
+}
+
+TEST(CodePage, small_letters_have_the_capitals_that_fold_to_them) {
+  EXPECT_EQ(upper("wav2"), "WAV2");
+  EXPECT_EQ(upper("canci\xF3n a\xF1o"), "CANCI\xD3N A\xD1O");
+  EXPECT_EQ(upper("\xF7\xDF.-"), "\xF7\xDF.-") << "signs, and a letter without a capital";
+  for (const char c : every_byte()) EXPECT_EQ(lower(upper(c)), lower(c));
 }
 
 TEST(CodePage, folding_twice_changes_nothing_more) {

@@ -60,6 +60,14 @@ TEST(Wildcard, three_characters_of_extension_find_longer_ones_that_begin_with_th
   EXPECT_FALSE(matches("*.vip", "x.vip.bak")) << "only the last extension counts";
 }
 
+TEST(Wildcard, the_rule_for_longer_extensions_is_only_for_patterns_with_wildcards) {
+  EXPECT_FALSE(matches("x.fla", "x.flac"));
+  EXPECT_FALSE(matches("tema.vip", "tema.vip_old"));
+  EXPECT_TRUE(matches("?.fla", "x.flac"));
+  EXPECT_TRUE(matches("x.fl?", "x.flac"));
+  EXPECT_TRUE(matches("x.fla", "X.FLA"));
+}
+
 TEST(Wildcard, an_extension_of_another_length_finds_only_itself) {
   EXPECT_TRUE(matches("*.h2", "x.h2"));
   EXPECT_FALSE(matches("*.h2", "x.h2x"));
