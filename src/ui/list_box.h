@@ -51,6 +51,8 @@ class ListBox : public Control {
   bool accepts_drops() const { return static_cast<bool>(on_drop); }
 
   std::function<void()> on_right_click;
+  // The left button was pressed below the last row. The current row stays.
+  std::function<void()> on_click_below;
   std::function<void(int key_code)> on_key;
   // Full paths of dropped files and folders, in the order given. Empty when something was dropped
   // that is no file list.
