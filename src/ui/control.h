@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ui/geometry.h"
 #include "ui/peer.h"
@@ -54,6 +55,10 @@ class Control {
   const std::string& description() const { return description_; }
   void set_description(std::string description);
 
+  // What the program keeps with the control for itself; nobody sees it.
+  const std::string& tag() const { return tag_; }
+  void set_tag(std::string tag) { tag_ = std::move(tag); }
+
   // Puts the control before its siblings, or behind them all.
   void bring_to_front();
 
@@ -92,6 +97,7 @@ class Control {
   Font font_;
   std::string tip_;
   std::string description_;
+  std::string tag_;
 };
 
 }  // namespace ordelan::ui
