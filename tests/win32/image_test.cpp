@@ -121,6 +121,14 @@ TEST_F(RealImage, transparent_pixels_let_the_windows_ground_through) {
   EXPECT_TRUE(near_to(shown(1, 38), RGB(128, 0, 100)));
 }
 
+TEST_F(RealImage, a_new_ground_of_the_window_is_seen_through_its_pictures) {
+  image.set_pixels(1, 1, {0});
+  show();
+  ASSERT_EQ(shown(20, 20), kGround);
+  window.set_back_color(ui::rgb(200, 200, 0));
+  EXPECT_EQ(shown(20, 20), RGB(200, 200, 0));
+}
+
 TEST_F(RealImage, a_picture_by_name_takes_the_place_of_pixels) {
   show();
   image.set_pixels(1, 1, {0xFFFF0000});
