@@ -21,6 +21,7 @@ Perdidos::Perdidos(const Context& context, std::function<void(LostFileList&)> fi
   set_size({skin::kLostFileWidth, skin::kLostFileHeight});
   set_position({160, 160});
   set_borderless(true);
+  set_minimizable(true);
   set_drag_by_background(true);
   Label1.set_caption("Archivos perdidos o desubicados, proyecto por proyecto");
   Label1.set_font({.points = 10, .bold = true});

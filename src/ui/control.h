@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "ui/geometry.h"
 #include "ui/peer.h"
@@ -54,6 +55,7 @@ class Control {
   const std::string& description() const { return description_; }
   void set_description(std::string description);
 
+  // What the program keeps with the control for itself; nobody sees it.
   const std::string& tag() const { return tag_; }
   void set_tag(std::string tag) { tag_ = std::move(tag); }
 

@@ -57,6 +57,8 @@ class ListBox : public Control {
 
   std::function<void()> on_click_below;
   std::function<void()> on_right_click;
+  // The left button was pressed below the last row. The current row stays.
+  std::function<void()> on_click_below;
   std::function<void(int key_code)> on_key;
   // Full paths of dropped files and folders, in the order given. Empty when something was dropped
   // that is no file list.

@@ -73,10 +73,18 @@ class Window {
   void set_minimized(bool minimized);
   void minimized_by_user(bool minimized) { minimized_ = minimized; }
 
+  // Without title and frame, but for a thin line round it; to be set before the window is loaded.
   bool borderless() const { return borderless_; }
   void set_borderless(bool borderless) { borderless_ = borderless; }
 
-  // Whether pressing the mouse on the background drags the window.
+  // Whether a borderless window has a button of its own by which the user minimises it; to be set
+  // before the window is loaded. One without it that stays before all others is a tool: it takes no
+  // place among the windows that the user can switch to until it is minimised after all.
+  bool minimizable() const { return minimizable_; }
+  void set_minimizable(bool minimizable) { minimizable_ = minimizable; }
+
+  // Whether pressing the mouse on the background drags the window. Labels and pictures that no
+  // click is meant for are background too.
   bool drag_by_background() const { return drag_by_background_; }
   void set_drag_by_background(bool drag) { drag_by_background_ = drag; }
 
@@ -91,7 +99,7 @@ class Window {
   std::function<void()> on_unload;        // ahead of the end of the real window
   std::function<void()> on_close;         // the user asks to close it; nothing else happens
   std::function<void(Key&)> on_key_down;  // before the control that has the focus
-  std::function<void()> on_drag_end;
+  std::function<void()> on_drag_end;      // once after each drag, by the title or the background
   std::function<void()> on_double_click;
 
  private:
@@ -117,9 +125,10 @@ class Window {
   bool visible_ = false;
   bool topmost_ = false;
   bool minimized_ = false;
+  bool borderless_ = false;
+  bool minimizable_ = false;
   bool drag_by_background_ = false;
   bool waiting_ = false;
-  bool borderless_ = false;
   Point position_;
   Size size_;
   Color back_color_ = Color::button_face;

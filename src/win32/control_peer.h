@@ -41,6 +41,9 @@ class ControlPeer : public ui::Peer {
   virtual HBRUSH colors(HDC context);
   virtual void draw(const DRAWITEMSTRUCT&) {}
 
+  // Whether a press of the mouse here is meant for the window: see Window::drag_by_background.
+  virtual bool is_background() const { return false; }
+
   // The Enter key on a control that can be pressed. False where it means nothing.
   virtual bool press() { return false; }
 
@@ -62,6 +65,7 @@ class ControlPeer : public ui::Peer {
   ControlPeer(WindowPeer& parent, ui::Control& control, const wchar_t* window_class, DWORD style,
               DWORD extended_style = 0);
 
+  ui::Control& control() const { return control_; }
   Desk& desk() const;
   int dpi() const;
   HFONT font() const;

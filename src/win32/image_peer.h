@@ -2,26 +2,19 @@
 #pragma once
 
 #include "ui/image.h"
-#include "win32/control_peer.h"
+#include "win32/painted_peer.h"
 
 namespace ordelan::win32 {
 
-class ImagePeer final : public ControlPeer {
+class ImagePeer final : public PaintedPeer {
  public:
   ImagePeer(WindowPeer& parent, ui::Image& image);
 
  protected:
-  void update(const Marks& marks) override;
-  std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
-  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
-  void deliver() override;
+  void paint(HDC context, const RECT& area) override;
 
  private:
-  void paint();
-
   ui::Image& image_;
-  bool pressed_ = false;
-  bool clicked_ = false;
 };
 
 }  // namespace ordelan::win32

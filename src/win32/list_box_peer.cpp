@@ -108,6 +108,11 @@ std::optional<LRESULT> ListBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
     case WM_DROPFILES:
       dropped(reinterpret_cast<HDROP>(w));
       return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      if (row_at(GET_Y_LPARAM(l)) >= 0) return std::nullopt;
+      press_below();
+      return 0;
     case WM_RBUTTONDOWN:
       right_button(GET_Y_LPARAM(l));
       return 0;
@@ -127,11 +132,11 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_LBUTTONDOWN:
       // Choosing the chosen row again is a choice too.
-      if (row_at(GET_Y_LPARAM(l)) >= 0) chosen_ = true;
+      chosen_ = true;
       break;
     case WM_LBUTTONDBLCLK:
       chosen_ = false;
-      double_clicked_ = row_at(GET_Y_LPARAM(l)) >= 0;
+      double_clicked_ = true;
       break;
     case WM_GETDLGCODE: {
       const auto* key = reinterpret_cast<const MSG*>(l);
@@ -185,6 +190,13 @@ void ListBoxPeer::right_button(int y) {
     list_.chosen(row);
   }
   raise(list_.on_right_click);
+}
+
+// The real control hears nothing of it: some would choose the row that is nearest.
+void ListBoxPeer::press_below() {
+  const std::weak_ptr<void> still = alive();
+  SetFocus(handle());
+  if (!still.expired()) raise(list_.on_click_below);
 }
 
 void ListBoxPeer::dropped(HDROP drop) {

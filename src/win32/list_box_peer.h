@@ -40,6 +40,7 @@ class ListBoxPeer final : public ControlPeer {
   // The row at a height of the list's, -1 where there is none.
   int row_at(int y) const;
   void right_button(int y);
+  void press_below();
   LRESULT answer_rows(WPARAM row, HWND asker);
 
   ui::ListBox& list_;

@@ -1,4 +1,5 @@
-// The program's pictures: PNG files among its resources, read once and kept.
+// The program's pictures: PNG files among its resources, read once and kept. Paints pictures that
+// others hold as pixels too.
 #pragma once
 
 #include <windows.h>
@@ -6,6 +7,8 @@
 #include <map>
 #include <memory>
 #include <string>
+
+#include "ui/image.h"
 
 namespace Gdiplus {
 class Bitmap;
@@ -24,7 +27,11 @@ class PictureStore {
   // what is there. False when there is no such picture.
   bool paint(HDC context, const RECT& area, const std::string& name);
 
+  // The same with pixels. False when there are none.
+  bool paint(HDC context, const RECT& area, const ui::Pixels& pixels);
+
  private:
+  bool start();
   Gdiplus::Bitmap* picture(const std::string& name);
   std::unique_ptr<Gdiplus::Bitmap> read(const std::string& name);
 

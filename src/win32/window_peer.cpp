@@ -15,10 +15,18 @@ namespace ordelan::win32 {
 namespace {
 
 constexpr wchar_t kWindowClass[] = L"Ordelan.Window";
+constexpr WPARAM kSystemCommand = 0xFFF0;  // the system keeps the last bits for itself
 
-// The one place that says what kind of window a window is.
-constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
+// The styles by which a borderless window is a tool or one that the user switches to.
+constexpr DWORD kKindStyles = WS_MINIMIZEBOX;
+constexpr DWORD kKindExtendedStyles = WS_EX_TOOLWINDOW | WS_EX_APPWINDOW;
+
+// The line round a window: its ground, but darker.
+ui::Color frame_color(ui::Color ground) {
+  const COLORREF color = color_of(ground);
+  const auto darker = [](BYTE part) { return static_cast<std::uint8_t>(part * 5 / 8); };
+  return ui::rgb(darker(GetRValue(color)), darker(GetGValue(color)), darker(GetBValue(color)));
+}
 
 // Positions on the desktop keep one scale, whichever screen they are on: a window that is put back
 // where it was comes to lie there.
@@ -46,9 +54,10 @@ void register_class(HINSTANCE instance, WNDPROC procedure) {
 WindowPeer::WindowPeer(Desk& desk, ui::Window& window)
     : desk_(desk), window_(window), name_(property_name(window)) {
   register_class(desk.instance(), procedure);
+  was_minimized_ = window.minimized();
   const int dpi = system_dpi();
   handle_ =
-      CreateWindowExW(kExtendedStyle, kWindowClass, widen(window.title()).c_str(), kStyle,
+      CreateWindowExW(extended_style(), kWindowClass, widen(window.title()).c_str(), style(),
                       to_pixels(window.position().x, dpi), to_pixels(window.position().y, dpi), 0,
                       0, nullptr, nullptr, desk.instance(), nullptr);
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -85,7 +94,9 @@ void WindowPeer::changed(ui::Aspect aspect) {
       place();
       break;
     case ui::Aspect::colors:
-      InvalidateRect(handle_, nullptr, TRUE);
+      // The controls too: pictures stand on the window's ground.
+      RedrawWindow(handle_, nullptr, nullptr,
+                   RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
       break;
     case ui::Aspect::order:
       update_order();
@@ -98,12 +109,28 @@ void WindowPeer::changed(ui::Aspect aspect) {
   }
 }
 
+bool WindowPeer::is_tool() const {
+  return window_.borderless() && window_.topmost() && !window_.minimizable() && !was_minimized_;
+}
+
+// These two alone say what kind of window a window is.
+DWORD WindowPeer::style() const {
+  constexpr DWORD kCommon = WS_SYSMENU | WS_CLIPCHILDREN;
+  if (!window_.borderless()) return WS_OVERLAPPED | WS_CAPTION | WS_MINIMIZEBOX | kCommon;
+  return WS_POPUP | WS_BORDER | kCommon | (is_tool() ? DWORD{0} : DWORD{WS_MINIMIZEBOX});
+}
+
+DWORD WindowPeer::extended_style() const {
+  if (!window_.borderless()) return WS_EX_CONTROLPARENT;
+  return WS_EX_CONTROLPARENT | (is_tool() ? DWORD{WS_EX_TOOLWINDOW} : DWORD{WS_EX_APPWINDOW});
+}
+
 void WindowPeer::place() {
   const int screen_dpi = system_dpi();
   const int width = to_pixels(window_.size().width, dpi_);
   const int height = to_pixels(window_.size().height, dpi_);
   RECT area{0, 0, width, height};
-  add_borders(area, kStyle, kExtendedStyle, dpi_);
+  add_borders(area, style(), extended_style(), dpi_);
   placing_ = true;
   SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, screen_dpi),
                to_pixels(window_.position().y, screen_dpi), area.right - area.left,
@@ -144,6 +171,7 @@ void WindowPeer::show() {
     ShowWindow(handle_, SW_HIDE);
     return;
   }
+  update_kind();
   ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : SW_SHOW);
 }
 
@@ -151,12 +179,14 @@ void WindowPeer::update_order() {
   if (std::exchange(topmost_, window_.topmost()) != window_.topmost()) {
     SetWindowPos(handle_, topmost_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    update_kind();
   } else if (IsWindowVisible(handle_)) {
     SetForegroundWindow(handle_);
   }
 }
 
 void WindowPeer::update_state() {
+  update_kind();
   const bool minimized = IsIconic(handle_) != FALSE;
   if (minimized != window_.minimized() && IsWindowVisible(handle_)) {
     ShowWindow(handle_, window_.minimized() ? SW_MINIMIZE : SW_RESTORE);
@@ -168,6 +198,36 @@ void WindowPeer::update_state() {
   if (under == handle_ || IsChild(handle_, under)) {
     SetCursor(LoadCursorW(nullptr, window_.waiting() ? IDC_WAIT : IDC_ARROW));
   }
+}
+
+// A minimised tool could not be brought back: it becomes a window to switch to, and stays one.
+void WindowPeer::update_kind() {
+  was_minimized_ = was_minimized_ || window_.minimized();
+  const auto old = static_cast<DWORD>(GetWindowLongPtrW(handle_, GWL_EXSTYLE));
+  if ((old & kKindExtendedStyles) == (extended_style() & kKindExtendedStyles)) return;
+  const bool visible = IsWindowVisible(handle_) != FALSE;
+  const bool active = GetActiveWindow() == handle_;
+  constexpr UINT kNothingElse = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE;
+  // The task bar looks at a window when that appears.
+  if (visible) SetWindowPos(handle_, nullptr, 0, 0, 0, 0, kNothingElse | SWP_HIDEWINDOW);
+  const auto change = [&](int index, DWORD mask, DWORD wanted) {
+    const auto kept = static_cast<DWORD>(GetWindowLongPtrW(handle_, index)) & ~mask;
+    SetWindowLongPtrW(handle_, index, static_cast<LONG_PTR>(kept | (wanted & mask)));
+  };
+  change(GWL_STYLE, kKindStyles, style());
+  change(GWL_EXSTYLE, kKindExtendedStyles, extended_style());
+  if (visible) SetWindowPos(handle_, nullptr, 0, 0, 0, 0, kNothingElse | SWP_SHOWWINDOW);
+  if (visible && active) SetActiveWindow(handle_);
+}
+
+void WindowPeer::paint_frame() {
+  const HDC context = GetWindowDC(handle_);
+  if (!context) return;
+  RECT area{};
+  GetWindowRect(handle_, &area);
+  OffsetRect(&area, -area.left, -area.top);
+  FrameRect(context, &area, desk_.tools().brush(frame_color(window_.back_color())));
+  ReleaseDC(handle_, context);
 }
 
 bool WindowPeer::preview(const MSG& key) {
@@ -224,8 +284,16 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
       FillRect(reinterpret_cast<HDC>(w), &area, desk_.tools().brush(window_.back_color()));
       return 1;
     }
+    case WM_NCPAINT:
+      if (!window_.borderless()) break;
+      paint_frame();
+      return 0;
+    case WM_NCACTIVATE:
+      // The line looks the same in the background; the system would paint its own over it.
+      if (window_.borderless()) l = -1;
+      break;
     case WM_LBUTTONDOWN:
-      press_background();
+      press_background({GET_X_LPARAM(l), GET_Y_LPARAM(l)});
       return 0;
     case WM_LBUTTONDBLCLK:
       raise(window_.on_double_click);
@@ -239,6 +307,16 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
       return TRUE;
     case WM_MOVE:
       moved();
+      break;
+    case WM_EXITSIZEMOVE:
+      moved();
+      if (!dragging_) raise(window_.on_drag_end);
+      return 0;
+    case WM_SYSCOMMAND:
+      if ((w & kSystemCommand) == SC_MINIMIZE) {
+        was_minimized_ = true;
+        update_kind();
+      }
       break;
     case WM_SIZE:
       if (w == SIZE_MINIMIZED) window_.minimized_by_user(true);
@@ -259,15 +337,22 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
   return DefWindowProcW(handle_, message, w, l);
 }
 
-void WindowPeer::press_background() {
+void WindowPeer::press_background(POINT place) {
   if (!window_.drag_by_background()) return;
+  // The mouse falls through controls that are disabled, which makes no background of them.
+  const HWND under = ChildWindowFromPointEx(handle_, place, CWP_SKIPINVISIBLE);
+  const ControlPeer* const control = desk_.control(under);
+  if (control && !control->is_background()) return;
   const std::weak_ptr<void> still = alive_;
   POINT pointer{};
   GetCursorPos(&pointer);
   ReleaseCapture();
   // The system drags the window as if it were held by its title, and comes back at the end.
+  dragging_ = true;
   SendMessageW(handle_, WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(pointer.x, pointer.y));
-  if (!still.expired()) raise(window_.on_drag_end);
+  if (still.expired()) return;
+  dragging_ = false;
+  raise(window_.on_drag_end);
 }
 
 void WindowPeer::dropped(HDROP drop) {

@@ -43,17 +43,22 @@ class WindowPeer final : public ui::Peer {
  private:
   static LRESULT CALLBACK procedure(HWND handle, UINT message, WPARAM w, LPARAM l) noexcept;
   LRESULT process(UINT message, WPARAM w, LPARAM l);
-  void press_background();
+  void press_background(POINT place);
   void dropped(HDROP drop);
   void moved();
   void change_dpi(int dpi, const RECT& suggested);
   void focus_something();
 
+  bool is_tool() const;
+  DWORD style() const;
+  DWORD extended_style() const;
   void place();
   void bring_onto_a_screen();
   void show();
   void update_order();
   void update_state();
+  void update_kind();
+  void paint_frame();
 
   Desk& desk_;
   ui::Window& window_;
@@ -62,8 +67,10 @@ class WindowPeer final : public ui::Peer {
   std::unique_ptr<TipWindow> tips_;
   HWND last_focus_ = nullptr;  // the control that had the focus when the window lost it
   int dpi_ = 96;
-  bool placing_ = false;  // a move of the program's, not the user's
+  bool placing_ = false;   // a move of the program's, not the user's
+  bool dragging_ = false;  // by the background
   bool topmost_ = false;
+  bool was_minimized_ = false;
   std::shared_ptr<void> alive_ = std::make_shared<char>();
 };
 

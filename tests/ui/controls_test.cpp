@@ -61,6 +61,50 @@ TEST_F(ControlsTest, a_picture_is_told_when_it_changes) {
   EXPECT_THAT(backend.take(), ElementsAre(Change{"image", ui::Aspect::value}));
 }
 
+TEST_F(ControlsTest, a_picture_is_shown_by_its_name_or_by_its_pixels) {
+  ui::Image image(window, "image");
+  image.set_picture("proyecto");
+  window.load();
+  image.set_pixels(2, 1, {0xFF0000FF, 0x80FFFFFF});
+  EXPECT_THAT(backend.take(), ElementsAre(Change{"image", ui::Aspect::value}));
+  EXPECT_EQ(image.picture(), "");
+  EXPECT_EQ(image.pixels().width, 2);
+  EXPECT_EQ(image.pixels().height, 1);
+  EXPECT_THAT(image.pixels().argb, ElementsAre(0xFF0000FFu, 0x80FFFFFFu));
+  image.set_picture("");
+  EXPECT_THAT(backend.take(), ElementsAre(Change{"image", ui::Aspect::value}));
+  EXPECT_THAT(image.pixels().argb, IsEmpty());
+  image.set_picture("");
+  EXPECT_THAT(backend.take(), IsEmpty());
+}
+
+TEST_F(ControlsTest, pixels_that_do_not_fill_their_size_are_no_picture) {
+  ui::Image image(window, "image");
+  struct Wrong {
+    int width;
+    int height;
+    std::size_t pixels;
+  };
+  for (const Wrong wrong :
+       {Wrong{2, 2, 3}, Wrong{2, 2, 5}, Wrong{-1, -1, 1}, Wrong{0, 5, 0}, Wrong{65536, 65536, 0}}) {
+    image.set_pixels(1, 1, {0xFF000000});
+    image.set_pixels(wrong.width, wrong.height, std::vector<std::uint32_t>(wrong.pixels));
+    EXPECT_THAT(image.pixels().argb, IsEmpty()) << wrong.width << " x " << wrong.height;
+    EXPECT_EQ(image.pixels().width, 0);
+  }
+}
+
+TEST_F(ControlsTest, a_control_keeps_what_the_program_tags_it_with) {
+  ui::ControlArray<ui::Label> array(window, "label", 2);
+  window.load();
+  EXPECT_EQ(array[0].tag(), "");
+  array[0].set_tag("D:\\Mix");
+  array[1].set_tag("7");
+  EXPECT_EQ(array[0].tag(), "D:\\Mix");
+  EXPECT_EQ(array[1].tag(), "7");
+  EXPECT_THAT(backend.take(), IsEmpty()) << "nobody sees it";
+}
+
 TEST_F(ControlsTest, a_progress_bar_keeps_any_value) {
   ui::ProgressBar bar(window, "bar");
   window.load();

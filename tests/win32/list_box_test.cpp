@@ -238,6 +238,57 @@ TEST_F(RealListBox, the_right_button_below_the_last_row_chooses_nothing) {
   EXPECT_EQ(told, 1);
 }
 
+TEST_F(RealListBox, a_press_below_the_last_row_is_told_and_the_current_row_stays) {
+  std::string told;
+  list.on_click = [&] { told += "c"; };
+  list.on_double_click = [&] { told += "d"; };
+  list.on_click_below = [&] { told += GetCapture() ? "?" : "b"; };
+  show();
+  fill(3);
+  list.set_current(1);
+  const HWND control = real_list();
+  SetFocus(nullptr);
+  SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, at(5, 3 * row_height() + 1));
+  EXPECT_EQ(told, "b") << "as soon as the button is down";
+  SendMessageW(control, WM_LBUTTONUP, 0, at(5, 3 * row_height() + 1));
+  EXPECT_EQ(told, "b");
+  EXPECT_EQ(GetFocus(), control);
+  EXPECT_EQ(list.current(), 1);
+  EXPECT_EQ(ask(LB_GETCURSEL), 1);
+  SendMessageW(control, WM_LBUTTONDBLCLK, MK_LBUTTON, at(5, 8 * row_height()));
+  SendMessageW(control, WM_LBUTTONUP, 0, at(5, 8 * row_height()));
+  EXPECT_EQ(told, "bb") << "two quick presses are two";
+  EXPECT_EQ(list.current(), 1);
+  told.clear();
+  press(control, 5, 3 * row_height() - 1);
+  EXPECT_EQ(told, "c") << "the last row";
+  EXPECT_EQ(list.current(), 2);
+}
+
+TEST_F(RealListBox, an_empty_list_is_nothing_but_room_below_its_rows) {
+  int told = 0;
+  list.on_click_below = [&] { ++told; };
+  show();
+  press(real_list());
+  EXPECT_EQ(told, 1);
+  fill(1);
+  press(real_list());
+  EXPECT_EQ(told, 1);
+}
+
+TEST_F(RealListBox, a_list_that_is_full_has_no_room_below_its_rows) {
+  int told = 0;
+  list.on_click_below = [&] { ++told; };
+  show();
+  fill(100);
+  ask(WM_VSCROLL, SB_BOTTOM);
+  RECT client{};
+  GetClientRect(real_list(), &client);
+  press(real_list(), 5, client.bottom / row_height() * row_height() - 1);
+  EXPECT_EQ(told, 0);
+  EXPECT_EQ(list.current(), 99);
+}
+
 TEST_F(RealListBox, two_quick_clicks_are_one_click_and_one_double_click) {
   std::string told;
   list.on_click = [&] { told += "c"; };
@@ -294,6 +345,10 @@ TEST_F(RealListBox, a_handler_may_unload_its_own_window) {
   list.on_right_click = closer;
   list.on_key = [&](int) { window.unload(); };
   list.on_mouse_move = [&](ui::Point) { window.unload(); };
+  list.on_click_below = closer;
+  show();
+  press(real_list());
+  EXPECT_FALSE(window.loaded());
   struct Event {
     UINT message;
     WPARAM w;
