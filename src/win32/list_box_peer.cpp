@@ -133,6 +133,7 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
     case WM_LBUTTONDOWN:
       // Choosing the chosen row again is a choice too.
       chosen_ = true;
+      by_mouse_ = true;
       break;
     case WM_LBUTTONDBLCLK:
       chosen_ = false;
@@ -158,8 +159,9 @@ void ListBoxPeer::deliver() {
   if (GetCapture() == handle()) return;
   const bool clicked = std::exchange(chosen_, false);
   const bool twice = std::exchange(double_clicked_, false);
+  const bool by_key = !std::exchange(by_mouse_, false);
   if (!clicked && !twice) return;
-  list_.chosen(static_cast<int>(send(LB_GETCURSEL)));
+  list_.chosen(static_cast<int>(send(LB_GETCURSEL)), by_key);
   raise(twice ? list_.on_double_click : list_.on_click);
 }
 

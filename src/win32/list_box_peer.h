@@ -45,6 +45,7 @@ class ListBoxPeer final : public ControlPeer {
 
   ui::ListBox& list_;
   bool chosen_ = false;  // the user has chosen a row
+  bool by_mouse_ = false;
   bool double_clicked_ = false;
 };
 
