@@ -55,7 +55,6 @@ class ListBox : public Control {
   // Whether files may be dropped here; to be set before the window is loaded.
   bool accepts_drops() const { return static_cast<bool>(on_drop); }
 
-  std::function<void()> on_click_below;
   std::function<void()> on_right_click;
   // The left button was pressed below the last row. The current row stays.
   std::function<void()> on_click_below;
