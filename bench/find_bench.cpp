@@ -124,7 +124,10 @@ void lost_file_report(benchmark::State& state) {
   app::Program program(machine.backend, machine.platform, settings);
   program.start();
   program.form.lists.ListUtilizados.add(used_rows());
-  for (auto _ : state) program.location.LlenarPerdidos();
+  for (auto _ : state) {
+    project::FolderTree tree(machine.files);
+    program.location.LlenarPerdidos(tree);
+  }
   const auto& rows = program.location.lost_files.TextoPerdidos();
   state.counters["lost"] = static_cast<double>(std::count_if(
       rows.begin(), rows.end(), [](const auto& row) { return text::is_file_row(row); }));

@@ -18,7 +18,7 @@ class Location final : public project::FileLocation {
 
   int UnidadesDisponibles() override;
   bool BuscarVips(const std::string& folder) override;
-  void LlenarPerdidos() override { lost_files.LlenarPerdidos(); }
+  void LlenarPerdidos(project::FolderTree& listed) override { lost_files.LlenarPerdidos(listed); }
   void cmdPerdidos_Click() override { lost_files.cmdPerdidos_Click(); }
   bool has_report() override;
 

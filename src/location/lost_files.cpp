@@ -4,7 +4,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "project/folder_tree.h"
 #include "project/repeated_rows.h"
 #include "text/rows.h"
 #include "ui/list_width.h"
@@ -44,12 +43,12 @@ bool LostFiles::is_lost(const std::string& row) const {
   return !context_.platform.files.look_up(row);
 }
 
-void LostFiles::LlenarPerdidos() {
+void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
   const auto job = context_.work.current_job();
   TextoPerdidos_.clear();
   if (auto* const list = context_.windows.find_as<LostFileList>(kWindow))
     list->ListPerdidos.clear();
-  std::vector<std::string> rows = collect();
+  std::vector<std::string> rows = collect(listed);
   if (context_.work.superseded(job)) return;
   if (!context_.work.Cancelar) strike_out_repeats(rows);
   TextoPerdidos_ = std::move(rows);
@@ -59,11 +58,10 @@ void LostFiles::LlenarPerdidos() {
 }
 
 // Projects that have lost nothing keep their titles, so that one sees that they were looked at.
-std::vector<std::string> LostFiles::collect() const {
+std::vector<std::string> LostFiles::collect(project::FolderTree& folders) const {
   const auto job = context_.work.current_job();
   const std::vector<std::string> used = context_.main.lists.ListUtilizados.rows();
   const Crowd crowd = crowd_of(used);
-  project::FolderTree folders(context_.platform.files);
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
   std::vector<std::string> rows;
   for (const std::string& row : used) {
@@ -71,9 +69,10 @@ std::vector<std::string> LostFiles::collect() const {
       if (&row != &used.front()) rows.emplace_back(kRule, '-');
       rows.push_back(row);
     } else {
-      const bool crowded = crowd.at(folder_of(row)) >= kWorthAListing;
-      const auto listed = crowded ? folders.holds_plain_file(row) : std::nullopt;
-      if (listed ? !*listed : is_lost(row)) rows.push_back(row);
+      const std::string folder(folder_of(row));
+      const bool listed = folders.knows(folder) || crowd.at(folder) >= kWorthAListing;
+      const auto held = listed ? folders.holds_plain_file(row) : std::nullopt;
+      if (held ? !*held : is_lost(row)) rows.push_back(row);
     }
     pacer.turn();
     if (context_.work.must_stop(job)) break;

@@ -6,6 +6,7 @@
 
 #include "location/context.h"
 #include "location/lost_file_list.h"
+#include "project/folder_tree.h"
 
 namespace ordelan::location {
 
@@ -16,8 +17,8 @@ class LostFiles {
   // Fills ListPerdidos with the title of every project of ListUtilizados and, under it, its files
   // that are not on the disk: each lost file once, under the first project that uses it. Shows
   // cmdPerdidos if the list has two rows or more. A cancel leaves the list as far as it got; a
-  // reset leaves it empty.
-  void LlenarPerdidos();
+  // reset leaves it empty. What `listed` knows of the disk is not asked again, and it learns more.
+  void LlenarPerdidos(project::FolderTree& listed);
 
   // Whether any used file is missing, as quickly as that can be said.
   bool HayPerdidos();
@@ -34,7 +35,7 @@ class LostFiles {
 
  private:
   bool is_lost(const std::string& row) const;
-  std::vector<std::string> collect() const;
+  std::vector<std::string> collect(project::FolderTree& folders) const;
   static void strike_out_repeats(std::vector<std::string>& rows);
 
   Context context_;

@@ -53,7 +53,6 @@ void Form1::LlenarListBorrar() {
   if (work_.superseded(job)) return;
   analysis_.BuscarNoUtilizados();
   if (work_.superseded(job)) return;
-  tree_.forget();
   ui::ListaAncho(lists.ListBorrar);
   lists.ListBorrar.show();
   show_CommandBorrado();

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "project/folder_tree.h"
+
 namespace ordelan::project {
 
 class FileLocation {
@@ -16,8 +18,9 @@ class FileLocation {
   // Whether there is any. A stop leaves what was found so far.
   virtual bool BuscarVips(const std::string& folder) = 0;
 
-  // Works out which used files are lost, and shows cmdPerdidos if any is.
-  virtual void LlenarPerdidos() = 0;
+  // Works out which used files are lost, and shows cmdPerdidos if any is. Folders that `listed`
+  // knows are not asked again.
+  virtual void LlenarPerdidos(FolderTree& listed) = 0;
   // Shows the report, or puts it away.
   virtual void cmdPerdidos_Click() = 0;
   // Whether the report holds a row.

@@ -31,6 +31,9 @@ class FolderTree {
   // What is in a folder, given with its backslash. The listing stays where it is until `forget`.
   const Listing& listing(const std::string& folder);
 
+  // Whether the folder has been listed under just this spelling.
+  bool knows(const std::string& folder) const { return listings_.contains(folder); }
+
   // The entry of a file whose folder has been listed under just this spelling; null otherwise.
   const Entry* known_file(std::string_view path) const;
 

@@ -25,6 +25,7 @@ void Form1::AbrirFichero_Click() {
 
 void Form1::open_project(const std::string& path) {
   cmdReset_Click();
+  tree_.forget();  // a job that was broken off may have left its listings
   // A stop that was asked of an earlier job must not make the gate refuse this project.
   work_.Cancelar = false;
   const auto job = work_.current_job();
@@ -57,8 +58,9 @@ void Form1::open_project(const std::string& path) {
       decode_picked_project(display_path);
       if (work_.superseded(job)) return;
       show_decoded();
-      location_->LlenarPerdidos();
+      location_->LlenarPerdidos(tree_);
       if (work_.superseded(job)) return;
+      tree_.forget();
       cmdReset.show();
       if (work_.Cancelar) {
         // Asked for while the report was made.

@@ -66,8 +66,9 @@ void Form1::BarrerProyectos() {
   if (work_.superseded(job)) return;
   LlenarListBorrar();
   if (work_.superseded(job)) return;
-  location_->LlenarPerdidos();
+  location_->LlenarPerdidos(tree_);
   if (work_.superseded(job)) return;
+  tree_.forget();
 
   lists.ListBorrar.show();
   cmdCancelar.hide();

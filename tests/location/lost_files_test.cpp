@@ -26,6 +26,10 @@ struct LostFileReport : ::testing::Test {
   }
   location::Perdidos& window() { return *desk.windows.touch_as<location::Perdidos>("Perdidos"); }
   const std::vector<std::string>& rows() { return window().ListPerdidos.rows(); }
+  void report() {
+    project::FolderTree tree(desk.disk.files());
+    desk.program.location.LlenarPerdidos(tree);
+  }
   bool report_offered() const { return desk.form.cmdPerdidos.visible(); }
   std::string saved(const std::string& below) {
     const auto file = desk.disk.files().open(path(below));
@@ -73,7 +77,7 @@ TEST_F(LostFileReport, repeats_are_struck_out_in_the_report_too) {
   const std::string lost = path("Mix\\lost.wav");
   desk.form.lists.ListUtilizados.add(
       std::vector<std::string>{"1 --> " + path("a.vip"), lost, "2 --> " + path("b.vip"), lost});
-  desk.program.location.LlenarPerdidos();
+  report();
   EXPECT_THAT(rows(), ElementsAre("1 --> " + path("a.vip"), lost, kRule, "2 --> " + path("b.vip")));
 }
 
@@ -100,7 +104,7 @@ TEST_F(LostFileReport, what_is_lost_does_not_depend_on_how_many_files_a_folder_h
     desk.disk.make_folder(folder + "carpeta");
   }
   desk.form.lists.ListUtilizados.add(used);
-  desk.program.location.LlenarPerdidos();
+  report();
   EXPECT_EQ(rows(), lost);
 }
 
@@ -109,7 +113,7 @@ TEST_F(LostFileReport, a_lost_name_with_ten_hyphens_may_stand_twice) {
   desk.start();
   const std::string lost = path("Mix\\a----------b.wav");
   desk.form.lists.ListUtilizados.add(std::vector<std::string>{lost, lost});
-  desk.program.location.LlenarPerdidos();
+  report();
   EXPECT_THAT(rows(), ElementsAre(lost, lost));
 }
 
@@ -123,7 +127,7 @@ TEST_F(LostFileReport, a_single_project_without_losses_offers_no_report) {
 
 TEST_F(LostFileReport, without_any_row_no_report_is_offered) {
   desk.start();
-  desk.program.location.LlenarPerdidos();
+  report();
   EXPECT_THAT(rows(), IsEmpty());
   EXPECT_FALSE(report_offered());
   EXPECT_EQ(window().TextEncontrados.caption(), "Encontrados: 0 archivos perdidos o desubicados");
@@ -132,7 +136,7 @@ TEST_F(LostFileReport, without_any_row_no_report_is_offered) {
 TEST_F(LostFileReport, a_row_that_no_disk_could_hold_is_lost) {
   desk.start();
   desk.form.lists.ListUtilizados.add(std::vector<std::string>{"1 --> x.vip", "D:\\a?.wav", "toma"});
-  desk.program.location.LlenarPerdidos();
+  report();
   EXPECT_THAT(rows(), ElementsAre("1 --> x.vip", "D:\\a?.wav", "toma"));
 }
 

@@ -424,5 +424,19 @@ TEST_F(MainWindow, a_project_that_vanishes_in_the_middle_leaves_the_window_usabl
   EXPECT_THAT(form.lists.ListVip.rows(), ElementsAre("D:\\Mix\\a.wav"));
 }
 
+TEST_F(MainWindow, a_project_opened_after_a_reset_in_the_middle_sees_the_disk_as_it_is_now) {
+  for (const char* name : {"Mix\\a.vip", "Mix\\b.vip"}) {
+    disk.write(name, project_of({disk.path("Mix\\a.wav")}));
+  }
+  form.CheckSubPath.set_checked(true);
+  in_the_middle([&] { return form.lists.ListProyectos.count() == 2; },
+                [&] { form.cmdReset_Click(); });
+  open("Mix\\a.vip");
+  ASSERT_TRUE(form.lists.empty());
+  disk.write("Mix\\c.vip", project_of({disk.path("Mix\\c.wav")}));
+  open("Mix\\a.vip");
+  EXPECT_EQ(form.lists.ListProyectos.count(), 3u);
+}
+
 }  // namespace
 }  // namespace ordelan::test
