@@ -10,8 +10,10 @@
 #include "text/code_page.h"
 #include "win32/ansi_text.h"
 #include "win32/win32_clock.h"
+#include "win32/win32_drives.h"
 #include "win32/win32_file_system.h"
 #include "win32/win32_regional.h"
+#include "win32/win32_shell.h"
 
 namespace {
 
@@ -46,6 +48,8 @@ int wmain(int count, wchar_t** arguments) {
   win32::Win32FileSystem files;
   win32::Win32Clock clock;
   win32::Win32Regional regional;
+  win32::Win32Drives drives;
+  win32::Win32Shell shell;
   std::vector<std::string> list;
   for (int i = 1; i < count; ++i) list.push_back(utf8(arguments[i]));
   const auto settings = [&](const std::string& file) {
@@ -53,6 +57,7 @@ int wmain(int count, wchar_t** arguments) {
     return path ? std::make_unique<settings::Settings>(files, regional, *path)
                 : std::make_unique<settings::Settings>(files, regional);
   };
-  return app::run_console(list, {files, clock, regional, nullptr, settings, absolute}, std::cout,
-                          std::cerr);
+  return app::run_console(list,
+                          {files, clock, regional, drives, shell, nullptr, settings, absolute},
+                          std::cout, std::cerr);
 }

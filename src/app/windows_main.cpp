@@ -5,17 +5,21 @@
 #include "win32/win32_backend.h"
 #include "win32/win32_clock.h"
 #include "win32/win32_dialogs.h"
+#include "win32/win32_drives.h"
 #include "win32/win32_file_system.h"
 #include "win32/win32_regional.h"
+#include "win32/win32_shell.h"
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
   using namespace ordelan;
   win32::Win32FileSystem files;
   win32::Win32Clock clock;
   win32::Win32Regional regional;
+  win32::Win32Drives drives;
+  win32::Win32Shell shell;
   win32::Win32Backend backend(instance);
   win32::Win32Dialogs dialogs(backend);
-  const system::Platform platform{files, dialogs, backend, clock, regional};
+  const system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
   settings::Settings settings(files, regional);
   app::Program program(backend, platform, settings);
   program.start();

@@ -2,13 +2,16 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace ordelan::win32 {
 namespace {
 
-// Writes `text` in the system's code page. `lost` tells of characters that it could not hold.
-std::string convert(std::wstring_view text, bool& lost) {
-  lost = false;
-  if (text.empty()) return {};
+// Puts `text` into `ansi` in the system's code page. False if there are characters that it could
+// not hold.
+bool convert(std::wstring_view text, std::string& ansi) {
+  ansi.clear();
+  if (text.empty()) return true;
   // A system whose code page is UTF-8 takes neither the flag nor the report.
   const bool utf8 = GetACP() == CP_UTF8;
   const DWORD flags = utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
@@ -17,10 +20,9 @@ std::string convert(std::wstring_view text, bool& lost) {
   const int length = static_cast<int>(text.size());
   const int size =
       WideCharToMultiByte(CP_ACP, flags, text.data(), length, nullptr, 0, nullptr, nullptr);
-  std::string ansi(static_cast<std::size_t>(size), '\0');
+  ansi.resize(static_cast<std::size_t>(size));
   WideCharToMultiByte(CP_ACP, flags, text.data(), length, ansi.data(), size, nullptr, report);
-  lost = replaced != FALSE;
-  return ansi;
+  return replaced == FALSE;
 }
 
 }  // namespace
@@ -35,15 +37,27 @@ std::wstring widen(std::string_view ansi) {
 }
 
 std::optional<std::string> narrow(std::wstring_view text) {
-  bool lost = false;
-  std::string ansi = convert(text, lost);
-  if (lost || widen(ansi) != text) return std::nullopt;
+  std::string ansi;
+  if (!narrow(text, ansi)) return std::nullopt;
   return ansi;
 }
 
+bool narrow(std::wstring_view text, std::string& ansi) {
+  // Most names are plain, and those are the same bytes in every code page that Windows takes.
+  constexpr wchar_t kFirstOther = 0x80;
+  if (std::all_of(text.begin(), text.end(), [](wchar_t c) { return c < kFirstOther; })) {
+    ansi.resize(text.size());
+    std::transform(text.begin(), text.end(), ansi.begin(),
+                   [](wchar_t c) { return static_cast<char>(c); });
+    return true;
+  }
+  return convert(text, ansi) && widen(ansi) == text;
+}
+
 std::string narrow_with_marks(std::wstring_view text) {
-  bool lost = false;
-  return convert(text, lost);
+  std::string ansi;
+  convert(text, ansi);
+  return ansi;
 }
 
 }  // namespace ordelan::win32

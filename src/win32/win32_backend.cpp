@@ -19,6 +19,7 @@ namespace ordelan::win32 {
 namespace {
 
 constexpr std::chrono::milliseconds kLongestPump{10};
+constexpr DWORD kLongestSleep = 50;  // milliseconds
 
 bool is_dialog(HWND window) {
   wchar_t name[8] = {};
@@ -88,7 +89,7 @@ void Win32Backend::end() {
 
 void Win32Backend::pump() {
   using Clock = std::chrono::steady_clock;
-  if (ended() || quit_) return;
+  if (ended()) return;
   desk_.flush();
   const auto until = Clock::now() + kLongestPump;
   MSG message{};
@@ -109,9 +110,16 @@ void Win32Backend::pump() {
   }
 }
 
+void Win32Backend::wait() {
+  pump();
+  if (ended()) return;
+  // Also for what came before and was left in the queue: the plain wait would sleep on it.
+  MsgWaitForMultipleObjectsEx(0, nullptr, kLongestSleep, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+}
+
 int Win32Backend::run() {
   MSG message{};
-  while (!quit_ && !ended()) {
+  while (!ended()) {
     desk_.flush();
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got == -1) continue;

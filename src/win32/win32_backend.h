@@ -32,11 +32,17 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   ui::CharacterWidths character_widths(const ui::Font& font) override;
 
   void end() override;
-  bool ended() const override { return desk_.ended(); }
+  // Also once the system has asked the program to quit while a job of it pumps: the main loop is
+  // left as soon as the job is.
+  bool ended() const override { return desk_.ended() || quit_; }
 
   // Runs what is waiting, but no longer than a few milliseconds, so that a flood of events cannot
   // hold a job up; what is left waits for the next turn. Does nothing once the program has ended.
   void pump() override;
+
+  // Pumps, and then sleeps until there is something to pump, or until a loop should look at what
+  // else it waits for.
+  void wait() override;
 
   // Runs events until the program ends. Gives the program's exit code.
   int run();

@@ -3,8 +3,10 @@
 #include <windows.h>
 
 #include <commdlg.h>
+#include <shlobj.h>
 
 #include <algorithm>
+#include <memory>
 
 #include "win32/ansi_text.h"
 #include "win32/win32_backend.h"
@@ -14,6 +16,7 @@ namespace {
 
 // Room for a thousand long paths at once.
 constexpr std::size_t kNameRoom = 1024 * 1024;
+constexpr std::size_t kLongestPath = 32768;
 
 // "a|*.a" as the dialog takes it: each piece ends in a NUL, and one more NUL ends them all.
 std::wstring filter_of(std::string_view filter) {
@@ -38,6 +41,31 @@ std::vector<std::string> paths_in(const wchar_t* buffer) {
   }
   return paths;
 }
+
+// What both file dialogs have in common. `filter` and `buffer` stay with the caller.
+OPENFILENAMEW file_dialog(HWND owner, const std::wstring& filter, std::vector<wchar_t>& buffer) {
+  OPENFILENAMEW dialog{};
+  dialog.lStructSize = sizeof dialog;
+  dialog.hwndOwner = owner;
+  dialog.lpstrFilter = filter.front() == L'\0' ? nullptr : filter.c_str();
+  dialog.lpstrFile = buffer.data();
+  dialog.nMaxFile = static_cast<DWORD>(buffer.size());
+  // The current folder stays as it is: a program that sits in a folder keeps it from being moved
+  // or removed.
+  dialog.Flags =
+      OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
+  return dialog;
+}
+
+// "*.log" or "log" as the dialog takes it; empty for what is no extension of a name ("*.*").
+std::wstring plain_extension(std::string_view extension) {
+  const std::string_view plain = extension.substr(extension.rfind('.') + 1);
+  return plain.find_first_of("*?") == plain.npos ? widen(plain) : std::wstring();
+}
+
+struct ShellFree {
+  void operator()(ITEMIDLIST* item) const { CoTaskMemFree(item); }
+};
 
 UINT icon_of(system::Icon icon) {
   switch (icon) {
@@ -84,19 +112,39 @@ system::Answer careful_answer(system::Buttons buttons) {
 std::vector<std::string> Win32Dialogs::open_files(const system::OpenRequest& request) {
   const std::wstring filter = filter_of(request.filter);
   std::vector<wchar_t> buffer(kNameRoom, L'\0');
-  OPENFILENAMEW dialog{};
-  dialog.lStructSize = sizeof dialog;
-  dialog.hwndOwner = backend_.owner();
-  dialog.lpstrFilter = request.filter.empty() ? nullptr : filter.c_str();
-  dialog.lpstrFile = buffer.data();
-  dialog.nMaxFile = static_cast<DWORD>(buffer.size());
-  // The current folder stays as it is: a program that sits in a folder keeps it from being moved
-  // or removed.
-  dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY |
-                 OFN_NOCHANGEDIR | OFN_ENABLESIZING;
+  OPENFILENAMEW dialog = file_dialog(backend_.owner(), filter, buffer);
+  dialog.Flags |= OFN_FILEMUSTEXIST;
   if (request.several) dialog.Flags |= OFN_ALLOWMULTISELECT;
   if (!GetOpenFileNameW(&dialog)) return {};
   return paths_in(buffer.data());
+}
+
+std::string Win32Dialogs::save_file(const system::SaveRequest& request) {
+  const std::wstring filter = filter_of(request.filter);
+  const std::wstring extension = plain_extension(request.extension);
+  std::vector<wchar_t> buffer(kNameRoom, L'\0');
+  OPENFILENAMEW dialog = file_dialog(backend_.owner(), filter, buffer);
+  dialog.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
+  dialog.Flags |= OFN_OVERWRITEPROMPT;
+  if (!GetSaveFileNameW(&dialog)) return {};
+  return narrow(buffer.data()).value_or("");
+}
+
+std::string Win32Dialogs::pick_folder(const std::string& title) {
+  const std::wstring heading = widen(title);
+  wchar_t name[MAX_PATH] = {};
+  BROWSEINFOW dialog{};
+  dialog.hwndOwner = backend_.owner();
+  dialog.pszDisplayName = name;
+  dialog.lpszTitle = heading.c_str();
+  dialog.ulFlags = BIF_NEWDIALOGSTYLE | BIF_RETURNONLYFSDIRS;
+  const std::unique_ptr<ITEMIDLIST, ShellFree> picked(SHBrowseForFolderW(&dialog));
+  std::vector<wchar_t> path(kLongestPath, L'\0');
+  if (!picked || !SHGetPathFromIDListEx(picked.get(), path.data(), static_cast<DWORD>(path.size()),
+                                        GPFIDL_DEFAULT)) {
+    return {};
+  }
+  return narrow(path.data()).value_or("");
 }
 
 system::Answer Win32Dialogs::message(const system::Message& message) {

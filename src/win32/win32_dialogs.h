@@ -2,6 +2,7 @@
 #pragma once
 
 #include "system/dialogs.h"
+#include "win32/ole_session.h"
 
 namespace ordelan::win32 {
 
@@ -13,12 +14,16 @@ class Win32Dialogs final : public system::Dialogs {
   // outlive this.
   explicit Win32Dialogs(const Win32Backend& backend) : backend_(backend) {}
 
-  // Names that the code page cannot hold are left out of what was picked.
+  // Names that the code page cannot hold are left out of what was picked; where only one thing is
+  // picked, that is as if nothing was.
   std::vector<std::string> open_files(const system::OpenRequest& request) override;
+  std::string save_file(const system::SaveRequest& request) override;
+  std::string pick_folder(const std::string& title) override;
   system::Answer message(const system::Message& message) override;
 
  private:
   const Win32Backend& backend_;
+  OleSession ole_;  // the folder dialog is made of parts that need it
 };
 
 }  // namespace ordelan::win32

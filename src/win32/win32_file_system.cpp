@@ -11,6 +11,7 @@
 namespace ordelan::win32 {
 namespace {
 
+using system::Detail;
 using system::FileInfo;
 
 // One call to the disk takes and gives at most this much.
@@ -20,26 +21,43 @@ std::uint64_t joined(DWORD high, DWORD low) {
   return (std::uint64_t{high} << 32) | low;
 }
 
-// `reparse_tag` counts only with the reparse attribute. Files that a cloud service has yet to fetch
-// have one too, but they stand for nothing but themselves.
-FileInfo info_of(std::string name, DWORD attributes, std::uint64_t size, DWORD reparse_tag) {
-  FileInfo info;
-  info.name = std::move(name);
-  info.folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  info.size = info.folder ? 0 : size;
-  info.hidden = (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
-  info.system = (attributes & FILE_ATTRIBUTE_SYSTEM) != 0;
-  info.link =
-      (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsReparseTagNameSurrogate(reparse_tag);
-  return info;
+// A moment in local time, as days since the 30th of December 1899. A file that a disk keeps no such
+// time for has 0.
+double local_days(const FILETIME& moment) {
+  constexpr double kTicksPerDay = 864e9;
+  constexpr double kDaysFrom1601 = 109'205;  // from there on Windows counts
+  const std::uint64_t kept = joined(moment.dwHighDateTime, moment.dwLowDateTime);
+  FILETIME local{};
+  if (kept == 0 || !FileTimeToLocalFileTime(&moment, &local)) return 0;
+  const auto ticks = joined(local.dwHighDateTime, local.dwLowDateTime);
+  return static_cast<double>(ticks) / kTicksPerDay - kDaysFrom1601;
 }
 
-// Nothing if the code page cannot hold the name.
-std::optional<FileInfo> info_of(const WIN32_FIND_DATAW& found) {
-  auto name = narrow(found.cFileName);
-  if (!name) return std::nullopt;
-  return info_of(*std::move(name), found.dwFileAttributes,
-                 joined(found.nFileSizeHigh, found.nFileSizeLow), found.dwReserved0);
+// Puts everything but the name into `info`, from what a search or a look at a path has found: they
+// call it by the same names.
+template <class Found>
+void describe(const Found& found, Detail detail, FileInfo& info) {
+  const DWORD attributes = found.dwFileAttributes;
+  info.attributes = attributes;
+  info.folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  info.hidden = (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+  info.system = (attributes & FILE_ATTRIBUTE_SYSTEM) != 0;
+  info.size = info.folder ? 0 : joined(found.nFileSizeHigh, found.nFileSizeLow);
+  if (detail != Detail::times) return;
+  info.created = local_days(found.ftCreationTime);
+  info.modified = local_days(found.ftLastWriteTime);
+  info.accessed = local_days(found.ftLastAccessTime);
+}
+
+// The same with the name. False if the code page cannot hold the name.
+bool describe_entry(const WIN32_FIND_DATAW& found, Detail detail, FileInfo& info) {
+  if (!narrow(found.cFileName, info.name)) return false;
+  describe(found, detail, info);
+  // Files that a cloud service has yet to fetch have a reparse point too, but they stand for
+  // nothing but themselves.
+  info.link = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+              IsReparseTagNameSurrogate(found.dwReserved0);
+  return true;
 }
 
 SearchHandle find(const std::wstring& path, WIN32_FIND_DATAW& found) {
@@ -58,11 +76,16 @@ std::optional<FileInfo> info_of_root(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   const std::wstring root = path.ends_with(L'\\') ? path : path + L'\\';
   if (!GetFileAttributesExW(root.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  // Roots are marked hidden and system on some drives; nobody ever hid them.
+  data.dwFileAttributes &= ~DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM};
+  data.dwFileAttributes |= FILE_ATTRIBUTE_DIRECTORY;
+  FileInfo info;
+  describe(data, Detail::times, info);
   std::wstring_view name = root;
   name.remove_suffix(1);
   name.remove_prefix(name.rfind(L'\\') + 1);
-  // Roots are marked hidden and system on some drives; nobody ever hid them.
-  return info_of(narrow(name).value_or(""), FILE_ATTRIBUTE_DIRECTORY, 0, 0);
+  info.name = narrow(name).value_or("");
+  return info;
 }
 
 // The extended path of something that is a file by its form: no backslash at the end.
@@ -140,36 +163,30 @@ std::optional<FileInfo> Win32FileSystem::info(std::string_view path) {
   if (only_folder) extended->pop_back();
   WIN32_FIND_DATAW found{};
   if (!find(*extended, found) || !is_asked(*extended, found)) return std::nullopt;
-  auto info = info_of(found);
-  if (info && only_folder && !info->folder) info.reset();
+  FileInfo info;
+  if (!describe_entry(found, Detail::times, info)) return std::nullopt;
+  if (only_folder && !info.folder) return std::nullopt;
   return info;
 }
 
-// Windows tells the sizes with the names.
-std::optional<std::vector<FileInfo>> Win32FileSystem::list(std::string_view folder,
-                                                           system::Detail) {
+bool Win32FileSystem::each(std::string_view folder, Detail detail, const Visit& visit) {
   auto extended = extended_path(folder);
-  if (!extended) return std::nullopt;
+  if (!extended) return false;
   if (!extended->ends_with(L'\\')) *extended += L'\\';
   *extended += L'*';
 
-  std::vector<FileInfo> entries;
   WIN32_FIND_DATAW found{};
   const SearchHandle search = find(*extended, found);
-  if (!search) {
-    // An empty drive has not even the two entries that stand for folders.
-    if (GetLastError() == ERROR_FILE_NOT_FOUND) return entries;
-    return std::nullopt;
-  }
+  // An empty drive has not even the two entries that stand for folders.
+  if (!search) return GetLastError() == ERROR_FILE_NOT_FOUND;
+  // One entry serves for all, so that its name takes no new room each time.
+  FileInfo entry;
   do {
     const std::wstring_view name = found.cFileName;
-    if (name == L"." || name == L"..") continue;
-    if (auto info = info_of(found)) entries.push_back(*std::move(info));
+    if (name == L"." || name == L".." || !describe_entry(found, detail, entry)) continue;
+    if (!visit(entry)) return true;
   } while (FindNextFileW(search.get(), &found));
-  if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
-
-  std::sort(entries.begin(), entries.end(), system::in_listing_order);
-  return entries;
+  return GetLastError() == ERROR_NO_MORE_FILES;
 }
 
 std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) {

@@ -11,8 +11,8 @@ class Win32FileSystem final : public system::FileSystem {
   Win32FileSystem();
 
   std::optional<system::FileInfo> info(std::string_view path) override;
-  std::optional<std::vector<system::FileInfo>> list(
-      std::string_view folder, system::Detail detail = system::Detail::sizes) override;
+  // Windows tells sizes and attributes with the names, whatever is asked for.
+  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
   bool make_folder(std::string_view path) override;

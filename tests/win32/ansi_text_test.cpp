@@ -34,6 +34,17 @@ TEST(AnsiText, what_the_code_page_lacks_or_only_resembles_gives_nothing) {
   EXPECT_EQ(narrow(L"\xD800.wav"), std::nullopt);  // half a character
 }
 
+TEST(AnsiText, a_text_that_is_there_is_replaced_by_the_narrow_one) {
+  std::string ansi = "what stood there before";
+  EXPECT_TRUE(narrow(L"a.wav", ansi));
+  EXPECT_EQ(ansi, "a.wav");
+  EXPECT_FALSE(narrow(L"\uFFFF.wav", ansi));
+  EXPECT_TRUE(narrow(widen("a\xF1o"), ansi));
+  EXPECT_EQ(ansi, "a\xF1o");
+  EXPECT_TRUE(narrow(L"", ansi));
+  EXPECT_EQ(ansi, "");
+}
+
 TEST(AnsiText, marks_stand_for_what_is_lacking_where_nothing_is_named) {
   if (GetACP() != 1252) GTEST_SKIP() << "the example is of the western code page";
   EXPECT_EQ(narrow_with_marks(L"a\u0416\u00F1"), "a?\xF1");

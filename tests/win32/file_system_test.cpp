@@ -60,6 +60,42 @@ TEST_F(Win32Files, a_system_file_is_known_but_not_looked_up) {
   EXPECT_FALSE(files_.look_up(path("sistema.vip")));
 }
 
+TEST_F(Win32Files, the_attribute_word_is_the_one_that_windows_keeps) {
+  give("suelto.vip", FILE_ATTRIBUTE_READONLY);
+  if (IsSkipped()) return;
+  const DWORD kept = GetFileAttributesW(win32::widen(path("suelto.vip")).c_str());
+  EXPECT_EQ(files_.info(path("suelto.vip"))->attributes, kept);
+  const auto listed = files_.list(place_.folder());
+  ASSERT_TRUE(listed);
+  EXPECT_EQ(listed->at(0).attributes, kept);
+}
+
+TEST_F(Win32Files, times_are_those_of_the_users_own_clock) {
+  place_.write(path("a.wav"), "1");
+  // Noon of the 1st of January 2020 and half a second, by the clock on the wall.
+  const SYSTEMTIME noon{2020, 1, 3, 1, 12, 0, 0, 500};
+  FILETIME local{};
+  FILETIME world{};
+  ASSERT_TRUE(SystemTimeToFileTime(&noon, &local));
+  ASSERT_TRUE(LocalFileTimeToFileTime(&local, &world));
+  const HANDLE file = CreateFileW(win32::widen(path("a.wav")).c_str(), FILE_WRITE_ATTRIBUTES, 0,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  EXPECT_TRUE(SetFileTime(file, nullptr, nullptr, &world));
+  CloseHandle(file);
+  constexpr double kMillisecond = 1 / 86.4e6;
+  EXPECT_NEAR(files_.info(path("a.wav"))->modified, 43831.5 + 500 * kMillisecond, kMillisecond);
+}
+
+TEST_F(Win32Files, a_drive_has_attributes_without_being_hidden) {
+  const auto drive = files_.info(place_.folder().substr(0, 3));
+  ASSERT_TRUE(drive);
+  EXPECT_EQ(drive->attributes & (system::attribute::kFolder | system::attribute::kHidden |
+                                 system::attribute::kSystem),
+            system::attribute::kFolder);
+  EXPECT_GT(drive->modified, 0);
+}
+
 TEST_F(Win32Files, a_file_that_another_program_keeps_to_itself_does_not_open) {
   place_.write(path("a.vip"), "1");
   const HANDLE lock = CreateFileW(win32::widen(path("a.vip")).c_str(), GENERIC_READ, 0, nullptr,

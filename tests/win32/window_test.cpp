@@ -278,6 +278,35 @@ TEST_F(RealWindow, an_order_to_quit_met_by_the_pump_reaches_the_main_loop) {
   EXPECT_EQ(backend.run(), 7);
 }
 
+TEST_F(RealWindow, an_order_to_quit_met_by_the_pump_is_the_end_for_the_job_too) {
+  int waits = 0;
+  button.on_click = [&] {
+    PostQuitMessage(7);
+    while (!backend.ended() && waits < 1000) {
+      backend.wait();
+      ++waits;
+    }
+  };
+  show();
+  PostMessageW(real(L"Ordelan.cmdAbrir"), BM_CLICK, 0, 0);
+  EXPECT_EQ(backend.run(), 7);
+  EXPECT_TRUE(backend.ended());
+  EXPECT_LT(waits, 1000);
+}
+
+TEST_F(RealWindow, a_loop_that_waits_runs_events_and_gets_its_turn_without_any) {
+  int ticks = 0;
+  ui::Timer timer(window, "Timer1", milliseconds(20));
+  timer.on_tick = [&] { ++ticks; };
+  show();
+  timer.start();
+  for (int turn = 0; turn < 1000 && ticks == 0; ++turn) backend.wait();
+  EXPECT_GT(ticks, 0);
+  timer.stop();
+  backend.wait();  // nothing will come: it would not return if it slept until then
+  EXPECT_FALSE(backend.ended());
+}
+
 // Answers the message box that is up, from inside its own loop.
 class MessageBoxes : public RealWindow {
  protected:

@@ -1,0 +1,22 @@
+// Windows' own shell.
+#pragma once
+
+#include "system/shell.h"
+#include "win32/ole_session.h"
+
+namespace ordelan::win32 {
+
+// To be used on the thread that made it.
+class Win32Shell final : public system::Shell {
+ public:
+  bool open(const std::string& target) override;
+  std::string file_type(const std::string& path) override;
+  std::string executable(const std::string& path) override;
+  // In the large size of the system, usually 32 by 32.
+  std::optional<system::Pixels> icon(const std::string& path) override;
+
+ private:
+  OleSession ole_;
+};
+
+}  // namespace ordelan::win32
