@@ -12,6 +12,12 @@
 #include "system/platform.h"
 #include "ui/image.h"
 
+// Windows' own headers, where they come first, give these names another ending.
+#undef DrawIcon
+#undef GetDiskFreeSpace
+#undef GetDriveType
+#undef LoadIcon
+
 namespace ordelan::location {
 
 // A date with its time of day, as days since the 30th of December 1899.

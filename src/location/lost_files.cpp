@@ -1,7 +1,10 @@
 #include "location/lost_files.h"
 
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
+#include "project/folder_tree.h"
 #include "project/repeated_rows.h"
 #include "text/rows.h"
 #include "ui/list_width.h"
@@ -12,14 +15,32 @@ namespace {
 constexpr const char* kWindow = "Perdidos";
 constexpr std::size_t kRule = 100;  // hyphens of a separator
 
+// From so many used files on, a folder is listed once rather than asked for each of them.
+constexpr int kWorthAListing = 16;
+
 bool is_title(const std::string& row) {
   return row.find('>') != std::string::npos;
+}
+
+std::string_view folder_of(std::string_view path) {
+  return path.substr(0, path.rfind('\\') + 1);
+}
+
+// How many used files each folder has.
+using Crowd = std::unordered_map<std::string_view, int>;
+
+Crowd crowd_of(const std::vector<std::string>& rows) {
+  Crowd crowd;
+  for (const std::string& row : rows) {
+    if (!is_title(row)) ++crowd[folder_of(row)];
+  }
+  return crowd;
 }
 
 }  // namespace
 
 // A path that no disk could hold is lost as well.
-bool LostFiles::is_lost(const std::string& row) {
+bool LostFiles::is_lost(const std::string& row) const {
   return !context_.platform.files.look_up(row);
 }
 
@@ -38,18 +59,21 @@ void LostFiles::LlenarPerdidos() {
 }
 
 // Projects that have lost nothing keep their titles, so that one sees that they were looked at.
-std::vector<std::string> LostFiles::collect() {
+std::vector<std::string> LostFiles::collect() const {
   const auto job = context_.work.current_job();
-  const ui::ListBox& used = context_.main.lists.ListUtilizados;
+  const std::vector<std::string> used = context_.main.lists.ListUtilizados.rows();
+  const Crowd crowd = crowd_of(used);
+  project::FolderTree folders(context_.platform.files);
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
   std::vector<std::string> rows;
-  for (std::size_t i = 0; i < used.count(); ++i) {
-    const std::string& row = used.row(i);
+  for (const std::string& row : used) {
     if (is_title(row)) {
-      if (i > 0) rows.emplace_back(kRule, '-');
+      if (&row != &used.front()) rows.emplace_back(kRule, '-');
       rows.push_back(row);
-    } else if (is_lost(row)) {
-      rows.push_back(row);
+    } else {
+      const bool crowded = crowd.at(folder_of(row)) >= kWorthAListing;
+      const auto listed = crowded ? folders.holds_plain_file(row) : std::nullopt;
+      if (listed ? !*listed : is_lost(row)) rows.push_back(row);
     }
     pacer.turn();
     if (context_.work.must_stop(job)) break;

@@ -33,9 +33,9 @@ class LostFiles {
   const std::vector<std::string>& TextoPerdidos() const { return TextoPerdidos_; }
 
  private:
-  bool is_lost(const std::string& row);
-  std::vector<std::string> collect();
-  void strike_out_repeats(std::vector<std::string>& rows);
+  bool is_lost(const std::string& row) const;
+  std::vector<std::string> collect() const;
+  static void strike_out_repeats(std::vector<std::string>& rows);
 
   Context context_;
   std::vector<std::string> TextoPerdidos_;

@@ -41,6 +41,24 @@ const FolderTree::Entry* FolderTree::known_file(std::string_view path) const {
   return nullptr;
 }
 
+std::optional<bool> FolderTree::holds_plain_file(std::string_view path) {
+  const std::string_view folder = path.substr(0, path.rfind('\\') + 1);
+  const std::string_view name = path.substr(folder.size());
+  if (name.empty() || name.find_first_of("~*?/:<>|\"") != std::string_view::npos ||
+      name.back() == '.' || name.back() == ' ') {
+    return std::nullopt;
+  }
+  const Listing& there = listing(std::string(folder));
+  if (!there.readable) return std::nullopt;
+  auto entry = std::lower_bound(
+      there.files.begin(), there.files.end(), name,
+      [](const Entry& a, std::string_view b) { return text::less_ignoring_case(a.name, b); });
+  for (; entry != there.files.end() && text::equal_ignoring_case(entry->name, name); ++entry) {
+    if (entry->plain) return true;
+  }
+  return false;
+}
+
 bool FolderTree::walk(
     const std::string& folder,
     const std::function<bool(const std::string& folder, const Listing& listing)>& visit) {

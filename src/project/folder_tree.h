@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -32,6 +33,11 @@ class FolderTree {
 
   // The entry of a file whose folder has been listed under just this spelling; null otherwise.
   const Entry* known_file(std::string_view path) const;
+
+  // Whether a plain file of that name, case ignored, stands in its folder, by the listing of that
+  // folder. Nothing where a listing cannot tell: the folder is not readable, or the name is one of
+  // those that the system looks up by more than their letters (short names, dots at the end).
+  std::optional<bool> holds_plain_file(std::string_view path);
 
   // Calls `visit` with a folder and, after it, with every folder below: each with its backslash,
   // ahead of its own subfolders, in the order of the disk. Folders that cannot be read are visited

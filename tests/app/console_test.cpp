@@ -157,5 +157,78 @@ TEST_F(Console, projects_come_in_alphabetical_order_without_case) {
       Json({"1 --> D:\\A.vip", "2 --> D:\\b.vip", "3 --> D:\\c.VIP", "4 --> D:\\\xC3\xA1.vip"}));
 }
 
+TEST_F(Console, lists_the_lost_files_of_each_project) {
+  disk.write("tema.vip", project_of({"D:\\ok.wav", "D:\\lost.wav"}));
+  disk.write("ok.wav", "");
+  const auto result = run("--json abrir 'D:\\tema.vip'");
+  EXPECT_EQ(result.json()["ListPerdidos"], Json({"1 --> D:\\tema.vip", "D:\\lost.wav"}));
+  EXPECT_THAT(run("abrir 'D:\\tema.vip'").output,
+              HasSubstr("Archivos perdidos o desubicados:\n"
+                        "  1 --> D:\\tema.vip\n  D:\\lost.wav\n"));
+}
+
+TEST_F(Console, finds_a_file_on_the_drives_that_are_named) {
+  disk.write("Otra\\toma.wav", "");
+  const auto result = run("--json buscar toma.wav --en D");
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_EQ(result.error, "");
+  const Json json = result.json();
+  EXPECT_EQ(json.size(), 4u);
+  EXPECT_EQ(json["ListaHallados"], Json({"D:\\Otra\\toma.wav"}));
+  EXPECT_EQ(json["ArchivoActual"], "D:\\Otra\\toma.wav");
+  EXPECT_EQ(json["Hallado"], true);
+  EXPECT_EQ(json["TextDecode"],
+            "El archivo: toma.wav\r\nHa sido encontrado en: \r\nD:\\Otra\\toma.wav");
+}
+
+TEST_F(Console, searches_on_several_drives_in_the_order_of_their_letters) {
+  disk.write("e\\toma.wav", "");
+  disk.write("f\\toma.wav", "");
+  const std::string more = "--unidad F=" + disk.native_path("f").string() +
+                           " --unidad E=" + disk.native_path("e").string();
+  const auto both = run(more + " --json buscar toma.wav --en f: --en 'E:\\'");
+  EXPECT_EQ(both.json()["ListaHallados"], Json({"E:\\toma.wav", "F:\\toma.wav"}));
+  EXPECT_EQ(both.json()["ArchivoActual"], "E:\\toma.wav");
+  // The same path on another drive needs no walk, and the last drive counts.
+  const auto same = run(more + " --json buscar 'X:\\toma.wav' --en E --en F");
+  EXPECT_EQ(same.json()["ListaHallados"], Json::array());
+  EXPECT_EQ(same.json()["ArchivoActual"], "F:\\toma.wav");
+}
+
+TEST_F(Console, a_file_that_is_not_found_gives_1_and_what_the_strip_says) {
+  const auto result = run("--json buscar 'D:\\Mix\\toma.wav' --en D");
+  EXPECT_EQ(result.exit_code, 1);
+  EXPECT_EQ(result.json()["Hallado"], false);
+  EXPECT_EQ(result.json()["TextDecode"],
+            "El archivo: \r\nD:\\Mix\\toma.wav\r\nNo existe\r\nEn ninguna unidad");
+  EXPECT_THAT(result.error, HasSubstr("En ninguna unidad"));
+}
+
+TEST_F(Console, without_a_ticked_drive_nothing_is_searched) {
+  disk.write("toma.wav", "");
+  const auto result = run("buscar toma.wav");
+  EXPECT_EQ(result.exit_code, 1);
+  EXPECT_EQ(result.output, "");
+  EXPECT_THAT(result.error, HasSubstr("NO HAY NIGUNA UNIDAD DE DISCO"));
+}
+
+TEST_F(Console, the_drives_of_a_configuration_are_searched_when_none_is_named) {
+  disk.write("toma.wav", "");
+  disk.write("Config.ini", "[Settings]\r\nUnidad: D:\\=1\r\n");
+  const auto result =
+      run("--config " + disk.native_path("Config.ini").string() + " buscar toma.wav");
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_EQ(result.output, "El archivo: toma.wav\r\nHa sido encontrado en: \r\nD:\\toma.wav\n");
+}
+
+TEST_F(Console, a_drive_that_is_not_there_is_wrong_use) {
+  for (const char* wrong : {"buscar", "buscar a.wav --en Z", "buscar a.wav --en DD",
+                            "buscar a.wav --en", "buscar a.wav --en ''"}) {
+    const auto result = run(wrong);
+    EXPECT_EQ(result.exit_code, 2) << wrong;
+    EXPECT_EQ(std::count(result.error.begin(), result.error.end(), '\n'), 1) << wrong;
+  }
+}
+
 }  // namespace
 }  // namespace ordelan::test

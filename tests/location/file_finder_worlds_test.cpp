@@ -32,10 +32,10 @@ constexpr const char* kNames[] = {"a",          "b",        "take.wav",     "TAK
                                   "mix 1 .wav", "RECICLER", "\xC1rbol.wav", "\xE1rbol.wav"};
 constexpr std::uint64_t kSizes[] = {0, 1, 99, 100, 101, 0x7FFFFFFF, 0x80000000, 0x1'0000'0064};
 
-// A disk of up to forty folders and files, some of them links.
+// A disk of up to seventy folders and files, some of them links.
 void fill(Dice& dice, MemoryFolders& disk) {
   std::vector<std::string> folders = {"D:\\"};
-  const std::size_t count = dice.below(40);
+  const std::size_t count = 10 + dice.below(60);
   for (std::size_t i = 0; i < count; ++i) {
     const std::string path = one_of(dice, folders) + one_of(dice, kNames);
     if (dice.below(3) == 0) {
@@ -53,23 +53,25 @@ void fill(Dice& dice, MemoryFolders& disk) {
 }
 
 LiteralSearch random_search(Dice& dice) {
-  constexpr const char* kPaths[] = {"D:\\", "D:", "D:\\a", "D:\\a\\", "D:\\nada", ""};
+  constexpr const char* kPaths[] = {
+      "D:\\", "D:\\", "D:\\", "D:", "D:\\a", "D:\\a\\", "D:\\nada", ""};
   constexpr const char* kExtensions[] = {"",       ";",        ";;",    "wav;mp3", "*.wav;*.mp3;",
                                          "WAV;",   "take.wav", "*.wav", "*.fla",   "x.fla",
                                          "t?ke.*", "wav;;fla", "*.*"};
-  constexpr const char* kFileNames[] = {"", "", "take", "TAKE", "a", " mix 1 ", "\xC1rbol", "a.b"};
-  constexpr std::int64_t kLimits[] = {0, 0, 1, 100, 0x7FFFFFFF};
-  constexpr double kDates[] = {0, 0, 46001, 46001.5, 46002};
+  constexpr const char* kFileNames[] = {"",     "",  "",        "",         "",   "take",
+                                        "TAKE", "a", " mix 1 ", "\xC1rbol", "a.b"};
+  constexpr std::int64_t kLimits[] = {0, 0, 0, 0, 0, 1, 100, 0x7FFFFFFF};
+  constexpr double kDates[] = {0, 0, 0, 0, 0, 0, 46001, 46001.5, 46002};
   LiteralSearch search;
   search.Path = one_of(dice, kPaths);
   search.Extensions = one_of(dice, kExtensions);
   search.FileName = one_of(dice, kFileNames);
-  search.Mode = static_cast<int>(dice.below(3));
+  search.Mode = dice.below(4) == 0 ? 0 : 1;
   search.SearchSubDirs = dice.below(5) != 0;
   search.MinFileSize = one_of(dice, kLimits);
   search.MaxFileSize = one_of(dice, kLimits);
   if (search.MaxFileSize != 0 && search.MinFileSize > search.MaxFileSize) search.MinFileSize = 0;
-  search.Attributes = dice.below(4) == 0 ? 0x21 : 0;
+  search.Attributes = dice.below(8) == 0 ? 0x21 : 0;
   search.DateLastModifiedFrom = one_of(dice, kDates);
   search.DateLastModifiedTo = one_of(dice, kDates);
   search.stop_after = dice.below(4) == 0 ? 1 + dice.below(3) : 0;

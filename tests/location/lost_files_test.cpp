@@ -5,6 +5,7 @@
 
 #include "location/lost_file_window.h"
 #include "support/desk.h"
+#include "text/code_page.h"
 
 namespace ordelan::test {
 namespace {
@@ -74,6 +75,33 @@ TEST_F(LostFileReport, repeats_are_struck_out_in_the_report_too) {
       std::vector<std::string>{"1 --> " + path("a.vip"), lost, "2 --> " + path("b.vip"), lost});
   desk.program.location.LlenarPerdidos();
   EXPECT_THAT(rows(), ElementsAre("1 --> " + path("a.vip"), lost, kRule, "2 --> " + path("b.vip")));
+}
+
+// Folders with many used files are listed, others asked file by file: the answers are the same.
+TEST_F(LostFileReport, what_is_lost_does_not_depend_on_how_many_files_a_folder_has) {
+  desk.start();
+  std::vector<std::string> used;
+  std::vector<std::string> lost;
+  for (const int count : {1, 15, 16, 40}) {
+    const std::string folder = "n" + std::to_string(count) + "\\";
+    for (int i = 0; i < count; ++i) {
+      const std::string name = folder + "Toma " + std::to_string(i) + ".wav";
+      used.push_back(path(i % 3 == 0 ? text::lower(name) : name));
+      if (i % 4 == 0) {
+        lost.push_back(used.back());
+      } else {
+        desk.disk.write(name, "");
+      }
+    }
+    for (const char* odd : {"z.", "carpeta", "LARGO~1.WAV"}) {
+      used.push_back(path(folder + odd));
+      lost.push_back(used.back());
+    }
+    desk.disk.make_folder(folder + "carpeta");
+  }
+  desk.form.lists.ListUtilizados.add(used);
+  desk.program.location.LlenarPerdidos();
+  EXPECT_EQ(rows(), lost);
 }
 
 // A name with ten hyphens looks like a separator to whoever strikes out repeats.

@@ -146,5 +146,21 @@ TEST_F(Folders, names_that_differ_only_by_case_are_told_apart) {
   EXPECT_FALSE(tree.known_file("D:\\Mix\\c\\T.wav")->plain);
 }
 
+TEST_F(Folders, a_listing_tells_which_plain_files_are_there) {
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\z.wav"), true);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\Z.WAV"), true);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\falta.wav"), false);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\oculto.wav"), false);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\A"), false) << "a folder";
+  EXPECT_EQ(files.listings["D:\\Mix\\"], 1);
+}
+
+TEST_F(Folders, a_listing_cannot_tell_of_names_that_the_system_reads_otherwise) {
+  for (const char* path : {"D:\\Mix\\LARGO~1.WAV", "D:\\Mix\\z.wav.", "D:\\Mix\\z.wav ", "z.wav",
+                           "", "D:\\Mix\\", "D:\\nada\\z.wav", "D:\\Mix\\z?.wav"}) {
+    EXPECT_EQ(tree.holds_plain_file(path), std::nullopt) << path;
+  }
+}
+
 }  // namespace
 }  // namespace ordelan::test

@@ -368,8 +368,9 @@ TEST_F(MainWindow, place_and_boxes_survive_a_restart) {
   form.CheckLogo.toggle();
   form.Salir.on_click();
 
-  project::Form1 again(backend, platform, work, windows, settings);
-  again.load();
+  app::Program restarted(backend, platform, settings);
+  restarted.start();
+  const project::Form1& again = restarted.form;
   EXPECT_EQ(again.position(), (ui::Point{120, 45}));
   EXPECT_FALSE(again.CheckBAK.checked());
   EXPECT_FALSE(again.CheckLogo.checked());
@@ -386,9 +387,10 @@ TEST_F(MainWindow, options_are_stored_in_their_order_under_their_captions) {
   stored.resize(file->size());
   file->read(0, {reinterpret_cast<std::uint8_t*>(stored.data()), stored.size()});
   EXPECT_EQ(stored,
-            "[Settings]\r\nMe_Left=0\r\nMe_Top=0\r\nVer Info de esta ventana al inicio=1\r\n"
-            "Ver tooltips de listas=1\r\nPlayer automático=1\r\nIncluir subcarpetas=1\r\n"
-            "Incluir Vip_BAK=1\r\nVer Logo al inicio=1\r\n");
+            "[Settings]\r\nUnidad: " + disk.folder() +
+                "=1\r\nMe_Left=0\r\nMe_Top=0\r\nVer Info de esta ventana al inicio=1\r\n"
+                "Ver tooltips de listas=1\r\nPlayer automático=1\r\nIncluir subcarpetas=1\r\n"
+                "Incluir Vip_BAK=1\r\nVer Logo al inicio=1\r\n");
 }
 
 // What somebody may lay into a folder: each gives its rows or nothing, and no message box.

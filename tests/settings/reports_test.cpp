@@ -100,5 +100,14 @@ TEST_F(Reports, a_name_with_several_dots_stays_whole) {
   EXPECT_TRUE(files.contents.contains("D:\\Archivos de tema.v2.final.vip.log"));
 }
 
+TEST_F(Reports, a_plain_log_has_the_rows_and_nothing_else) {
+  list.add("1 --> D:\\Mix\\tema.vip");
+  list.add("D:\\Mix\\a.wav");
+  EXPECT_TRUE(settings::SalvarLog(files, "D:\\a.log", list));
+  EXPECT_EQ(files.contents["D:\\a.log"], "1 --> D:\\Mix\\tema.vip\r\nD:\\Mix\\a.wav\r\n");
+  EXPECT_FALSE(settings::SalvarLog(files, "", list));
+  EXPECT_THAT(files.contents, SizeIs(1));
+}
+
 }  // namespace
 }  // namespace ordelan::test

@@ -93,5 +93,14 @@ TEST(Numbers, half_a_second_goes_to_the_even_neighbour) {
   EXPECT_EQ(elapsed(119.5, ','), "2 min 0 seg");
 }
 
+TEST(FormatSize, has_the_largest_unit_that_leaves_a_whole) {
+  EXPECT_EQ(text::format_size(0, ','), "0,00 bytes");
+  EXPECT_EQ(text::format_size(1023, '.'), "1023.00 bytes");
+  EXPECT_EQ(text::format_size(1024, '.'), "1.00 KB");
+  EXPECT_EQ(text::format_size(1572864, ','), "1,50 MB");
+  EXPECT_EQ(text::format_size(2147483648.0, ','), "2,00 GB");
+  EXPECT_EQ(text::format_size(-5, ','), "-5,00 bytes");
+}
+
 }  // namespace
 }  // namespace ordelan::test

@@ -5,11 +5,13 @@
 namespace ordelan::test {
 namespace {
 
+using text::compact_path;
 using text::getPath;
 using text::Obtener_Extension;
 using text::Obtener_Nombre_Archivo;
 using text::Obtener_Nombre_Path;
 using text::Obtener_VipPath;
+using text::root;
 
 TEST(GetPath, goes_up_to_the_last_separator_and_takes_it_along) {
   EXPECT_EQ(getPath("D:\\Mix\\tema.vip", "\\"), "D:\\Mix\\");
@@ -136,6 +138,31 @@ TEST(ObtenerExtension, is_empty_where_there_is_none) {
 
 TEST(ObtenerExtension, blanks_before_the_dot_do_no_harm) {
   EXPECT_EQ(Obtener_Extension("Vol. 1.wav"), "wav");
+}
+
+TEST(Root, is_the_drive_or_the_share) {
+  EXPECT_EQ(root("D:\\Mix\\a.wav"), "D:\\");
+  EXPECT_EQ(root("d:a.wav"), "d:\\");
+  EXPECT_EQ(root("\\\\server\\share\\a.wav"), "\\\\server\\share");
+  EXPECT_EQ(root("\\\\server\\share"), "\\\\server\\share");
+  for (const char* none :
+       {"", "a.wav", "\\Mix\\a.wav", "\\\\server", "\\\\server\\", "\\\\\\x", "1:\\a"}) {
+    EXPECT_EQ(root(none), "") << none;
+  }
+}
+
+TEST(CompactPath, gives_up_the_middle_before_the_name) {
+  const std::string path = "D:\\Mix\\Viejo\\toma.wav";  // 21 characters
+  EXPECT_EQ(compact_path(path, 21), path);
+  EXPECT_EQ(compact_path(path, 20), "D:\\Mix\\V...\\toma.wav");
+  EXPECT_EQ(compact_path(path, 12), "...\\toma.wav");
+  EXPECT_EQ(compact_path(path, 11), "...\\toma...");
+  EXPECT_EQ(compact_path(path, 3), "...");
+  EXPECT_EQ(compact_path(path, 0), "");
+  EXPECT_EQ(compact_path("toma larga.wav", 8), "toma ...");
+  for (std::size_t length = 0; length < 30; ++length) {
+    EXPECT_LE(compact_path(path, length).size(), length);
+  }
 }
 
 }  // namespace

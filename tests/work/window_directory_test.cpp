@@ -146,5 +146,52 @@ TEST_F(WindowDirectoryTest, what_is_left_goes_with_the_directory) {
   EXPECT_THAT(log, ElementsAre("freed", "freed"));
 }
 
+TEST_F(WindowDirectoryTest, a_window_may_refuse_to_be_closed) {
+  bool refuses = true;
+  windows.add("Stubborn", [this, &refuses] {
+    auto window = std::make_unique<ui::Window>(backend, "Stubborn");
+    window->on_query_unload = [&refuses] { return !refuses; };
+    return window;
+  });
+  const ui::Window* const made = windows.touch("Stubborn");
+  windows.close("Stubborn");
+  EXPECT_EQ(windows.find("Stubborn"), made);
+  EXPECT_TRUE(made->loaded());
+  refuses = false;
+  windows.close("Stubborn");
+  EXPECT_EQ(windows.find("Stubborn"), nullptr);
+}
+
+TEST_F(WindowDirectoryTest, at_the_end_all_windows_go_whether_they_refuse_or_not) {
+  windows.add("a", [this] { return std::make_unique<Diary>(backend, log); });
+  windows.add("Stubborn", [this] {
+    auto window = std::make_unique<ui::Window>(backend, "Stubborn");
+    window->on_query_unload = [] { return false; };
+    return window;
+  });
+  windows.touch("a");
+  windows.touch("Stubborn");
+  windows.close_all();
+  EXPECT_EQ(windows.find("a"), nullptr);
+  EXPECT_EQ(windows.find("Stubborn"), nullptr);
+}
+
+struct Drawer {
+  int things = 3;
+};
+struct Desktop final : ui::Window, Drawer {
+  explicit Desktop(ui::Backend& backend) : ui::Window(backend, "Desktop") {}
+};
+
+TEST_F(WindowDirectoryTest, a_window_is_given_as_the_piece_that_it_has) {
+  windows.add("Desktop", [this] { return std::make_unique<Desktop>(backend); });
+  windows.add("Plain", [this] { return std::make_unique<ui::Window>(backend, "Plain"); });
+  EXPECT_EQ(windows.find_as<Drawer>("Desktop"), nullptr) << "not there yet";
+  ASSERT_NE(windows.touch_as<Drawer>("Desktop"), nullptr);
+  EXPECT_EQ(windows.find_as<Drawer>("Desktop")->things, 3);
+  EXPECT_EQ(windows.touch_as<Drawer>("Plain"), nullptr);
+  EXPECT_EQ(windows.touch_as<Drawer>("Nobody"), nullptr);
+}
+
 }  // namespace
 }  // namespace ordelan::test

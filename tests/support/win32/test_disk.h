@@ -11,6 +11,12 @@
 #include "win32/ansi_text.h"
 #include "win32/win32_file_system.h"
 
+// The program has functions of these names, which Windows' headers give another ending.
+#undef DrawIcon
+#undef GetDiskFreeSpace
+#undef GetDriveType
+#undef LoadIcon
+
 namespace ordelan::test {
 
 class TestDisk {
