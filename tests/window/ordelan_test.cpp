@@ -108,6 +108,8 @@ TEST_F(Ordelan, a_project_without_audio_is_refused_with_a_warning) {
 TEST_F(Ordelan, a_cancel_lands_in_the_middle_of_a_long_decode) {
   start();
   open(long_project());
+  // The project is read twice before it is decoded: each reading has its own time to wait for.
+  wait_shown("LabelAviso");
   wait_shown("XP_ProgressBar1");
   program->wait_until("some progress", [&] { return program->progress("XP_ProgressBar1") > 300; });
   EXPECT_TRUE(program->visible("LabelAviso"));
@@ -174,6 +176,9 @@ TEST_F(Ordelan, a_dropped_folder_is_cancelled_while_its_projects_are_still_gathe
   program->drop("ListProyectos", {path("arbol")});
   wait_shown("LabelAviso");
   program->wait_until("the gathering", [&] { return !program->visible("ListProyectos"); });
+  const std::string time = program->text("TextLapsoTotal");
+  program->wait_until("the clock goes", [&] { return program->text("TextLapsoTotal") != time; });
+  EXPECT_FALSE(program->visible("ListProyectos")) << "nothing is decoded yet";
   EXPECT_FALSE(program->visible("TextNum1(0)"));
   program->picture_now("ordelan-gathering");
   const auto before = std::chrono::steady_clock::now();
