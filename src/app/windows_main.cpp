@@ -22,6 +22,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
   const system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
   settings::Settings settings(files, regional);
   app::Program program(backend, platform, settings);
+  backend.between_events = [&program] { program.windows.bury(); };
   program.start();
   return backend.run();
 }

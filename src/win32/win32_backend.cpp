@@ -128,6 +128,7 @@ int Win32Backend::run() {
       break;
     }
     dispatch(message);
+    if (between_events) between_events();
   }
   // Whoever runs a loop after this one shall not find the order that was meant for it.
   PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);

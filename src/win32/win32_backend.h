@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <functional>
+
 #include "system/event_pump.h"
 #include "ui/backend.h"
 #include "win32/desk.h"
@@ -46,6 +48,10 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
 
   // Runs events until the program ends. Gives the program's exit code.
   int run();
+
+  // Called by `run` after each event, where no handler runs and no job is under way: what handlers
+  // could not free under their own feet can be freed here. Never called from inside a pump.
+  std::function<void()> between_events;
 
   // The window that a dialog belongs to: the one the user works in. Null when there is none.
   HWND owner() const;

@@ -16,6 +16,8 @@ using system::FileInfo;
 
 // One call to the disk takes and gives at most this much.
 constexpr std::size_t kLargestPiece = 16 * 1024 * 1024;
+constexpr int kTriesToReplace = 25;
+constexpr DWORD kPauseOfTries = 10;  // milliseconds
 
 std::uint64_t joined(DWORD high, DWORD low) {
   return (std::uint64_t{high} << 32) | low;
@@ -218,9 +220,22 @@ bool Win32FileSystem::make_folder(std::string_view path) {
 bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
   const auto source = file_path(from);
   const auto target = file_path(to);
-  return source && target &&
-         MoveFileExW(source->c_str(), target->c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  if (!source || !target) return false;
+  // Whoever looks at files as they come (the shell, an indexer, a virus scanner) has one open for a
+  // moment, in which it cannot be replaced.
+  for (int tries = 1;; ++tries) {
+    if (MoveFileExW(source->c_str(), target->c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+      return true;
+    }
+    const DWORD error = GetLastError();
+    if (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) return false;
+    const DWORD there = GetFileAttributesW(target->c_str());
+    const bool hopeless = there != INVALID_FILE_ATTRIBUTES &&
+                          (there & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0;
+    if (hopeless || tries == kTriesToReplace) return false;
+    Sleep(kPauseOfTries);
+  }
 }
 
 bool Win32FileSystem::remove(std::string_view path) {

@@ -1,6 +1,7 @@
 // The dialogs that ask for a place to save and for a folder, answered from inside their own loops.
 #include <windows.h>
 
+#include <commctrl.h>
 #include <shlobj.h>
 
 #include <functional>
@@ -135,18 +136,41 @@ TEST_F(FileDialogs, a_file_that_is_there_is_asked_about_before_it_is_named) {
   EXPECT_NE(asked, nullptr);
 }
 
+// The folder on which the dialog's tree stands.
+std::wstring chosen_folder(HWND dialog) {
+  HWND tree = nullptr;
+  EnumChildWindows(
+      dialog,
+      [](HWND each, LPARAM l) -> BOOL {
+        wchar_t name[32] = {};
+        GetClassNameW(each, name, 32);
+        if (std::wstring(name) != WC_TREEVIEWW) return TRUE;
+        *reinterpret_cast<HWND*>(l) = each;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&tree));
+  if (!tree) return {};
+  wchar_t text[MAX_PATH] = {};
+  TVITEMW item{};
+  item.mask = TVIF_TEXT;
+  item.hItem = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0));
+  item.pszText = text;
+  item.cchTextMax = MAX_PATH;
+  SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+  return text;
+}
+
 TEST_F(FileDialogs, the_folder_that_is_picked_comes_with_its_whole_path) {
   make_folders(folder.path() + L"\\Destino \u00F1");
   const std::wstring wanted = folder.path() + L"\\Destino \u00F1";
-  bool chosen = false;
   const auto act = [&](HWND up) {
-    if (!chosen) {
-      SendMessageW(up, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));
-      chosen = true;
-      return false;
+    if (chosen_folder(up) == L"Destino \u00F1") {
+      PostMessageW(up, WM_COMMAND, IDOK, 0);
+      return true;
     }
-    PostMessageW(up, WM_COMMAND, IDOK, 0);
-    return true;
+    // Until the dialog has filled its tree, it does not listen.
+    SendMessageW(up, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(wanted.c_str()));
+    return false;
   };
   EXPECT_EQ(win32::widen(pick(act)), wanted);
 }

@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <thread>
+
 #include "system/file_system_contract.h"
 #include "win32/ansi_text.h"
 #include "win32/temporary_folder.h"
@@ -49,6 +51,39 @@ TEST_F(Win32Files, a_hidden_file_is_known_but_not_looked_up) {
   EXPECT_TRUE(info->hidden);
   EXPECT_FALSE(files_.look_up(path("oculto.vip")));
   EXPECT_TRUE(files_.open(path("oculto.vip")));
+}
+
+HANDLE open_alone(const std::string& path) {
+  return CreateFileW(win32::widen(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                     OPEN_EXISTING, 0, nullptr);
+}
+
+TEST_F(Win32Files, a_file_that_somebody_looks_at_for_a_moment_is_replaced_all_the_same) {
+  place_.write(path("lista.log"), "viejo");
+  place_.write(path("lista.log.new"), "nuevo!");
+  const HANDLE looking = open_alone(path("lista.log"));
+  ASSERT_NE(looking, INVALID_HANDLE_VALUE);
+  std::thread other([&] {
+    Sleep(15);
+    CloseHandle(looking);
+  });
+  const bool replaced = files_.replace(path("lista.log.new"), path("lista.log"));
+  other.join();
+  EXPECT_TRUE(replaced);
+  ASSERT_TRUE(files_.info(path("lista.log")));
+  EXPECT_EQ(files_.info(path("lista.log"))->size, 6u);
+  EXPECT_FALSE(files_.info(path("lista.log.new")));
+}
+
+TEST_F(Win32Files, a_file_that_stays_open_is_not_replaced_and_both_are_as_they_were) {
+  place_.write(path("lista.log"), "viejo");
+  place_.write(path("lista.log.new"), "nuevo!");
+  const HANDLE looking = open_alone(path("lista.log"));
+  ASSERT_NE(looking, INVALID_HANDLE_VALUE);
+  EXPECT_FALSE(files_.replace(path("lista.log.new"), path("lista.log")));
+  CloseHandle(looking);
+  EXPECT_EQ(files_.info(path("lista.log"))->size, 5u);
+  EXPECT_EQ(files_.info(path("lista.log.new"))->size, 6u);
 }
 
 TEST_F(Win32Files, a_system_file_is_known_but_not_looked_up) {

@@ -307,6 +307,50 @@ TEST_F(RealWindow, a_loop_that_waits_runs_events_and_gets_its_turn_without_any) 
   EXPECT_FALSE(backend.ended());
 }
 
+TEST_F(RealWindow, what_comes_between_events_waits_for_the_end_of_a_handler_that_pumps) {
+  ui::Button stop(window, "cmdFin");
+  stop.set_bounds({200, 10, 50, 26});
+  int between = 0;
+  int handlers = 0;
+  int inner = 0;
+  bool inside = false;
+  backend.between_events = [&] {
+    ++between;
+    EXPECT_FALSE(inside);
+  };
+  button.on_click = [&] {
+    inside = true;
+    const int before = between;
+    for (int i = 0; i < 3; ++i) {
+      PostMessageW(real(L"Ordelan.cmdFin"), BM_CLICK, 0, 0);
+      backend.pump();
+    }
+    backend.wait();
+    EXPECT_EQ(inner, 3);
+    EXPECT_EQ(between, before);
+    ++handlers;
+    // Met by the main loop, behind this handler.
+    PostMessageW(real(L"Ordelan.cmdFin"), BM_CLICK, 0, 0);
+    inside = false;
+  };
+  int seen = -1;
+  stop.on_click = [&] {
+    if (inside) {
+      ++inner;
+    } else {
+      seen = between;
+      backend.end();
+    }
+  };
+  show();
+  backend.pump();
+  EXPECT_EQ(between, 0);
+  PostMessageW(real(L"Ordelan.cmdAbrir"), BM_CLICK, 0, 0);
+  EXPECT_EQ(backend.run(), 0);
+  EXPECT_EQ(handlers, 1);
+  EXPECT_GT(seen, 0) << "it came between the two clicks";
+}
+
 // Answers the message box that is up, from inside its own loop.
 class MessageBoxes : public RealWindow {
  protected:

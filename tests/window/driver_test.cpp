@@ -5,9 +5,9 @@
 
 #include <iostream>
 
+#include "screen_picture.h"
+#include "wide_text.h"
 #include "window/program.h"
-#include "window/screen_picture.h"
-#include "window/wide_text.h"
 
 namespace ordelan::test {
 namespace {

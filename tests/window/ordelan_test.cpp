@@ -7,11 +7,10 @@
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <memory>
 
-#include "window/program.h"
+#include "support/small_project.h"
+#include "window/ordelan_fixture.h"
 
 namespace ordelan::test {
 namespace {
@@ -20,57 +19,8 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-const std::filesystem::path kConfigFolder = L"C:\\QZT\\Ordelan";
-
-class Ordelan : public ::testing::Test {
+class Ordelan : public OrdelanTest {
  protected:
-  Ordelan() {
-    std::filesystem::create_directories(kConfigFolder);
-    std::filesystem::remove(kConfigFolder / L"Config.ini");
-    folder_ = std::filesystem::temp_directory_path() / L"ordelan_window";
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-  }
-  ~Ordelan() override {
-    program.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-  }
-
-  void start() {
-    program = std::make_unique<Program>();
-    program->wait_until("the start-up's end", [&] {
-      return program->visible("TextNum1(0)") && !program->visible("SalvaListados");
-    });
-  }
-
-  void open(const std::string& path) {
-    program->click("AbrirFichero");
-    program->pick_files({path});
-  }
-
-  void wait_decoded() {
-    program->wait_until("the end of the decode", [&] { return program->visible("SalvaListados"); });
-  }
-
-  void wait_shown(const std::string& name) {
-    program->wait_until(name + " is shown", [&] { return program->visible(name); });
-  }
-
-  // A project that takes seconds to read: references at its start, gigabytes of nothing, a marker.
-  std::string long_project() {
-    const auto file = folder_ / L"largo.vip";
-    std::string start(96, 'x');
-    start += std::string("cabecera") + '\0' + "D:\\Mix\\a.wav" + std::string(260, '\0');
-    std::ofstream(file, std::ios::binary) << start;
-    constexpr std::uintmax_t kLength = std::uintmax_t{3} << 30;
-    std::filesystem::resize_file(file, kLength);
-    std::fstream end(file, std::ios::binary | std::ios::in | std::ios::out);
-    end.seekp(static_cast<std::streamoff>(kLength - 100));
-    end << std::string("LIST\0\0\0\0mdrl", 12);
-    return file.string();
-  }
-
   void expect_empty_window() {
     EXPECT_TRUE(program->visible("ListProyectos"));
     EXPECT_THAT(program->rows("ListProyectos"), IsEmpty());
@@ -87,11 +37,6 @@ class Ordelan : public ::testing::Test {
       EXPECT_FALSE(program->visible(hidden)) << hidden;
     }
   }
-
-  std::unique_ptr<Program> program;
-
- private:
-  std::filesystem::path folder_;
 };
 
 TEST_F(Ordelan, starts_with_the_empty_window) {
@@ -163,6 +108,8 @@ TEST_F(Ordelan, a_project_without_audio_is_refused_with_a_warning) {
 TEST_F(Ordelan, a_cancel_lands_in_the_middle_of_a_long_decode) {
   start();
   open(long_project());
+  // The project is read twice before it is decoded: each reading has its own time to wait for.
+  wait_shown("LabelAviso");
   wait_shown("XP_ProgressBar1");
   program->wait_until("some progress", [&] { return program->progress("XP_ProgressBar1") > 300; });
   EXPECT_TRUE(program->visible("LabelAviso"));
@@ -214,6 +161,41 @@ TEST_F(Ordelan, takes_projects_dropped_by_another_program) {
   EXPECT_EQ(program->text("LabelCheck(1)"), "D:\\Mix\\balada.vip");
 }
 
+TEST_F(Ordelan, a_dropped_folder_is_cancelled_while_its_projects_are_still_gathered) {
+  constexpr int kFolders = 40;
+  constexpr int kProjects = 25;  // in each of them
+  for (int i = 0; i < kFolders; ++i) {
+    for (int j = 0; j < kProjects; ++j) {
+      write("arbol\\" + std::to_string(i) + "\\" + std::to_string(j) + ".vip",
+            project_of({"D:\\Mix\\a.wav"}));
+    }
+  }
+  // The last to be looked at: it keeps the gathering going for as long as it takes to cancel it.
+  long_project("arbol\\zz\\largo.vip");
+  start();
+  program->drop("ListProyectos", {path("arbol")});
+  wait_shown("LabelAviso");
+  program->wait_until("the gathering", [&] { return !program->visible("ListProyectos"); });
+  const std::string time = program->text("TextLapsoTotal");
+  program->wait_until("the clock goes", [&] { return program->text("TextLapsoTotal") != time; });
+  EXPECT_FALSE(program->visible("ListProyectos")) << "nothing is decoded yet";
+  EXPECT_FALSE(program->visible("TextNum1(0)"));
+  program->picture_now("ordelan-gathering");
+  const auto before = std::chrono::steady_clock::now();
+  program->click("cmdCancelar");
+  program->wait_until("the end of the job", [&] { return !program->visible("cmdCancelar"); });
+  const auto took = std::chrono::steady_clock::now() - before;
+  std::cout << "from the order to click until the gathering had ended: "
+            << std::chrono::duration_cast<std::chrono::milliseconds>(took).count() << " ms\n";
+  program->wait_until("the empty window", [&] { return program->visible("TextNum1(0)"); });
+  expect_empty_window();
+  EXPECT_FALSE(program->message_shown());
+
+  program->drop("ListProyectos", {"D:\\Mix\\Canción del Año"});
+  wait_decoded();
+  EXPECT_THAT(program->rows("ListProyectos"), SizeIs(1));
+}
+
 TEST_F(Ordelan, a_double_click_decodes_one_project) {
   start();
   open("D:\\Mix\\tema.vip");
@@ -247,7 +229,7 @@ TEST_F(Ordelan, saves_its_reports_beside_the_projects) {
 }
 
 TEST_F(Ordelan, a_place_that_no_screen_shows_brings_the_window_back) {
-  std::ofstream(kConfigFolder / L"Config.ini") << "[Settings]\nMe_Left=30000\nMe_Top=-5000\n";
+  write_settings("DE", "Me_Left=30000\r\nMe_Top=-5000\r\n");
   start();
   const RECT place = program->place();
   EXPECT_GE(place.left, 0);

@@ -6,11 +6,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "screen_picture.h"
+#include "wide_text.h"
 #include "window/row_reader.h"
-#include "window/screen_picture.h"
 #include "window/user_input.h"
 #include "window/wait.h"
-#include "window/wide_text.h"
 
 namespace ordelan::test {
 namespace {
@@ -164,6 +164,13 @@ RECT Program::place() const {
   RECT area{};
   GetWindowRect(window_, &area);
   return area;
+}
+
+bool Program::minimized() const {
+  return IsIconic(window_) != FALSE;
+}
+void Program::restore_window() {
+  PostMessageW(window_, WM_SYSCOMMAND, SC_RESTORE, 0);
 }
 
 void Program::drag_window(POINT grip, POINT by) {

@@ -67,6 +67,9 @@ class Program {
   // The window's title, and its place on the screen.
   std::string title() const;
   RECT place() const;
+  bool minimized() const;
+  // Brings the window in use back, as a click on its button in the task bar does.
+  void restore_window();
   // Drags the window in use by a place of its own, in pixels from the corner of its inside.
   void drag_window(POINT grip, POINT by);
 
@@ -109,6 +112,9 @@ class Program {
   // Names the files in the file dialog that is up, or comes up, and accepts them. Several must lie
   // in one folder.
   void pick_files(const std::vector<std::string>& paths);
+  // Names one file and presses the dialog's button; what that leads to is left alone, be it the
+  // dialog's end or a question.
+  void name_file(const std::string& path);
   void cancel_file_dialog();
   bool file_dialog_shown() const;
 

@@ -5,9 +5,9 @@
 
 #include <stdexcept>
 
+#include "wide_text.h"
 #include "window/program.h"
 #include "window/wait.h"
-#include "window/wide_text.h"
 
 namespace ordelan::test {
 namespace {
@@ -115,6 +115,12 @@ void Program::pick_files(const std::vector<std::string>& paths) {
     accept(up, names);
     return false;
   });
+}
+
+void Program::name_file(const std::string& path) {
+  HWND up = nullptr;
+  wait_until("the file dialog", [&] { return (up = dialog(true)) != nullptr; });
+  accept(up, wide(path));
 }
 
 void Program::cancel_file_dialog() {

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "wide_text.h"
 #include "window/program.h"
 #include "window/user_input.h"
 #include "window/wait.h"
-#include "window/wide_text.h"
 
 namespace ordelan::test {
 

@@ -81,14 +81,27 @@ void click_once(MouseButton button) {
 void move_mouse(POINT place) {
   const LONG width = GetSystemMetrics(SM_CXSCREEN);
   const LONG height = GetSystemMetrics(SM_CYSCREEN);
-  // The system divides again and rounds down.
-  send({mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, (place.x * 65536 + width - 1) / width,
-              (place.y * 65536 + height - 1) / height)});
+  // The screen's own pointer comes along, and the move is made again where it got lost: a window
+  // that moves or appears makes Wine look where that pointer is.
+  constexpr std::chrono::milliseconds kAgain{250};
   const bool there = wait_for([&] {
-    const POINT now = pointer();
-    return std::abs(now.x - place.x) <= 1 && std::abs(now.y - place.y) <= 1;
+    SetCursorPos(place.x, place.y);
+    // The system divides again and rounds down.
+    send({mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, (place.x * 65536 + width - 1) / width,
+                (place.y * 65536 + height - 1) / height)});
+    return wait_for(
+        [&] {
+          const POINT now = pointer();
+          return std::abs(now.x - place.x) <= 1 && std::abs(now.y - place.y) <= 1;
+        },
+        kAgain);
   });
-  if (!there) throw std::runtime_error("the pointer did not come to its place");
+  if (!there) {
+    const POINT now = pointer();
+    throw std::runtime_error("the pointer did not come to " + std::to_string(place.x) + "," +
+                             std::to_string(place.y) + " but to " + std::to_string(now.x) + "," +
+                             std::to_string(now.y));
+  }
 }
 
 void click_mouse(MouseButton button) {

@@ -1,7 +1,8 @@
 // A real folder for one test, in Windows' own temporary folder.
 #pragma once
 
-#include <windows.h>
+// Windows' own header stays out: its macros rename what our classes call as Windows does.
+#include <process.h>
 
 #include <filesystem>
 #include <fstream>
@@ -23,7 +24,7 @@ class TestDisk {
   TestDisk() {
     static int number = 0;
     const std::string name =
-        "ordelan_" + std::to_string(GetCurrentProcessId()) + "_" + std::to_string(++number);
+        "ordelan_" + std::to_string(_getpid()) + "_" + std::to_string(++number);
     root_ = std::filesystem::temp_directory_path() / name;
     std::filesystem::create_directories(root_);
   }

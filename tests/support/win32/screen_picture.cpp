@@ -1,4 +1,4 @@
-#include "window/screen_picture.h"
+#include "screen_picture.h"
 
 #include <objidl.h>
 
@@ -14,7 +14,7 @@ using std::min;
 
 #include <gdiplus.h>
 
-#include "window/wide_text.h"
+#include "wide_text.h"
 
 namespace ordelan::test {
 namespace {
