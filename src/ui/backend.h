@@ -11,10 +11,12 @@ namespace ordelan::ui {
 
 class Button;
 class CheckBox;
+class Class1;
 class Image;
 class Label;
 class ListBox;
 class ProgressBar;
+class Slider;
 class TextBox;
 class Timer;
 class Window;
@@ -36,8 +38,11 @@ class Backend {
   virtual std::unique_ptr<Peer> attach(Label& label) = 0;
   virtual std::unique_ptr<Peer> attach(ListBox& list) = 0;
   virtual std::unique_ptr<Peer> attach(ProgressBar& bar) = 0;
+  virtual std::unique_ptr<Peer> attach(Slider& slider) = 0;
   virtual std::unique_ptr<Peer> attach(TextBox& box) = 0;
   virtual std::unique_ptr<Peer> attach(Timer& timer) = 0;
+  // A balloon goes with a window.
+  virtual std::unique_ptr<Peer> attach(Class1& balloon, Window& parent) = 0;
 
   // How many lines the box's text takes in the width that the box has; at least 1.
   virtual int line_count(const TextBox& box) = 0;

@@ -11,6 +11,9 @@ Control::Control(Window& window, std::string name, int index)
   window_.add(*this);
 }
 
+Control::Control(Inside, Window& window, std::string name)
+    : window_(window), name_(std::move(name)), index_(-1) {}
+
 Control::~Control() {
   window_.remove(*this);
 }
@@ -22,7 +25,9 @@ void Control::set_enabled(bool enabled) {
   assign(enabled_, enabled, Aspect::enabled);
 }
 void Control::set_bounds(const Rect& bounds) {
+  const bool other_size = bounds.width != bounds_.width || bounds.height != bounds_.height;
   assign(bounds_, bounds, Aspect::bounds);
+  if (other_size) resized();
 }
 void Control::set_back_color(Color color) {
   assign(back_color_, color, Aspect::colors);
@@ -39,6 +44,11 @@ void Control::set_tip(std::string tip) {
 
 void Control::set_description(std::string description) {
   assign(description_, std::move(description), Aspect::text);
+}
+
+void Control::detach() {
+  alive_ = std::make_shared<char>();
+  peer_.reset();
 }
 
 void Control::bring_to_front() {

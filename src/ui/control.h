@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "ui/geometry.h"
+#include "ui/mouse.h"
 #include "ui/peer.h"
 
 namespace ordelan::ui {
@@ -20,6 +21,9 @@ class Control {
   // Takes its place in `window`, which must outlive it. `name` is what tests and assistive tools
   // find it by; `index` is its place in a control array, -1 for a control that stands alone.
   Control(Window& window, std::string name, int index = -1);
+  // A part of another control: the window does not know it, and its owner attaches and detaches it.
+  struct Inside {};
+  Control(Inside, Window& window, std::string name);
   virtual ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
@@ -64,13 +68,21 @@ class Control {
 
   std::function<void()> on_click;
   std::function<void()> on_double_click;
-  std::function<void(Point)> on_mouse_move;  // in the control's own units
+  std::function<void(const Mouse&)> on_mouse_move;
 
   // Makes the peer of this control's kind. Called by the window, once it is shown by a backend.
   virtual void attach(Backend& backend) = 0;
-  void detach() { peer_.reset(); }
+  // Takes it away again. What the user was doing to the control is over, and no event tells it.
+  virtual void detach();
 
  protected:
+  // The bounds have another size than before.
+  virtual void resized() {}
+
+  // Expires when the control goes, or is taken off the screen. Any handler may do either, so that
+  // whoever raises an event and goes on asks first.
+  std::weak_ptr<const void> alive() const { return alive_; }
+
   void notify(Aspect aspect) {
     if (peer_) peer_->changed(aspect);
   }
@@ -98,6 +110,7 @@ class Control {
   std::string tip_;
   std::string description_;
   std::string tag_;
+  std::shared_ptr<const void> alive_ = std::make_shared<char>();
 };
 
 }  // namespace ordelan::ui

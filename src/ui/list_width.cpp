@@ -27,6 +27,7 @@ int ListaAncho(ListBox& Lista) {
     if (wide > widest) widest = wide + kAir;
   }
   Lista.set_horizontal_extent(widest);
+  AnchoLista = widest;
   return widest;
 }
 

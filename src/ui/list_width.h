@@ -11,7 +11,10 @@ namespace ordelan::ui {
 // gets 0.
 int ListaAncho(ListBox& Lista);
 
-// The width of a text in the control's font, in pixels.
+// What the last `ListaAncho` of any list gave; 0 before the first.
+inline int AnchoLista = 0;
+
+// The width of a text in the control's font, in pixels; 0 where it cannot be measured.
 int MedirTexto(const Control& control, std::string_view Texto);
 
 }  // namespace ordelan::ui

@@ -19,6 +19,8 @@ enum class Aspect {
   interval,
   order,
   state,
+  look,   // a control that is drawn from pictures is to be drawn anew
+  shape,  // the outline of a window
 };
 
 class Peer {

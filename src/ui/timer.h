@@ -15,6 +15,8 @@ class Timer : public Control {
   // Off at first.
   Timer(Window& window, std::string name, Interval interval)
       : Control(window, std::move(name)), interval_(interval) {}
+  Timer(Inside inside, Window& window, std::string name, Interval interval)
+      : Control(inside, window, std::move(name)), interval_(interval) {}
   void attach(Backend& backend) override;
 
   Interval interval() const { return interval_; }

@@ -59,6 +59,10 @@ void Window::set_waiting(bool waiting) {
   assign(waiting_, waiting, Aspect::state);
 }
 
+void Window::set_shape(Shape shape) {
+  assign(shape_, std::move(shape), Aspect::shape);
+}
+
 void Window::add(Control& control) {
   // A control made at run time in a window that is up already. Its constructor is still running,
   // so its owner attaches it (see ControlArray::load).

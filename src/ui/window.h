@@ -22,6 +22,14 @@ struct Key {
   bool swallowed = false;
 };
 
+// The picture, by name, whose outline a window has, and the colour of it that is not there. Without
+// a picture a window is rectangular.
+struct Shape {
+  std::string picture;
+  Color mask = Color::button_face;
+  friend bool operator==(const Shape&, const Shape&) = default;
+};
+
 class Window {
  public:
   // `backend` must outlive the window. Nothing is shown before `load`.
@@ -83,6 +91,9 @@ class Window {
   bool minimizable() const { return minimizable_; }
   void set_minimizable(bool minimizable) { minimizable_ = minimizable; }
 
+  const Shape& shape() const { return shape_; }
+  void set_shape(Shape shape);
+
   // Whether pressing the mouse on the background drags the window. Labels and pictures that no
   // click is meant for are background too.
   bool drag_by_background() const { return drag_by_background_; }
@@ -132,6 +143,7 @@ class Window {
   Point position_;
   Size size_;
   Color back_color_ = Color::button_face;
+  Shape shape_;
 };
 
 }  // namespace ordelan::ui

@@ -1,10 +1,9 @@
 #include "win32/control_peer.h"
 
-#include <windowsx.h>
-
 #include <utility>
 
 #include "win32/handlers.h"
+#include "win32/mouse_message.h"
 #include "win32/property_names.h"
 #include "win32/screen_scale.h"
 #include "win32/window_peer.h"
@@ -129,11 +128,8 @@ std::wstring ControlPeer::text() const {
   return widen(control_.description());
 }
 
-std::optional<LRESULT> ControlPeer::incoming(UINT message, WPARAM, LPARAM l) {
-  if (message == WM_MOUSEMOVE) {
-    raise(control_.on_mouse_move,
-          ui::Point{to_units(GET_X_LPARAM(l), dpi()), to_units(GET_Y_LPARAM(l), dpi())});
-  }
+std::optional<LRESULT> ControlPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_MOUSEMOVE) raise(control_.on_mouse_move, mouse_of(message, w, l, dpi()));
   return std::nullopt;
 }
 

@@ -10,8 +10,8 @@
 
 namespace ordelan::win32 {
 
-PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control)
-    : ControlPeer(parent, control, L"STATIC", SS_LEFT | SS_NOTIFY | SS_NOPREFIX) {}
+PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control, DWORD style)
+    : ControlPeer(parent, control, L"STATIC", SS_LEFT | SS_NOTIFY | SS_NOPREFIX | style) {}
 
 bool PaintedPeer::is_background() const {
   return !control().on_click && !control().on_double_click;

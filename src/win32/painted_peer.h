@@ -10,7 +10,7 @@ class PaintedPeer : public ControlPeer {
   bool is_background() const override;
 
  protected:
-  PaintedPeer(WindowPeer& parent, ui::Control& control);
+  PaintedPeer(WindowPeer& parent, ui::Control& control, DWORD style = 0);
 
   // Paints all of `area`, which begins at the control's top left corner. The painting is shown at
   // once when it is done.

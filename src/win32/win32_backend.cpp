@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <chrono>
 
+#include "win32/balloon_peer.h"
 #include "win32/button_peer.h"
 #include "win32/check_box_peer.h"
 #include "win32/image_peer.h"
 #include "win32/label_peer.h"
 #include "win32/list_box_peer.h"
 #include "win32/progress_bar_peer.h"
+#include "win32/slider_peer.h"
 #include "win32/text_box_peer.h"
 #include "win32/timer_peer.h"
 #include "win32/window_peer.h"
@@ -64,11 +66,18 @@ std::unique_ptr<ui::Peer> Win32Backend::attach(ui::ListBox& list) {
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::ProgressBar& bar) {
   return attach_control<ProgressBarPeer>(bar);
 }
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Slider& slider) {
+  return attach_control<SliderPeer>(slider);
+}
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::TextBox& box) {
   return attach_control<TextBoxPeer>(box);
 }
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Timer& timer) {
   return std::make_unique<TimerPeer>(desk_, timer);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Class1& balloon, ui::Window& parent) {
+  const WindowPeer* const peer = desk_.window(parent);
+  return peer ? std::make_unique<BalloonPeer>(desk_, balloon, peer->handle()) : nullptr;
 }
 
 int Win32Backend::line_count(const ui::TextBox& box) {

@@ -5,6 +5,7 @@
 #include "headless/headless_backend.h"
 #include "support/fake_services.h"
 #include "ui/label.h"
+#include "ui/recording_backend.h"
 #include "ui/window.h"
 
 namespace ordelan::test {
@@ -49,6 +50,23 @@ TEST_F(ListWidthTest, a_row_that_fits_into_the_air_changes_nothing) {
 TEST_F(ListWidthTest, measuring_again_gives_the_same) {
   EXPECT_EQ(width_of({10, 20}), 130);
   EXPECT_EQ(ui::ListaAncho(list), 130);
+}
+
+TEST_F(ListWidthTest, the_width_of_the_list_measured_last_is_kept_for_all) {
+  EXPECT_EQ(width_of({10, 11}), 76);
+  EXPECT_EQ(ui::AnchoLista, 76);
+  EXPECT_EQ(width_of({}), 0);
+  EXPECT_EQ(ui::AnchoLista, 0);
+}
+
+TEST_F(ListWidthTest, what_cannot_be_measured_has_no_width) {
+  RecordingBackend measures_nothing;
+  ui::Window other(measures_nothing, "other");
+  ui::ListBox rows(other, "rows");
+  rows.add("a");
+  rows.add("longer");
+  EXPECT_EQ(ui::MedirTexto(rows, "longer"), 0);
+  EXPECT_EQ(ui::ListaAncho(rows), 0);
 }
 
 TEST_F(ListWidthTest, an_extent_shrinks_with_its_rows) {

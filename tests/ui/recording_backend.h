@@ -8,12 +8,14 @@
 #include <vector>
 
 #include "ui/backend.h"
+#include "ui/balloon.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
 #include "ui/image.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
 #include "ui/progress_bar.h"
+#include "ui/slider.h"
 #include "ui/text_box.h"
 #include "ui/timer.h"
 #include "ui/window.h"
@@ -42,8 +44,10 @@ class RecordingBackend final : public ui::Backend {
   std::unique_ptr<ui::Peer> attach(ui::Label& label) override { return made(label); }
   std::unique_ptr<ui::Peer> attach(ui::ListBox& list) override { return made(list); }
   std::unique_ptr<ui::Peer> attach(ui::ProgressBar& bar) override { return made(bar); }
+  std::unique_ptr<ui::Peer> attach(ui::Slider& slider) override { return made(slider); }
   std::unique_ptr<ui::Peer> attach(ui::TextBox& box) override { return made(box); }
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override { return made(timer); }
+  std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&) override { return made("balloon"); }
 
   int line_count(const ui::TextBox&) override { return 1; }
   ui::CharacterWidths character_widths(const ui::Font&) override { return {}; }

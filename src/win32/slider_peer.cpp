@@ -1,0 +1,101 @@
+#include "win32/slider_peer.h"
+
+#include "win32/mouse_message.h"
+#include "win32/screen_scale.h"
+#include "win32/window_peer.h"
+
+namespace ordelan::win32 {
+namespace {
+
+// The plain groove is as broad as this part of the slider.
+constexpr int kGroovePart = 3;
+
+// The middle of an area that lies along the slider.
+RECT groove_of(RECT area, bool vertical) {
+  if (vertical) {
+    const LONG margin = (area.right - area.left) / kGroovePart;
+    area.left += margin;
+    area.right -= margin;
+  } else {
+    const LONG margin = (area.bottom - area.top) / kGroovePart;
+    area.top += margin;
+    area.bottom -= margin;
+  }
+  return area;
+}
+
+}  // namespace
+
+SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
+    : PaintedPeer(parent, slider, WS_TABSTOP), slider_(slider) {
+  slider_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
+}
+
+void SliderPeer::update(const Marks& marks) {
+  PaintedPeer::update(marks);
+  if (marks.has(ui::Aspect::look)) repaint();
+}
+
+std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  const ui::Mouse mouse = mouse_of(message, w, l, dpi());
+  // Any of these may raise an event, after which nothing of the peer is touched.
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:  // two quick presses are two presses
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+      if (mouse.button == ui::kLeftButton) {
+        SetFocus(handle());
+        SetCapture(handle());
+        holding_ = true;
+      }
+      slider_.mouse_down(mouse);
+      return 0;
+    case WM_MOUSEMOVE:
+      slider_.mouse_move(mouse);
+      return 0;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+      if (mouse.button == ui::kLeftButton && holding_) {
+        holding_ = false;
+        ReleaseCapture();
+      }
+      slider_.mouse_up(mouse);
+      return 0;
+    case WM_CAPTURECHANGED:
+      if (holding_) {
+        holding_ = false;
+        slider_.press_lost();
+      }
+      return 0;
+    case WM_KEYDOWN:
+      if (slider_.key(static_cast<int>(w))) return 0;
+      return std::nullopt;
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS;
+    default:
+      return PaintedPeer::incoming(message, w, l);
+  }
+}
+
+LRESULT SliderPeer::respond(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) repaint();
+  return PaintedPeer::respond(message, w, l);
+}
+
+void SliderPeer::paint(HDC context, const RECT& area) {
+  DrawingTools& tools = desk().tools();
+  FillRect(context, &area, tools.brush(slider_.back_color()));
+  const RECT track = groove_of(to_pixels(slider_.track_place(), dpi()), slider_.vertical());
+  FillRect(context, &track, GetSysColorBrush(COLOR_BTNSHADOW));
+  const RECT fill = groove_of(to_pixels(slider_.fill_place(), dpi()), slider_.vertical());
+  FillRect(context, &fill, GetSysColorBrush(COLOR_HIGHLIGHT));
+  const RECT thumb = to_pixels(slider_.thumb_place(), dpi());
+  const bool plain = slider_.thumb_look() == ui::ThumbLook::normal;
+  FillRect(context, &thumb, GetSysColorBrush(plain ? COLOR_BTNFACE : COLOR_BTNHIGHLIGHT));
+  FrameRect(context, &thumb, GetSysColorBrush(COLOR_BTNTEXT));
+  if (GetFocus() == handle()) DrawFocusRect(context, &area);
+}
+
+}  // namespace ordelan::win32
