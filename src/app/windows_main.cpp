@@ -1,7 +1,9 @@
 // Ordelan's window on Windows.
 #include <windows.h>
 
+#include "app/look.h"
 #include "app/program.h"
+#include "win32/drawing_tools.h"
 #include "win32/win32_backend.h"
 #include "win32/win32_clock.h"
 #include "win32/win32_dialogs.h"
@@ -17,6 +19,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
   win32::Win32Regional regional;
   win32::Win32Drives drives;
   win32::Win32Shell shell;
+  win32::use_palette(app::skin_palette());
   win32::Win32Backend backend(instance);
   win32::Win32Dialogs dialogs(backend);
   const system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};

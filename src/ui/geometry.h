@@ -30,8 +30,13 @@ struct Rect {
 enum class Color : std::uint32_t {
   window_background = 0x80000005,
   window_text = 0x80000008,
+  highlight = 0x8000000D,
+  highlight_text = 0x8000000E,
   button_face = 0x8000000F,
+  button_shadow = 0x80000010,
+  gray_text = 0x80000011,
   button_text = 0x80000012,
+  button_light = 0x80000014,
 };
 
 constexpr Color rgb(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {

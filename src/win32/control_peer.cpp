@@ -109,8 +109,22 @@ void ControlPeer::notified(WORD code) {
   if (inside_ == 0) deliver();
 }
 
+// Where only the ground was given a colour of its own, the text is one that can be read on it.
+COLORREF ControlPeer::text_color() const {
+  const ui::Color text = control_.fore_color();
+  if (text != ui::Color::window_text && text != ui::Color::button_text) return color_of(text);
+  const COLORREF ground = color_of(control_.back_color());
+  const int brightness =
+      (GetRValue(ground) * 299 + GetGValue(ground) * 587 + GetBValue(ground) * 114) / 1000;
+  constexpr int kBright = 128;
+  const COLORREF usual = color_of(text);
+  const bool usual_is_bright = GetRValue(usual) + GetGValue(usual) + GetBValue(usual) > 3 * kBright;
+  if ((brightness > kBright) != usual_is_bright) return usual;
+  return brightness > kBright ? RGB(0, 0, 0) : RGB(255, 255, 255);
+}
+
 HBRUSH ControlPeer::colors(HDC context) {
-  SetTextColor(context, color_of(control_.fore_color()));
+  SetTextColor(context, text_color());
   SetBkColor(context, color_of(control_.back_color()));
   return desk().tools().brush(control_.back_color());
 }

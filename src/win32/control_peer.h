@@ -69,6 +69,7 @@ class ControlPeer : public ui::Peer {
   Desk& desk() const;
   int dpi() const;
   HFONT font() const;
+  COLORREF text_color() const;
   LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const {
     return SendMessageW(handle_, message, w, l);
   }

@@ -42,10 +42,43 @@ LOGFONTW interface_font() {
 
 }  // namespace
 
+namespace {
+
+ui::Palette& colors_in_force() {
+  static ui::Palette palette;
+  return palette;
+}
+
+// What the palette has in the place of a system colour.
+ui::Color dressed(ui::Color color) {
+  const ui::Palette& palette = colors_in_force();
+  switch (color) {
+    case ui::Color::window_background:
+      return palette.surface;
+    case ui::Color::button_face:
+      return palette.ground;
+    case ui::Color::window_text:
+    case ui::Color::button_text:
+      return palette.text;
+    default:
+      return color;
+  }
+}
+
+}  // namespace
+
+const ui::Palette& palette() {
+  return colors_in_force();
+}
+
+void use_palette(const ui::Palette& palette) {
+  colors_in_force() = palette;
+}
+
 COLORREF color_of(ui::Color color) {
-  const auto word = static_cast<std::uint32_t>(color);
-  if (word & kSystemColor) return GetSysColor(static_cast<int>(word & 0xFF));
-  return word & 0xFFFFFF;
+  const auto word = static_cast<std::uint32_t>(dressed(color));
+  if ((word & kSystemColor) == 0) return word & 0xFFFFFF;
+  return GetSysColor(static_cast<int>(word & 0xFF));
 }
 
 DrawingTools::~DrawingTools() {

@@ -8,10 +8,17 @@
 
 #include "ui/backend.h"
 #include "ui/geometry.h"
+#include "ui/palette.h"
 
 namespace ordelan::win32 {
 
-// What a colour word stands for on this system.
+// The colours that everything is painted in; the system's own until others are given. To be given
+// before the first window is loaded.
+const ui::Palette& palette();
+void use_palette(const ui::Palette& palette);
+
+// What a colour word stands for: the palette has its own for the system's colours of windows and
+// texts.
 COLORREF color_of(ui::Color color);
 
 class DrawingTools {

@@ -20,7 +20,7 @@ UINT LabelPeer::layout(const RECT& area) const {
 void LabelPeer::paint(HDC context, const RECT& area) {
   FillRect(context, &area, colors(context));
   SetBkMode(context, TRANSPARENT);
-  if (!label_.enabled()) SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
+  if (!label_.enabled()) SetTextColor(context, color_of(palette().text_off));
   const HGDIOBJ old = SelectObject(context, font());
   const std::wstring caption = text();
   RECT room = area;

@@ -81,10 +81,10 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
   colors(context);
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
   if (selected) {
-    SetTextColor(context, GetSysColor(COLOR_HIGHLIGHTTEXT));
-    SetBkColor(context, GetSysColor(COLOR_HIGHLIGHT));
+    SetTextColor(context, color_of(palette().chosen_text));
+    SetBkColor(context, color_of(palette().chosen));
   } else if (!list_.enabled()) {
-    SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
+    SetTextColor(context, color_of(palette().text_off));
   }
   const bool is_row = item.itemID != static_cast<UINT>(-1);
   const std::wstring text = is_row ? widen(list_.row(item.itemID)) : std::wstring();

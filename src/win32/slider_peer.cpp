@@ -88,13 +88,13 @@ void SliderPeer::paint(HDC context, const RECT& area) {
   DrawingTools& tools = desk().tools();
   FillRect(context, &area, tools.brush(slider_.back_color()));
   const RECT track = groove_of(to_pixels(slider_.track_place(), dpi()), slider_.vertical());
-  FillRect(context, &track, GetSysColorBrush(COLOR_BTNSHADOW));
+  FillRect(context, &track, tools.brush(palette().line));
   const RECT fill = groove_of(to_pixels(slider_.fill_place(), dpi()), slider_.vertical());
-  FillRect(context, &fill, GetSysColorBrush(COLOR_HIGHLIGHT));
+  FillRect(context, &fill, tools.brush(palette().accent));
   const RECT thumb = to_pixels(slider_.thumb_place(), dpi());
   const bool plain = slider_.thumb_look() == ui::ThumbLook::normal;
-  FillRect(context, &thumb, GetSysColorBrush(plain ? COLOR_BTNFACE : COLOR_BTNHIGHLIGHT));
-  FrameRect(context, &thumb, GetSysColorBrush(COLOR_BTNTEXT));
+  FillRect(context, &thumb, tools.brush(plain ? palette().raised : palette().raised_over));
+  FrameRect(context, &thumb, tools.brush(palette().text));
   if (GetFocus() == handle()) DrawFocusRect(context, &area);
 }
 
