@@ -275,6 +275,7 @@ TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
 TEST_F(Ordelan, closes_with_the_windows_own_button_in_the_middle_of_a_decode) {
   start();
   open(long_project());
+  wait_shown("LabelAviso");
   wait_shown("XP_ProgressBar1");
   program->close_window();
   EXPECT_EQ(program->wait_for_end(), 0u);
