@@ -11,6 +11,7 @@
 
 #include "support/small_project.h"
 #include "window/ordelan_fixture.h"
+#include "window/wait.h"
 
 namespace ordelan::test {
 namespace {
@@ -21,6 +22,13 @@ using ::testing::SizeIs;
 
 class Ordelan : public OrdelanTest {
  protected:
+  // Waits for what is shown once a long project has been read, on a machine that has much else to
+  // do: it is read twice before it is decoded.
+  void wait_read(const std::string& shown) {
+    wait_for([&] { return program->visible(shown); }, std::chrono::seconds(60));
+    wait_shown(shown);
+  }
+
   void expect_empty_window() {
     EXPECT_TRUE(program->visible("ListProyectos"));
     EXPECT_THAT(program->rows("ListProyectos"), IsEmpty());
@@ -108,9 +116,7 @@ TEST_F(Ordelan, a_project_without_audio_is_refused_with_a_warning) {
 TEST_F(Ordelan, a_cancel_lands_in_the_middle_of_a_long_decode) {
   start();
   open(long_project());
-  // The project is read twice before it is decoded: each reading has its own time to wait for.
-  wait_shown("LabelAviso");
-  wait_shown("XP_ProgressBar1");
+  wait_read("XP_ProgressBar1");
   program->wait_until("some progress", [&] { return program->progress("XP_ProgressBar1") > 300; });
   EXPECT_TRUE(program->visible("LabelAviso"));
   EXPECT_TRUE(program->visible("TextDecode"));
@@ -275,7 +281,7 @@ TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
 TEST_F(Ordelan, closes_with_the_windows_own_button_in_the_middle_of_a_decode) {
   start();
   open(long_project());
-  wait_shown("XP_ProgressBar1");
+  wait_read("XP_ProgressBar1");
   program->close_window();
   EXPECT_EQ(program->wait_for_end(), 0u);
 }

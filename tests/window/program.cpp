@@ -176,12 +176,14 @@ void Program::restore_window() {
 void Program::drag_window(POINT grip, POINT by) {
   to_front();
   ClientToScreen(window_, &grip);
-  drag_mouse(grip, {grip.x + by.x, grip.y + by.y}, [&] {
+  const auto held = [&] {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     GetGUIThreadInfo(process_.dwThreadId, &info);
     return info.hwndMoveSize != nullptr || info.hwndCapture != nullptr;
-  });
+  };
+  drag_mouse(grip, {grip.x + by.x, grip.y + by.y}, held);
+  wait_until("the end of the drag", [&] { return !held(); });
 }
 
 HWND Program::child(const std::string& name) const {

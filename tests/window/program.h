@@ -70,7 +70,8 @@ class Program {
   bool minimized() const;
   // Brings the window in use back, as a click on its button in the task bar does.
   void restore_window();
-  // Drags the window in use by a place of its own, in pixels from the corner of its inside.
+  // Drags the window in use by a place of its own, in pixels from the corner of its inside, and
+  // waits until it is let go.
   void drag_window(POINT grip, POINT by);
 
   // --- what controls show

@@ -80,12 +80,18 @@ std::wstring Program::folder_shown(HWND dialog) const {
 // Puts names into the file dialog and presses its button. The dialog forgets what it is told while
 // it still fills itself, so that the names are looked at before the button is pressed.
 void Program::accept(HWND dialog, const std::wstring& names) const {
+  const auto ask = [](HWND box, UINT message, WPARAM w, const wchar_t* text) {
+    DWORD_PTR ignored = 0;
+    return SendMessageTimeoutW(box, message, w, reinterpret_cast<LPARAM>(text), SMTO_NORMAL, 1000,
+                               &ignored) != 0;
+  };
   wait_until("the names in the file dialog", [&] {
+    if (!IsWindow(dialog)) return true;  // an earlier press was heard after all
     const HWND box = name_box(dialog);
-    if (!box) return false;
-    send(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(names.c_str()));
+    if (!box || !ask(box, WM_SETTEXT, 0, names.c_str())) return false;
     Sleep(20);
-    return text_of(box) == bytes(names);
+    std::wstring shown(names.size() + 2, L'\0');
+    return ask(box, WM_GETTEXT, shown.size(), shown.data()) && shown.c_str() == names;
   });
   PostMessageW(dialog, WM_COMMAND, IDOK, 0);
 }

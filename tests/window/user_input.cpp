@@ -69,9 +69,25 @@ void part_from_last_click() {
   wait_for([&] { return std::chrono::steady_clock::now() > free; });
 }
 
+// Where the mouse was last told to be.
+POINT& target() {
+  static POINT place = pointer();
+  return place;
+}
+
+INPUT move_to(POINT place) {
+  const LONG width = GetSystemMetrics(SM_CXSCREEN);
+  const LONG height = GetSystemMetrics(SM_CYSCREEN);
+  // The system divides again and rounds down.
+  return mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, (place.x * 65536 + width - 1) / width,
+               (place.y * 65536 + height - 1) / height);
+}
+
+// The move comes with the press: a busy program may still be working off earlier moves, and takes
+// the pointer back to them.
 void click_once(MouseButton button) {
   const bool left = button == MouseButton::left;
-  send({mouse(left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
+  send({move_to(target()), mouse(left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
         mouse(left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
   last_click() = {pointer(), std::chrono::steady_clock::now()};
 }
@@ -79,16 +95,13 @@ void click_once(MouseButton button) {
 }  // namespace
 
 void move_mouse(POINT place) {
-  const LONG width = GetSystemMetrics(SM_CXSCREEN);
-  const LONG height = GetSystemMetrics(SM_CYSCREEN);
+  target() = place;
   // The screen's own pointer comes along, and the move is made again where it got lost: a window
   // that moves or appears makes Wine look where that pointer is.
   constexpr std::chrono::milliseconds kAgain{250};
   const bool there = wait_for([&] {
     SetCursorPos(place.x, place.y);
-    // The system divides again and rounds down.
-    send({mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, (place.x * 65536 + width - 1) / width,
-                (place.y * 65536 + height - 1) / height)});
+    send({move_to(place)});
     return wait_for(
         [&] {
           const POINT now = pointer();
@@ -118,7 +131,7 @@ void double_click_mouse() {
 void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
   move_mouse(from);
   part_from_last_click();
-  send({mouse(MOUSEEVENTF_LEFTDOWN)});
+  send({move_to(from), mouse(MOUSEEVENTF_LEFTDOWN)});
   if (!wait_for(held)) {
     send({mouse(MOUSEEVENTF_LEFTUP)});
     throw std::runtime_error("nothing took hold of the mouse");
@@ -128,7 +141,7 @@ void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
   for (int i = 1; i <= kSteps; ++i) {
     move_mouse({from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
   }
-  send({mouse(MOUSEEVENTF_LEFTUP)});
+  send({move_to(to), mouse(MOUSEEVENTF_LEFTUP)});
 }
 
 void press_key(WORD code, bool control, bool shift, bool alt) {
