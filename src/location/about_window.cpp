@@ -2,12 +2,14 @@
 
 #include "skin/about_layout.h"
 #include "work/arrange.h"
+#include "work/dress.h"
 
 namespace ordelan::location {
 
 Acerca::Acerca(const Context& context, const std::string& version)
     : ui::Window(context.backend, "Acerca"),
       LabelNombre(*this, "LabelNombre"),
+      ImageLogo(*this, "ImageLogo"),
       LabelVersion(*this, "LabelVersion"),
       LabelTexto(*this, "LabelTexto"),
       LabelWeb(*this, "LabelWeb"),
@@ -16,23 +18,29 @@ Acerca::Acerca(const Context& context, const std::string& version)
   set_title("Acerca de Ordelan");
   set_size({skin::kAboutWidth, skin::kAboutHeight});
   set_position({200, 160});  // the place is not remembered: it is looked at once
+  set_borderless(true);
   set_drag_by_background(true);
-  LabelNombre.set_caption("Ordelan");
-  LabelNombre.set_font({.points = 18, .bold = true});
+  LabelNombre.set_caption("Acerca de Ordelan");
+  LabelNombre.set_font({.points = 10, .bold = true});
+  ImageLogo.set_description("Ordelan");
   LabelVersion.set_caption("Versión " + version);
   LabelTexto.set_caption(
       "Qué audio utilizan tus proyectos de Samplitude y Sequoia, qué no utiliza ninguno y qué se "
       "ha perdido.");
   LabelWeb.set_caption(kWebPage);
-  LabelWeb.set_fore_color(ui::rgb(0, 80, 180));
   LabelWeb.set_tip("Abrir la página web");
   cmdSalir.set_caption("Cerrar");
   work::arrange(*this, skin::kAbout);
+  work::dress(*this);
   on_load = [this] {
     set_topmost(true);
     show();
   };
   LabelWeb.on_click = [this] { context_.platform.shell.open(kWebPage); };
+  on_key_down = [this](ui::Key& key) {
+    constexpr int kEscape = 27;
+    if (key.code == kEscape) cmdSalir.on_click();
+  };
   cmdSalir.on_click = [this] { context_.windows.close("Acerca"); };
   on_close = cmdSalir.on_click;
 }

@@ -19,6 +19,7 @@ class Acerca final : public ui::Window {
   Acerca(const Context& context, const std::string& version);
 
   ui::Label LabelNombre;
+  ui::Image ImageLogo;
   ui::Label LabelVersion;
   ui::Label LabelTexto;
   ui::Label LabelWeb;  // opens the page

@@ -4,6 +4,7 @@
 
 #include "skin/drive_window_layout.h"
 #include "work/arrange.h"
+#include "work/dress.h"
 
 namespace ordelan::location {
 
@@ -19,6 +20,7 @@ UnidadesBuscar::UnidadesBuscar(const Context& context, std::function<void()> Uni
   set_drag_by_background(true);
   Label1.set_caption("Unidades en las que se buscarán los archivos desubicados:");
   work::arrange(*this, skin::kDriveWindow);
+  work::dress(*this);
   on_load = [this] { Form_Load(); };
   on_close = [this] { context_.windows.close("UnidadesBuscar"); };
   on_query_unload = [this] { return Form_QueryUnload(); };

@@ -5,6 +5,7 @@
 #include "settings/reports.h"
 #include "skin/lost_file_layout.h"
 #include "work/arrange.h"
+#include "work/dress.h"
 
 namespace ordelan::location {
 
@@ -26,16 +27,15 @@ Perdidos::Perdidos(const Context& context, std::function<void(LostFileList&)> fi
   Label1.set_caption("Archivos perdidos o desubicados, proyecto por proyecto");
   Label1.set_font({.points = 10, .bold = true});
   ListPerdidos.set_description("Archivos perdidos");
-  Button2.set_caption("_");
   Button2.set_description("Minimizar");
   Button2.set_tip("Minimizar a barra de tareas");
-  Salir.set_caption("X");
   Salir.set_description("Cerrar");
   Salir.set_tip("Cerrar esta ventana");
   cmdSalir.set_caption("Cerrar");
   cmdLog.set_caption("Salvar lista...");
   cmdLog.set_tip("Salvar la lista en un archivo de texto");
   work::arrange(*this, skin::kLostFile);
+  work::dress(*this);
   on_load = [this, fill = std::move(fill)] {
     set_topmost(true);
     context_.settings.read_position(*this, "Perdidos", position());

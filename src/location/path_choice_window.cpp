@@ -2,6 +2,7 @@
 
 #include "skin/path_choice_layout.h"
 #include "work/arrange.h"
+#include "work/dress.h"
 
 namespace ordelan::location {
 namespace {
@@ -22,6 +23,7 @@ ElegirRuta::ElegirRuta(const Context& context)
       "Hay varios archivos con el mismo nombre. Clica el que debe utilizar el proyecto:");
   ListElegirRuta.set_description("Rutas encontradas");
   work::arrange(*this, skin::kPathChoice);
+  work::dress(*this);
   on_load = [this] {
     context_.settings.read_position(*this, "ElegirRuta", {0, 0});
     set_topmost(true);

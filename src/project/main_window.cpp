@@ -2,6 +2,7 @@
 
 #include "skin/main_window_layout.h"
 #include "work/arrange.h"
+#include "work/dress.h"
 
 namespace ordelan::project {
 
@@ -31,6 +32,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       CheckLogo(*this, "CheckLogo"),
       ZoomListas(*this, "ZoomListas"),
       TextNum1(*this, "TextNum1", 4),
+      ImagePaso(*this, "ImagePaso", 4),
       ListProyectosInfo(*this, "ListProyectosInfo"),
       ShowIco(*this, "ShowIco"),
       reader(platform, work, strip.XP_ProgressBar1),
@@ -44,8 +46,12 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       decoding_(platform, work, lists, strip, reader),
       analysis_(platform, work, lists, strip, tree_) {
   set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
+  set_borderless(true);
+  set_minimizable(true);
+  set_drag_by_background(true);
   work::arrange(*this, skin::kMainWindow);
   name_controls();
+  work::dress(*this);
   wire();
 }
 
@@ -60,9 +66,9 @@ void Form1::name_controls() {
   CommandBorrado.set_caption("Borrar archivos...");
   cmdPerdidos.set_caption("Archivos perdidos");
   cmdPerdidos.set_tip("Ver los archivos que no están donde dicen los proyectos");
-  cmdMinimizar.set_caption("Minimizar");
+  cmdMinimizar.set_description("Minimizar");
   cmdMinimizar.set_tip("Minimizar a barra de tareas");
-  Salir.set_caption("Salir");
+  Salir.set_description("Salir");
   Salir.set_tip("Cerrar la aplicación");
   SalvaListados.set_caption("Salvar listados");
   ActualizarVip.set_caption("Actualizar Vip's");
@@ -89,13 +95,15 @@ void Form1::name_controls() {
   }
 
   TextNum1[0].set_caption(
-      "1  Los proyectos de la carpeta. Pulsa «Abrir proyecto...» y elige un archivo .vip: se "
+      "Los proyectos de la carpeta. Pulsa «Abrir proyecto...» y elige un archivo .vip: se "
       "listan todos los que hay junto a él.");
-  TextNum1[1].set_caption("2  Los archivos de audio que utiliza el proyecto abierto.");
-  TextNum1[2].set_caption("3  Los archivos que utilizan todos los proyectos de la carpeta.");
-  TextNum1[3].set_caption("4  Los archivos que no utiliza ninguno: los que se pueden borrar.");
+  TextNum1[1].set_caption("Los archivos de audio que utiliza el proyecto abierto.");
+  TextNum1[2].set_caption("Los archivos que utilizan todos los proyectos de la carpeta.");
+  TextNum1[3].set_caption("Los archivos que no utiliza ninguno: los que se pueden borrar.");
   ListProyectosInfo.set_caption("Suelta aquí proyectos Vip o carpetas");
-  ShowIco.set_picture("logo");
+  for (int i = 0; i < ImagePaso.size(); ++i) {
+    ImagePaso[i].set_description("Paso " + std::to_string(i + 1));
+  }
   ShowIco.set_description("Ordelan");
 }
 

@@ -91,6 +91,7 @@ class Form1 final : public ui::Window {
   ui::CheckBox CheckLogo;
   ui::CheckBox ZoomListas;
   ui::ControlArray<ui::Label> TextNum1;
+  ui::ControlArray<ui::Image> ImagePaso;  // the numbers of the four steps, one a list
   ui::Label ListProyectosInfo;
   ui::Image ShowIco;
 

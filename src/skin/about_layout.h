@@ -12,9 +12,9 @@ inline constexpr int kAboutHeight = 216;
 
 // In the order in which Tab goes through them.
 inline constexpr std::array kAbout = {
-    Place{"LabelNombre", -1, 24, 20, 352, 36}, Place{"LabelVersion", -1, 24, 60, 352, 18},
-    Place{"LabelTexto", -1, 24, 88, 352, 54},  Place{"LabelWeb", -1, 24, 150, 240, 18},
-    Place{"cmdSalir", -1, 280, 172, 96, 28},
+    Place{"LabelNombre", -1, 16, 10, 352, 20},   Place{"ImageLogo", -1, 24, 52, 216, 52},
+    Place{"LabelVersion", -1, 256, 80, 120, 18}, Place{"LabelTexto", -1, 24, 112, 352, 52},
+    Place{"LabelWeb", -1, 24, 178, 220, 20},     Place{"cmdSalir", -1, 276, 170, 100, 32},
 };
 
 }  // namespace ordelan::skin

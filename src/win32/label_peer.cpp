@@ -1,20 +1,62 @@
 #include "win32/label_peer.h"
 
+#include <algorithm>
+
 #include "win32/ansi_text.h"
+#include "win32/handlers.h"
+#include "win32/picture_store.h"
+#include "win32/screen_scale.h"
+#include "win32/shapes.h"
 
 namespace ordelan::win32 {
+namespace {
+
+// At 96 dots per inch.
+constexpr int kRadius = 8;
+constexpr int kGap = 8;
+
+}  // namespace
 
 LabelPeer::LabelPeer(WindowPeer& parent, ui::Label& label)
-    : PaintedPeer(parent, label), label_(label) {}
+    : PaintedPeer(parent, label, label.on_click ? DWORD{WS_TABSTOP} : 0), label_(label) {}
 
 std::wstring LabelPeer::text() const {
   return widen(label_.caption());
 }
 
+bool LabelPeer::press() {
+  if (is_background() || !label_.enabled()) return false;
+  raise(label_.on_click);
+  return true;
+}
+
+std::optional<LRESULT> LabelPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  follow_pointer(message);
+  if (message == WM_KEYDOWN && w == VK_SPACE && press()) return 0;
+  return PaintedPeer::incoming(message, w, l);
+}
+
+LRESULT LabelPeer::respond(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) repaint();
+  return PaintedPeer::respond(message, w, l);
+}
+
+void LabelPeer::follow_pointer(UINT message) {
+  if (is_background()) return;
+  if (message == WM_MOUSEMOVE && !over_) {
+    TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, handle(), 0};
+    over_ = TrackMouseEvent(&leaving) != FALSE;
+    repaint();
+  } else if (message == WM_MOUSELEAVE) {
+    over_ = false;
+    repaint();
+  }
+}
+
 UINT LabelPeer::layout(const RECT& area) const {
   const int line = desk().tools().line_height(label_.font(), dpi());
   if (area.bottom >= 2 * line) return DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;
-  return DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX;
+  return DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
 }
 
 void LabelPeer::paint(HDC context, const RECT& area) {
@@ -22,10 +64,46 @@ void LabelPeer::paint(HDC context, const RECT& area) {
   SetBkMode(context, TRANSPARENT);
   if (!label_.enabled()) SetTextColor(context, color_of(palette().text_off));
   const HGDIOBJ old = SelectObject(context, font());
-  const std::wstring caption = text();
-  RECT room = area;
-  DrawTextW(context, caption.c_str(), static_cast<int>(caption.size()), &room, layout(area));
+  if (label_.picture().empty()) {
+    paint_text(context, area);
+  } else {
+    paint_invitation(context, area);
+  }
   SelectObject(context, old);
+}
+
+void LabelPeer::paint_text(HDC context, const RECT& area) {
+  const std::wstring caption = text();
+  const auto size = static_cast<int>(caption.size());
+  const bool focused = GetFocus() == handle();
+  const bool lit = over_ && label_.enabled() && !is_background();
+  if (lit) SetTextColor(context, color_of(palette().text_over));
+  RECT room = area;
+  DrawTextW(context, caption.c_str(), size, &room, layout(area));
+  if (!lit && !focused) return;
+  RECT words = area;
+  DrawTextW(context, caption.c_str(), size, &words, layout(area) | DT_CALCRECT);
+  const LONG base = std::min(area.bottom - 1, (area.bottom + words.bottom - words.top) / 2);
+  const POINT line[] = {{0, base}, {std::min(words.right, area.right - 1), base}};
+  stroke(context, line, 1, color_of(focused ? palette().accent : palette().text_over));
+}
+
+// The picture above the words, both in the middle of a frame.
+void LabelPeer::paint_invitation(HDC context, const RECT& area) {
+  dashed_box(context, area, to_pixels(kRadius, dpi()), color_of(palette().line));
+  PictureStore& pictures = desk().pictures();
+  const ui::Size size = pictures.size(label_.picture()).value_or(ui::Size{});
+  const int height = to_pixels(size.height, dpi());
+  const int width = to_pixels(size.width, dpi());
+  const int line = desk().tools().line_height(label_.font(), dpi());
+  const int gap = to_pixels(kGap, dpi());
+  const LONG top = (area.bottom - height - gap - line) / 2;
+  const LONG left = (area.right - width) / 2;
+  pictures.paint(context, {left, top, left + width, top + height}, label_.picture(), dpi());
+  RECT words{0, top + height + gap, area.right, top + height + gap + line};
+  const std::wstring caption = text();
+  DrawTextW(context, caption.c_str(), static_cast<int>(caption.size()), &words,
+            DT_SINGLELINE | DT_CENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 }  // namespace ordelan::win32

@@ -1,4 +1,6 @@
-// The real text behind a ui::Label.
+// The real label behind a ui::Label. We paint it ourselves: a text that is too long ends in an
+// ellipsis, one in several lines breaks at its words. One that can be clicked is reached with the
+// keys too, and says so under the pointer.
 #pragma once
 
 #include <string>
@@ -12,14 +14,22 @@ class LabelPeer final : public PaintedPeer {
  public:
   LabelPeer(WindowPeer& parent, ui::Label& label);
 
+  bool press() override;
+
  protected:
   std::wstring text() const override;
+  std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
+  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
   void paint(HDC context, const RECT& area) override;
 
  private:
   UINT layout(const RECT& area) const;
+  void paint_invitation(HDC context, const RECT& area);
+  void paint_text(HDC context, const RECT& area);
+  void follow_pointer(UINT message);
 
   ui::Label& label_;
+  bool over_ = false;  // the pointer is on it
 };
 
 }  // namespace ordelan::win32

@@ -2,7 +2,15 @@
 
 #include <commctrl.h>
 
+#include "win32/screen_scale.h"
+#include "win32/shapes.h"
+
 namespace ordelan::win32 {
+namespace {
+
+constexpr int kRadius = 4;  // at 96 dots per inch
+
+}  // namespace
 
 int progress_steps(std::int64_t minimum, std::int64_t maximum, std::int64_t value) {
   if (maximum <= minimum || value <= minimum) return 0;
@@ -14,17 +22,31 @@ int progress_steps(std::int64_t minimum, std::int64_t maximum, std::int64_t valu
 }
 
 ProgressBarPeer::ProgressBarPeer(WindowPeer& parent, ui::ProgressBar& bar)
-    : ControlPeer(parent, bar, PROGRESS_CLASSW, 0), bar_(bar) {}
+    : DressedPeer(parent, bar, PROGRESS_CLASSW, 0), bar_(bar) {}
 
 void ProgressBarPeer::update(const Marks& marks) {
   if (!marks.has(ui::Aspect::value)) return;
-  const int steps = progress_steps(bar_.minimum(), bar_.maximum(), bar_.value());
-  // Themed bars glide upwards, and show late what is done; going down they jump. So the bar is set
-  // one step too far and then back, with room for that step at the end.
-  send(PBM_SETRANGE32, 0, kProgressSteps + 1);
-  send(PBM_SETPOS, static_cast<WPARAM>(steps + 1));
-  send(PBM_SETPOS, static_cast<WPARAM>(steps));
   send(PBM_SETRANGE32, 0, kProgressSteps);
+  send(PBM_SETPOS,
+       static_cast<WPARAM>(progress_steps(bar_.minimum(), bar_.maximum(), bar_.value())));
+  repaint();
+}
+
+void ProgressBarPeer::paint(HDC context, const RECT& area) {
+  DrawingTools& tools = desk().tools();
+  FillRect(context, &area, tools.brush(bar_.back_color()));
+  const int radius = to_pixels(kRadius, dpi());
+  rounded_box(context, area, radius, color_of(palette().surface), color_of(palette().line));
+  RECT done = area;
+  InflateRect(&done, -2, -2);
+  const int steps = progress_steps(bar_.minimum(), bar_.maximum(), bar_.value());
+  done.right = done.left + MulDiv(done.right - done.left, steps, kProgressSteps);
+  // Less than its round ends would not be a bar.
+  if (done.right - done.left >= 2 * radius) {
+    rounded_box(context, done, radius - 1, color_of(palette().accent), color_of(palette().accent));
+  } else if (steps > 0) {
+    FillRect(context, &done, tools.brush(palette().accent));
+  }
 }
 
 }  // namespace ordelan::win32

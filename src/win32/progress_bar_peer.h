@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "ui/progress_bar.h"
-#include "win32/control_peer.h"
+#include "win32/dressed_peer.h"
 
 namespace ordelan::win32 {
 
@@ -15,12 +15,13 @@ inline constexpr int kProgressSteps = 10000;
 // range is not begun.
 int progress_steps(std::int64_t minimum, std::int64_t maximum, std::int64_t value);
 
-class ProgressBarPeer final : public ControlPeer {
+class ProgressBarPeer final : public DressedPeer {
  public:
   ProgressBarPeer(WindowPeer& parent, ui::ProgressBar& bar);
 
  protected:
   void update(const Marks& marks) override;
+  void paint(HDC context, const RECT& area) override;
 
  private:
   ui::ProgressBar& bar_;
