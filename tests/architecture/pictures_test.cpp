@@ -1,0 +1,94 @@
+// The drawings that the windows' pictures are made from keep to the skin: its colours, one line.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace ordelan::test {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+const std::filesystem::path kSkin = std::filesystem::path(ORDELAN_SOURCE_DIR) / "src" / "skin";
+
+std::string content_of(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// What the pattern's first group matches, everywhere in the text.
+std::vector<std::string> all(const std::string& text, const char* pattern) {
+  const std::regex wanted(pattern);
+  std::vector<std::string> found;
+  for (std::sregex_iterator each(text.begin(), text.end(), wanted), end; each != end; ++each) {
+    found.push_back((*each)[1]);
+  }
+  return found;
+}
+
+struct Pictures : ::testing::Test {
+  Pictures() {
+    for (const auto& entry : std::filesystem::directory_iterator(kSkin / "pictures")) {
+      drawings[entry.path().filename().string()] = content_of(entry.path());
+    }
+  }
+
+  std::map<std::string, std::string> drawings;  // by file name
+};
+
+TEST_F(Pictures, are_there_to_be_looked_at) {
+  EXPECT_GT(drawings.size(), 25u);
+  EXPECT_EQ(drawings.count("fondo_principal.svg"), 1u);
+}
+
+TEST_F(Pictures, are_drawn_in_the_colours_of_the_palette_alone) {
+  const auto words = all(content_of(kSkin / "palette.h"), "word\\(0x([0-9A-F]{6})\\)");
+  const std::set<std::string> palette(words.begin(), words.end());
+  ASSERT_GT(palette.size(), 10u);
+  for (const auto& [name, drawing] : drawings) {
+    for (const std::string& color : all(drawing, "(?:fill|stroke)=\"([^\"]*)\"")) {
+      if (color == "none" || color == "currentColor") continue;
+      ASSERT_EQ(color.size(), 7u) << name << ": " << color;
+      EXPECT_THAT(palette, Contains(color.substr(1))) << name;
+    }
+  }
+}
+
+TEST_F(Pictures, say_their_size_in_layout_units) {
+  for (const auto& [name, drawing] : drawings) {
+    EXPECT_EQ(all(drawing, " (width=\"[0-9]+\" height=\"[0-9]+\" viewBox=)").size(), 1u) << name;
+  }
+}
+
+TEST_F(Pictures, are_lines_and_areas_and_nothing_that_comes_from_elsewhere) {
+  for (const auto& [name, drawing] : drawings) {
+    EXPECT_THAT(all(drawing, "<(text|image|use|style|script|linearGradient|radialGradient|filter)"),
+                IsEmpty())
+        << name;
+    EXPECT_THAT(drawing, Not(HasSubstr("href"))) << name;
+  }
+}
+
+TEST_F(Pictures, icons_share_one_kind_of_line) {
+  int icons = 0;
+  for (const auto& [name, drawing] : drawings) {
+    if (drawing.find("currentColor") == drawing.npos) continue;
+    ++icons;
+    EXPECT_THAT(drawing, HasSubstr("stroke=\"currentColor\" stroke-width=\"1.75\" "
+                                   "stroke-linecap=\"round\" stroke-linejoin=\"round\""))
+        << name;
+    EXPECT_THAT(all(drawing, "(#[0-9A-Fa-f]{3,6})"), IsEmpty()) << name << " has a tint of its own";
+  }
+  EXPECT_GE(icons, 15);
+}
+
+}  // namespace
+}  // namespace ordelan::test
