@@ -3,6 +3,8 @@
 
 #include <array>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "ui/geometry.h"
 #include "ui/peer.h"
@@ -48,6 +50,10 @@ class Backend {
   virtual int line_count(const TextBox& box) = 0;
 
   virtual CharacterWidths character_widths(const Font& font) = 0;
+
+  // How large one of the program's pictures is in the layout. Nothing for one that is not there, or
+  // where pictures are not shown.
+  virtual std::optional<Size> picture_size(const std::string&) { return std::nullopt; }
 
   // Ends the program: the windows vanish at once, jobs that run see `ended` at their next look,
   // and the main loop returns.

@@ -49,6 +49,12 @@ void Window::set_size(Size size) {
 void Window::set_back_color(Color color) {
   assign(back_color_, color, Aspect::colors);
 }
+void Window::set_background(std::string picture) {
+  assign(background_, std::move(picture), Aspect::colors);
+}
+void Window::size_to_background() {
+  if (const auto size = backend_.picture_size(background_)) set_size(*size);
+}
 void Window::set_topmost(bool topmost) {
   assign(topmost_, topmost, Aspect::order);
 }

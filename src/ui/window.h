@@ -73,6 +73,15 @@ class Window {
   Color back_color() const { return back_color_; }
   void set_back_color(Color color);
 
+  // The picture on the window's ground, under its controls, by its name among the program's
+  // resources; empty shows the back colour alone. It brings its own line round the window where
+  // that is borderless.
+  const std::string& background() const { return background_; }
+  void set_background(std::string picture);
+  // Gives the window the size of that picture. It keeps its own where the backend knows no such
+  // picture.
+  void size_to_background();
+
   // Stays before the windows of other programs.
   bool topmost() const { return topmost_; }
   void set_topmost(bool topmost);
@@ -144,6 +153,7 @@ class Window {
   Size size_;
   Color back_color_ = Color::button_face;
   Shape shape_;
+  std::string background_;
 };
 
 }  // namespace ordelan::ui

@@ -8,9 +8,11 @@ ImagePeer::ImagePeer(WindowPeer& parent, ui::Image& image)
     : PaintedPeer(parent, image), image_(image) {}
 
 void ImagePeer::paint(HDC context, const RECT& area) {
-  FillRect(context, &area, desk().tools().brush(parent().window().back_color()));
+  POINT place{};
+  MapWindowPoints(handle(), parent().handle(), &place, 1);
+  parent().paint_ground(context, area, place);
   if (image_.pixels().argb.empty()) {
-    desk().pictures().paint(context, area, image_.picture());
+    desk().pictures().paint(context, area, image_.picture(), dpi());
   } else {
     desk().pictures().paint(context, area, image_.pixels());
   }

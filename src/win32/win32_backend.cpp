@@ -90,6 +90,10 @@ ui::CharacterWidths Win32Backend::character_widths(const ui::Font& font) {
   return desk_.tools().character_widths(font, desk_.measure_dpi());
 }
 
+std::optional<ui::Size> Win32Backend::picture_size(const std::string& name) {
+  return desk_.pictures().size(name);
+}
+
 void Win32Backend::end() {
   if (desk_.ended()) return;
   desk_.end();

@@ -35,6 +35,8 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   // are as wide as the mark it paints instead.
   ui::CharacterWidths character_widths(const ui::Font& font) override;
 
+  std::optional<ui::Size> picture_size(const std::string& name) override;
+
   void end() override;
   // Also once the system has asked the program to quit while a job of it pumps: the main loop is
   // left as soon as the job is.

@@ -10,6 +10,7 @@
 #include "win32/list_box_peer.h"
 #include "win32/property_names.h"
 #include "win32/screen_scale.h"
+#include "win32/window_frame.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -20,13 +21,6 @@ constexpr WPARAM kSystemCommand = 0xFFF0;  // the system keeps the last bits for
 // The styles by which a borderless window is a tool or one that the user switches to.
 constexpr DWORD kKindStyles = WS_MINIMIZEBOX;
 constexpr DWORD kKindExtendedStyles = WS_EX_TOOLWINDOW | WS_EX_APPWINDOW;
-
-// The line round a window: its ground, but darker.
-ui::Color frame_color(ui::Color ground) {
-  const COLORREF color = color_of(ground);
-  const auto darker = [](BYTE part) { return static_cast<std::uint8_t>(part * 5 / 8); };
-  return ui::rgb(darker(GetRValue(color)), darker(GetGValue(color)), darker(GetBValue(color)));
-}
 
 // Positions on the desktop keep one scale, whichever screen they are on: a window that is put back
 // where it was comes to lie there.
@@ -52,7 +46,7 @@ void register_class(HINSTANCE instance, WNDPROC procedure) {
 }  // namespace
 
 WindowPeer::WindowPeer(Desk& desk, ui::Window& window)
-    : desk_(desk), window_(window), name_(property_name(window)) {
+    : desk_(desk), window_(window), name_(property_name(window)), backdrop_(desk) {
   register_class(desk.instance(), procedure);
   was_minimized_ = window.minimized();
   const int dpi = system_dpi();
@@ -94,6 +88,7 @@ void WindowPeer::changed(ui::Aspect aspect) {
       place();
       break;
     case ui::Aspect::colors:
+      update_border();
       // The controls too: pictures stand on the window's ground.
       RedrawWindow(handle_, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
@@ -117,7 +112,8 @@ bool WindowPeer::is_tool() const {
 DWORD WindowPeer::style() const {
   constexpr DWORD kCommon = WS_SYSMENU | WS_CLIPCHILDREN;
   if (!window_.borderless()) return WS_OVERLAPPED | WS_CAPTION | WS_MINIMIZEBOX | kCommon;
-  return WS_POPUP | WS_BORDER | kCommon | (is_tool() ? DWORD{0} : DWORD{WS_MINIMIZEBOX});
+  const DWORD border = window_.background().empty() ? DWORD{WS_BORDER} : DWORD{0};
+  return WS_POPUP | border | kCommon | (is_tool() ? DWORD{0} : DWORD{WS_MINIMIZEBOX});
 }
 
 DWORD WindowPeer::extended_style() const {
@@ -220,14 +216,18 @@ void WindowPeer::update_kind() {
   if (visible && active) SetActiveWindow(handle_);
 }
 
-void WindowPeer::paint_frame() {
-  const HDC context = GetWindowDC(handle_);
-  if (!context) return;
-  RECT area{};
-  GetWindowRect(handle_, &area);
-  OffsetRect(&area, -area.left, -area.top);
-  FrameRect(context, &area, desk_.tools().brush(frame_color(window_.back_color())));
-  ReleaseDC(handle_, context);
+// A picture brings its own line, or none.
+void WindowPeer::update_border() {
+  const auto old = static_cast<DWORD>(GetWindowLongPtrW(handle_, GWL_STYLE));
+  if ((old & WS_BORDER) == (style() & WS_BORDER)) return;
+  SetWindowLongPtrW(handle_, GWL_STYLE, static_cast<LONG_PTR>(old ^ DWORD{WS_BORDER}));
+  SetWindowPos(handle_, nullptr, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+  place();
+}
+
+void WindowPeer::paint_ground(HDC context, const RECT& area, POINT place) {
+  backdrop_.paint(context, area, place, window_, dpi_);
 }
 
 bool WindowPeer::preview(const MSG& key) {
@@ -281,12 +281,14 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
     case WM_ERASEBKGND: {
       RECT area{};
       GetClientRect(handle_, &area);
-      FillRect(reinterpret_cast<HDC>(w), &area, desk_.tools().brush(window_.back_color()));
+      paint_ground(reinterpret_cast<HDC>(w), area, {});
       return 1;
     }
     case WM_NCPAINT:
       if (!window_.borderless()) break;
-      paint_frame();
+      if (window_.background().empty()) {
+        paint_frame(handle_, desk_.tools(), window_.back_color());
+      }
       return 0;
     case WM_NCACTIVATE:
       // The line looks the same in the background; the system would paint its own over it.

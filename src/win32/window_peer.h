@@ -11,6 +11,7 @@
 
 #include "ui/peer.h"
 #include "ui/window.h"
+#include "win32/backdrop.h"
 #include "win32/desk.h"
 #include "win32/tip_window.h"
 
@@ -37,6 +38,9 @@ class WindowPeer final : public ui::Peer {
   // kept from it; the window may be gone then or not.
   bool preview(const MSG& key);
 
+  // Paints over `area` what the window shows at `place`, in its own pixels, where no control is.
+  void paint_ground(HDC context, const RECT& area, POINT place);
+
   // A control goes.
   void forget(ControlPeer& control);
 
@@ -58,13 +62,14 @@ class WindowPeer final : public ui::Peer {
   void update_order();
   void update_state();
   void update_kind();
-  void paint_frame();
+  void update_border();
 
   Desk& desk_;
   ui::Window& window_;
   HWND handle_ = nullptr;
   std::wstring name_;
   std::unique_ptr<TipWindow> tips_;
+  Backdrop backdrop_;
   HWND last_focus_ = nullptr;  // the control that had the focus when the window lost it
   int dpi_ = 96;
   bool placing_ = false;   // a move of the program's, not the user's

@@ -2,7 +2,9 @@
 // and which peers are gone.
 #pragma once
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,6 +37,8 @@ class RecordingBackend final : public ui::Backend {
   std::vector<Change> changes;
 
   // The changes since the last look.
+  std::map<std::string, ui::Size> picture_sizes;  // of the pictures that there are
+
   std::vector<Change> take() { return std::exchange(changes, {}); }
 
   std::unique_ptr<ui::Peer> attach(ui::Window& window) override { return made(window.name()); }
@@ -51,6 +55,10 @@ class RecordingBackend final : public ui::Backend {
 
   int line_count(const ui::TextBox&) override { return 1; }
   ui::CharacterWidths character_widths(const ui::Font&) override { return {}; }
+  std::optional<ui::Size> picture_size(const std::string& name) override {
+    const auto known = picture_sizes.find(name);
+    return known == picture_sizes.end() ? std::nullopt : std::optional(known->second);
+  }
   void end() override { ended_ = true; }
   bool ended() const override { return ended_; }
 

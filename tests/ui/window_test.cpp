@@ -114,9 +114,20 @@ TEST_F(WindowTest, each_change_of_a_window_is_told_once) {
   expect_one("window", Aspect::bounds, [&] { window.set_position({3, 4}); });
   expect_one("window", Aspect::bounds, [&] { window.set_size({30, 40}); });
   expect_one("window", Aspect::colors, [&] { window.set_back_color(ui::rgb(1, 2, 3)); });
+  expect_one("window", Aspect::colors, [&] { window.set_background("fondo"); });
   expect_one("window", Aspect::order, [&] { window.set_topmost(true); });
   expect_one("window", Aspect::state, [&] { window.set_minimized(true); });
   expect_one("window", Aspect::state, [&] { window.set_waiting(true); });
+}
+
+TEST_F(WindowTest, it_takes_the_size_of_its_background_where_that_is_known) {
+  window.set_size({30, 40});
+  window.set_background("fondo");
+  window.size_to_background();
+  EXPECT_EQ(window.size(), (ui::Size{30, 40}));
+  backend.picture_sizes["fondo"] = {200, 100};
+  window.size_to_background();
+  EXPECT_EQ(window.size(), (ui::Size{200, 100}));
 }
 
 TEST_F(WindowTest, what_the_user_did_to_the_window_is_not_told_back) {
