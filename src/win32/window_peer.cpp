@@ -11,6 +11,7 @@
 #include "win32/property_names.h"
 #include "win32/screen_scale.h"
 #include "win32/window_frame.h"
+#include "win32/window_shape.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -57,12 +58,13 @@ WindowPeer::WindowPeer(Desk& desk, ui::Window& window)
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetPropW(handle_, name_.c_str(), reinterpret_cast<HANDLE>(INT_PTR{1}));
   tips_ = std::make_unique<TipWindow>(desk.instance(), handle_);
-  dpi_ = dpi_of(handle_);
+  dpi_ = fitting_dpi(dpi_of(handle_));
   desk_.enter(*this);
   // Where the focus is can always be seen, not only once a key has been pressed.
   SendMessageW(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),
                0);
   place();
+  update_shape();
   update_order();
   update_state();
   show();
@@ -99,9 +101,37 @@ void WindowPeer::changed(ui::Aspect aspect) {
     case ui::Aspect::state:
       update_state();
       break;
+    case ui::Aspect::shape:
+      update_shape();
+      break;
     default:
       break;
   }
+}
+
+void WindowPeer::update_shape() {
+  const ui::Shape& shape = window_.shape();
+  if (shape.picture.empty()) return;
+  AplicarForma(handle_, desk_.pictures().pixels(shape.picture, dpi_), shape.mask);
+}
+
+// The density at which the window is shown: that of its screen, or the next smaller usual one at
+// which the screen holds it.
+int WindowPeer::fitting_dpi(int dpi) const {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  if (!GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTONEAREST), &monitor)) return dpi;
+  const LONG width = monitor.rcWork.right - monitor.rcWork.left;
+  const LONG height = monitor.rcWork.bottom - monitor.rcWork.top;
+  const auto fits = [&](int tried) {
+    return to_pixels(window_.size().width, tried) <= width &&
+           to_pixels(window_.size().height, tried) <= height;
+  };
+  if (fits(dpi)) return dpi;
+  for (const int smaller : {192, 168, 144, 120}) {
+    if (smaller < dpi && fits(smaller)) return smaller;
+  }
+  return std::min(dpi, kUnitsPerInch);
 }
 
 bool WindowPeer::is_tool() const {
@@ -374,11 +404,12 @@ void WindowPeer::moved() {
 }
 
 void WindowPeer::change_dpi(int dpi, const RECT& suggested) {
-  dpi_ = dpi;
+  dpi_ = fitting_dpi(dpi);
   SetWindowPos(handle_, nullptr, suggested.left, suggested.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   window_.moved_to(position_of(handle_));
   place();
+  update_shape();
   for (HWND child = GetWindow(handle_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
     if (ControlPeer* const control = desk_.control(child)) control->rescale();
   }

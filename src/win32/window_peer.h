@@ -61,6 +61,8 @@ class WindowPeer final : public ui::Peer {
   void show();
   void update_order();
   void update_state();
+  void update_shape();
+  int fitting_dpi(int dpi) const;
   void update_kind();
   void update_border();
 

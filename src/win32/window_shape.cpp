@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "ui/window_shape.h"
 #include "win32/drawing_tools.h"
 
 namespace ordelan::win32 {
@@ -16,46 +17,28 @@ struct LibraryGone {
 };
 using LibraryHandle = std::unique_ptr<std::remove_pointer_t<HMODULE>, LibraryGone>;
 
-// The mask as a picture's pixel, without its opacity.
-std::uint32_t pixel_of(ui::Color color) {
-  const COLORREF word = color_of(color);
-  return (std::uint32_t{GetRValue(word)} << 16) | (std::uint32_t{GetGValue(word)} << 8) |
-         GetBValue(word);
-}
-
-// The runs of one row that are not the mask, each as a rectangle of that row.
-std::vector<RECT> runs_of(const ui::Pixels& picture, int y, std::uint32_t mask) {
-  const std::uint32_t* const row =
-      picture.argb.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(picture.width);
-  const auto is_mask = [&](int x) { return (row[x] & 0x00FFFFFF) == mask; };
-  std::vector<RECT> runs;
-  int x = 0;
-  while (x < picture.width) {
-    while (x < picture.width && is_mask(x)) ++x;
-    const int start = x;
-    while (x < picture.width && !is_mask(x)) ++x;
-    if (x > start) runs.push_back({start, y, x, y + 1});
-  }
-  return runs;
-}
-
 bool same_columns(const RECT& a, const RECT& b) {
   return a.left == b.left && a.right == b.right;
 }
 
-// All runs of the picture. Rows that are alike make one row of higher rectangles.
-std::vector<RECT> rectangles_of(const ui::Pixels& picture, std::uint32_t mask) {
+// What the picture has beside the mask. Rows that are alike make one row of higher rectangles.
+std::vector<RECT> rectangles_of(const ui::Pixels& picture, ui::Color mask) {
+  const std::vector<ui::PixelRun> runs =
+      ui::runs_without(picture, static_cast<ui::Color>(color_of(mask)));
   std::vector<RECT> rectangles;
   std::size_t last = 0;  // where those of the row above begin
-  for (int y = 0; y < picture.height; ++y) {
-    const std::vector<RECT> runs = runs_of(picture, y, mask);
+  for (auto run = runs.begin(); run != runs.end();) {
+    std::vector<RECT> row;
+    for (const int y = run->row; run != runs.end() && run->row == y; ++run) {
+      row.push_back({run->left, y, run->right, y + 1});
+    }
     const auto above = rectangles.begin() + static_cast<std::ptrdiff_t>(last);
-    const bool touches = above != rectangles.end() && above->bottom == y;
-    if (touches && std::equal(above, rectangles.end(), runs.begin(), runs.end(), same_columns)) {
+    const bool touches = above != rectangles.end() && above->bottom == row.front().top;
+    if (touches && std::equal(above, rectangles.end(), row.begin(), row.end(), same_columns)) {
       std::for_each(above, rectangles.end(), [](RECT& each) { ++each.bottom; });
-    } else if (!runs.empty()) {
+    } else {
       last = rectangles.size();
-      rectangles.insert(rectangles.end(), runs.begin(), runs.end());
+      rectangles.insert(rectangles.end(), row.begin(), row.end());
     }
   }
   return rectangles;
@@ -97,7 +80,7 @@ bool ExisteFuncion(const char* library, const char* name) {
 }
 
 HRGN CrearRegion(const ui::Pixels& picture, ui::Color mask) {
-  const std::vector<RECT> rectangles = rectangles_of(picture, pixel_of(mask));
+  const std::vector<RECT> rectangles = rectangles_of(picture, mask);
   if (rectangles.empty()) return CreateRectRgn(0, 0, 0, 0);
   const std::size_t bytes = rectangles.size() * sizeof(RECT);
   std::vector<BYTE> room(sizeof(RGNDATAHEADER) + bytes);
