@@ -94,7 +94,7 @@ ForeColor=0xC2B6AE
 [Form1.LabelErase(0)]
 FontBold=true
 [Form1.LabelErase(1)]
-ForeColor=0xC2B6AE
+FontBold=true
 [Form1.ImagePaso(0)]
 Picture=paso_1
 [Form1.TextNum1(0)]

@@ -57,14 +57,14 @@ inline constexpr std::array kMainWindow = {
     Place{"TextNum1", 2, 44, 416, 500, 38},
     Place{"TextNum1", 3, 588, 416, 500, 38},
 
-    Place{"CheckSubPath", -1, 12, 690, 152, 20},
-    Place{"CheckBAK", -1, 172, 690, 132, 20},
-    Place{"CheckToolTips", -1, 312, 690, 156, 20},
-    Place{"CheckPlayer", -1, 476, 690, 140, 20},
-    Place{"ZoomListas", -1, 624, 690, 116, 20},
-    Place{"CheckDragDrop", -1, 748, 690, 212, 20},
-    Place{"CheckLogo", -1, 964, 690, 124, 20},
-    Place{"XP_ProgressBar1", -1, 748, 692, 340, 16},
+    Place{"CheckSubPath", -1, 12, 690, 148, 20},
+    Place{"CheckBAK", -1, 168, 690, 120, 20},
+    Place{"CheckToolTips", -1, 296, 690, 148, 20},
+    Place{"CheckPlayer", -1, 452, 690, 148, 20},
+    Place{"ZoomListas", -1, 604, 690, 108, 20},
+    Place{"CheckDragDrop", -1, 716, 690, 236, 20},
+    Place{"CheckLogo", -1, 956, 690, 132, 20},
+    Place{"XP_ProgressBar1", -1, 716, 692, 372, 16},
 };
 
 }  // namespace ordelan::skin

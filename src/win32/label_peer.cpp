@@ -78,12 +78,15 @@ void LabelPeer::paint_text(HDC context, const RECT& area) {
   const bool focused = GetFocus() == handle();
   const bool lit = over_ && label_.enabled() && !is_background();
   if (lit) SetTextColor(context, color_of(palette().text_over));
-  RECT room = area;
-  DrawTextW(context, caption.c_str(), size, &room, layout(area));
-  if (!lit && !focused) return;
+  // In the middle of its height, however many lines it takes.
   RECT words = area;
   DrawTextW(context, caption.c_str(), size, &words, layout(area) | DT_CALCRECT);
-  const LONG base = std::min(area.bottom - 1, (area.bottom + words.bottom - words.top) / 2);
+  const LONG height = words.bottom - words.top;
+  RECT room = area;
+  room.top = std::max(area.top, (area.bottom - height) / 2);
+  DrawTextW(context, caption.c_str(), size, &room, layout(area) & ~UINT{DT_VCENTER});
+  if (!lit && !focused) return;
+  const LONG base = std::min(area.bottom - 1, room.top + height);
   const POINT line[] = {{0, base}, {std::min(words.right, area.right - 1), base}};
   stroke(context, line, 1, color_of(focused ? palette().accent : palette().text_over));
 }
