@@ -8,9 +8,13 @@ ImagePeer::ImagePeer(WindowPeer& parent, ui::Image& image)
     : PaintedPeer(parent, image), image_(image) {}
 
 void ImagePeer::paint(HDC context, const RECT& area) {
-  POINT place{};
-  MapWindowPoints(handle(), parent().handle(), &place, 1);
-  parent().paint_ground(context, area, place);
+  if (image_.back_color() != ui::Color::button_face) {
+    FillRect(context, &area, desk().tools().brush(image_.back_color()));
+  } else {
+    POINT place{};
+    MapWindowPoints(handle(), parent().handle(), &place, 1);
+    parent().paint_ground(context, area, place);
+  }
   if (image_.pixels().argb.empty()) {
     desk().pictures().paint(context, area, image_.picture(), dpi());
   } else {

@@ -6,6 +6,8 @@
 
 namespace ordelan::win32 {
 
+// What the picture lets through is the window's ground; or the image's own back colour, once it was
+// given one: a picture that covers another control wants that.
 class ImagePeer final : public PaintedPeer {
  public:
   ImagePeer(WindowPeer& parent, ui::Image& image);

@@ -114,5 +114,18 @@ TEST_F(Background, is_seen_through_the_pictures_that_stand_on_it) {
   EXPECT_EQ(shown(real_image, 10, 17), skin::kHeader);
 }
 
+TEST_F(Background, is_not_seen_through_a_picture_with_a_back_colour_of_its_own) {
+  ui::Image image(window, "Image1");
+  image.set_bounds({100, 30, 20, 20});
+  image.set_picture("minimizar");
+  window.set_background("fondo_acerca");
+  show();
+  const HWND real_image = real(L"Ordelan.Image1");
+  ASSERT_EQ(shown(real_image, 10, 5), skin::kHeader);
+  image.set_back_color(ui::Color{skin::kSurface});
+  EXPECT_EQ(shown(real_image, 10, 5), skin::kSurface);
+  EXPECT_EQ(shown(real_image, 10, 13), skin::kText);
+}
+
 }  // namespace
 }  // namespace ordelan::test
