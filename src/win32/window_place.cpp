@@ -1,0 +1,107 @@
+// Where a real window stands, how large it is there, and of which shape.
+#include <algorithm>
+
+#include "win32/control_peer.h"
+#include "win32/screen_scale.h"
+#include "win32/window_peer.h"
+#include "win32/window_shape.h"
+
+namespace ordelan::win32 {
+namespace {
+
+// Positions on the desktop keep one scale, whichever screen they are on: a window that is put back
+// where it was comes to lie there.
+ui::Point position_of(HWND handle) {
+  RECT area{};
+  GetWindowRect(handle, &area);
+  const int dpi = system_dpi();
+  return ui::Point{to_units(area.left, dpi), to_units(area.top, dpi)};
+}
+
+}  // namespace
+
+void WindowPeer::update_shape() {
+  const ui::Shape& shape = window_.shape();
+  if (shape.picture.empty()) return;
+  AplicarForma(handle_, desk_.pictures().pixels(shape.picture, dpi_), shape.mask);
+}
+
+// The density at which the window is shown: that of its screen, or the next smaller usual one at
+// which the screen holds it.
+int WindowPeer::fitting_dpi(int dpi) const {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  if (!GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTONEAREST), &monitor)) return dpi;
+  const LONG width = monitor.rcWork.right - monitor.rcWork.left;
+  const LONG height = monitor.rcWork.bottom - monitor.rcWork.top;
+  const auto fits = [&](int tried) {
+    return to_pixels(window_.size().width, tried) <= width &&
+           to_pixels(window_.size().height, tried) <= height;
+  };
+  if (fits(dpi)) return dpi;
+  for (const int smaller : {192, 168, 144, 120}) {
+    if (smaller < dpi && fits(smaller)) return smaller;
+  }
+  return std::min(dpi, kUnitsPerInch);
+}
+
+void WindowPeer::place() {
+  const int screen_dpi = system_dpi();
+  const int width = to_pixels(window_.size().width, dpi_);
+  const int height = to_pixels(window_.size().height, dpi_);
+  RECT area{0, 0, width, height};
+  add_borders(area, style(), extended_style(), dpi_);
+  placing_ = true;
+  SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, screen_dpi),
+               to_pixels(window_.position().y, screen_dpi), area.right - area.left,
+               area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  // Where the system does not scale borders and title, they are not what was reckoned with.
+  RECT room{};
+  if (!IsIconic(handle_) && GetClientRect(handle_, &room) &&
+      (room.right != width || room.bottom != height)) {
+    SetWindowPos(handle_, nullptr, 0, 0, area.right - area.left + width - room.right,
+                 area.bottom - area.top + height - room.bottom,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  placing_ = false;
+}
+
+// A window that is put back where no screen is any more could not even be dragged back.
+void WindowPeer::bring_onto_a_screen() {
+  RECT area{};
+  if (IsIconic(handle_) || !GetWindowRect(handle_, &area)) return;
+  const RECT title{area.left, area.top, area.right, area.top + GetSystemMetrics(SM_CYCAPTION)};
+  if (MonitorFromRect(&title, MONITOR_DEFAULTTONULL) != nullptr) return;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  if (!GetMonitorInfoW(MonitorFromRect(&title, MONITOR_DEFAULTTONEAREST), &monitor)) return;
+  const RECT& screen = monitor.rcWork;
+  // The far edges first: of a window larger than the screen, the title stays in sight.
+  const LONG left =
+      std::max(screen.left, std::min(area.left, screen.right - (area.right - area.left)));
+  const LONG top =
+      std::max(screen.top, std::min(area.top, screen.bottom - (area.bottom - area.top)));
+  SetWindowPos(handle_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  window_.moved_to(position_of(handle_));
+}
+
+void WindowPeer::moved() {
+  if (placing_ || IsIconic(handle_)) return;
+  window_.moved_to(position_of(handle_));
+}
+
+void WindowPeer::change_dpi(int dpi, const RECT& suggested) {
+  dpi_ = fitting_dpi(dpi);
+  SetWindowPos(handle_, nullptr, suggested.left, suggested.top, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  window_.moved_to(position_of(handle_));
+  place();
+  update_shape();
+  for (HWND child = GetWindow(handle_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (ControlPeer* const control = desk_.control(child)) control->rescale();
+  }
+  desk_.flush();
+  InvalidateRect(handle_, nullptr, TRUE);
+}
+
+}  // namespace ordelan::win32
