@@ -33,7 +33,7 @@ void ControlFrame::paint(HWND control, bool focused, ui::Color ground, DrawingTo
   ExcludeClipRect(context, client.left, client.top, client.right, client.bottom);
   const RECT within = inside_line(area);
   FillRect(context, &within, tools.brush(ground));
-  FrameRect(context, &area, tools.brush(focused ? palette().accent : palette().line));
+  FrameRect(context, &area, tools.brush(line(focused)));
   ReleaseDC(control, context);
 }
 

@@ -12,6 +12,9 @@ class ControlFrame {
   // Within the line there is air, in units of the layout, in the control's own colour.
   ControlFrame(int side_air, int top_air) : side_air_(side_air), top_air_(top_air) {}
 
+  // The line's colour.
+  static ui::Color line(bool focused) { return focused ? palette().accent : palette().line; }
+
   // From a control's whole area to what lies within the line, and within the air too.
   static RECT inside_line(RECT area);
   RECT inside(RECT area, int dpi) const;

@@ -299,9 +299,14 @@ void ListBoxPeer::show_bars() {
   GetWindowRect(handle(), &whole);
   MapWindowPoints(nullptr, parent().handle(), reinterpret_cast<POINT*>(&whole), 2);
   const RECT inside = frame_.inside(whole, dpi());
-  // The bar on the right fills the corner between the two as well.
-  const RECT right{client.right, client.top, inside.right, inside.bottom};
-  const RECT bottom{client.left, client.bottom, client.right, inside.bottom};
+  // They take the list's line in: a real bar is as wide as the system wants it, and would paint
+  // over that. The bar on the right fills the corner between the two as well.
+  RECT right{client.right, client.top, inside.right, inside.bottom};
+  RECT bottom{client.left, client.bottom, client.right, inside.bottom};
+  const bool both = !IsRectEmpty(&right) && !IsRectEmpty(&bottom);
+  if (!IsRectEmpty(&right)) right.right = whole.right;
+  if (!IsRectEmpty(&bottom)) bottom.bottom = whole.bottom;
+  if (both) right.bottom = whole.bottom;
   const auto cut_of = [&whole](RECT area) {
     OffsetRect(&area, -whole.left, -whole.top);
     return area;
@@ -330,7 +335,7 @@ void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const REC
   info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   GetScrollInfo(handle(), which, &info);
   bar->show(area, track, Scroll{info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos},
-            ahead);
+            ControlFrame::line(GetFocus() == handle()), ahead);
 }
 
 void ListBoxPeer::scroll_to(int which, int place) const {

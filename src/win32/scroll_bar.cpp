@@ -71,15 +71,17 @@ ScrollBar::~ScrollBar() {
   DestroyWindow(handle_);
 }
 
-void ScrollBar::show(const RECT& area, int track, const Scroll& scroll, HWND ahead) {
+void ScrollBar::show(const RECT& area, int track, const Scroll& scroll, ui::Color line,
+                     HWND ahead) {
   if (!handle_) return;
   const bool enabled = IsWindowEnabled(list_) != FALSE;
   if ((IsWindowEnabled(handle_) != FALSE) != enabled) EnableWindow(handle_, enabled);
   const bool moved = !visible_ || !EqualRect(&area, &area_);
-  const bool changed = moved || track != track_ || scroll != scroll_;
+  const bool changed = moved || track != track_ || scroll != scroll_ || line != line_;
   area_ = area;
   track_ = track;
   scroll_ = scroll;
+  line_ = line;
   if (moved || GetWindow(ahead, GW_HWNDNEXT) != handle_) {
     visible_ = true;
     SetWindowPos(handle_, ahead, area.left, area.top, area.right - area.left,
@@ -162,10 +164,20 @@ void ScrollBar::paint() {
     const Canvas canvas(target, area);
     const HDC context = canvas.context();
     FillRect(context, &area, tools_.brush(palette().surface));
+    const HBRUSH line = tools_.brush(line_);
+    const LONG length = vertical_ ? area.bottom : area.right;
+    RECT edge = area;
+    (vertical_ ? edge.left : edge.top) = thickness();
+    FillRect(context, &edge, line);
+    if (track_ < length) {
+      edge = area;
+      (vertical_ ? edge.top : edge.left) = length - 1;
+      FillRect(context, &edge, line);
+    }
     const Thumb place = thumb();
     const int margin = thickness() / kMarginPart;
-    RECT shape = vertical_ ? RECT{0, place.start, area.right, place.start + place.length}
-                           : RECT{place.start, 0, place.start + place.length, area.bottom};
+    RECT shape = vertical_ ? RECT{0, place.start, thickness(), place.start + place.length}
+                           : RECT{place.start, 0, place.start + place.length, thickness()};
     InflateRect(&shape, -margin, -margin);
     const ui::Color color =
         dragging_ ? palette().accent : (over_ ? palette().raised_over : palette().raised);
@@ -230,8 +242,9 @@ Thumb ScrollBar::thumb() const {
   return thumb_of(scroll_, track_, kShortestThumb * thickness());
 }
 
+// Without its edge.
 int ScrollBar::thickness() const {
-  return vertical_ ? area_.right - area_.left : area_.bottom - area_.top;
+  return (vertical_ ? area_.right - area_.left : area_.bottom - area_.top) - 1;
 }
 
 }  // namespace ordelan::win32

@@ -49,8 +49,9 @@ class ScrollBar {
   HWND handle() const { return handle_; }
 
   // Shows it at `area` of the parent, right behind `ahead` in the order of windows. Its track is
-  // `track` pixels long; what is left of the area stays bare.
-  void show(const RECT& area, int track, const Scroll& scroll, HWND ahead);
+  // `track` pixels long; what is left of the area is the corner between two bars. The outer edge,
+  // one pixel wide, is painted in the colour `line`, as the list's are; that of the corner too.
+  void show(const RECT& area, int track, const Scroll& scroll, ui::Color line, HWND ahead);
   void hide();
 
   // Called with the place that the user wants to see first. The bar may be gone afterwards.
@@ -76,6 +77,7 @@ class ScrollBar {
   RECT area_{};
   int track_ = 0;
   Scroll scroll_;
+  ui::Color line_{};
   bool visible_ = false;
   bool over_ = false;      // the pointer is on it
   bool dragging_ = false;  // by the thumb

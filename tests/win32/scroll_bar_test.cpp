@@ -2,9 +2,10 @@
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <string>
+#include <vector>
 
 #include "ui/list_box.h"
 #include "ui/list_width.h"
@@ -132,15 +133,23 @@ class ListScrollBars : public BackendTest {
     ReleaseDC(target, context);
     return color;
   }
-  // The line round a control, at its left edge.
-  COLORREF line_of(HWND control) {
+  // The line round a control as the screen has it: every pixel of its four edges.
+  std::vector<COLORREF> lines_of(HWND control) {
     backend.pump();
-    const HDC context = GetWindowDC(control);
     RECT area{};
     GetWindowRect(control, &area);
-    const COLORREF color = GetPixel(context, 0, (area.bottom - area.top) / 2);
-    ReleaseDC(control, context);
-    return color;
+    std::vector<COLORREF> colors;
+    const HDC screen = GetDC(nullptr);
+    for (LONG x = area.left; x < area.right; ++x) {
+      colors.push_back(GetPixel(screen, x, area.top));
+      colors.push_back(GetPixel(screen, x, area.bottom - 1));
+    }
+    for (LONG y = area.top; y < area.bottom; ++y) {
+      colors.push_back(GetPixel(screen, area.left, y));
+      colors.push_back(GetPixel(screen, area.right - 1, y));
+    }
+    ReleaseDC(nullptr, screen);
+    return colors;
   }
 
   ui::ListBox list{window, "ListVip"};
@@ -193,13 +202,14 @@ TEST_F(ListScrollBars, lie_between_the_rows_and_the_line_round_the_list) {
   const int width = px(win32::kScrollBarWidth);
   const RECT right = area_of(vertical());
   EXPECT_EQ(right.left, end.x);
-  EXPECT_EQ(right.right, whole.right - 1);
-  EXPECT_EQ(right.right - right.left, width);
+  EXPECT_EQ(right.right, whole.right) << "the line is part of it";
+  EXPECT_EQ(right.right - right.left, width + 1);
   EXPECT_EQ(right.top, whole.top + 1);
-  EXPECT_EQ(right.bottom, whole.bottom - 1) << "the corner belongs to it";
+  EXPECT_EQ(right.bottom, whole.bottom) << "the corner belongs to it";
   const RECT bottom = area_of(horizontal());
   EXPECT_EQ(bottom.top, end.y);
-  EXPECT_EQ(bottom.bottom, whole.bottom - 1);
+  EXPECT_EQ(bottom.bottom, whole.bottom);
+  EXPECT_EQ(bottom.bottom - bottom.top, width + 1);
   EXPECT_EQ(bottom.left, whole.left + 1);
   EXPECT_EQ(bottom.right, end.x);
 }
@@ -212,7 +222,7 @@ TEST_F(ListScrollBars, follow_their_list) {
   list.set_bounds({100, 50, 200, 100});
   backend.pump();
   EXPECT_EQ(vertical(), found);
-  EXPECT_EQ(area_of(found).right, px(300) - 1);
+  EXPECT_EQ(area_of(found).right, px(300));
   EXPECT_EQ(area_of(found).bottom, px(150) - 1);
   list.set_visible(false);
   backend.pump();
@@ -242,6 +252,7 @@ TEST_F(ListScrollBars, are_covered_by_what_covers_their_list) {
 TEST_F(ListScrollBars, scroll_sideways_to_the_end_and_back) {
   list.add(std::string(300, ' ') + "MMMM");
   show();
+  SetFocus(nullptr);  // which is painted round the row
   ui::ListaAncho(list);
   backend.pump();
   ASSERT_TRUE(horizontal());
@@ -352,13 +363,32 @@ TEST_F(ListScrollBars, the_line_round_lists_and_boxes_tells_of_the_focus) {
   ASSERT_NE(line, accent);
   const HWND box = real(L"Ordelan.Text1");
   SetFocus(real_list());
-  EXPECT_EQ(line_of(real_list()), accent);
-  EXPECT_EQ(line_of(box), line);
+  EXPECT_THAT(lines_of(real_list()), testing::Each(accent));
+  EXPECT_THAT(lines_of(box), testing::Each(line));
   SetFocus(box);
-  EXPECT_EQ(line_of(real_list()), line);
-  EXPECT_EQ(line_of(box), accent);
+  EXPECT_THAT(lines_of(real_list()), testing::Each(line));
+  EXPECT_THAT(lines_of(box), testing::Each(accent));
   SetFocus(nullptr);
-  EXPECT_EQ(line_of(box), line);
+  EXPECT_THAT(lines_of(box), testing::Each(line));
+}
+
+TEST_F(ListScrollBars, the_line_is_whole_whatever_the_bars_do) {
+  show();
+  const COLORREF line = win32::color_of(win32::palette().line);
+  SetFocus(nullptr);
+  fill(100);
+  list.set_horizontal_extent(1000);
+  EXPECT_THAT(lines_of(real_list()), testing::Each(line));
+  drag(vertical(), {5, 5}, {5, 100});
+  drag(horizontal(), {5, 5}, {100, 5});
+  EXPECT_THAT(lines_of(real_list()), testing::Each(line));
+  SetFocus(real_list());
+  EXPECT_THAT(lines_of(real_list()), testing::Each(win32::color_of(win32::palette().accent)));
+  ask(WM_VSCROLL, SB_BOTTOM);
+  EXPECT_THAT(lines_of(real_list()), testing::Each(win32::color_of(win32::palette().accent)));
+  list.clear();
+  list.set_horizontal_extent(0);
+  EXPECT_THAT(lines_of(real_list()), testing::Each(win32::color_of(win32::palette().accent)));
 }
 
 TEST_F(ListScrollBars, a_chosen_row_is_dimmer_while_the_list_has_not_the_focus) {
