@@ -9,13 +9,15 @@
 #include "win32/canvas.h"
 #include "win32/handlers.h"
 #include "win32/screen_scale.h"
+#include "win32/window_peer.h"
 
 namespace ordelan::win32 {
 namespace {
 
 constexpr DWORD kStyle = LBS_NODATA | LBS_OWNERDRAWFIXED | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
                          WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
-constexpr int kTextIndent = 2;  // at 96 dots per inch
+constexpr int kTextIndent = 4;  // at 96 dots per inch
+constexpr int kRowAir = 4;      // above and below the text together
 constexpr UINT kAnswerTimeout = 10000;
 
 // Characters that go to another process in one message.
@@ -30,12 +32,13 @@ UINT rows_message() {
 
 ListBoxPeer::ListBoxPeer(WindowPeer& parent, ui::ListBox& list)
     : ControlPeer(parent, list, L"LISTBOX", kStyle,
-                  WS_EX_CLIENTEDGE | (list.accepts_drops() ? DWORD{WS_EX_ACCEPTFILES} : 0)),
+                  list.accepts_drops() ? DWORD{WS_EX_ACCEPTFILES} : 0),
       list_(list) {}
 
 void ListBoxPeer::update(const Marks& marks) {
   if (marks.has(ui::Aspect::font)) {
-    send(LB_SETITEMHEIGHT, 0, desk().tools().line_height(list_.font(), dpi()));
+    send(LB_SETITEMHEIGHT, 0,
+         desk().tools().line_height(list_.font(), dpi()) + to_pixels(kRowAir, dpi()));
   }
   if (marks.has(ui::Aspect::rows) || marks.has(ui::Aspect::current_row)) {
     show_rows(!marks.has(ui::Aspect::current_row));
@@ -72,7 +75,9 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
   RECT visible = item.rcItem;
   RECT client{};
   GetClientRect(handle(), &client);
-  visible.left = 0;
+  // A list that is scrolled sideways may have moved the whole context instead of the item.
+  DPtoLP(item.hDC, reinterpret_cast<POINT*>(&client), 2);
+  visible.left = client.left;
   visible.right = client.right;
   if (visible.right <= visible.left || visible.bottom <= visible.top) return;
 
@@ -80,21 +85,24 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
   const HDC context = canvas.context();
   colors(context);
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
+  const bool focused = GetFocus() == handle();
   if (selected) {
-    SetTextColor(context, color_of(palette().chosen_text));
-    SetBkColor(context, color_of(palette().chosen));
+    SetTextColor(context, color_of(focused ? palette().chosen_text : palette().text));
+    SetBkColor(context, color_of(focused ? palette().chosen : palette().raised));
   } else if (!list_.enabled()) {
     SetTextColor(context, color_of(palette().text_off));
   }
   const bool is_row = item.itemID != static_cast<UINT>(-1);
   const std::wstring text = is_row ? widen(list_.row(item.itemID)) : std::wstring();
   const HGDIOBJ old = SelectObject(context, font());
-  // The item begins left of the list when that is scrolled sideways.
-  ExtTextOutW(context, item.rcItem.left + to_pixels(kTextIndent, dpi()), item.rcItem.top,
-              ETO_OPAQUE | ETO_CLIPPED, &visible, text.data(), static_cast<UINT>(text.size()),
-              nullptr);
+  // The item begins left of what is visible when the list is scrolled sideways.
+  ExtTextOutW(context, item.rcItem.left + to_pixels(kTextIndent, dpi()),
+              item.rcItem.top + to_pixels(kRowAir, dpi()) / 2, ETO_OPAQUE | ETO_CLIPPED, &visible,
+              text.data(), static_cast<UINT>(text.size()), nullptr);
   SelectObject(context, old);
-  if ((item.itemState & ODS_FOCUS) != 0) DrawFocusRect(context, &visible);
+  if (focused && (item.itemState & ODS_FOCUS) != 0) {
+    FrameRect(context, &visible, desk().tools().brush(palette().accent));
+  }
   canvas.show();
 }
 
@@ -128,8 +136,25 @@ std::optional<LRESULT> ListBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
-  const LRESULT result = standard(message, w, l);
   switch (message) {
+    case WM_NCCALCSIZE:
+      return shrink_client(w, l);
+    case WM_NCPAINT:
+      frame_.paint(handle(), GetFocus() == handle(), list_.back_color(), desk().tools());
+      return 0;
+    case WM_NCHITTEST:
+      // What is not the rows' is the line, never one of the bars that nobody sees.
+      return standard(message, w, l) == HTCLIENT ? HTCLIENT : HTBORDER;
+    default:
+      break;
+  }
+  const LRESULT result = standard(message, w, l);
+  show_bars();
+  switch (message) {
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      focus_changed(message == WM_SETFOCUS);
+      break;
     case WM_LBUTTONDOWN:
       // Choosing the chosen row again is a choice too.
       chosen_ = true;
@@ -236,6 +261,106 @@ LRESULT ListBoxPeer::answer_rows(WPARAM row, HWND asker) {
     if (!taken) return 0;
   }
   return 1;
+}
+
+// Within the line round the list, and up to bars as thin as ours.
+LRESULT ListBoxPeer::shrink_client(WPARAM w, LPARAM l) const {
+  // With either parameter, what is to become the client area comes first.
+  RECT& area = *reinterpret_cast<RECT*>(l);
+  const RECT inside = frame_.inside(area, dpi());
+  area = inside;
+  const LRESULT result = standard(WM_NCCALCSIZE, w, l);
+  const int width = to_pixels(kScrollBarWidth, dpi());
+  if (area.right < inside.right) area.right = std::max(inside.left, inside.right - width);
+  if (area.bottom < inside.bottom) area.bottom = std::max(inside.top, inside.bottom - width);
+  return result;
+}
+
+void ListBoxPeer::focus_changed(bool focused) {
+  frame_.paint(handle(), focused, list_.back_color(), desk().tools());
+  // The chosen row has other colours now.
+  RECT row{};
+  const LRESULT current = send(LB_GETCURSEL);
+  if (current < 0 || send(LB_GETITEMRECT, static_cast<WPARAM>(current),
+                          reinterpret_cast<LPARAM>(&row)) == LB_ERR) {
+    return;
+  }
+  InvalidateRect(handle(), &row, FALSE);
+}
+
+// Any message may have scrolled the list, moved it, or changed what it can be scrolled to.
+void ListBoxPeer::show_bars() {
+  if (showing_bars_) return;
+  showing_bars_ = true;
+  RECT client{};
+  GetClientRect(handle(), &client);
+  MapWindowPoints(handle(), parent().handle(), reinterpret_cast<POINT*>(&client), 2);
+  RECT whole{};
+  GetWindowRect(handle(), &whole);
+  MapWindowPoints(nullptr, parent().handle(), reinterpret_cast<POINT*>(&whole), 2);
+  const RECT inside = frame_.inside(whole, dpi());
+  // They take the list's line in: a real bar is as wide as the system wants it, and would paint
+  // over that. The bar on the right fills the corner between the two as well.
+  RECT right{client.right, client.top, inside.right, inside.bottom};
+  RECT bottom{client.left, client.bottom, client.right, inside.bottom};
+  const bool both = !IsRectEmpty(&right) && !IsRectEmpty(&bottom);
+  if (!IsRectEmpty(&right)) right.right = whole.right;
+  if (!IsRectEmpty(&bottom)) bottom.bottom = whole.bottom;
+  if (both) right.bottom = whole.bottom;
+  const auto cut_of = [&whole](RECT area) {
+    OffsetRect(&area, -whole.left, -whole.top);
+    return area;
+  };
+  cut_from_ = SIZE{whole.right - whole.left, whole.bottom - whole.top};
+  cut_out(cut_of(right), cut_of(bottom));
+  show_bar(vertical_, SB_VERT, right, client.bottom - client.top, handle());
+  const HWND ahead = vertical_ && vertical_->handle() ? vertical_->handle() : handle();
+  show_bar(horizontal_, SB_HORZ, bottom, client.right - client.left, ahead);
+  showing_bars_ = false;
+}
+
+void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const RECT& area, int track,
+                           HWND ahead) {
+  const bool seen = (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (!seen || IsRectEmpty(&area)) {
+    if (bar) bar->hide();
+    return;
+  }
+  if (!bar) {
+    bar = std::make_unique<ScrollBar>(handle(), which == SB_VERT, desk().tools());
+    bar->on_scroll = [this, which](int place) { scroll_to(which, place); };
+  }
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  GetScrollInfo(handle(), which, &info);
+  bar->show(area, track, Scroll{info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos},
+            ControlFrame::line(GetFocus() == handle()), ahead);
+}
+
+void ListBoxPeer::scroll_to(int which, int place) const {
+  if (which == SB_VERT) {
+    send(LB_SETTOPINDEX, static_cast<WPARAM>(place));
+  } else {
+    constexpr int kFarthest = 0xFFFF;  // the message has no more room
+    send(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, std::min(place, kFarthest)));
+  }
+}
+
+// Takes the places of the real bars out of the list's outline: nothing is painted there by the
+// list, and no press of the mouse arrives.
+void ListBoxPeer::cut_out(const RECT& right, const RECT& bottom) {
+  if (EqualRect(&right, &right_cut_) && EqualRect(&bottom, &bottom_cut_)) return;
+  right_cut_ = right;
+  bottom_cut_ = bottom;
+  const HRGN outline = CreateRectRgn(0, 0, cut_from_.cx, cut_from_.cy);
+  for (const RECT* const cut : {&right_cut_, &bottom_cut_}) {
+    const HRGN part = CreateRectRgnIndirect(cut);
+    CombineRgn(outline, outline, part, RGN_DIFF);
+    DeleteObject(part);
+  }
+  // The system takes the outline over, if it is one.
+  if (SetWindowRgn(handle(), outline, TRUE) == 0) DeleteObject(outline);
 }
 
 }  // namespace ordelan::win32

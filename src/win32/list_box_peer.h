@@ -1,13 +1,18 @@
 // The real list behind a ui::ListBox. It is a virtual one: it knows how many rows there are and
-// which is chosen, and asks for the text of those that it paints.
+// which is chosen, and asks for the text of those that it paints. Its own scroll bars keep count of
+// what is in sight, but are cut out of the list's outline: what is seen there are bars of ours.
 #pragma once
 
 #include <windows.h>
 
 #include <shellapi.h>
 
+#include <memory>
+
 #include "ui/list_box.h"
+#include "win32/control_frame.h"
 #include "win32/control_peer.h"
+#include "win32/scroll_bar.h"
 
 namespace ordelan::win32 {
 
@@ -42,11 +47,25 @@ class ListBoxPeer final : public ControlPeer {
   void right_button(int y);
   void press_below();
   LRESULT answer_rows(WPARAM row, HWND asker);
+  LRESULT shrink_client(WPARAM w, LPARAM l) const;
+  void focus_changed(bool focused);
+  void show_bars();
+  void show_bar(std::unique_ptr<ScrollBar>& bar, int which, const RECT& area, int track,
+                HWND ahead);
+  void scroll_to(int which, int place) const;
+  void cut_out(const RECT& right, const RECT& bottom);
 
   ui::ListBox& list_;
   bool chosen_ = false;  // the user has chosen a row
   bool by_mouse_ = false;
   bool double_clicked_ = false;
+  ControlFrame frame_{0, 0};
+  std::unique_ptr<ScrollBar> vertical_;  // made when they are first needed
+  std::unique_ptr<ScrollBar> horizontal_;
+  bool showing_bars_ = false;
+  RECT right_cut_{};  // of the list's own area
+  RECT bottom_cut_{};
+  SIZE cut_from_{};
 };
 
 }  // namespace ordelan::win32

@@ -8,6 +8,10 @@
 namespace ordelan::win32 {
 namespace {
 
+// Between the line round a box and its text, at 96 dots per inch.
+constexpr int kSideAir = 3;
+constexpr int kTopAir = 1;
+
 DWORD style_of(const ui::TextBox& box) {
   const DWORD common = ES_LEFT | WS_TABSTOP | (box.read_only() ? DWORD{ES_READONLY} : 0);
   // A box of many lines breaks them at its width, and scrolls up and down.
@@ -17,9 +21,7 @@ DWORD style_of(const ui::TextBox& box) {
 }  // namespace
 
 TextBoxPeer::TextBoxPeer(WindowPeer& parent, ui::TextBox& box)
-    : ControlPeer(parent, box, L"EDIT", style_of(box),
-                  box.bordered() ? DWORD{WS_EX_CLIENTEDGE} : 0),
-      box_(box) {
+    : ControlPeer(parent, box, L"EDIT", style_of(box)), box_(box), frame_(kSideAir, kTopAir) {
   desk().enter(box, *this);
 }
 
@@ -41,6 +43,9 @@ void TextBoxPeer::update(const Marks& marks) {
   if (marks.has(ui::Aspect::state)) {
     send(EM_SETREADONLY, static_cast<WPARAM>(box_.read_only() ? TRUE : FALSE));
   }
+  if (marks.has(ui::Aspect::colors)) {  // the air too
+    RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+  }
 }
 
 std::optional<LRESULT> TextBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
@@ -50,7 +55,27 @@ std::optional<LRESULT> TextBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT TextBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
+  if (box_.bordered()) {
+    switch (message) {
+      case WM_NCCALCSIZE: {
+        // With either parameter, what is to become the client area comes first.
+        RECT& area = *reinterpret_cast<RECT*>(l);
+        area = frame_.inside(area, dpi());
+        break;
+      }
+      case WM_NCPAINT:
+        frame_.paint(handle(), GetFocus() == handle(), box_.back_color(), desk().tools());
+        return 0;
+      case WM_NCHITTEST:
+        return HTCLIENT;  // the air too
+      default:
+        break;
+    }
+  }
   LRESULT result = standard(message, w, l);
+  if (box_.bordered() && (message == WM_SETFOCUS || message == WM_KILLFOCUS)) {
+    frame_.paint(handle(), message == WM_SETFOCUS, box_.back_color(), desk().tools());
+  }
   if (message == WM_GETDLGCODE) {
     // The Tab key leaves the box, and coming to it does not mark a text that cannot be changed.
     const auto* key = reinterpret_cast<const MSG*>(l);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ui/text_box.h"
+#include "win32/control_frame.h"
 #include "win32/control_peer.h"
 
 namespace ordelan::win32 {
@@ -30,6 +31,7 @@ class TextBoxPeer final : public ControlPeer {
   void take_typed();
 
   ui::TextBox& box_;
+  ControlFrame frame_;
   bool clicked_ = false;
 };
 

@@ -1,7 +1,9 @@
 #include "win32/tip_window.h"
 
 #include <commctrl.h>
+#include <uxtheme.h>
 
+#include "win32/drawing_tools.h"
 #include "win32/screen_scale.h"
 
 namespace ordelan::win32 {
@@ -31,6 +33,13 @@ bool TipWindow::make() {
                             CW_USEDEFAULT, CW_USEDEFAULT, owner_, nullptr, instance_, nullptr);
   if (!window_) return false;
   SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestTip, dpi_of(owner_)));
+  // With the system's own colours, helps look as everywhere.
+  const ui::Palette usual;
+  if (palette().raised != usual.raised || palette().text != usual.text) {
+    SetWindowTheme(window_, L"", L"");  // a theme has colours of its own
+    SendMessageW(window_, TTM_SETTIPBKCOLOR, color_of(palette().raised), 0);
+    SendMessageW(window_, TTM_SETTIPTEXTCOLOR, color_of(palette().text), 0);
+  }
   return true;
 }
 

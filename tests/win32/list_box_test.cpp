@@ -58,7 +58,7 @@ class RealListBox : public BackendTest {
     SetBkColor(memory, GetSysColor(COLOR_WINDOW));
     FillRect(memory, &area, GetSysColorBrush(COLOR_WINDOW));
     const std::wstring wide = win32::widen(text);
-    TextOutW(memory, px(2), area.top, wide.data(), static_cast<int>(wide.size()));
+    TextOutW(memory, px(4), area.top + px(4) / 2, wide.data(), static_cast<int>(wide.size()));
     const bool same = pixels(shown, area) == pixels(memory, area);
     SelectObject(memory, old_font);
     SelectObject(memory, old_bitmap);
