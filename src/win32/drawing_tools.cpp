@@ -75,6 +75,11 @@ void use_palette(const ui::Palette& palette) {
   colors_in_force() = palette;
 }
 
+bool palette_is_the_systems() {
+  const ui::Palette usual;
+  return palette().raised == usual.raised && palette().text == usual.text;
+}
+
 COLORREF color_of(ui::Color color) {
   const auto word = static_cast<std::uint32_t>(dressed(color));
   if ((word & kSystemColor) == 0) return word & 0xFFFFFF;

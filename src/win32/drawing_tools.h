@@ -17,6 +17,10 @@ namespace ordelan::win32 {
 const ui::Palette& palette();
 void use_palette(const ui::Palette& palette);
 
+// Whether everything is painted in the system's own colours, of which some are the same: what is
+// raised may not stand out from its ground.
+bool palette_is_the_systems();
+
 // What a colour word stands for: the palette has its own for the system's colours of windows and
 // texts.
 COLORREF color_of(ui::Color color);

@@ -100,7 +100,7 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
               item.rcItem.top + to_pixels(kRowAir, dpi()) / 2, ETO_OPAQUE | ETO_CLIPPED, &visible,
               text.data(), static_cast<UINT>(text.size()), nullptr);
   SelectObject(context, old);
-  if (focused && (item.itemState & ODS_FOCUS) != 0) {
+  if (focused && is_row && (item.itemState & ODS_FOCUS) != 0) {
     FrameRect(context, &visible, desk().tools().brush(palette().accent));
   }
   canvas.show();
@@ -141,6 +141,10 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
       return shrink_client(w, l);
     case WM_NCPAINT:
       frame_.paint(handle(), GetFocus() == handle(), list_.back_color(), desk().tools());
+      return 0;
+    case WM_PAINT:
+      if (!list_.empty()) break;
+      paint_empty();
       return 0;
     case WM_NCHITTEST:
       // What is not the rows' is the line, never one of the bars that nobody sees.
@@ -199,6 +203,14 @@ void ListBoxPeer::erase_below(HDC context) {
   rest.top =
       static_cast<LONG>(std::min<LRESULT>(rest.bottom, std::max<LRESULT>(0, shown) * height));
   if (rest.top < rest.bottom) FillRect(context, &rest, desk().tools().brush(list_.back_color()));
+}
+
+// The real list would show its focus round a row that it does not have.
+void ListBoxPeer::paint_empty() {
+  PAINTSTRUCT painting{};
+  const HDC context = BeginPaint(handle(), &painting);
+  if (context) FillRect(context, &painting.rcPaint, desk().tools().brush(list_.back_color()));
+  EndPaint(handle(), &painting);
 }
 
 int ListBoxPeer::row_at(int y) const {
@@ -278,6 +290,7 @@ LRESULT ListBoxPeer::shrink_client(WPARAM w, LPARAM l) const {
 
 void ListBoxPeer::focus_changed(bool focused) {
   frame_.paint(handle(), focused, list_.back_color(), desk().tools());
+  if (list_.empty()) repaint();
   // The chosen row has other colours now.
   RECT row{};
   const LRESULT current = send(LB_GETCURSEL);

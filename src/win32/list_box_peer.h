@@ -42,6 +42,7 @@ class ListBoxPeer final : public ControlPeer {
  private:
   void show_rows(bool keep_place);
   void erase_below(HDC context);
+  void paint_empty();
   // The row at a height of the list's, -1 where there is none.
   int row_at(int y) const;
   void right_button(int y);

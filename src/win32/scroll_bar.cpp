@@ -24,6 +24,12 @@ std::int64_t last_place(const Scroll& scroll) {
   return std::max<std::int64_t>(last, scroll.least);
 }
 
+ui::Color thumb_color(bool over, bool dragging) {
+  if (dragging) return palette().accent;
+  if (palette_is_the_systems()) return over ? palette().text_off : palette().line;
+  return over ? palette().raised_over : palette().raised;
+}
+
 void register_class(HINSTANCE instance, WNDPROC procedure) {
   WNDCLASSEXW kind{};
   kind.cbSize = sizeof kind;
@@ -179,10 +185,8 @@ void ScrollBar::paint() {
     RECT shape = vertical_ ? RECT{0, place.start, thickness(), place.start + place.length}
                            : RECT{place.start, 0, place.start + place.length, thickness()};
     InflateRect(&shape, -margin, -margin);
-    const ui::Color color =
-        dragging_ ? palette().accent : (over_ ? palette().raised_over : palette().raised);
     const int round = std::min(shape.right - shape.left, shape.bottom - shape.top);
-    const HGDIOBJ old_brush = SelectObject(context, tools_.brush(color));
+    const HGDIOBJ old_brush = SelectObject(context, tools_.brush(thumb_color(over_, dragging_)));
     const HGDIOBJ old_pen = SelectObject(context, GetStockObject(NULL_PEN));
     // Without an edge, a shape lacks its last row and column.
     RoundRect(context, shape.left, shape.top, shape.right + 1, shape.bottom + 1, round, round);

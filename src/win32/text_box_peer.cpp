@@ -1,5 +1,6 @@
 #include "win32/text_box_peer.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "win32/ansi_text.h"
@@ -61,6 +62,10 @@ LRESULT TextBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
         // With either parameter, what is to become the client area comes first.
         RECT& area = *reinterpret_cast<RECT*>(l);
         area = frame_.inside(area, dpi());
+        if (!box_.multiline()) {  // whose text stands in the middle
+          const LONG line = desk().tools().line_height(box_.font(), dpi());
+          area.top += std::max<LONG>(0, area.bottom - area.top - line) / 2;
+        }
         break;
       }
       case WM_NCPAINT:

@@ -34,8 +34,7 @@ bool TipWindow::make() {
   if (!window_) return false;
   SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestTip, dpi_of(owner_)));
   // With the system's own colours, helps look as everywhere.
-  const ui::Palette usual;
-  if (palette().raised != usual.raised || palette().text != usual.text) {
+  if (!palette_is_the_systems()) {
     SetWindowTheme(window_, L"", L"");  // a theme has colours of its own
     SendMessageW(window_, TTM_SETTIPBKCOLOR, color_of(palette().raised), 0);
     SendMessageW(window_, TTM_SETTIPTEXTCOLOR, color_of(palette().text), 0);

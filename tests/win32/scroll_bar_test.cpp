@@ -63,6 +63,8 @@ class ListScrollBars : public BackendTest {
     other.set_bounds({10, 230, 300, 80});
   }
 
+  ~ListScrollBars() override { win32::use_palette(ui::Palette()); }
+
   HWND real_list() const { return real(L"Ordelan.ListVip"); }
   LRESULT ask(UINT message, WPARAM w = 0, LPARAM l = 0) const {
     return SendMessageW(real_list(), message, w, l);
@@ -315,24 +317,42 @@ TEST_F(ListScrollBars, the_wheel_scrolls_the_list_over_them_too) {
 }
 
 TEST_F(ListScrollBars, show_where_the_list_is) {
+  ui::Palette palette;
+  palette.surface = ui::rgb(1, 2, 3);
+  palette.raised = ui::rgb(40, 50, 60);
+  palette.raised_over = ui::rgb(70, 80, 90);
+  palette.accent = ui::rgb(0, 200, 100);
+  win32::use_palette(palette);
   show();
   fill(1000);
   const HWND found = vertical();
   const int middle = room_of(found).right / 2;
-  const int end = room_of(found).bottom;
-  const COLORREF thumb = win32::color_of(win32::palette().raised);
-  const COLORREF track = win32::color_of(win32::palette().surface);
-  ASSERT_NE(thumb, track);
-  EXPECT_EQ(pixel(found, middle, px(12)), thumb);
-  EXPECT_EQ(pixel(found, middle, end - px(12)), track);
+  const int top = px(12);
+  const int end = room_of(found).bottom - px(12);
+  EXPECT_EQ(pixel(found, middle, top), RGB(40, 50, 60));
+  EXPECT_EQ(pixel(found, middle, end), RGB(1, 2, 3));
   ask(WM_VSCROLL, SB_BOTTOM);
   backend.pump();
-  EXPECT_EQ(pixel(found, middle, px(12)), track);
-  EXPECT_EQ(pixel(found, middle, end - px(12)), thumb);
-  SendMessageW(found, WM_LBUTTONDOWN, MK_LBUTTON, at(middle, end - px(12)));
+  EXPECT_EQ(pixel(found, middle, top), RGB(1, 2, 3));
+  EXPECT_EQ(pixel(found, middle, end), RGB(40, 50, 60));
+  SendMessageW(found, WM_LBUTTONDOWN, MK_LBUTTON, at(middle, end));
   backend.pump();
-  EXPECT_EQ(pixel(found, middle, end - px(12)), win32::color_of(win32::palette().accent));
-  SendMessageW(found, WM_LBUTTONUP, 0, at(middle, end - px(12)));
+  EXPECT_EQ(pixel(found, middle, end), RGB(0, 200, 100));
+  SendMessageW(found, WM_LBUTTONUP, 0, at(middle, end));
+  SendMessageW(found, WM_MOUSELEAVE, 0, 0);
+  backend.pump();
+  EXPECT_EQ(pixel(found, middle, end), RGB(40, 50, 60));
+  SendMessageW(found, WM_MOUSEMOVE, 0, at(middle, end));
+  UpdateWindow(found);  // before the system finds that the pointer is elsewhere
+  EXPECT_EQ(pixel(found, middle, end), RGB(70, 80, 90));
+}
+
+TEST_F(ListScrollBars, are_seen_in_the_systems_own_colours_too) {
+  show();
+  fill(1000);
+  const HWND found = vertical();
+  const int middle = room_of(found).right / 2;
+  EXPECT_NE(pixel(found, middle, px(12)), pixel(found, middle, room_of(found).bottom - px(12)));
 }
 
 TEST_F(ListScrollBars, take_no_keys_and_leave_the_focus_where_it_is) {
@@ -389,6 +409,25 @@ TEST_F(ListScrollBars, the_line_is_whole_whatever_the_bars_do) {
   list.clear();
   list.set_horizontal_extent(0);
   EXPECT_THAT(lines_of(real_list()), testing::Each(win32::color_of(win32::palette().accent)));
+}
+
+TEST_F(ListScrollBars, the_current_row_of_the_focused_list_alone_has_a_frame) {
+  show();
+  const COLORREF accent = win32::color_of(win32::palette().accent);
+  const COLORREF ground = win32::color_of(win32::palette().surface);
+  const auto corner = [&] {
+    backend.pump();
+    return pixel(real_list(), 0, 0);
+  };
+  SetFocus(real_list());
+  EXPECT_EQ(corner(), ground) << "an empty list has no row";
+  fill(5);
+  list.set_current(0);
+  EXPECT_EQ(corner(), accent);
+  SetFocus(real(L"Ordelan.Text1"));
+  EXPECT_EQ(corner(), win32::color_of(win32::palette().raised));
+  list.clear();
+  EXPECT_EQ(corner(), ground);
 }
 
 TEST_F(ListScrollBars, a_chosen_row_is_dimmer_while_the_list_has_not_the_focus) {

@@ -1,0 +1,61 @@
+#include "win32/tip_window.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include "ui/label.h"
+#include "win32/backend_fixture.h"
+#include "win32/drawing_tools.h"
+
+namespace ordelan::test {
+namespace {
+
+class RealTips : public BackendTest {
+ protected:
+  ~RealTips() override { win32::use_palette(ui::Palette()); }
+
+  HWND tips() const {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND each, LPARAM l) -> BOOL {
+          wchar_t name[32] = {};
+          GetClassNameW(each, name, 32);
+          if (std::wstring(name) != TOOLTIPS_CLASSW) return TRUE;
+          *reinterpret_cast<HWND*>(l) = each;
+          return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+  }
+  COLORREF color(UINT message) const {
+    return static_cast<COLORREF>(SendMessageW(tips(), message, 0, 0));
+  }
+
+  ui::Label label{window, "lblEstado"};
+};
+
+TEST_F(RealTips, helps_are_the_systems_as_long_as_the_colours_are) {
+  label.set_tip("la ayuda");
+  show();
+  ASSERT_TRUE(tips());
+  EXPECT_EQ(color(TTM_GETTIPBKCOLOR), GetSysColor(COLOR_INFOBK));
+  EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), GetSysColor(COLOR_INFOTEXT));
+}
+
+TEST_F(RealTips, helps_have_the_colours_of_a_palette) {
+  ui::Palette palette;
+  palette.raised = ui::rgb(10, 20, 30);
+  palette.text = ui::rgb(200, 210, 220);
+  win32::use_palette(palette);
+  label.set_tip("la ayuda");
+  show();
+  ASSERT_TRUE(tips());
+  EXPECT_EQ(color(TTM_GETTIPBKCOLOR), RGB(10, 20, 30));
+  EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), RGB(200, 210, 220));
+}
+
+}  // namespace
+}  // namespace ordelan::test
