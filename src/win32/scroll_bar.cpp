@@ -26,8 +26,7 @@ std::int64_t last_place(const Scroll& scroll) {
 
 ui::Color thumb_color(bool over, bool dragging) {
   if (dragging) return palette().accent;
-  if (palette_is_the_systems()) return over ? palette().text_off : palette().line;
-  return over ? palette().raised_over : palette().raised;
+  return over ? palette().text_off : palette().line;
 }
 
 void register_class(HINSTANCE instance, WNDPROC procedure) {
