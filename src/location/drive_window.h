@@ -6,6 +6,7 @@
 
 #include "location/context.h"
 #include "location/drive_boxes.h"
+#include "ui/button.h"
 #include "ui/label.h"
 #include "ui/window.h"
 
@@ -17,6 +18,7 @@ class UnidadesBuscar final : public ui::Window, public DriveBoxes {
   UnidadesBuscar(const Context& context, std::function<void()> UnidadesDisponibles);
 
   ui::Label Label1;
+  ui::Button cmdSalir;
 
  private:
   void Form_Load();

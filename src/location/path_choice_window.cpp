@@ -18,6 +18,7 @@ ElegirRuta::ElegirRuta(const Context& context)
       context_(context) {
   set_title("Elegir la ruta");
   set_size({skin::kPathChoiceWidth, skin::kPathChoiceHeight});
+  set_borderless(true);
   set_drag_by_background(true);
   Label1.set_caption(
       "Hay varios archivos con el mismo nombre. Clica el que debe utilizar el proyecto:");

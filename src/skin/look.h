@@ -181,6 +181,12 @@ PictureDisabled=cerrar_off
 ButtonColor=0x26211E
 [ElegirRuta.Label1]
 ForeColor=0xEFEBE8
+[UnidadesBuscar.cmdSalir]
+Style=1
+PictureNormal=cerrar
+PictureOver=cerrar_over
+PictureDown=cerrar_down
+PictureDisabled=cerrar_off
 [UnidadesBuscar.Label2]
 ForeColor=0xC2B6AE
 )";

@@ -142,6 +142,14 @@ TEST_F(DriveWindow, closing_hides_the_window_and_keeps_its_boxes_and_their_ticks
   EXPECT_EQ(desk.settings.number("UnidadesBuscar_Top", -1), 50);
 }
 
+TEST_F(DriveWindow, its_button_closes_it) {
+  desk.drives.add("C:\\");
+  start("Unidad: C:\\=1\r\n");
+  desk.form.Configurar.on_click();
+  window().cmdSalir.on_click();
+  EXPECT_FALSE(window().visible());
+}
+
 TEST_F(DriveWindow, whoever_closes_it_only_hides_it) {
   desk.drives.add("C:\\");
   start();

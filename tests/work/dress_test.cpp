@@ -78,7 +78,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
           << section_of(*control);
     }
   }
-  EXPECT_EQ(buttons, 12);
+  EXPECT_EQ(buttons, 13);
 }
 
 TEST_F(Dress, a_window_has_its_background_and_its_shape) {
