@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "skin/palette.h"
 #include "support/small_project.h"
 #include "window/ordelan_fixture.h"
 #include "window/wait.h"
@@ -61,6 +62,20 @@ TEST_F(Ordelan, starts_with_the_empty_window) {
   }
   EXPECT_TRUE(program->visible("ListProyectosInfo"));
   program->picture_of_screen("ordelan-empty");
+}
+
+TEST_F(Ordelan, is_painted_as_soon_as_it_is_there) {
+  write_settings("DE");
+  const auto begun = std::chrono::steady_clock::now();
+  program = std::make_unique<Program>();
+  program->wait_until("a painted button", [&] {
+    RECT place{};
+    GetWindowRect(program->control("AbrirFichero"), &place);
+    return program->pixel("AbrirFichero", {4, (place.bottom - place.top) / 2}) == skin::kRaised;
+  });
+  const auto took = std::chrono::steady_clock::now() - begun;
+  std::cout << "main window after " << program->start_time().count() << " ms, painted after "
+            << std::chrono::duration_cast<std::chrono::milliseconds>(took).count() << " ms\n";
 }
 
 TEST_F(Ordelan, opens_a_project_through_the_file_dialog) {
