@@ -165,6 +165,8 @@ ForeColor=0xC2B6AE
 [Acerca.Acerca]
 Picture=fondo_acerca
 MaskColor=0xFF00FF
+[Acerca.LabelNombre]
+BackColor=0x302925
 [Acerca.ImageLogo]
 Picture=logo_acerca
 [Acerca.LabelVersion]

@@ -56,7 +56,7 @@ void LabelPeer::follow_pointer(UINT message) {
 UINT LabelPeer::layout(const RECT& area) const {
   const int line = desk().tools().line_height(label_.font(), dpi());
   if (area.bottom >= 2 * line) return DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;
-  return DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+  return DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX;
 }
 
 void LabelPeer::paint(HDC context, const RECT& area) {
@@ -84,7 +84,7 @@ void LabelPeer::paint_text(HDC context, const RECT& area) {
   const LONG height = words.bottom - words.top;
   RECT room = area;
   room.top = std::max(area.top, (area.bottom - height) / 2);
-  DrawTextW(context, caption.c_str(), size, &room, layout(area) & ~UINT{DT_VCENTER});
+  DrawTextW(context, caption.c_str(), size, &room, layout(area));
   if (!lit && !focused) return;
   const LONG base = std::min(area.bottom - 1, room.top + height);
   const POINT line[] = {{0, base}, {std::min(words.right, area.right - 1), base}};

@@ -124,6 +124,9 @@ void WindowPeer::show() {
   }
   update_kind();
   ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : SW_SHOW);
+  // At once: who shows the window may be busy for a while, and the controls would be holes in it.
+  desk_.flush();
+  RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void WindowPeer::update_order() {

@@ -11,6 +11,7 @@ constexpr int kHeight = 30;
 
 PathStrip::PathStrip(ui::Window& window)
     : ListPath(window, "ListPath"), ImageIcon(window, "ImageIcon") {
+  ListPath.set_description("Texto completo");
   ListPath.hide();
   ImageIcon.hide();
   ImageIcon.set_picture("proyecto");

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "skin/palette.h"
 #include "support/small_project.h"
 #include "window/ordelan_fixture.h"
 #include "window/wait.h"
@@ -19,6 +20,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
+
+// Between the commands and the buttons of the window's corner: the window has no title to hold.
+constexpr POINT kGroundOfHeader{988, 26};
 
 class Ordelan : public OrdelanTest {
  protected:
@@ -58,6 +62,20 @@ TEST_F(Ordelan, starts_with_the_empty_window) {
   }
   EXPECT_TRUE(program->visible("ListProyectosInfo"));
   program->picture_of_screen("ordelan-empty");
+}
+
+TEST_F(Ordelan, is_painted_as_soon_as_it_is_there) {
+  write_settings("DE");
+  const auto begun = std::chrono::steady_clock::now();
+  program = std::make_unique<Program>();
+  program->wait_until("a painted button", [&] {
+    RECT place{};
+    GetWindowRect(program->control("AbrirFichero"), &place);
+    return program->pixel("AbrirFichero", {4, (place.bottom - place.top) / 2}) == skin::kRaised;
+  });
+  const auto took = std::chrono::steady_clock::now() - begun;
+  std::cout << "main window after " << program->start_time().count() << " ms, painted after "
+            << std::chrono::duration_cast<std::chrono::milliseconds>(took).count() << " ms\n";
 }
 
 TEST_F(Ordelan, opens_a_project_through_the_file_dialog) {
@@ -263,7 +281,7 @@ TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
   program->click("CheckBAK");
   program->wait_until("the tick", [&] { return !program->checked("CheckBAK"); });
   const RECT before = program->place();
-  program->drag_window({300, -10}, {80, 60});
+  program->drag_window(kGroundOfHeader, {80, 60});
   program->wait_until("the end of the drag", [&] {
     return program->place().left == before.left + 80 && program->place().top == before.top + 60;
   });
@@ -278,11 +296,11 @@ TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
   EXPECT_EQ(program->place().top, left.top);
 }
 
-TEST_F(Ordelan, closes_with_the_windows_own_button_in_the_middle_of_a_decode) {
+TEST_F(Ordelan, closes_by_alt_and_f4_in_the_middle_of_a_decode) {
   start();
   open(long_project());
   wait_read("XP_ProgressBar1");
-  program->close_window();
+  program->key(VK_F4, false, false, true);
   EXPECT_EQ(program->wait_for_end(), 0u);
 }
 

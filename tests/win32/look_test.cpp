@@ -1,0 +1,211 @@
+// How the whole program looks where a user could bring it only with patience: the strip in each of
+// its colours, the choice of a path, and captions in their room. Pictures are saved to be looked
+// at.
+#include "app/look.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/program.h"
+#include "location/path_choice.h"
+#include "screen_picture.h"
+#include "support/fake_services.h"
+#include "test_disk.h"
+#include "ui/list_width.h"
+#include "win32/drawing_tools.h"
+#include "win32/screen_scale.h"
+#include "win32/win32_backend.h"
+#include "win32/win32_clock.h"
+#include "win32/win32_dialogs.h"
+#include "win32/win32_regional.h"
+#include "win32/win32_shell.h"
+
+namespace ordelan::test {
+namespace {
+
+// The program's colours, as long as the test runs.
+class SkinColors {
+ public:
+  SkinColors() : before_(win32::palette()) { win32::use_palette(app::skin_palette()); }
+  ~SkinColors() { win32::use_palette(before_); }
+  SkinColors(const SkinColors&) = delete;
+  SkinColors& operator=(const SkinColors&) = delete;
+
+ private:
+  ui::Palette before_;
+};
+
+class LookInside : public testing::Test {
+ protected:
+  LookInside() {
+    const std::string root = disk.folder();
+    drives.add(root);
+    disk.write("Config.ini", "[Settings]\r\nUnidad: " + root + "=1\r\n");
+    program.emplace(backend, platform, settings);
+    program->start();
+    backend.pump();
+  }
+
+  static HWND top_level(const std::wstring& name) {
+    struct Search {
+      std::wstring property;
+      HWND found = nullptr;
+    } search{L"Ordelan.Window." + name};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND each, LPARAM l) -> BOOL {
+          auto& wanted = *reinterpret_cast<Search*>(l);
+          if (!GetPropW(each, wanted.property.c_str())) return TRUE;
+          wanted.found = each;
+          return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
+  static HWND control(const std::wstring& window, const std::wstring& name) {
+    const HWND parent = top_level(window);
+    HWND child = parent ? GetWindow(parent, GW_CHILD) : nullptr;
+    while (child && !GetPropW(child, (L"Ordelan." + name).c_str())) {
+      child = GetWindow(child, GW_HWNDNEXT);
+    }
+    return child;
+  }
+
+  void take(const std::wstring& window, const std::string& what) {
+    const HWND handle = top_level(window);
+    ASSERT_TRUE(handle);
+    for (int i = 0; i < 10; ++i) {
+      backend.pump();
+      Sleep(10);
+    }
+    RECT place{};
+    GetWindowRect(handle, &place);
+    const HDC screen = GetDC(nullptr);
+    const int percent = MulDiv(GetDeviceCaps(screen, LOGPIXELSX), 100, 96);
+    ReleaseDC(nullptr, screen);
+    EXPECT_NE(save_screen("look-" + what + "-" + std::to_string(percent), place), L"");
+  }
+
+  // What the screen shows at a control's place, in pixels from its corner.
+  static COLORREF pixel(HWND control, int x, int y) {
+    POINT place{x, y};
+    ClientToScreen(control, &place);
+    const HDC screen = GetDC(nullptr);
+    const COLORREF color = GetPixel(screen, place.x, place.y);
+    ReleaseDC(nullptr, screen);
+    return color;
+  }
+
+  struct PixelPlaces {
+    PixelPlaces() { SetProcessDPIAware(); }
+  } aware;  // first: the program's places are pixels
+  SkinColors colors;
+  TestDisk disk;
+  win32::Win32Clock clock;
+  win32::Win32Regional regional;
+  FakeDrives drives;
+  win32::Win32Shell shell;
+  win32::Win32Backend backend{GetModuleHandleW(nullptr)};
+  win32::Win32Dialogs dialogs{backend};
+  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
+  settings::Settings settings{disk.files(), regional, disk.path("Config.ini")};
+  std::optional<app::Program> program;
+};
+
+struct StripColor {
+  std::string name;
+  int code;
+  COLORREF color;
+  std::string text;
+};
+
+class LookOfStrip : public LookInside, public testing::WithParamInterface<StripColor> {};
+
+TEST_P(LookOfStrip, shows_two_lines_in_its_colour_above_the_headings) {
+  project::Form1& form = program->form;
+  form.ShowIco.hide();
+  form.strip.Alerta(GetParam().code, GetParam().text, true);
+  take(L"Form1", "strip-" + GetParam().name);
+  const HWND strip = control(L"Form1", L"TextDecode");
+  ASSERT_TRUE(strip);
+  EXPECT_EQ(form.strip.TextDecode.line_count(), 2);
+  RECT room{};
+  GetClientRect(strip, &room);
+  EXPECT_EQ(pixel(strip, room.right - 2, 1), GetParam().color);
+  EXPECT_EQ(pixel(strip, room.right - 2, room.bottom - 2), GetParam().color);
+  // The second line is there to be read: some of its pixels are not the ground.
+  int written = 0;
+  for (int x = 0; x < room.right; ++x) {
+    for (int y = room.bottom / 2 + 1; y < room.bottom - 1; ++y) {
+      written += pixel(strip, x, y) == GetParam().color ? 0 : 1;
+    }
+    if (written > 0) break;
+  }
+  EXPECT_GT(written, 0);
+  RECT place{};
+  RECT heading{};
+  GetWindowRect(strip, &place);
+  GetWindowRect(control(L"Form1", L"TextNum1(0)"), &heading);
+  EXPECT_LE(place.bottom, heading.top) << "it covers the headings";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Look, LookOfStrip,
+    testing::Values(StripColor{"progress", work::kProgress, 0xC0E0FF,
+                               "Descodificando: D:\\Mix\\Canción del Año\\canción del año.vip\r\n"
+                               "Proyecto 3 de 41"},
+                    StripColor{"result", work::kResult, 0xFFFFC0,
+                               "Archivo encontrado en otra carpeta:\r\n"
+                               "E:\\Copia de seguridad\\Estudio 2019\\toma de guitarra.wav"},
+                    StripColor{"warning", work::kWarning, 0x8080EE,
+                               " >>> AVISO <<<   No se ha encontrado en ninguna unidad:\r\n"
+                               "D:\\No está\\Guitarra española.wav"},
+                    StripColor{"waiting", work::kWaiting, 0xC0C0FF,
+                               "Hay varios archivos con el mismo nombre.\r\n"
+                               "Elige uno en la lista para seguir."}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(LookInside, the_choice_of_a_path_shows_its_rows) {
+  auto* const choice = program->windows.touch_as<location::PathChoice>("ElegirRuta");
+  ASSERT_TRUE(choice);
+  for (const char* row : {"D:\\Mix\\Canción del Año\\toma.wav",
+                          "E:\\Copia de seguridad\\Estudio 2019\\Grabaciones del verano con la "
+                          "orquesta entera y sus solistas\\toma.wav",
+                          "F:\\toma.wav"}) {
+    choice->ListElegirRuta.add(row);
+  }
+  ui::ListaAncho(choice->ListElegirRuta);
+  take(L"ElegirRuta", "choice");
+  const HWND list = control(L"ElegirRuta", L"ListElegirRuta");
+  ASSERT_TRUE(list);
+  EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 3);
+}
+
+// Room for the words, and for what stands beside them.
+TEST_F(LookInside, no_caption_of_a_button_or_box_is_wider_than_its_control) {
+  constexpr int kBesideWords = 24;  // a box, or the picture of a button, with the gaps
+  int looked_at = 0;
+  for (ui::Control* const each : program->form.controls()) {
+    const auto* const button = dynamic_cast<ui::Button*>(each);
+    const auto* const box = dynamic_cast<ui::CheckBox*>(each);
+    const auto* const label = dynamic_cast<ui::Label*>(each);
+    const std::string caption = button                     ? button->caption()
+                                : box                      ? box->caption()
+                                : label && label->on_click ? label->caption()
+                                                           : "";
+    if (caption.empty()) continue;
+    ++looked_at;
+    const int beside = label ? 0 : kBesideWords;
+    const int words = win32::to_units(ui::MedirTexto(*each, caption), win32::system_dpi());
+    EXPECT_LE(words + beside, each->bounds().width) << caption;
+  }
+  EXPECT_GE(looked_at, 15);
+}
+
+}  // namespace
+}  // namespace ordelan::test

@@ -1,0 +1,184 @@
+// How the real program looks: a picture of each window, to be looked at, and what can be told
+// without eyes: that nothing sticks out or lies over another.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "screen_picture.h"
+#include "skin/palette.h"
+#include "support/small_project.h"
+#include "window/ordelan_fixture.h"
+#include "window/wait.h"
+
+namespace ordelan::test {
+namespace {
+
+std::vector<HWND> shown_controls(HWND window) {
+  std::vector<HWND> controls;
+  EnumChildWindows(
+      window,
+      [](HWND each, LPARAM l) -> BOOL {
+        if (IsWindowVisible(each)) reinterpret_cast<std::vector<HWND>*>(l)->push_back(each);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&controls));
+  return controls;
+}
+
+RECT place_of(HWND window) {
+  RECT area{};
+  GetWindowRect(window, &area);
+  return area;
+}
+
+std::string told(const RECT& area) {
+  return std::to_string(area.left) + "," + std::to_string(area.top) + " to " +
+         std::to_string(area.right) + "," + std::to_string(area.bottom);
+}
+
+// The size of the screen's writing, of which the usual is 100.
+int percent() {
+  const HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  return MulDiv(dpi, 100, 96);
+}
+
+class Look : public OrdelanTest {
+ protected:
+  static std::string name_of(const std::string& what) {
+    return "look-" + what + "-" + std::to_string(percent());
+  }
+
+  // Saves the window in use, with its ground dark and everything in its place.
+  void take(const std::string& what) const {
+    program->picture_of_window(name_of(what));
+    expect_order();
+  }
+
+  // `over` may lie on another: an invitation on the list that it invites to.
+  void expect_order(const std::string& over = "ListProyectosInfo") const {
+    const HWND window = program->window();
+    RECT room{};
+    GetClientRect(window, &room);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&room), 2);
+    const HWND invitation = program->has(over) ? program->control(over) : nullptr;
+    const std::vector<HWND> controls = shown_controls(window);
+    ASSERT_FALSE(controls.empty());
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+      const RECT place = place_of(controls[i]);
+      RECT inside{};
+      IntersectRect(&inside, &place, &room);
+      EXPECT_TRUE(EqualRect(&inside, &place)) << told(place) << " reaches out of " << told(room);
+      for (std::size_t j = i + 1; j < controls.size(); ++j) {
+        if (controls[i] == invitation || controls[j] == invitation) continue;
+        const RECT other = place_of(controls[j]);
+        RECT both{};
+        EXPECT_FALSE(IntersectRect(&both, &place, &other))
+            << told(place) << " lies over " << told(other);
+      }
+    }
+  }
+
+  // References of one long folder, none of which is there.
+  static std::vector<std::string> long_references(int count) {
+    const std::string folder =
+        "D:\\Grabaciones del estudio grande\\Temporada de otoño con la orquesta entera\\"
+        "Arreglos definitivos para la mezcla\\";
+    std::vector<std::string> paths;
+    for (int i = 0; i < count; ++i) {
+      paths.push_back(folder + "Toma " + std::to_string(10000 + i) +
+                      " de la sección de cuerdas, micrófono de sala izquierdo.wav");
+    }
+    return paths;
+  }
+};
+
+TEST_F(Look, of_the_empty_window_is_dark) {
+  start();
+  take("empty");
+  std::size_t dark = 0;
+  const RECT place = program->place();
+  const HDC screen = GetDC(nullptr);
+  // Down the gap between the two columns, where no control stands.
+  const int middle = (place.left + place.right) / 2;
+  const int height = place.bottom - place.top;
+  for (int i = 3; i < 9; ++i) {
+    dark += GetPixel(screen, middle, place.top + height * i / 10) == skin::kGround ? 1 : 0;
+  }
+  ReleaseDC(nullptr, screen);
+  EXPECT_EQ(dark, 6u);
+}
+
+TEST_F(Look, of_a_running_decode_shows_strip_and_bar) {
+  start();
+  open(long_project());
+  // It is read twice before it is decoded.
+  const auto begun = [&] {
+    return program->visible("XP_ProgressBar1") && program->progress("XP_ProgressBar1") > 3000;
+  };
+  wait_for(begun, std::chrono::seconds(90));
+  program->wait_until("some progress", begun);
+  EXPECT_TRUE(program->visible("TextDecode"));
+  EXPECT_TRUE(program->visible("LabelAviso"));
+  ASSERT_NE(save_screen(name_of("decoding"), program->place()), L"");
+  EXPECT_TRUE(program->visible("XP_ProgressBar1")) << "it was over before the picture was taken";
+  program->click("cmdCancelar");
+  program->wait_until("the end of the job", [&] { return !program->visible("cmdCancelar"); });
+  take("cancelled");
+}
+
+TEST_F(Look, of_ten_thousand_long_rows_keeps_everything_in_its_place) {
+  write("Proyectos de la temporada de verano\\Concierto con la orquesta entera.vip",
+        project_of(long_references(10000)));
+  start();
+  open(path("Proyectos de la temporada de verano\\Concierto con la orquesta entera.vip"));
+  wait_decoded();
+  EXPECT_EQ(program->row_count("ListVip"), 10000u);
+  take("decoded");
+
+  program->click("LabelCount(0)");
+  wait_shown("ListPath");
+  take("path");
+
+  program->click("cmdPerdidos");
+  program->use_window("Perdidos");
+  take("lost");
+}
+
+TEST_F(Look, of_a_studio_shows_all_four_steps) {
+  start();
+  open("D:\\Mix\\tema.vip");
+  wait_decoded();
+  take("studio");
+  program->hover("cmdReset");
+  take("hover");
+}
+
+TEST_F(Look, of_a_refused_project_shows_the_warning) {
+  start();
+  open("D:\\Mix\\solo_midi.vip");
+  wait_shown("TextDecode");
+  take("refused");
+}
+
+TEST_F(Look, of_the_drives_shows_a_box_for_each) {
+  start();
+  program->click("Configurar");
+  program->use_window("UnidadesBuscar");
+  take("drives");
+}
+
+TEST_F(Look, of_the_about_window_shows_name_and_version) {
+  start();
+  program->click("AcercaDe");
+  program->use_window("Acerca");
+  take("about");
+}
+
+}  // namespace
+}  // namespace ordelan::test
