@@ -1,5 +1,5 @@
-// The main window: a bar of commands, a line for notices and clocks, the strip, and the four lists
-// as the four steps of the work.
+// The main window: a bar of commands, a line for notices and clocks, the strip with room for two
+// lines, and the four lists as the four steps of the work.
 #pragma once
 
 #include <array>
@@ -25,46 +25,46 @@ inline constexpr std::array kMainWindow = {
     Place{"cmdMinimizar", -1, 1012, 10, 36, 32},
     Place{"Salir", -1, 1052, 10, 36, 32},
 
-    Place{"LabelAviso", -1, 12, 62, 640, 36},
-    Place{"ShowIco", -1, 12, 62, 640, 66},
-    Place{"LabelD", -1, 656, 70, 150, 22},
-    Place{"TimeDeco", -1, 812, 68, 132, 24},
-    Place{"TextLapsoTotal", -1, 956, 68, 132, 24},
+    Place{"LabelAviso", -1, 12, 58, 640, 36},
+    Place{"ShowIco", -1, 12, 58, 640, 66},
+    Place{"LabelD", -1, 656, 66, 150, 22},
+    Place{"TimeDeco", -1, 812, 64, 132, 24},
+    Place{"TextLapsoTotal", -1, 956, 64, 132, 24},
 
-    Place{"ImageIcon", -1, 12, 100, 30, 30},
-    Place{"ListPath", -1, 46, 100, 1042, 30},
-    Place{"TextDecode", -1, 12, 134, 1076, 16},
+    Place{"ImageIcon", -1, 12, 94, 30, 30},
+    Place{"ListPath", -1, 46, 94, 1042, 30},
+    Place{"TextDecode", -1, 12, 126, 1076, 16},
 
-    Place{"ImagePaso", 0, 12, 160, 24, 24},
-    Place{"LabelCheck", 0, 44, 156, 500, 18},
-    Place{"LabelCheck", 1, 44, 174, 500, 18},
-    Place{"ListProyectosInfo", -1, 152, 234, 252, 136},
-    Place{"ListProyectos", -1, 12, 200, 532, 204},
-    Place{"ImagePaso", 1, 556, 160, 24, 24},
-    Place{"LabelCount", 0, 588, 156, 500, 18},
-    Place{"LabelCount", 1, 588, 174, 500, 18},
-    Place{"ListVip", -1, 556, 200, 532, 204},
-    Place{"ImagePaso", 2, 12, 420, 24, 24},
+    Place{"ImagePaso", 0, 12, 167, 24, 24},
+    Place{"LabelCheck", 0, 44, 160, 500, 18},
+    Place{"LabelCheck", 1, 44, 178, 500, 18},
+    Place{"ListProyectosInfo", -1, 152, 236, 252, 136},
+    Place{"ListProyectos", -1, 12, 204, 532, 200},
+    Place{"ImagePaso", 1, 556, 167, 24, 24},
+    Place{"LabelCount", 0, 588, 160, 500, 18},
+    Place{"LabelCount", 1, 588, 178, 500, 18},
+    Place{"ListVip", -1, 556, 204, 532, 200},
+    Place{"ImagePaso", 2, 12, 423, 24, 24},
     Place{"LabelAdd", 0, 44, 416, 500, 18},
     Place{"LabelAdd", 1, 44, 434, 500, 18},
     Place{"ListUtilizados", -1, 12, 460, 532, 216},
-    Place{"ImagePaso", 3, 556, 420, 24, 24},
+    Place{"ImagePaso", 3, 556, 423, 24, 24},
     Place{"LabelErase", 0, 588, 416, 500, 18},
     Place{"LabelErase", 1, 588, 434, 500, 18},
     Place{"ListBorrar", -1, 556, 460, 532, 216},
-    Place{"TextNum1", 0, 44, 156, 500, 38},
-    Place{"TextNum1", 1, 588, 156, 500, 38},
+    Place{"TextNum1", 0, 44, 160, 500, 38},
+    Place{"TextNum1", 1, 588, 160, 500, 38},
     Place{"TextNum1", 2, 44, 416, 500, 38},
     Place{"TextNum1", 3, 588, 416, 500, 38},
 
-    Place{"CheckSubPath", -1, 12, 690, 148, 20},
-    Place{"CheckBAK", -1, 168, 690, 120, 20},
-    Place{"CheckToolTips", -1, 296, 690, 148, 20},
-    Place{"CheckPlayer", -1, 452, 690, 148, 20},
-    Place{"ZoomListas", -1, 604, 690, 108, 20},
-    Place{"CheckDragDrop", -1, 716, 690, 236, 20},
-    Place{"CheckLogo", -1, 956, 690, 132, 20},
-    Place{"XP_ProgressBar1", -1, 716, 692, 372, 16},
+    Place{"CheckSubPath", -1, 12, 690, 144, 20},
+    Place{"CheckBAK", -1, 166, 690, 120, 20},
+    Place{"CheckToolTips", -1, 296, 690, 152, 20},
+    Place{"CheckPlayer", -1, 456, 690, 137, 20},
+    Place{"ZoomListas", -1, 603, 690, 108, 20},
+    Place{"CheckDragDrop", -1, 721, 690, 226, 20},
+    Place{"CheckLogo", -1, 957, 690, 131, 20},
+    Place{"XP_ProgressBar1", -1, 721, 692, 367, 16},
 };
 
 }  // namespace ordelan::skin

@@ -139,6 +139,8 @@ TEST_F(Look, of_ten_thousand_long_rows_keeps_everything_in_its_place) {
   open(path("Proyectos de la temporada de verano\\Concierto con la orquesta entera.vip"));
   wait_decoded();
   EXPECT_EQ(program->row_count("ListVip"), 10000u);
+  wait_shown("ZoomListas");
+  wait_shown("cmdPerdidos");
   take("decoded");
 
   program->click("LabelCount(0)");
@@ -154,6 +156,7 @@ TEST_F(Look, of_a_studio_shows_all_four_steps) {
   start();
   open("D:\\Mix\\tema.vip");
   wait_decoded();
+  wait_shown("ZoomListas");
   take("studio");
   program->hover("cmdReset");
   take("hover");
