@@ -15,6 +15,7 @@ constexpr int kBox = 16;
 constexpr int kRadius = 3;
 constexpr int kGap = 8;
 constexpr int kTick = 2;
+constexpr int kUnderline = 1;
 
 }  // namespace
 
@@ -79,7 +80,7 @@ void CheckBoxPeer::paint(HDC context, const RECT& area) {
     const int height = words.bottom - words.top;
     const int base = (area.bottom + height) / 2;
     const POINT line[] = {{room.left, base}, {std::min(words.right, area.right - 1), base}};
-    stroke(context, line, 1, color_of(colors_in_force.accent));
+    stroke(context, line, to_pixels(kUnderline, dpi()), color_of(colors_in_force.accent));
   }
   SelectObject(context, old);
 }

@@ -14,6 +14,8 @@ namespace {
 // At 96 dots per inch.
 constexpr int kRadius = 8;
 constexpr int kGap = 8;
+constexpr int kDash = 2;
+constexpr int kUnderline = 1;
 
 }  // namespace
 
@@ -86,14 +88,16 @@ void LabelPeer::paint_text(HDC context, const RECT& area) {
   room.top = std::max(area.top, (area.bottom - height) / 2);
   DrawTextW(context, caption.c_str(), size, &room, layout(area));
   if (!lit && !focused) return;
-  const LONG base = std::min(area.bottom - 1, room.top + height);
+  const int thick = to_pixels(kUnderline, dpi());
+  const LONG base = std::min<LONG>(area.bottom - (thick + 1) / 2, room.top + height);
   const POINT line[] = {{0, base}, {std::min(words.right, area.right - 1), base}};
-  stroke(context, line, 1, color_of(focused ? palette().accent : palette().text_over));
+  stroke(context, line, thick, color_of(focused ? palette().accent : palette().text_over));
 }
 
 // The picture above the words, both in the middle of a frame.
 void LabelPeer::paint_invitation(HDC context, const RECT& area) {
-  dashed_box(context, area, to_pixels(kRadius, dpi()), color_of(palette().line));
+  dashed_box(context, area, to_pixels(kRadius, dpi()), to_pixels(kDash, dpi()),
+             color_of(palette().line));
   PictureStore& pictures = desk().pictures();
   const ui::Size size = pictures.size(label_.picture()).value_or(ui::Size{});
   const int height = to_pixels(size.height, dpi());

@@ -52,13 +52,13 @@ void rounded_box(HDC context, const RECT& area, int radius, COLORREF fill, COLOR
   graphics.DrawPath(&pen, &path);
 }
 
-void dashed_box(HDC context, const RECT& area, int radius, COLORREF edge) {
+void dashed_box(HDC context, const RECT& area, int radius, int width, COLORREF edge) {
   if (!can_show(area)) return;
   Gdiplus::Graphics graphics(context);
   graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
   Gdiplus::GraphicsPath path;
   trace_box(path, area, radius);
-  Gdiplus::Pen pen(solid(edge), 2);
+  Gdiplus::Pen pen(solid(edge), static_cast<Gdiplus::REAL>(width));
   pen.SetDashStyle(Gdiplus::DashStyleDash);
   graphics.DrawPath(&pen, &path);
 }

@@ -11,7 +11,7 @@ namespace ordelan::win32 {
 void rounded_box(HDC context, const RECT& area, int radius, COLORREF fill, COLORREF edge);
 
 // The edge of such a rectangle alone, in dashes.
-void dashed_box(HDC context, const RECT& area, int radius, COLORREF edge);
+void dashed_box(HDC context, const RECT& area, int radius, int width, COLORREF edge);
 
 // A line through the points, with round ends and corners.
 void stroke(HDC context, std::span<const POINT> points, int width, COLORREF color);
