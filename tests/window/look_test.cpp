@@ -22,7 +22,13 @@ std::vector<HWND> shown_controls(HWND window) {
   EnumChildWindows(
       window,
       [](HWND each, LPARAM l) -> BOOL {
-        if (IsWindowVisible(each)) reinterpret_cast<std::vector<HWND>*>(l)->push_back(each);
+        // The scroll bars of lists lie on their lists.
+        wchar_t kind[32] = {};
+        GetClassNameW(each, kind, 32);
+        const bool bar = std::wstring_view(kind) == L"Ordelan.ScrollBar";
+        if (IsWindowVisible(each) && !bar) {
+          reinterpret_cast<std::vector<HWND>*>(l)->push_back(each);
+        }
         return TRUE;
       },
       reinterpret_cast<LPARAM>(&controls));
