@@ -11,6 +11,9 @@ namespace ordelan::skin {
 inline constexpr int kMainWindowWidth = 1100;
 inline constexpr int kMainWindowHeight = 720;
 
+// The strip stands above the headings and grows upwards with its lines, as far as this.
+inline constexpr int kStripTop = 56;
+
 // In the order in which Tab goes through them; what covers another stands ahead of it.
 inline constexpr std::array kMainWindow = {
     Place{"AbrirFichero", -1, 12, 10, 148, 32},
@@ -27,13 +30,13 @@ inline constexpr std::array kMainWindow = {
 
     Place{"LabelAviso", -1, 12, 58, 640, 36},
     Place{"ShowIco", -1, 12, 58, 640, 66},
-    Place{"LabelD", -1, 656, 66, 150, 22},
-    Place{"TimeDeco", -1, 812, 64, 132, 24},
-    Place{"TextLapsoTotal", -1, 956, 64, 132, 24},
+    Place{"LabelD", -1, 656, 60, 150, 22},
+    Place{"TimeDeco", -1, 812, 58, 132, 24},
+    Place{"TextLapsoTotal", -1, 956, 58, 132, 24},
 
     Place{"ImageIcon", -1, 12, 94, 30, 30},
     Place{"ListPath", -1, 46, 94, 1042, 30},
-    Place{"TextDecode", -1, 12, 126, 1076, 16},
+    Place{"TextDecode", -1, 12, 136, 1076, 16},
 
     Place{"ImagePaso", 0, 12, 167, 24, 24},
     Place{"LabelCheck", 0, 44, 160, 500, 18},

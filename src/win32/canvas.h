@@ -43,4 +43,20 @@ class Canvas {
   HGDIOBJ old_bitmap_;
 };
 
+// Answers the order to paint a control: `paint(context, area)` paints all of it, and it is shown at
+// once when it is done.
+template <class Paint>
+void paint_out_of_sight(HWND control, const Paint& paint) {
+  PAINTSTRUCT painting{};
+  const HDC target = BeginPaint(control, &painting);
+  RECT area{};
+  GetClientRect(control, &area);
+  if (target && area.right > 0 && area.bottom > 0) {
+    const Canvas canvas(target, area);
+    paint(canvas.context(), area);
+    canvas.show();
+  }
+  EndPaint(control, &painting);
+}
+
 }  // namespace ordelan::win32

@@ -34,19 +34,9 @@ std::optional<LRESULT> DressedPeer::incoming(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_ERASEBKGND:
       return 1;
-    case WM_PAINT: {
-      PAINTSTRUCT painting{};
-      const HDC target = BeginPaint(handle(), &painting);
-      RECT area{};
-      GetClientRect(handle(), &area);
-      if (target && area.right > 0 && area.bottom > 0) {
-        const Canvas canvas(target, area);
-        paint(canvas.context(), area);
-        canvas.show();
-      }
-      EndPaint(handle(), &painting);
+    case WM_PAINT:
+      paint_out_of_sight(handle(), [this](HDC context, const RECT& area) { paint(context, area); });
       return 0;
-    }
     default:
       return ControlPeer::incoming(message, w, l);
   }

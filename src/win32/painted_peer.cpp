@@ -32,7 +32,7 @@ std::optional<LRESULT> PaintedPeer::incoming(UINT message, WPARAM w, LPARAM l) {
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:
-      paint_out_of_sight();
+      paint_out_of_sight(handle(), [this](HDC context, const RECT& area) { paint(context, area); });
       return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -85,19 +85,6 @@ void PaintedPeer::press_window(UINT message, WPARAM w, LPARAM l) const {
   POINT place{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
   MapWindowPoints(handle(), parent().handle(), &place, 1);
   SendMessageW(parent().handle(), message, w, MAKELPARAM(place.x, place.y));
-}
-
-void PaintedPeer::paint_out_of_sight() {
-  PAINTSTRUCT painting{};
-  const HDC target = BeginPaint(handle(), &painting);
-  RECT area{};
-  GetClientRect(handle(), &area);
-  if (target && area.right > 0 && area.bottom > 0) {
-    const Canvas canvas(target, area);
-    paint(canvas.context(), area);
-    canvas.show();
-  }
-  EndPaint(handle(), &painting);
 }
 
 }  // namespace ordelan::win32

@@ -23,7 +23,6 @@ class PaintedPeer : public ControlPeer {
 
  private:
   void press_window(UINT message, WPARAM w, LPARAM l) const;
-  void paint_out_of_sight();
 
   bool pressed_ = false;
   bool clicked_ = false;

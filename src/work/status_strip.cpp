@@ -1,5 +1,9 @@
 #include "work/status_strip.h"
 
+#include <algorithm>
+
+#include "skin/main_window_layout.h"
+
 namespace ordelan::work {
 namespace {
 
@@ -39,7 +43,10 @@ void StatusStrip::Alerta(int Color, const std::string& Texto, bool Visible) {
   }
   TextDecode.set_text(Texto);
   ui::Rect bounds = TextDecode.bounds();
+  // Its lower edge stays where the layout has it, so that more lines cover no heading.
+  if (!bottom_) bottom_ = bounds.top + bounds.height;
   bounds.height = kLineHeight * TextDecode.line_count();
+  bounds.top = std::max(*bottom_ - bounds.height, skin::kStripTop);
   TextDecode.set_bounds(bounds);
   TextDecode.set_visible(Visible);
 }

@@ -2,6 +2,7 @@
 // stands.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "ui/label.h"
@@ -31,6 +32,9 @@ class StatusStrip {
 
   // Shows the large notice of a running decode.
   void notice_decoding();
+
+ private:
+  std::optional<int> bottom_;  // of the strip, as the layout has it
 };
 
 }  // namespace ordelan::work

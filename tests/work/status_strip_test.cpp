@@ -39,14 +39,24 @@ TEST_F(StatusStripTest, another_code_leaves_the_colour_alone) {
 }
 
 TEST_F(StatusStripTest, the_strip_shows_its_text_as_high_as_its_lines) {
-  strip.TextDecode.set_bounds({12, 118, 1076, 3});
+  strip.TextDecode.set_bounds({12, 136, 1076, 16});
   strip.Alerta(1, "Descodificando: D:\\Mix\\tema.vip", true);
   EXPECT_EQ(strip.TextDecode.text(), "Descodificando: D:\\Mix\\tema.vip");
-  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 118, 1076, 16}));
+  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 136, 1076, 16}));
   strip.Alerta(1, "one\r\ntwo\r\nthree", true);
-  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 118, 1076, 48}));
+  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 104, 1076, 48}));
   strip.Alerta(1, "one", true);
-  EXPECT_EQ(strip.TextDecode.bounds().height, 16);
+  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 136, 1076, 16}));
+}
+
+TEST_F(StatusStripTest, more_lines_than_there_is_room_for_grow_downwards_from_the_header) {
+  strip.TextDecode.set_bounds({12, 136, 1076, 16});
+  std::string many = "one";
+  for (int i = 0; i < 9; ++i) many += "\r\nmore";
+  strip.Alerta(2, many, true);
+  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 56, 1076, 160}));
+  strip.Alerta(2, "one", true);
+  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 136, 1076, 16}));
 }
 
 TEST_F(StatusStripTest, the_strip_is_shown_and_put_away) {
