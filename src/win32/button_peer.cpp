@@ -6,6 +6,7 @@
 #include "win32/ansi_text.h"
 #include "win32/handlers.h"
 #include "win32/mouse_message.h"
+#include "win32/mouse_pointers.h"
 #include "win32/picture_store.h"
 #include "win32/screen_scale.h"
 #include "win32/shapes.h"
@@ -56,6 +57,14 @@ void ButtonPeer::update(const Marks& marks) {
 }
 
 std::optional<LRESULT> ButtonPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_SETCURSOR) {
+    const ui::ButtonProperties& look = button_.properties();
+    const HCURSOR pointer = desk().pointers().find(look.mouse_pointer, look.mouse_icon, dpi());
+    if (pointer) {
+      SetCursor(pointer);
+      return TRUE;
+    }
+  }
   if (const auto result = mouse(message, w, l)) return result;
   return DressedPeer::incoming(message, w, l);
 }

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "win32/drawing_tools.h"
+#include "win32/mouse_pointers.h"
 #include "win32/picture_store.h"
 
 namespace ordelan::ui {
@@ -32,6 +33,7 @@ class Desk {
   HINSTANCE instance() const { return instance_; }
   DrawingTools& tools() { return tools_; }
   PictureStore& pictures() { return pictures_; }
+  MousePointers& pointers() { return pointers_; }
 
   // The density at which texts are measured for the program, whichever screen a window is on.
   int measure_dpi() const { return measure_dpi_; }
@@ -72,6 +74,7 @@ class Desk {
   HINSTANCE instance_;
   DrawingTools tools_;
   PictureStore pictures_;
+  MousePointers pointers_{pictures_};
   int measure_dpi_;
   HWND messages_ = nullptr;  // a window that nobody sees: timers and reminders arrive there
   std::map<HWND, WindowPeer*> windows_;

@@ -1,6 +1,8 @@
 #include "win32/slider_peer.h"
 
 #include "win32/mouse_message.h"
+#include "win32/mouse_pointers.h"
+#include "win32/picture_store.h"
 #include "win32/screen_scale.h"
 #include "win32/window_peer.h"
 
@@ -29,6 +31,14 @@ RECT groove_of(RECT area, bool vertical) {
 SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
     : PaintedPeer(parent, slider, WS_TABSTOP), slider_(slider) {
   slider_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
+  slider_.picture_size = [this](const std::string& picture) {
+    return desk().pictures().size(picture).value_or(ui::Size{});
+  };
+}
+
+SliderPeer::~SliderPeer() {
+  slider_.pointer_is_on_it = nullptr;
+  slider_.picture_size = nullptr;
 }
 
 void SliderPeer::update(const Marks& marks) {
@@ -74,6 +84,13 @@ std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
       return std::nullopt;
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS;
+    case WM_SETCURSOR:
+      if (const HCURSOR pointer =
+              desk().pointers().find(MousePointers::kOwn, slider_.properties().mouse_icon, dpi())) {
+        SetCursor(pointer);
+        return TRUE;
+      }
+      return std::nullopt;
     default:
       return PaintedPeer::incoming(message, w, l);
   }
@@ -86,16 +103,37 @@ LRESULT SliderPeer::respond(UINT message, WPARAM w, LPARAM l) {
 
 void SliderPeer::paint(HDC context, const RECT& area) {
   DrawingTools& tools = desk().tools();
+  const ui::SliderProperties& look = slider_.properties();
   FillRect(context, &area, tools.brush(slider_.back_color()));
-  const RECT track = groove_of(to_pixels(slider_.track_place(), dpi()), slider_.vertical());
-  FillRect(context, &track, tools.brush(palette().line));
-  const RECT fill = groove_of(to_pixels(slider_.fill_place(), dpi()), slider_.vertical());
-  FillRect(context, &fill, tools.brush(palette().accent));
+  const RECT track = to_pixels(slider_.track_place(), dpi());
+  if (!show(context, track, track, look.picture_back)) {
+    const RECT groove = groove_of(track, slider_.vertical());
+    FillRect(context, &groove, tools.brush(palette().line));
+  }
+  // The fill is as long as the track, and shows as far as the thumb has come.
+  const RECT fill = to_pixels(slider_.fill_place(), dpi());
+  if (!show(context, track, fill, look.picture_progress)) {
+    const RECT groove = groove_of(fill, slider_.vertical());
+    FillRect(context, &groove, tools.brush(palette().accent));
+  }
   const RECT thumb = to_pixels(slider_.thumb_place(), dpi());
-  const bool plain = slider_.thumb_look() == ui::ThumbLook::normal;
-  FillRect(context, &thumb, tools.brush(plain ? palette().raised : palette().raised_over));
-  FrameRect(context, &thumb, tools.brush(palette().text));
-  if (GetFocus() == handle()) DrawFocusRect(context, &area);
+  if (!show(context, thumb, thumb, slider_.thumb_picture())) {
+    const bool plain = slider_.thumb_look() == ui::ThumbLook::normal;
+    FillRect(context, &thumb, tools.brush(plain ? palette().raised : palette().raised_over));
+    FrameRect(context, &thumb, tools.brush(palette().text));
+  }
+  if (GetFocus() == handle()) FrameRect(context, &area, tools.brush(palette().accent));
+}
+
+// Paints what lies within `seen` of a picture at its place. False when there is no such picture.
+bool SliderPeer::show(HDC context, const RECT& place, const RECT& seen,
+                      const std::string& picture) {
+  if (picture.empty()) return false;
+  const int saved = SaveDC(context);
+  IntersectClipRect(context, seen.left, seen.top, seen.right, seen.bottom);
+  const bool shown = desk().pictures().paint(context, place, picture, dpi());
+  RestoreDC(context, saved);
+  return shown;
 }
 
 }  // namespace ordelan::win32

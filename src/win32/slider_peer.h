@@ -11,6 +11,7 @@ namespace ordelan::win32 {
 class SliderPeer final : public PaintedPeer {
  public:
   SliderPeer(WindowPeer& parent, ui::Slider& slider);
+  ~SliderPeer() override;
 
   bool is_background() const override { return false; }
 
@@ -21,6 +22,8 @@ class SliderPeer final : public PaintedPeer {
   void paint(HDC context, const RECT& area) override;
 
  private:
+  bool show(HDC context, const RECT& place, const RECT& seen, const std::string& picture);
+
   ui::Slider& slider_;
   bool holding_ = false;  // the mouse, for a press
 };

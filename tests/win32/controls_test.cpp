@@ -318,5 +318,20 @@ TEST_F(RealControls, a_tip_belongs_to_its_control) {
   EXPECT_EQ(tip_text(), L"");
 }
 
+TEST_F(RealControls, a_button_has_the_pointer_that_it_asks_for) {
+  ui::Button button(window, "cmdMano");
+  button.set_mouse_pointer(2);
+  show();
+  const HWND handle = real(L"Ordelan.cmdMano");
+  const auto ask = [&] {
+    SendMessageW(handle, WM_SETCURSOR, reinterpret_cast<WPARAM>(handle),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    return GetCursor();
+  };
+  EXPECT_EQ(ask(), LoadCursorW(nullptr, IDC_CROSS));
+  button.set_mouse_pointer(0);
+  EXPECT_EQ(ask(), LoadCursorW(nullptr, IDC_ARROW));
+}
+
 }  // namespace
 }  // namespace ordelan::test

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "skin/palette.h"
 #include "win32/backend_fixture.h"
 
 namespace ordelan::test {
@@ -107,6 +108,35 @@ TEST_F(RealSlider, a_handler_may_unload_its_own_window) {
   show();
   type(real_slider(), VK_RIGHT);
   EXPECT_FALSE(window.loaded());
+}
+
+// The number tiles have a colour of their own each, which the centre of none of their strokes is.
+TEST_F(RealSlider, is_drawn_from_its_pictures) {
+  slider.set_picture_back("paso_1");
+  slider.set_picture_progress("paso_3");
+  slider.set_bar("paso_4");
+  show();
+  slider.set_bounds({20, 30, 111, 24});
+  const auto rgb = [](std::uint32_t word) { return static_cast<COLORREF>(word); };
+  const ui::Rect thumb = slider.thumb_place();
+  EXPECT_EQ(thumb.width, 24) << "the thumb is as large as its picture";
+  EXPECT_EQ(shown(thumb.left + 3, thumb.top + 12), rgb(skin::kStep4));
+  slider.set_value(100);
+  EXPECT_EQ(shown(slider.thumb_place().left + 3, 12), rgb(skin::kStep4));
+}
+
+TEST_F(RealSlider, has_the_pointer_of_its_picture) {
+  slider.set_mouse_icon("paso_1");
+  show();
+  SendMessageW(real_slider(), WM_SETCURSOR, reinterpret_cast<WPARAM>(real_slider()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  const HCURSOR own = GetCursor();
+  EXPECT_NE(own, LoadCursorW(nullptr, IDC_ARROW));
+  ICONINFO made{};
+  ASSERT_TRUE(GetIconInfo(own, &made));
+  EXPECT_FALSE(made.fIcon);
+  DeleteObject(made.hbmColor);
+  DeleteObject(made.hbmMask);
 }
 
 }  // namespace
