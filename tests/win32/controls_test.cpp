@@ -319,8 +319,8 @@ TEST_F(RealControls, a_tip_belongs_to_its_control) {
 }
 
 TEST_F(RealControls, a_button_has_the_pointer_that_it_asks_for) {
-  ui::Button button(window, "cmdMano");
-  button.set_mouse_pointer(2);
+  ui::Button hand(window, "cmdMano");
+  hand.set_mouse_pointer(2);
   show();
   const HWND handle = real(L"Ordelan.cmdMano");
   const auto ask = [&] {
@@ -329,7 +329,7 @@ TEST_F(RealControls, a_button_has_the_pointer_that_it_asks_for) {
     return GetCursor();
   };
   EXPECT_EQ(ask(), LoadCursorW(nullptr, IDC_CROSS));
-  button.set_mouse_pointer(0);
+  hand.set_mouse_pointer(0);
   EXPECT_EQ(ask(), LoadCursorW(nullptr, IDC_ARROW));
 }
 
