@@ -319,8 +319,8 @@ TEST_F(ListScrollBars, the_wheel_scrolls_the_list_over_them_too) {
 TEST_F(ListScrollBars, show_where_the_list_is) {
   ui::Palette palette;
   palette.surface = ui::rgb(1, 2, 3);
-  palette.raised = ui::rgb(40, 50, 60);
-  palette.raised_over = ui::rgb(70, 80, 90);
+  palette.line = ui::rgb(40, 50, 60);
+  palette.text_off = ui::rgb(70, 80, 90);
   palette.accent = ui::rgb(0, 200, 100);
   win32::use_palette(palette);
   show();
