@@ -190,6 +190,8 @@ TEST_F(Keyboard, tab_goes_through_the_decoded_window_in_the_order_of_its_layout)
   open("D:\\Mix\\tema.vip");
   wait_decoded();
   go_to("AbrirFichero");
+  program->wait_until("the report of lost files is offered",
+                      [&] { return program->visible("cmdPerdidos"); });
   expect_round(kDecodedWindow);
 }
 
