@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "location/under_way.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 #include "text/wildcard.h"
@@ -26,18 +27,6 @@ bool within(Date moment, Date from, Date to) {
   const Date day = std::floor(moment);
   return !(from != 0 && day < from) && !(to != 0 && day > to);
 }
-
-// Marks a search as running for as long as it does, whatever ends it.
-class Running {
- public:
-  explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Running() { flag_ = false; }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
-
- private:
-  bool& flag_;
-};
 
 void raise(const std::function<void()>& event) {
   if (event) event();
@@ -73,7 +62,7 @@ void cFindFiles::set_MaxFileSize(std::int64_t bytes) {
 void cFindFiles::Find(const std::string& Path, const std::string& Extensions,
                       const std::string& FileName, int Mode) {
   if (searching_) return;
-  const Running running(searching_);
+  const UnderWay under_way(searching_);
   if (FileName.find_first_of("*|><?:/\\") != std::string::npos) {
     platform_.dialogs.message({.title = "Error en nombre de archivo",
                                .text = "El nombre de archivo no puede contener ninguno de estos "

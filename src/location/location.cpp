@@ -27,10 +27,8 @@ Location::Location(const Context& context, const std::string& version)
 }
 
 int Location::UnidadesDisponibles() {
-  context_.windows.touch_as<Buscar>("Buscar")->UnidadesDisponibles();
-  auto* const boxes = context_.windows.touch_as<DriveBoxes>("UnidadesBuscar");
-  for (auto& box : boxes->Check1) context_.settings.read(*box);
-  boxes->redraw();
+  // The window makes its boxes, and ticks them, when it is loaded.
+  const auto* const boxes = context_.windows.touch_as<DriveBoxes>("UnidadesBuscar");
   context_.windows.hide("UnidadesBuscar");
   return boxes->ticked();
 }

@@ -4,6 +4,7 @@
 
 #include "location/path_choice.h"
 #include "location/search_window.h"
+#include "location/under_way.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 #include "ui/list_width.h"
@@ -20,17 +21,6 @@ std::string replaced(std::string text, const std::string& what, const std::strin
   }
   return text;
 }
-
-class Searching {
- public:
-  explicit Searching(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Searching() { flag_ = false; }
-  Searching(const Searching&) = delete;
-  Searching& operator=(const Searching&) = delete;
-
- private:
-  bool& flag_;
-};
 
 }  // namespace
 
@@ -56,7 +46,7 @@ bool Buscar::BuscarOtraLetra(const std::string& Ruta) {
 
 bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
   if (searching_) return false;
-  const Searching searching(searching_);
+  const UnderWay under_way(searching_);
   const auto job = context_.work.current_job();
   const bool found = search(std::string(Archivo), job);
   asked_.clear();

@@ -52,8 +52,11 @@ void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
   if (context_.work.superseded(job)) return;
   if (!context_.work.Cancelar) strike_out_repeats(rows);
   TextoPerdidos_ = std::move(rows);
-  // The window fills itself when it is made here for the first time.
-  if (auto* const list = context_.windows.touch_as<LostFileList>(kWindow)) show_in(*list);
+  if (auto* const list = context_.windows.find_as<LostFileList>(kWindow)) {
+    show_in(*list);
+  } else {
+    context_.windows.touch(kWindow);  // it fills itself when it is made
+  }
   if (TextoPerdidos_.size() >= 2) context_.main.cmdPerdidos.show();
 }
 
