@@ -48,7 +48,8 @@ WindowPeer::WindowPeer(Desk& desk, ui::Window& window)
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetPropW(handle_, name_.c_str(), reinterpret_cast<HANDLE>(INT_PTR{1}));
   tips_ = std::make_unique<TipWindow>(desk.instance(), handle_);
-  dpi_ = fitting_dpi(dpi_of(handle_));
+  screen_dpi_ = dpi_of(handle_);
+  dpi_ = fitting_dpi();
   desk_.enter(*this);
   // Where the focus is can always be seen, not only once a key has been pressed.
   SendMessageW(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),

@@ -62,7 +62,9 @@ class WindowPeer final : public ui::Peer {
   void update_order();
   void update_state();
   void update_shape();
-  int fitting_dpi(int dpi) const;
+  int fitting_dpi() const;
+  RECT outer_area(int dpi) const;
+  void rescale();
   void update_kind();
   void update_border();
 
@@ -73,9 +75,10 @@ class WindowPeer final : public ui::Peer {
   std::unique_ptr<TipWindow> tips_;
   Backdrop backdrop_;
   HWND last_focus_ = nullptr;  // the control that had the focus when the window lost it
-  int dpi_ = 96;
-  bool placing_ = false;   // a move of the program's, not the user's
-  bool dragging_ = false;  // by the background
+  int screen_dpi_ = 96;        // of the screen that it is on
+  int dpi_ = 96;               // at which it is shown
+  bool placing_ = false;       // a move of the program's, not the user's
+  bool dragging_ = false;      // by the background
   bool topmost_ = false;
   bool was_minimized_ = false;
   std::shared_ptr<void> alive_ = std::make_shared<char>();

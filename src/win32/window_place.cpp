@@ -1,5 +1,6 @@
 // Where a real window stands, how large it is there, and of which shape.
 #include <algorithm>
+#include <utility>
 
 #include "win32/control_peer.h"
 #include "win32/screen_scale.h"
@@ -28,32 +29,51 @@ void WindowPeer::update_shape() {
 
 // The density at which the window is shown: that of its screen, or the next smaller usual one at
 // which the screen holds it.
-int WindowPeer::fitting_dpi(int dpi) const {
+int WindowPeer::fitting_dpi() const {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
-  if (!GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTONEAREST), &monitor)) return dpi;
-  const LONG width = monitor.rcWork.right - monitor.rcWork.left;
-  const LONG height = monitor.rcWork.bottom - monitor.rcWork.top;
-  const auto fits = [&](int tried) {
-    return to_pixels(window_.size().width, tried) <= width &&
-           to_pixels(window_.size().height, tried) <= height;
-  };
-  if (fits(dpi)) return dpi;
-  for (const int smaller : {192, 168, 144, 120}) {
-    if (smaller < dpi && fits(smaller)) return smaller;
+  if (!GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTONEAREST), &monitor)) {
+    return screen_dpi_;
   }
-  return std::min(dpi, kUnitsPerInch);
+  const auto fits = [&](int dpi) {
+    const RECT area = outer_area(dpi);
+    return area.right - area.left <= monitor.rcWork.right - monitor.rcWork.left &&
+           area.bottom - area.top <= monitor.rcWork.bottom - monitor.rcWork.top;
+  };
+  if (fits(screen_dpi_)) return screen_dpi_;
+  for (const int smaller : {192, 168, 144, 120}) {
+    if (smaller < screen_dpi_ && fits(smaller)) return smaller;
+  }
+  return std::min(screen_dpi_, kUnitsPerInch);
+}
+
+// What the window with its frame takes, from the corner of its room for controls.
+RECT WindowPeer::outer_area(int dpi) const {
+  RECT area{0, 0, to_pixels(window_.size().width, dpi), to_pixels(window_.size().height, dpi)};
+  add_borders(area, style(), extended_style(), dpi);
+  return area;
+}
+
+// Brings the controls to the scale at which the window is to be shown.
+void WindowPeer::rescale() {
+  const int dpi = fitting_dpi();
+  if (std::exchange(dpi_, dpi) == dpi) return;
+  update_shape();
+  for (HWND child = GetWindow(handle_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (ControlPeer* const control = desk_.control(child)) control->rescale();
+  }
+  InvalidateRect(handle_, nullptr, TRUE);
 }
 
 void WindowPeer::place() {
-  const int screen_dpi = system_dpi();
+  rescale();
+  const int desktop_dpi = system_dpi();
   const int width = to_pixels(window_.size().width, dpi_);
   const int height = to_pixels(window_.size().height, dpi_);
-  RECT area{0, 0, width, height};
-  add_borders(area, style(), extended_style(), dpi_);
+  const RECT area = outer_area(dpi_);
   placing_ = true;
-  SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, screen_dpi),
-               to_pixels(window_.position().y, screen_dpi), area.right - area.left,
+  SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, desktop_dpi),
+               to_pixels(window_.position().y, desktop_dpi), area.right - area.left,
                area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
   // Where the system does not scale borders and title, they are not what was reckoned with.
   RECT room{};
@@ -91,17 +111,12 @@ void WindowPeer::moved() {
 }
 
 void WindowPeer::change_dpi(int dpi, const RECT& suggested) {
-  dpi_ = fitting_dpi(dpi);
+  screen_dpi_ = dpi;
   SetWindowPos(handle_, nullptr, suggested.left, suggested.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   window_.moved_to(position_of(handle_));
   place();
-  update_shape();
-  for (HWND child = GetWindow(handle_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (ControlPeer* const control = desk_.control(child)) control->rescale();
-  }
   desk_.flush();
-  InvalidateRect(handle_, nullptr, TRUE);
 }
 
 }  // namespace ordelan::win32

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "ui/window.h"
+#include "win32/own_windows.h"
 #include "win32/screen_scale.h"
 #include "win32/win32_backend.h"
 
@@ -30,32 +31,20 @@ class BackendTest : public testing::Test {
 
   // The real window and its real controls, by the names that others find them by; null if there
   // is none.
-  static HWND top_level(const wchar_t* property) {
-    struct Search {
-      const wchar_t* property;
-      HWND found;
-    } search{property, nullptr};
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          auto& wanted = *reinterpret_cast<Search*>(l);
-          if (!GetPropW(each, wanted.property)) return TRUE;
-          wanted.found = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-  }
+  static HWND top_level(const wchar_t* property) { return window_with(property); }
   HWND real_window() const { return top_level(L"Ordelan.Window.Form1"); }
-  HWND real(const wchar_t* property) const {
-    const HWND parent = real_window();
-    HWND child = parent ? GetWindow(parent, GW_CHILD) : nullptr;
-    while (child && !GetPropW(child, property)) child = GetWindow(child, GW_HWNDNEXT);
-    return child;
-  }
+  HWND real(const wchar_t* property) const { return child_with(real_window(), property); }
 
   // A length of the layout in the pixels of this screen.
   int px(int units) const { return win32::to_pixels(units, win32::dpi_of(real_window())); }
+
+  // The window is told that it has come to another screen, and where it should stand there.
+  void come_to_screen_of(int dpi) {
+    const RECT suggested{60, 50, 900, 900};
+    SendMessageW(real_window(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+                 reinterpret_cast<LPARAM>(&suggested));
+    backend.pump();
+  }
 
   static LPARAM at(int x, int y) { return MAKELPARAM(x, y); }
   static void press(HWND control, int x = 3, int y = 3) {

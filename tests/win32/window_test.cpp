@@ -70,9 +70,7 @@ TEST_F(RealWindow, a_window_that_comes_to_a_denser_screen_grows_with_its_control
   show();
   const LRESULT row_height = SendMessageW(real(L"Ordelan.ListVip"), LB_GETITEMHEIGHT, 0, 0);
   const int dpi = 2 * win32::dpi_of(real_window());
-  const RECT suggested{60, 50, 900, 900};
-  SendMessageW(real_window(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
-               reinterpret_cast<LPARAM>(&suggested));
+  come_to_screen_of(dpi);
   RECT area{};
   GetClientRect(real_window(), &area);
   EXPECT_EQ(area.right, win32::to_pixels(500, dpi));
@@ -83,6 +81,63 @@ TEST_F(RealWindow, a_window_that_comes_to_a_denser_screen_grows_with_its_control
   GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
   EXPECT_EQ(area.right - area.left, win32::to_pixels(100, dpi));
   EXPECT_GT(SendMessageW(real(L"Ordelan.ListVip"), LB_GETITEMHEIGHT, 0, 0), row_height * 3 / 2);
+}
+
+// As wide, in the layout's units, as the screen holds at this density.
+int widest_at(int dpi) {
+  RECT room{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);
+  return MulDiv(room.right - room.left, 96, dpi) - 10;
+}
+
+TEST_F(RealWindow, what_the_screen_does_not_hold_is_shown_at_the_next_smaller_usual_scale) {
+  window.set_size({widest_at(144), 300});
+  show();
+  come_to_screen_of(192);
+  RECT area{};
+  GetClientRect(real_window(), &area);
+  EXPECT_EQ(area.right, win32::to_pixels(window.size().width, 144));
+  EXPECT_EQ(area.bottom, win32::to_pixels(300, 144));
+  GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
+  EXPECT_EQ(area.right - area.left, win32::to_pixels(100, 144));
+}
+
+TEST_F(RealWindow, the_frame_has_to_find_room_on_the_screen_too) {
+  RECT room{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);
+  window.set_size({500, MulDiv(room.bottom - room.top, 96, 192)});
+  show();
+  come_to_screen_of(192);
+  RECT area{};
+  GetClientRect(real_window(), &area);
+  EXPECT_EQ(area.right, win32::to_pixels(500, 168)) << "the title would be out of sight";
+}
+
+TEST_F(RealWindow, a_window_that_grows_and_shrinks_changes_its_scale_with_its_size) {
+  show();
+  come_to_screen_of(192);
+  window.set_size({widest_at(120), 300});
+  backend.pump();
+  RECT area{};
+  GetClientRect(real_window(), &area);
+  EXPECT_EQ(area.bottom, win32::to_pixels(300, 120));
+  GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
+  EXPECT_EQ(area.right - area.left, win32::to_pixels(100, 120));
+  window.set_size({500, 300});
+  backend.pump();
+  GetClientRect(real_window(), &area);
+  EXPECT_EQ(area.bottom, win32::to_pixels(300, 192));
+  GetWindowRect(real(L"Ordelan.cmdAbrir"), &area);
+  EXPECT_EQ(area.right - area.left, win32::to_pixels(100, 192));
+}
+
+TEST_F(RealWindow, nothing_is_shown_smaller_than_it_was_drawn_for) {
+  window.set_size({2 * widest_at(96), 300});
+  show();
+  come_to_screen_of(192);
+  RECT area{};
+  GetClientRect(real_window(), &area);
+  EXPECT_EQ(area.bottom, 300);
 }
 
 TEST_F(RealWindow, closing_is_asked_of_the_object_and_nothing_else_happens) {
@@ -354,25 +409,10 @@ TEST_F(RealWindow, what_comes_between_events_waits_for_the_end_of_a_handler_that
 // Answers the message box that is up, from inside its own loop.
 class MessageBoxes : public RealWindow {
  protected:
-  static HWND box() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          wchar_t name[16] = {};
-          GetClassNameW(each, name, 16);
-          if (std::wstring(name) != L"#32770" || !IsWindowVisible(each)) return TRUE;
-          *reinterpret_cast<HWND*>(l) = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
-
   system::Answer answer(system::Buttons buttons, UINT message, WPARAM parameter) {
     ui::Timer timer(window, "Timer1", milliseconds(5));
     timer.on_tick = [&] {
-      const HWND up = box();
+      const HWND up = dialog_in_sight();
       if (!up) return;
       timer.stop();
       title = text_of(up);
