@@ -36,10 +36,6 @@ ButtonPeer::ButtonPeer(WindowPeer& parent, ui::Button& button)
   button_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
 }
 
-ButtonPeer::~ButtonPeer() {
-  button_.pointer_is_on_it = nullptr;
-}
-
 bool ButtonPeer::press() {
   send(BM_CLICK);
   return true;
@@ -148,7 +144,7 @@ void ButtonPeer::paint_ground(HDC context, const RECT& area, bool pressed, bool 
                                    : colors_in_force.raised;
   const bool lit = enabled && (has_focus() || button_.look().selected);
   const ui::Color edge = lit ? colors_in_force.accent : colors_in_force.line;
-  rounded_box(context, area, to_pixels(kRadius, dpi()), color_of(fill), color_of(edge));
+  rounded_box(context, area, to_pixels(kRadius, dpi()), fill, {edge, line_width(dpi())});
 }
 
 // A button that cannot be pressed shows the picture that says so, whatever the mouse does.

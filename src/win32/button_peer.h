@@ -11,7 +11,6 @@ namespace ordelan::win32 {
 class ButtonPeer final : public DressedPeer {
  public:
   ButtonPeer(WindowPeer& parent, ui::Button& button);
-  ~ButtonPeer() override;
 
   bool press() override;
 

@@ -53,17 +53,17 @@ void CheckBoxPeer::paint(HDC context, const RECT& area) {
   RECT box{1, (area.bottom - side) / 2, 1 + side, (area.bottom - side) / 2 + side};
   const bool on = box_.checked();
   const bool enabled = box_.enabled();
-  const COLORREF accent = color_of(enabled ? colors_in_force.accent : colors_in_force.text_off);
+  const ui::Color accent = enabled ? colors_in_force.accent : colors_in_force.text_off;
   const bool lit = has_focus() || (over_ && enabled);
-  const COLORREF edge = on || lit ? accent : color_of(colors_in_force.text_dim);
-  const COLORREF fill = on ? accent : color_of(colors_in_force.surface);
-  rounded_box(context, box, to_pixels(kRadius, dpi()), fill, edge);
+  const ui::Color edge = on || lit ? accent : colors_in_force.text_dim;
+  const ui::Color fill = on ? accent : colors_in_force.surface;
+  rounded_box(context, box, to_pixels(kRadius, dpi()), fill, {edge, line_width(dpi())});
   if (on) {
     const auto at = [&](int x, int y) {
       return POINT{box.left + MulDiv(side, x, kBox), box.top + MulDiv(side, y, kBox)};
     };
     const POINT tick[] = {at(4, 8), at(7, 11), at(12, 5)};
-    stroke(context, tick, to_pixels(kTick, dpi()), color_of(colors_in_force.ground));
+    stroke(context, tick, {colors_in_force.ground, to_pixels(kTick, dpi())});
   }
   RECT room{box.right + to_pixels(kGap, dpi()), 0, area.right, area.bottom};
   SetBkMode(context, TRANSPARENT);
@@ -80,7 +80,7 @@ void CheckBoxPeer::paint(HDC context, const RECT& area) {
     const int height = words.bottom - words.top;
     const int base = (area.bottom + height) / 2;
     const POINT line[] = {{room.left, base}, {std::min(words.right, area.right - 1), base}};
-    stroke(context, line, to_pixels(kUnderline, dpi()), color_of(colors_in_force.accent));
+    stroke(context, line, {colors_in_force.accent, to_pixels(kUnderline, dpi())});
   }
   SelectObject(context, old);
 }

@@ -6,13 +6,13 @@
 
 namespace ordelan::win32 {
 
-RECT ControlFrame::inside_line(RECT area) {
-  InflateRect(&area, -1, -1);
+RECT ControlFrame::inside_line(RECT area, int dpi) {
+  InflateRect(&area, -line_width(dpi), -line_width(dpi));
   return area;
 }
 
 RECT ControlFrame::inside(RECT area, int dpi) const {
-  area = inside_line(area);
+  area = inside_line(area, dpi);
   InflateRect(&area, -to_pixels(side_air_, dpi), -to_pixels(top_air_, dpi));
   // A control without room has no inside either.
   area.right = std::max(area.left, area.right);
@@ -20,7 +20,8 @@ RECT ControlFrame::inside(RECT area, int dpi) const {
   return area;
 }
 
-void ControlFrame::paint(HWND control, bool focused, ui::Color ground, DrawingTools& tools) const {
+void ControlFrame::paint(HWND control, bool focused, ui::Color ground, int dpi,
+                         DrawingTools& tools) {
   const HDC context = GetWindowDC(control);
   if (!context) return;
   RECT area{};
@@ -31,9 +32,10 @@ void ControlFrame::paint(HWND control, bool focused, ui::Color ground, DrawingTo
   OffsetRect(&client, -area.left, -area.top);
   OffsetRect(&area, -area.left, -area.top);
   ExcludeClipRect(context, client.left, client.top, client.right, client.bottom);
-  const RECT within = inside_line(area);
+  const RECT within = inside_line(area, dpi);
   FillRect(context, &within, tools.brush(ground));
-  FrameRect(context, &area, tools.brush(line(focused)));
+  ExcludeClipRect(context, within.left, within.top, within.right, within.bottom);
+  FillRect(context, &area, tools.brush(line(focused)));
   ReleaseDC(control, context);
 }
 

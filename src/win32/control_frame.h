@@ -16,12 +16,12 @@ class ControlFrame {
   static ui::Color line(bool focused) { return focused ? palette().accent : palette().line; }
 
   // From a control's whole area to what lies within the line, and within the air too.
-  static RECT inside_line(RECT area);
+  static RECT inside_line(RECT area, int dpi);
   RECT inside(RECT area, int dpi) const;
 
   // Paints everything of the control that is not its client area. `focused` is whether the control
   // has the focus, or is just getting it.
-  void paint(HWND control, bool focused, ui::Color ground, DrawingTools& tools) const;
+  static void paint(HWND control, bool focused, ui::Color ground, int dpi, DrawingTools& tools);
 
  private:
   int side_air_;

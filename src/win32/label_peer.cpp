@@ -91,13 +91,12 @@ void LabelPeer::paint_text(HDC context, const RECT& area) {
   const int thick = to_pixels(kUnderline, dpi());
   const LONG base = std::min<LONG>(area.bottom - (thick + 1) / 2, room.top + height);
   const POINT line[] = {{0, base}, {std::min(words.right, area.right - 1), base}};
-  stroke(context, line, thick, color_of(focused ? palette().accent : palette().text_over));
+  stroke(context, line, {focused ? palette().accent : palette().text_over, thick});
 }
 
 // The picture above the words, both in the middle of a frame.
 void LabelPeer::paint_invitation(HDC context, const RECT& area) {
-  dashed_box(context, area, to_pixels(kRadius, dpi()), to_pixels(kDash, dpi()),
-             color_of(palette().line));
+  dashed_box(context, area, to_pixels(kRadius, dpi()), {palette().line, to_pixels(kDash, dpi())});
   PictureStore& pictures = desk().pictures();
   const ui::Size size = pictures.size(label_.picture()).value_or(ui::Size{});
   const int height = to_pixels(size.height, dpi());

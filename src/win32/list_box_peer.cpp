@@ -9,6 +9,7 @@
 #include "win32/canvas.h"
 #include "win32/handlers.h"
 #include "win32/screen_scale.h"
+#include "win32/shapes.h"
 #include "win32/window_peer.h"
 
 namespace ordelan::win32 {
@@ -101,7 +102,7 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
               text.data(), static_cast<UINT>(text.size()), nullptr);
   SelectObject(context, old);
   if (focused && is_row && (item.itemState & ODS_FOCUS) != 0) {
-    FrameRect(context, &visible, desk().tools().brush(palette().accent));
+    square_edge(context, visible, desk().tools().brush(palette().accent), line_width(dpi()));
   }
   canvas.show();
 }
@@ -140,7 +141,7 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
     case WM_NCCALCSIZE:
       return shrink_client(w, l);
     case WM_NCPAINT:
-      frame_.paint(handle(), GetFocus() == handle(), list_.back_color(), desk().tools());
+      frame_.paint(handle(), GetFocus() == handle(), list_.back_color(), dpi(), desk().tools());
       return 0;
     case WM_PAINT:
       if (!list_.empty()) break;
@@ -289,7 +290,7 @@ LRESULT ListBoxPeer::shrink_client(WPARAM w, LPARAM l) const {
 }
 
 void ListBoxPeer::focus_changed(bool focused) {
-  frame_.paint(handle(), focused, list_.back_color(), desk().tools());
+  frame_.paint(handle(), focused, list_.back_color(), dpi(), desk().tools());
   if (list_.empty()) repaint();
   // The chosen row has other colours now.
   RECT row{};
@@ -348,7 +349,7 @@ void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const REC
   info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   GetScrollInfo(handle(), which, &info);
   bar->show(area, track, Scroll{info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos},
-            ControlFrame::line(GetFocus() == handle()), ahead);
+            {ControlFrame::line(GetFocus() == handle()), line_width(dpi())}, ahead);
 }
 
 void ListBoxPeer::scroll_to(int which, int place) const {

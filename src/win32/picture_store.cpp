@@ -56,17 +56,13 @@ int number_at(const BYTE* bytes) {
 
 PictureStore::PictureStore(HINSTANCE instance) : instance_(instance) {}
 
-PictureStore::~PictureStore() {
-  if (token_) Gdiplus::GdiplusShutdown(token_);
-}
-
 bool PictureStore::paint(HDC context, const RECT& area, const std::string& name, int dpi) {
   const ui::Pixels* const pixels = picture(name, dpi);
   return pixels && paint(context, area, *pixels);
 }
 
 bool PictureStore::paint(HDC context, const RECT& area, const ui::Pixels& pixels) {
-  if (pixels.argb.empty() || !start()) return false;
+  if (pixels.argb.empty() || !gdi_plus_started()) return false;
   Gdiplus::Bitmap bitmap = view_of(pixels, PixelFormat32bppARGB);
   if (bitmap.GetLastStatus() != Gdiplus::Ok) return false;
   Gdiplus::Graphics graphics(context);
@@ -92,12 +88,6 @@ ui::Pixels PictureStore::pixels(const std::string& name, int dpi) {
   const std::optional<ui::Size> units = size(name);
   if (!found || !units) return {};
   return scaled(*found, {to_pixels(units->width, dpi), to_pixels(units->height, dpi)});
-}
-
-bool PictureStore::start() {
-  if (token_) return true;
-  const Gdiplus::GdiplusStartupInput input;
-  return Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
 }
 
 HRSRC PictureStore::resource(const std::string& name, int scale) const {
@@ -130,7 +120,7 @@ ui::Pixels PictureStore::decode(const std::string& name, int scale) {
   const HRSRC place = resource(name, scale);
   const HGLOBAL loaded = LoadResource(instance_, place);
   const auto* const bytes = loaded ? static_cast<const BYTE*>(LockResource(loaded)) : nullptr;
-  if (!bytes || !start()) return {};
+  if (!bytes || !gdi_plus_started()) return {};
   IStream* const stream = SHCreateMemStream(bytes, SizeofResource(instance_, place));
   if (!stream) return {};
   ++decodes_;

@@ -24,7 +24,6 @@ class PictureStore {
   // at 96 dots per inch, NAME_150 at half as many again, and so on. Which of them there are is up
   // to the program.
   explicit PictureStore(HINSTANCE instance);
-  ~PictureStore();
   PictureStore(const PictureStore&) = delete;
   PictureStore& operator=(const PictureStore&) = delete;
 
@@ -46,7 +45,6 @@ class PictureStore {
   int decodes() const { return decodes_; }
 
  private:
-  bool start();
   HRSRC resource(const std::string& name, int scale) const;
   std::optional<int> scale_for(const std::string& name, int dpi) const;
   const ui::Pixels* picture(const std::string& name, int dpi);
@@ -54,7 +52,6 @@ class PictureStore {
   ui::Pixels scaled(ui::Pixels picture, ui::Size wanted);
 
   HINSTANCE instance_;
-  ULONG_PTR token_ = 0;
   int decodes_ = 0;
   std::map<std::pair<std::string, int>, ui::Pixels> pictures_;  // by name and scale
 };

@@ -36,14 +36,15 @@ void ProgressBarPeer::paint(HDC context, const RECT& area) {
   DrawingTools& tools = desk().tools();
   FillRect(context, &area, tools.brush(bar_.back_color()));
   const int radius = to_pixels(kRadius, dpi());
-  rounded_box(context, area, radius, color_of(palette().surface), color_of(palette().line));
+  const int line = line_width(dpi());
+  rounded_box(context, area, radius, palette().surface, {palette().line, line});
   RECT done = area;
-  InflateRect(&done, -2, -2);
+  InflateRect(&done, -2 * line, -2 * line);
   const int steps = progress_steps(bar_.minimum(), bar_.maximum(), bar_.value());
   done.right = done.left + MulDiv(done.right - done.left, steps, kProgressSteps);
   // Less than its round ends would not be a bar.
   if (done.right - done.left >= 2 * radius) {
-    rounded_box(context, done, radius - 1, color_of(palette().accent), color_of(palette().accent));
+    rounded_box(context, done, radius - line, palette().accent, {palette().accent, line});
   } else if (steps > 0) {
     FillRect(context, &done, tools.brush(palette().accent));
   }

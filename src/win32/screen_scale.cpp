@@ -1,5 +1,7 @@
 #include "win32/screen_scale.h"
 
+#include <algorithm>
+
 namespace ordelan::win32 {
 namespace {
 
@@ -18,6 +20,10 @@ int to_pixels(int units, int dpi) {
 }
 int to_units(int pixels, int dpi) {
   return MulDiv(pixels, kUnitsPerInch, dpi);
+}
+
+int line_width(int dpi) {
+  return std::max(1, dpi / kUnitsPerInch);
 }
 
 RECT to_pixels(const ui::Rect& units, int dpi) {

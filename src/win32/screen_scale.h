@@ -13,6 +13,9 @@ inline constexpr int kUnitsPerInch = 96;
 int to_pixels(int units, int dpi);
 int to_units(int pixels, int dpi);
 
+// How broad the thin lines are, in pixels: always whole ones, so that they are sharp.
+int line_width(int dpi);
+
 // Edges are scaled, not sizes: what touches in the layout touches on the screen.
 RECT to_pixels(const ui::Rect& units, int dpi);
 

@@ -76,7 +76,7 @@ ScrollBar::~ScrollBar() {
   DestroyWindow(handle_);
 }
 
-void ScrollBar::show(const RECT& area, int track, const Scroll& scroll, ui::Color line,
+void ScrollBar::show(const RECT& area, int track, const Scroll& scroll, const Line& line,
                      HWND ahead) {
   if (!handle_) return;
   const bool enabled = IsWindowEnabled(list_) != FALSE;
@@ -113,7 +113,7 @@ LRESULT ScrollBar::process(UINT message, WPARAM w, LPARAM l) {
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:
-      paint();
+      paint_out_of_sight(handle_, [this](HDC context, const RECT& area) { paint(context, area); });
       return 0;
     case WM_LBUTTONDOWN:
       press(along(l));
@@ -160,40 +160,26 @@ LRESULT ScrollBar::process(UINT message, WPARAM w, LPARAM l) {
   }
 }
 
-void ScrollBar::paint() {
-  PAINTSTRUCT painting{};
-  const HDC target = BeginPaint(handle_, &painting);
-  RECT area{};
-  GetClientRect(handle_, &area);
-  if (target && area.right > 0 && area.bottom > 0) {
-    const Canvas canvas(target, area);
-    const HDC context = canvas.context();
-    FillRect(context, &area, tools_.brush(palette().surface));
-    const HBRUSH line = tools_.brush(line_);
-    const LONG length = vertical_ ? area.bottom : area.right;
-    RECT edge = area;
-    (vertical_ ? edge.left : edge.top) = thickness();
+void ScrollBar::paint(HDC context, const RECT& area) const {
+  FillRect(context, &area, tools_.brush(palette().surface));
+  const HBRUSH line = tools_.brush(line_.color);
+  const LONG length = vertical_ ? area.bottom : area.right;
+  RECT edge = area;
+  (vertical_ ? edge.left : edge.top) = thickness();
+  FillRect(context, &edge, line);
+  if (track_ < length) {
+    edge = area;
+    (vertical_ ? edge.top : edge.left) = length - line_.width;
     FillRect(context, &edge, line);
-    if (track_ < length) {
-      edge = area;
-      (vertical_ ? edge.top : edge.left) = length - 1;
-      FillRect(context, &edge, line);
-    }
-    const Thumb place = thumb();
-    const int margin = thickness() / kMarginPart;
-    RECT shape = vertical_ ? RECT{0, place.start, thickness(), place.start + place.length}
-                           : RECT{place.start, 0, place.start + place.length, thickness()};
-    InflateRect(&shape, -margin, -margin);
-    const int round = std::min(shape.right - shape.left, shape.bottom - shape.top);
-    const HGDIOBJ old_brush = SelectObject(context, tools_.brush(thumb_color(over_, dragging_)));
-    const HGDIOBJ old_pen = SelectObject(context, GetStockObject(NULL_PEN));
-    // Without an edge, a shape lacks its last row and column.
-    RoundRect(context, shape.left, shape.top, shape.right + 1, shape.bottom + 1, round, round);
-    SelectObject(context, old_pen);
-    SelectObject(context, old_brush);
-    canvas.show();
   }
-  EndPaint(handle_, &painting);
+  const Thumb place = thumb();
+  const int margin = thickness() / kMarginPart;
+  RECT shape = vertical_ ? RECT{0, place.start, thickness(), place.start + place.length}
+                         : RECT{place.start, 0, place.start + place.length, thickness()};
+  InflateRect(&shape, -margin, -margin);
+  const int round = std::min(shape.right - shape.left, shape.bottom - shape.top);
+  const ui::Color color = thumb_color(over_, dragging_);
+  rounded_box(context, shape, round / 2, color, {color, 1});
 }
 
 void ScrollBar::press(int at) {
@@ -247,7 +233,7 @@ Thumb ScrollBar::thumb() const {
 
 // Without its edge.
 int ScrollBar::thickness() const {
-  return (vertical_ ? area_.right - area_.left : area_.bottom - area_.top) - 1;
+  return (vertical_ ? area_.right - area_.left : area_.bottom - area_.top) - line_.width;
 }
 
 }  // namespace ordelan::win32

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "win32/drawing_tools.h"
+#include "win32/shapes.h"
 
 namespace ordelan::win32 {
 
@@ -49,9 +50,9 @@ class ScrollBar {
   HWND handle() const { return handle_; }
 
   // Shows it at `area` of the parent, right behind `ahead` in the order of windows. Its track is
-  // `track` pixels long; what is left of the area is the corner between two bars. The outer edge,
-  // one pixel wide, is painted in the colour `line`, as the list's are; that of the corner too.
-  void show(const RECT& area, int track, const Scroll& scroll, ui::Color line, HWND ahead);
+  // `track` pixels long; what is left of the area is the corner between two bars. Its outer edge is
+  // painted as `line`, as the list's are; that of the corner too.
+  void show(const RECT& area, int track, const Scroll& scroll, const Line& line, HWND ahead);
   void hide();
 
   // Called with the place that the user wants to see first. The bar may be gone afterwards.
@@ -60,7 +61,7 @@ class ScrollBar {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l) noexcept;
   LRESULT process(UINT message, WPARAM w, LPARAM l);
-  void paint();
+  void paint(HDC context, const RECT& area) const;
   void press(int at);
   void drag(int at);
   void page_on();
@@ -77,7 +78,7 @@ class ScrollBar {
   RECT area_{};
   int track_ = 0;
   Scroll scroll_;
-  ui::Color line_{};
+  Line line_;
   bool visible_ = false;
   bool over_ = false;      // the pointer is on it
   bool dragging_ = false;  // by the thumb

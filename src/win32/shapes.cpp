@@ -2,31 +2,30 @@
 
 #include <vector>
 
+#include "win32/drawing_tools.h"
 #include "win32/gdi_plus.h"
 
 namespace ordelan::win32 {
 namespace {
 
-// GDI+ for as long as the program runs: it must outlive everything that paints.
-bool ready() {
-  static const bool started = [] {
-    ULONG_PTR token = 0;
-    const Gdiplus::GdiplusStartupInput input;
-    return Gdiplus::GdiplusStartup(&token, &input, nullptr) == Gdiplus::Ok;
-  }();
-  return started;
+Gdiplus::Color solid(ui::Color color) {
+  const COLORREF plain = color_of(color);
+  return {GetRValue(plain), GetGValue(plain), GetBValue(plain)};
 }
 
-Gdiplus::Color solid(COLORREF color) {
-  return {GetRValue(color), GetGValue(color), GetBValue(color)};
+Gdiplus::REAL real(LONG pixels) {
+  return static_cast<Gdiplus::REAL>(pixels);
 }
 
-void trace_box(Gdiplus::GraphicsPath& path, const RECT& area, int radius) {
-  const int round = 2 * radius;
-  const int left = static_cast<int>(area.left);
-  const int top = static_cast<int>(area.top);
-  const int right = static_cast<int>(area.right) - 1;
-  const int bottom = static_cast<int>(area.bottom) - 1;
+// The way of a pen of this width along the inside of the area. A pen of one pixel goes through the
+// pixels' middles, which have whole numbers here.
+void trace_box(Gdiplus::GraphicsPath& path, const RECT& area, int radius, int width) {
+  const Gdiplus::REAL inset = real(width - 1) / 2;
+  const Gdiplus::REAL round = 2 * real(radius);
+  const Gdiplus::REAL left = real(area.left) + inset;
+  const Gdiplus::REAL top = real(area.top) + inset;
+  const Gdiplus::REAL right = real(area.right - 1) - inset;
+  const Gdiplus::REAL bottom = real(area.bottom - 1) - inset;
   path.AddArc(left, top, round, round, 180, 90);
   path.AddArc(right - round, top, round, round, 270, 90);
   path.AddArc(right - round, bottom - round, round, round, 0, 90);
@@ -35,46 +34,53 @@ void trace_box(Gdiplus::GraphicsPath& path, const RECT& area, int radius) {
 }
 
 bool can_show(const RECT& area) {
-  return ready() && area.right - area.left >= 2 && area.bottom - area.top >= 2;
+  return gdi_plus_started() && area.right - area.left >= 2 && area.bottom - area.top >= 2;
 }
 
 }  // namespace
 
-void rounded_box(HDC context, const RECT& area, int radius, COLORREF fill, COLORREF edge) {
+void square_edge(HDC context, RECT area, HBRUSH brush, int width) {
+  for (int i = 0; i < width; ++i) {
+    FrameRect(context, &area, brush);
+    InflateRect(&area, -1, -1);
+  }
+}
+
+void rounded_box(HDC context, const RECT& area, int radius, ui::Color fill, const Line& edge) {
   if (!can_show(area)) return;
   Gdiplus::Graphics graphics(context);
   graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
   Gdiplus::GraphicsPath path;
-  trace_box(path, area, radius);
+  trace_box(path, area, radius, edge.width);
   const Gdiplus::SolidBrush brush(solid(fill));
   graphics.FillPath(&brush, &path);
-  const Gdiplus::Pen pen(solid(edge));
+  const Gdiplus::Pen pen(solid(edge.color), real(edge.width));
   graphics.DrawPath(&pen, &path);
 }
 
-void dashed_box(HDC context, const RECT& area, int radius, int width, COLORREF edge) {
+void dashed_box(HDC context, const RECT& area, int radius, const Line& edge) {
   if (!can_show(area)) return;
   Gdiplus::Graphics graphics(context);
   graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
   Gdiplus::GraphicsPath path;
-  trace_box(path, area, radius);
-  Gdiplus::Pen pen(solid(edge), static_cast<Gdiplus::REAL>(width));
+  trace_box(path, area, radius, edge.width);
+  Gdiplus::Pen pen(solid(edge.color), real(edge.width));
   pen.SetDashStyle(Gdiplus::DashStyleDash);
   graphics.DrawPath(&pen, &path);
 }
 
-void stroke(HDC context, std::span<const POINT> points, int width, COLORREF color) {
-  if (!ready() || points.size() < 2) return;
+void stroke(HDC context, std::span<const POINT> points, const Line& line) {
+  if (!gdi_plus_started() || points.size() < 2) return;
   Gdiplus::Graphics graphics(context);
   graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
-  Gdiplus::Pen pen(solid(color), static_cast<Gdiplus::REAL>(width));
+  Gdiplus::Pen pen(solid(line.color), real(line.width));
   pen.SetLineCap(Gdiplus::LineCapRound, Gdiplus::LineCapRound, Gdiplus::DashCapRound);
   pen.SetLineJoin(Gdiplus::LineJoinRound);
-  std::vector<Gdiplus::Point> line;
+  std::vector<Gdiplus::Point> way;
   for (const POINT& point : points) {
-    line.emplace_back(static_cast<int>(point.x), static_cast<int>(point.y));
+    way.emplace_back(static_cast<int>(point.x), static_cast<int>(point.y));
   }
-  graphics.DrawLines(&pen, line.data(), static_cast<int>(line.size()));
+  graphics.DrawLines(&pen, way.data(), static_cast<int>(way.size()));
 }
 
 }  // namespace ordelan::win32

@@ -5,15 +5,26 @@
 
 #include <span>
 
+#include "ui/geometry.h"
+
 namespace ordelan::win32 {
 
-// A rectangle with round corners, filled and with a thin edge inside of it. `radius` in pixels.
-void rounded_box(HDC context, const RECT& area, int radius, COLORREF fill, COLORREF edge);
+struct Line {
+  ui::Color color{};
+  int width = 1;  // in pixels
+  bool operator==(const Line&) const = default;
+};
 
-// The edge of such a rectangle alone, in dashes.
-void dashed_box(HDC context, const RECT& area, int radius, int width, COLORREF edge);
+// The edge of a rectangle alone, inside of it.
+void square_edge(HDC context, RECT area, HBRUSH brush, int width);
+
+// A rectangle with round corners, filled and with its edge inside of it. `radius` in pixels.
+void rounded_box(HDC context, const RECT& area, int radius, ui::Color fill, const Line& edge);
+
+// The edge of such a box alone, in dashes.
+void dashed_box(HDC context, const RECT& area, int radius, const Line& edge);
 
 // A line through the points, with round ends and corners.
-void stroke(HDC context, std::span<const POINT> points, int width, COLORREF color);
+void stroke(HDC context, std::span<const POINT> points, const Line& line);
 
 }  // namespace ordelan::win32

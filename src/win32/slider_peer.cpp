@@ -4,6 +4,7 @@
 #include "win32/mouse_pointers.h"
 #include "win32/picture_store.h"
 #include "win32/screen_scale.h"
+#include "win32/shapes.h"
 #include "win32/window_peer.h"
 
 namespace ordelan::win32 {
@@ -34,11 +35,6 @@ SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
   slider_.picture_size = [this](const std::string& picture) {
     return desk().pictures().size(picture).value_or(ui::Size{});
   };
-}
-
-SliderPeer::~SliderPeer() {
-  slider_.pointer_is_on_it = nullptr;
-  slider_.picture_size = nullptr;
 }
 
 void SliderPeer::update(const Marks& marks) {
@@ -120,9 +116,11 @@ void SliderPeer::paint(HDC context, const RECT& area) {
   if (!show(context, thumb, thumb, slider_.thumb_picture())) {
     const bool plain = slider_.thumb_look() == ui::ThumbLook::normal;
     FillRect(context, &thumb, tools.brush(plain ? palette().raised : palette().raised_over));
-    FrameRect(context, &thumb, tools.brush(palette().text));
+    square_edge(context, thumb, tools.brush(palette().text), line_width(dpi()));
   }
-  if (GetFocus() == handle()) FrameRect(context, &area, tools.brush(palette().accent));
+  if (GetFocus() == handle()) {
+    square_edge(context, area, tools.brush(palette().accent), line_width(dpi()));
+  }
 }
 
 // Paints what lies within `seen` of a picture at its place. False when there is no such picture.

@@ -11,7 +11,6 @@ namespace ordelan::win32 {
 class SliderPeer final : public PaintedPeer {
  public:
   SliderPeer(WindowPeer& parent, ui::Slider& slider);
-  ~SliderPeer() override;
 
   bool is_background() const override { return false; }
 

@@ -69,7 +69,7 @@ LRESULT TextBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
         break;
       }
       case WM_NCPAINT:
-        frame_.paint(handle(), GetFocus() == handle(), box_.back_color(), desk().tools());
+        frame_.paint(handle(), GetFocus() == handle(), box_.back_color(), dpi(), desk().tools());
         return 0;
       case WM_NCHITTEST:
         return HTCLIENT;  // the air too
@@ -79,7 +79,7 @@ LRESULT TextBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
   }
   LRESULT result = standard(message, w, l);
   if (box_.bordered() && (message == WM_SETFOCUS || message == WM_KILLFOCUS)) {
-    frame_.paint(handle(), message == WM_SETFOCUS, box_.back_color(), desk().tools());
+    frame_.paint(handle(), message == WM_SETFOCUS, box_.back_color(), dpi(), desk().tools());
   }
   if (message == WM_GETDLGCODE) {
     // The Tab key leaves the box, and coming to it does not mark a text that cannot be changed.

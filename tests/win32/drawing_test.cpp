@@ -6,9 +6,11 @@
 
 #include "win32/ansi_text.h"
 #include "win32/backend_fixture.h"
+#include "win32/canvas.h"
 #include "win32/drawing_tools.h"
 #include "win32/progress_bar_peer.h"
 #include "win32/screen_scale.h"
+#include "win32/shapes.h"
 #include "win32/win32_regional.h"
 
 namespace ordelan::win32 {
@@ -41,6 +43,49 @@ TEST(ScreenScale, what_touches_in_the_layout_touches_on_the_screen) {
       EXPECT_EQ(first.bottom, second.top);
     }
   }
+}
+
+TEST(ScreenScale, lines_are_whole_pixels_broad) {
+  EXPECT_EQ(line_width(72), 1);
+  EXPECT_EQ(line_width(96), 1);
+  EXPECT_EQ(line_width(144), 1);
+  EXPECT_EQ(line_width(191), 1);
+  EXPECT_EQ(line_width(192), 2);
+  EXPECT_EQ(line_width(288), 3);
+}
+
+TEST(Shapes, the_edge_of_a_box_is_sharp_and_inside_of_it) {
+  constexpr COLORREF kGround = RGB(0, 0, 0);
+  constexpr COLORREF kFill = RGB(10, 20, 200);
+  constexpr COLORREF kEdge = RGB(250, 240, 30);
+  const RECT all{0, 0, 60, 50};
+  const RECT box{5, 6, 55, 44};
+  DrawingTools tools;
+  const HDC screen = GetDC(nullptr);
+  for (const int width : {1, 2, 3}) {
+    const Canvas canvas(screen, all);
+    const HDC context = canvas.context();
+    FillRect(context, &all, tools.brush(ui::rgb(0, 0, 0)));
+    rounded_box(context, box, 5, ui::rgb(10, 20, 200), {ui::rgb(250, 240, 30), width});
+    const int x = (box.left + box.right) / 2;
+    const int y = (box.top + box.bottom) / 2;
+    EXPECT_EQ(GetPixel(context, box.left - 1, y), kGround);
+    EXPECT_EQ(GetPixel(context, box.right, y), kGround);
+    EXPECT_EQ(GetPixel(context, x, box.top - 1), kGround);
+    EXPECT_EQ(GetPixel(context, x, box.bottom), kGround);
+    for (int i = 0; i < width; ++i) {
+      EXPECT_EQ(GetPixel(context, box.left + i, y), kEdge) << width << ' ' << i;
+      EXPECT_EQ(GetPixel(context, box.right - 1 - i, y), kEdge) << width << ' ' << i;
+      EXPECT_EQ(GetPixel(context, x, box.top + i), kEdge) << width << ' ' << i;
+      EXPECT_EQ(GetPixel(context, x, box.bottom - 1 - i), kEdge) << width << ' ' << i;
+    }
+    EXPECT_EQ(GetPixel(context, box.left + width, y), kFill);
+    EXPECT_EQ(GetPixel(context, box.right - 1 - width, y), kFill);
+    EXPECT_EQ(GetPixel(context, x, box.top + width), kFill);
+    EXPECT_EQ(GetPixel(context, x, box.bottom - 1 - width), kFill);
+    EXPECT_EQ(GetPixel(context, box.left, box.top), kGround) << "its corners are round";
+  }
+  ReleaseDC(nullptr, screen);
 }
 
 TEST(ColorWords, system_colours_are_the_systems_and_others_their_own) {

@@ -135,11 +135,13 @@ class ListScrollBars : public BackendTest {
     ReleaseDC(target, context);
     return color;
   }
-  // The line round a control as the screen has it: every pixel of its four edges.
-  std::vector<COLORREF> lines_of(HWND control) {
+  // The line round a control as the screen has it: every pixel of its four edges, or of those as
+  // far within.
+  std::vector<COLORREF> lines_of(HWND control, int within = 0) {
     backend.pump();
     RECT area{};
     GetWindowRect(control, &area);
+    InflateRect(&area, -within, -within);
     std::vector<COLORREF> colors;
     const HDC screen = GetDC(nullptr);
     for (LONG x = area.left; x < area.right; ++x) {
@@ -409,6 +411,23 @@ TEST_F(ListScrollBars, the_line_is_whole_whatever_the_bars_do) {
   list.clear();
   list.set_horizontal_extent(0);
   EXPECT_THAT(lines_of(real_list()), testing::Each(win32::color_of(win32::palette().accent)));
+}
+
+TEST_F(ListScrollBars, the_line_is_two_pixels_broad_on_a_screen_of_twice_the_density) {
+  show();
+  SetFocus(nullptr);
+  fill(100);
+  list.set_horizontal_extent(1000);
+  come_to_screen_of(192);
+  for (const HWND control : {real_list(), real(L"Ordelan.Text1")}) {
+    for (const int within : {0, 1}) {
+      EXPECT_THAT(lines_of(control, within), testing::Each(win32::color_of(win32::palette().line)));
+    }
+    EXPECT_THAT(lines_of(control, 2),
+                testing::Contains(testing::Ne(win32::color_of(win32::palette().line))));
+  }
+  SetFocus(real_list());
+  EXPECT_THAT(lines_of(real_list(), 1), testing::Each(win32::color_of(win32::palette().accent)));
 }
 
 TEST_F(ListScrollBars, the_current_row_of_the_focused_list_alone_has_a_frame) {
