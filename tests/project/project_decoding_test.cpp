@@ -5,6 +5,7 @@
 #include "project/literal_analysis.h"
 #include "support/desk.h"
 #include "support/hostile_bytes.h"
+#include "support/work_bench.h"
 #include "text/rows.h"
 
 namespace ordelan::test {
@@ -14,11 +15,10 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // The decoding of all listed projects on a real disk.
-struct AllProjects : ::testing::Test {
+struct AllProjects : ::testing::Test, WorkBench {
   void list_project(const std::string& below, const std::vector<std::string>& used,
                     std::size_t padding = 0) {
-    disk.write(below, project_of(used, padding));
-    lists.ListProyectos.add(text::project_row(lists.ListProyectos.count() + 1, disk.path(below)));
+    WorkBench::list_project(below, project_of(used, padding));
   }
   std::string row(int number, const std::string& below) const {
     return std::to_string(number) + " --> " + disk.path(below);
@@ -26,18 +26,6 @@ struct AllProjects : ::testing::Test {
   const std::vector<std::string>& used() const { return lists.ListUtilizados.rows(); }
   const std::string& totals() const { return lists.LabelAdd[0].caption(); }
 
-  TestDisk disk;
-  HandClock clock;
-  FixedRegional regional;
-  FakeDrives drives;
-  FakeShell shell;
-  headless::ScriptedDialogs dialogs;
-  headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
-  ui::Window window{backend, "window"};
-  work::WorkLists lists{window};
-  work::StatusStrip strip{window};
-  work::WorkInHand work;
   project::VipReader reader{platform, work, strip.XP_ProgressBar1};
   project::ProjectDecoding decoding{platform, work, lists, strip, reader};
 };

@@ -4,13 +4,10 @@
 
 #include <filesystem>
 
-#include "headless/headless_backend.h"
-#include "headless/scripted_dialogs.h"
 #include "project/candidate_kinds.h"
 #include "project/used_strike.h"
-#include "support/fake_services.h"
 #include "support/hostile_bytes.h"
-#include "test_disk.h"
+#include "support/work_bench.h"
 #include "text/rows.h"
 #include "text/wildcard.h"
 
@@ -22,13 +19,10 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 // The search on a real disk. A project that is there makes its folder one of those searched.
-struct UnusedFiles : ::testing::Test {
+struct UnusedFiles : ::testing::Test, WorkBench {
   UnusedFiles() { lists.LabelErase.set_visible(false); }
 
-  void list_project(const std::string& below) {
-    disk.write(below, "project");
-    lists.ListProyectos.add(text::project_row(lists.ListProyectos.count() + 1, disk.path(below)));
-  }
+  void list_project(const std::string& below) { WorkBench::list_project(below, "project"); }
   void use(const std::string& below) { lists.ListUtilizados.add(disk.path(below)); }
   void search() {
     tree.forget();
@@ -41,18 +35,6 @@ struct UnusedFiles : ::testing::Test {
     return analysis.ComparaFiles(disk.path(a), disk.path(b));
   }
 
-  TestDisk disk;
-  HandClock clock;
-  FixedRegional regional;
-  FakeDrives drives;
-  FakeShell shell;
-  headless::ScriptedDialogs dialogs;
-  headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
-  ui::Window window{backend, "window"};
-  work::WorkLists lists{window};
-  work::StatusStrip strip{window};
-  work::WorkInHand work;
   project::FolderTree tree{disk.files()};
   project::UnusedAnalysis analysis{platform, work, lists, strip, tree};
 };

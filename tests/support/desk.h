@@ -5,18 +5,15 @@
 #include <vector>
 
 #include "app/program.h"
-#include "headless/headless_backend.h"
-#include "headless/scripted_dialogs.h"
 #include "location/drive_boxes.h"
 #include "location/search_window.h"
 #include "settings/settings.h"
-#include "support/fake_services.h"
+#include "support/computer.h"
 #include "support/small_project.h"
-#include "test_disk.h"
 
 namespace ordelan::test {
 
-class Desk {
+class Desk : public Computer {
  public:
   Desk() {
     // Every look at the clock is a while: each turn of a loop pumps.
@@ -67,14 +64,6 @@ class Desk {
     };
   }
 
-  TestDisk disk;
-  HandClock clock;
-  FixedRegional regional;
-  FakeDrives drives;
-  FakeShell shell;
-  headless::ScriptedDialogs dialogs;
-  headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
   settings::Settings settings{disk.files(), regional, disk.path("Config.ini")};
   app::Program program{backend, platform, settings};
   work::WorkInHand& work = program.work;

@@ -29,22 +29,9 @@ class RealBalloon : public BackendTest {
     balloon.set_delay_time(10);
   }
 
-  // The balloon's window; null if there is none.
-  static HWND tips() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          wchar_t name[32] = {};
-          GetClassNameW(each, name, 32);
-          if (std::wstring(name) != TOOLTIPS_CLASSW) return TRUE;
-          *reinterpret_cast<HWND*>(l) = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
+  LRESULT ask(UINT message, WPARAM w = 0) const {
+    return SendMessageW(tip_window(), message, w, 0);
   }
-  LRESULT ask(UINT message, WPARAM w = 0) const { return SendMessageW(tips(), message, w, 0); }
   std::wstring text() const {
     wchar_t buffer[100] = {};
     TTTOOLINFOW tool{};
@@ -52,7 +39,7 @@ class RealBalloon : public BackendTest {
     tool.hwnd = real_window();
     tool.uId = reinterpret_cast<UINT_PTR>(real_window());
     tool.lpszText = buffer;
-    SendMessageW(tips(), TTM_GETTEXTW, 99, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(tip_window(), TTM_GETTEXTW, 99, reinterpret_cast<LPARAM>(&tool));
     return buffer;
   }
 
@@ -64,17 +51,17 @@ TEST_F(RealBalloon, it_is_made_of_what_was_set_and_not_shown_yet) {
   show();
   balloon.set_style(1);
   balloon.Create(window);
-  ASSERT_TRUE(tips());
-  EXPECT_FALSE(IsWindowVisible(tips()));
+  ASSERT_TRUE(tip_window());
+  EXPECT_FALSE(IsWindowVisible(tip_window()));
   EXPECT_EQ(text(), L"uno\r\ndos");
   EXPECT_EQ(ask(TTM_GETTIPTEXTCOLOR), RGB(1, 2, 3));
   EXPECT_EQ(ask(TTM_GETTIPBKCOLOR), 0xC0E0FF);
   EXPECT_EQ(ask(TTM_GETDELAYTIME, TTDT_AUTOPOP), 5000);
   EXPECT_EQ(ask(TTM_GETDELAYTIME, TTDT_INITIAL), 10);
-  EXPECT_NE(GetWindowLongPtrW(tips(), GWL_STYLE) & TTS_BALLOON, 0);
+  EXPECT_NE(GetWindowLongPtrW(tip_window(), GWL_STYLE) & TTS_BALLOON, 0);
   balloon.set_style(0);
   balloon.Create(window);
-  EXPECT_EQ(GetWindowLongPtrW(tips(), GWL_STYLE) & TTS_BALLOON, 0);
+  EXPECT_EQ(GetWindowLongPtrW(tip_window(), GWL_STYLE) & TTS_BALLOON, 0);
 }
 
 TEST_F(RealBalloon, it_is_shown_where_it_is_told) {
@@ -82,17 +69,17 @@ TEST_F(RealBalloon, it_is_shown_where_it_is_told) {
   balloon.Create(window);
   balloon.Show(3, 4, label);
   backend.pump();
-  ASSERT_TRUE(IsWindowVisible(tips()));
+  ASSERT_TRUE(IsWindowVisible(tip_window()));
   POINT wanted{px(103), px(204)};
   ClientToScreen(real_window(), &wanted);
   RECT area{};
-  GetWindowRect(tips(), &area);
+  GetWindowRect(tip_window(), &area);
   EXPECT_NEAR(area.left, wanted.x, kBorder);
   EXPECT_NEAR(area.top, wanted.y, kBorder);
   balloon.Show(50, 60, window);
   wanted = {px(50), px(60)};
   ClientToScreen(real_window(), &wanted);
-  GetWindowRect(tips(), &area);
+  GetWindowRect(tip_window(), &area);
   EXPECT_NEAR(area.left, wanted.x, kBorder);
   EXPECT_NEAR(area.top, wanted.y, kBorder);
 }
@@ -100,7 +87,7 @@ TEST_F(RealBalloon, it_is_shown_where_it_is_told) {
 TEST_F(RealBalloon, showing_before_creating_shows_nothing) {
   show();
   balloon.Show(3, 4, label);
-  EXPECT_FALSE(tips());
+  EXPECT_FALSE(tip_window());
 }
 
 TEST_F(RealBalloon, one_that_is_up_takes_changes_over) {
@@ -115,7 +102,7 @@ TEST_F(RealBalloon, one_that_is_up_takes_changes_over) {
   EXPECT_EQ(static_cast<DWORD>(ask(TTM_GETTIPTEXTCOLOR)), GetSysColor(COLOR_INFOTEXT));
   EXPECT_EQ(ask(TTM_GETTIPBKCOLOR), RGB(9, 9, 9));
   EXPECT_EQ(ask(TTM_GETDELAYTIME, TTDT_AUTOPOP), 7000);
-  EXPECT_TRUE(IsWindowVisible(tips()));
+  EXPECT_TRUE(IsWindowVisible(tip_window()));
 }
 
 TEST_F(RealBalloon, destroying_takes_it_off_the_screen) {
@@ -123,7 +110,7 @@ TEST_F(RealBalloon, destroying_takes_it_off_the_screen) {
   balloon.Create(window);
   balloon.Show(3, 4, label);
   balloon.Destroy();
-  EXPECT_FALSE(tips());
+  EXPECT_FALSE(tip_window());
 }
 
 TEST_F(RealBalloon, it_goes_with_its_window) {
@@ -131,13 +118,13 @@ TEST_F(RealBalloon, it_goes_with_its_window) {
   balloon.Create(window);
   balloon.Show(3, 4, label);
   window.unload();
-  EXPECT_FALSE(tips());
+  EXPECT_FALSE(tip_window());
   balloon.set_tip_text("nada");
   balloon.Show(1, 1, window);
-  EXPECT_FALSE(tips());
+  EXPECT_FALSE(tip_window());
   show();
   balloon.Create(window);
-  EXPECT_TRUE(tips());
+  EXPECT_TRUE(tip_window());
 }
 
 }  // namespace

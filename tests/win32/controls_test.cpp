@@ -287,17 +287,7 @@ TEST_F(RealControls, members_of_an_array_have_their_number_and_may_come_and_go) 
 TEST_F(RealControls, a_tip_belongs_to_its_control) {
   label.set_tip("la ayuda");
   show();
-  HWND tips = nullptr;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND each, LPARAM l) -> BOOL {
-        wchar_t name[32] = {};
-        GetClassNameW(each, name, 32);
-        if (std::wstring(name) != TOOLTIPS_CLASSW) return TRUE;
-        *reinterpret_cast<HWND*>(l) = each;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&tips));
+  const HWND tips = tip_window();
   ASSERT_TRUE(tips);
   const auto tip_text = [&] {
     wchar_t buffer[100] = {};

@@ -18,21 +18,6 @@ namespace {
 
 class FileDialogs : public BackendTest {
  protected:
-  static HWND dialog() {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          wchar_t name[16] = {};
-          GetClassNameW(each, name, 16);
-          if (std::wstring(name) != L"#32770" || !IsWindowVisible(each)) return TRUE;
-          *reinterpret_cast<HWND*>(l) = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
-
   // The box in which the name is typed, whichever look the dialog has.
   static HWND name_box(HWND dialog) {
     constexpr int kNameInList = 0x47C;
@@ -52,7 +37,7 @@ class FileDialogs : public BackendTest {
     ui::Timer timer(window, "Timer1", std::chrono::milliseconds(300));
     HWND seen = nullptr;
     timer.on_tick = [&] {
-      const HWND up = dialog();
+      const HWND up = dialog_in_sight();
       // One that has only just come up is not yet ready for answers.
       const bool ready = up && up == seen;
       seen = up;

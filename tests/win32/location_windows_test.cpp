@@ -1,6 +1,4 @@
-// The search for a lost file in the whole program with its real windows, inside the test's own
-// process: whatever the user does comes as messages while the search pumps. Folders of a temporary
-// disk pass for drives.
+// The search for a lost file, with everything that can come in between while it pumps.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -9,63 +7,20 @@
 #include <chrono>
 #include <functional>
 #include <iostream>
-#include <memory>
-#include <optional>
 #include <utility>
 
-#include "app/program.h"
 #include "location/drive_boxes.h"
 #include "location/path_choice.h"
 #include "location/search_window.h"
 #include "screen_picture.h"
-#include "support/fake_services.h"
-#include "test_disk.h"
 #include "ui/timer.h"
-#include "win32/win32_backend.h"
-#include "win32/win32_clock.h"
-#include "win32/win32_dialogs.h"
-#include "win32/win32_regional.h"
-#include "win32/win32_shell.h"
+#include "win32/program_fixture.h"
 
 namespace ordelan::test {
 namespace {
 
 using ::testing::ElementsAre;
 using Clock = std::chrono::steady_clock;
-
-// The real disk, and how much of it was looked at.
-class CountedFiles final : public system::FileSystem {
- public:
-  explicit CountedFiles(system::FileSystem& files) : files_(files) {}
-
-  int seen = 0;       // entries of folders
-  bool slow = false;  // rests a moment now and then, as a disk that has to look
-  std::function<void()> on_entry;
-
-  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override {
-    return files_.each(folder, detail, [&](system::FileInfo& entry) {
-      ++seen;
-      if (slow && seen % 100 == 0) Sleep(1);
-      if (on_entry) on_entry();
-      return visit(entry);
-    });
-  }
-  std::optional<system::FileInfo> info(std::string_view path) override { return files_.info(path); }
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
-    return files_.open(path);
-  }
-  std::unique_ptr<system::OutputFile> create(std::string_view path) override {
-    return files_.create(path);
-  }
-  bool make_folder(std::string_view path) override { return files_.make_folder(path); }
-  bool replace(std::string_view from, std::string_view to) override {
-    return files_.replace(from, to);
-  }
-  bool remove(std::string_view path) override { return files_.remove(path); }
-
- private:
-  system::FileSystem& files_;
-};
 
 // A tree that takes a while to walk. It is made once.
 class LargeTree {
@@ -93,20 +48,8 @@ LargeTree& large_tree() {
   return tree;
 }
 
-class LocationWindows : public testing::Test {
+class LocationWindows : public ProgramTest {
  protected:
-  // Starts the program with these drives, ticked.
-  void start(const std::vector<std::string>& roots) {
-    std::string ticked = "[Settings]\r\n";
-    for (const std::string& root : roots) {
-      drives.add(root);
-      ticked += "Unidad: " + root + "=1\r\n";
-    }
-    disk.write("Config.ini", ticked);
-    program.emplace(backend, platform, settings);
-    program->start();
-    backend.pump();
-  }
   std::string folder_as_drive(const std::string& name) {
     disk.make_folder(name);
     return disk.path(name + "\\");
@@ -117,47 +60,11 @@ class LocationWindows : public testing::Test {
         file, program->form.lists.ListVip);
   }
 
-  static HWND top_level(const std::wstring& name) {
-    struct Search {
-      std::wstring property;
-      HWND found = nullptr;
-    } search{L"Ordelan.Window." + name};
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          auto& wanted = *reinterpret_cast<Search*>(l);
-          if (!GetPropW(each, wanted.property.c_str())) return TRUE;
-          wanted.found = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-  }
-  static HWND control(const std::wstring& window, const std::wstring& name) {
-    const HWND parent = top_level(window);
-    HWND child = parent ? GetWindow(parent, GW_CHILD) : nullptr;
-    while (child && !GetPropW(child, (L"Ordelan." + name).c_str())) {
-      child = GetWindow(child, GW_HWNDNEXT);
-    }
-    return child;
-  }
   // A press of the mouse as it comes from the queue.
   static void post_press(HWND target, int x, int y) {
     PostMessageW(target, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
     PostMessageW(target, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
   }
-
-  TestDisk disk;
-  CountedFiles files{disk.files()};
-  win32::Win32Clock clock;
-  win32::Win32Regional regional;
-  FakeDrives drives;
-  win32::Win32Shell shell;
-  win32::Win32Backend backend{GetModuleHandleW(nullptr)};
-  win32::Win32Dialogs dialogs{backend};
-  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
-  settings::Settings settings{files, regional, disk.path("Config.ini")};
-  std::optional<app::Program> program;
 };
 
 // Does something at each tick of a real timer, until it says that it is done.

@@ -7,74 +7,35 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "app/program.h"
 #include "location/path_choice.h"
 #include "screen_picture.h"
-#include "support/fake_services.h"
-#include "test_disk.h"
 #include "ui/list_width.h"
 #include "win32/drawing_tools.h"
+#include "win32/program_fixture.h"
 #include "win32/screen_scale.h"
-#include "win32/win32_backend.h"
-#include "win32/win32_clock.h"
-#include "win32/win32_dialogs.h"
-#include "win32/win32_regional.h"
-#include "win32/win32_shell.h"
 
 namespace ordelan::test {
 namespace {
 
-// The program's colours, as long as the test runs.
-class SkinColors {
- public:
-  SkinColors() : before_(win32::palette()) { win32::use_palette(app::skin_palette()); }
-  ~SkinColors() { win32::use_palette(before_); }
-  SkinColors(const SkinColors&) = delete;
-  SkinColors& operator=(const SkinColors&) = delete;
+// The program's colours and its places in pixels, from before its first window on.
+class Skinned {
+ protected:
+  Skinned() : before_(win32::palette()) {
+    SetProcessDPIAware();
+    win32::use_palette(app::skin_palette());
+  }
+  ~Skinned() { win32::use_palette(before_); }
 
  private:
   ui::Palette before_;
 };
 
-class LookInside : public testing::Test {
+class LookInside : public Skinned, public ProgramTest {
  protected:
-  LookInside() {
-    const std::string root = disk.folder();
-    drives.add(root);
-    disk.write("Config.ini", "[Settings]\r\nUnidad: " + root + "=1\r\n");
-    program.emplace(backend, platform, settings);
-    program->start();
-    backend.pump();
-  }
-
-  static HWND top_level(const std::wstring& name) {
-    struct Search {
-      std::wstring property;
-      HWND found = nullptr;
-    } search{L"Ordelan.Window." + name};
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          auto& wanted = *reinterpret_cast<Search*>(l);
-          if (!GetPropW(each, wanted.property.c_str())) return TRUE;
-          wanted.found = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-  }
-  static HWND control(const std::wstring& window, const std::wstring& name) {
-    const HWND parent = top_level(window);
-    HWND child = parent ? GetWindow(parent, GW_CHILD) : nullptr;
-    while (child && !GetPropW(child, (L"Ordelan." + name).c_str())) {
-      child = GetWindow(child, GW_HWNDNEXT);
-    }
-    return child;
-  }
+  LookInside() { start({disk.folder()}); }
 
   void take(const std::wstring& window, const std::string& what) {
     const HWND handle = top_level(window);
@@ -100,21 +61,6 @@ class LookInside : public testing::Test {
     ReleaseDC(nullptr, screen);
     return color;
   }
-
-  struct PixelPlaces {
-    PixelPlaces() { SetProcessDPIAware(); }
-  } aware;  // first: the program's places are pixels
-  SkinColors colors;
-  TestDisk disk;
-  win32::Win32Clock clock;
-  win32::Win32Regional regional;
-  FakeDrives drives;
-  win32::Win32Shell shell;
-  win32::Win32Backend backend{GetModuleHandleW(nullptr)};
-  win32::Win32Dialogs dialogs{backend};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
-  settings::Settings settings{disk.files(), regional, disk.path("Config.ini")};
-  std::optional<app::Program> program;
 };
 
 struct StripColor {

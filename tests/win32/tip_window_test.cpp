@@ -16,22 +16,8 @@ class RealTips : public BackendTest {
  protected:
   ~RealTips() override { win32::use_palette(ui::Palette()); }
 
-  HWND tips() const {
-    HWND found = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND each, LPARAM l) -> BOOL {
-          wchar_t name[32] = {};
-          GetClassNameW(each, name, 32);
-          if (std::wstring(name) != TOOLTIPS_CLASSW) return TRUE;
-          *reinterpret_cast<HWND*>(l) = each;
-          return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
   COLORREF color(UINT message) const {
-    return static_cast<COLORREF>(SendMessageW(tips(), message, 0, 0));
+    return static_cast<COLORREF>(SendMessageW(tip_window(), message, 0, 0));
   }
 
   ui::Label label{window, "lblEstado"};
@@ -40,7 +26,7 @@ class RealTips : public BackendTest {
 TEST_F(RealTips, helps_are_the_systems_as_long_as_the_colours_are) {
   label.set_tip("la ayuda");
   show();
-  ASSERT_TRUE(tips());
+  ASSERT_TRUE(tip_window());
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), GetSysColor(COLOR_INFOBK));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), GetSysColor(COLOR_INFOTEXT));
 }
@@ -52,7 +38,7 @@ TEST_F(RealTips, helps_have_the_colours_of_a_palette) {
   win32::use_palette(palette);
   label.set_tip("la ayuda");
   show();
-  ASSERT_TRUE(tips());
+  ASSERT_TRUE(tip_window());
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), RGB(10, 20, 30));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), RGB(200, 210, 220));
 }

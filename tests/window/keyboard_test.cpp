@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "screen_picture.h"
 #include "skin/main_window_layout.h"
 #include "skin/palette.h"
 #include "window/ordelan_fixture.h"
@@ -65,27 +66,12 @@ int accent_pixels(HWND control) {
   RECT area{};
   GetWindowRect(control, &area);
   InflateRect(&area, kAround, kAround);
-  const int width = area.right - area.left;
-  const int height = area.bottom - area.top;
-  BITMAPINFO format{};
-  format.bmiHeader = {sizeof format.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  const HDC screen = GetDC(nullptr);
-  const HDC memory = CreateCompatibleDC(screen);
-  void* bits = nullptr;
-  const HBITMAP bitmap = CreateDIBSection(screen, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
-  const HGDIOBJ old = SelectObject(memory, bitmap);
-  BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
-  GdiFlush();
-  const std::uint32_t wanted =
+  constexpr std::uint32_t kWanted =
       (GetRValue(skin::kAccent) << 16) | (GetGValue(skin::kAccent) << 8) | GetBValue(skin::kAccent);
-  const auto* pixels = static_cast<const std::uint32_t*>(bits);
-  const auto count = std::count_if(pixels, pixels + std::ptrdiff_t{width} * height,
-                                   [&](std::uint32_t each) { return (each & 0xFFFFFF) == wanted; });
-  SelectObject(memory, old);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
-  return static_cast<int>(count);
+  const std::vector<std::uint32_t> pixels = screen_pixels(area);
+  return static_cast<int>(std::count_if(pixels.begin(), pixels.end(), [](std::uint32_t each) {
+    return (each & 0xFFFFFF) == kWanted;
+  }));
 }
 
 class Keyboard : public OrdelanTest {

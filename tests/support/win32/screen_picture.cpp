@@ -3,9 +3,7 @@
 #include <objidl.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
-#include <vector>
 
 namespace Gdiplus {
 using std::max;
@@ -49,39 +47,50 @@ std::wstring folder() {
   return folder;
 }
 
+RECT whole_screen() {
+  return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
 }  // namespace
 
-void wait_for_still_screen() {
-  constexpr int kLooks = 20;
-  constexpr DWORD kPause = 50;
-  const int width = GetSystemMetrics(SM_CXSCREEN);
-  const int height = GetSystemMetrics(SM_CYSCREEN);
+std::vector<std::uint32_t> screen_pixels(const RECT& area) {
+  const int width = area.right - area.left;
+  const int height = area.bottom - area.top;
   BITMAPINFO format{};
   format.bmiHeader = {sizeof format.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);
   void* bits = nullptr;
   const HBITMAP bitmap = CreateDIBSection(screen, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
-  const HGDIOBJ old = SelectObject(memory, bitmap);
-  const auto* pixels = static_cast<const std::uint32_t*>(bits);
-  std::vector<std::uint32_t> before;
-  for (int look = 0; look < kLooks && bits != nullptr; ++look) {
-    BitBlt(memory, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+  std::vector<std::uint32_t> result;
+  if (bits != nullptr) {
+    const HGDIOBJ old = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
     GdiFlush();
-    std::vector<std::uint32_t> now(pixels, pixels + std::size_t(width) * std::size_t(height));
+    const auto* pixels = static_cast<const std::uint32_t*>(bits);
+    result.assign(pixels, pixels + std::size_t(width) * std::size_t(height));
+    SelectObject(memory, old);
+  }
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return result;
+}
+
+void wait_for_still_screen() {
+  constexpr int kLooks = 20;
+  constexpr DWORD kPause = 50;
+  std::vector<std::uint32_t> before;
+  for (int look = 0; look < kLooks; ++look) {
+    std::vector<std::uint32_t> now = screen_pixels(whole_screen());
     if (now == before) break;
     before = std::move(now);
     Sleep(kPause);
   }
-  SelectObject(memory, old);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
 }
 
 std::wstring save_screen(const std::string& name) {
-  return save_screen(name,
-                     RECT{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+  return save_screen(name, whole_screen());
 }
 
 std::wstring save_screen(const std::string& name, const RECT& area) {

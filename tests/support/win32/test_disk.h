@@ -5,9 +5,9 @@
 #include <process.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
+#include "support/disk_folder.h"
 #include "win32/ansi_text.h"
 #include "win32/win32_file_system.h"
 
@@ -19,53 +19,26 @@
 
 namespace ordelan::test {
 
-class TestDisk {
+class TestDisk final : public DiskFolder {
  public:
-  TestDisk() {
-    static int number = 0;
-    const std::string name =
-        "ordelan_" + std::to_string(_getpid()) + "_" + std::to_string(++number);
-    root_ = std::filesystem::temp_directory_path() / name;
-    std::filesystem::create_directories(root_);
-  }
-  ~TestDisk() {
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-  }
-  TestDisk(const TestDisk&) = delete;
-  TestDisk& operator=(const TestDisk&) = delete;
+  TestDisk() : DiskFolder(fresh()) {}
 
   system::FileSystem& files() { return files_; }
 
-  // The folder as the program sees it, with its backslash.
-  std::string folder() const { return win32::narrow(root_.wstring()).value_or("") + "\\"; }
-  // The program's path of a file below the folder ("Mix\\a.wav").
-  std::string path(const std::string& below) const { return folder() + below; }
-
-  // Writes a file below the folder, making the folders on the way. Names are code-page text.
-  void write(const std::string& below, const std::string& bytes) {
-    const auto native = native_path(below);
-    std::filesystem::create_directories(native.parent_path());
-    std::ofstream(native, std::ios::binary) << bytes;
+  std::string folder() const override {
+    return win32::narrow(root().wstring()).value_or("") + "\\";
   }
-  // A file of that length, all NULs, that takes no room.
-  void write_sparse(const std::string& below, std::uint64_t length) {
-    write(below, "");
-    std::filesystem::resize_file(native_path(below), length);
-  }
-  void make_folder(const std::string& below) {
-    std::filesystem::create_directories(native_path(below));
-  }
-  void remove(const std::string& below) {
-    std::error_code ignored;
-    std::filesystem::remove_all(native_path(below), ignored);
-  }
-  std::filesystem::path native_path(const std::string& below) const {
-    return root_ / win32::widen(below);
+  std::filesystem::path native_path(const std::string& below) const override {
+    return root() / win32::widen(below);
   }
 
  private:
-  std::filesystem::path root_;
+  static std::filesystem::path fresh() {
+    static int number = 0;
+    return std::filesystem::temp_directory_path() /
+           ("ordelan_" + std::to_string(_getpid()) + "_" + std::to_string(++number));
+  }
+
   win32::Win32FileSystem files_;
 };
 

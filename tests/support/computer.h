@@ -1,0 +1,22 @@
+// A computer without a screen: a real disk of its own, and all that the program asks of a system.
+#pragma once
+
+#include "headless/headless_backend.h"
+#include "headless/scripted_dialogs.h"
+#include "support/fake_services.h"
+#include "test_disk.h"
+
+namespace ordelan::test {
+
+struct Computer {
+  TestDisk disk;
+  HandClock clock;
+  FixedRegional regional;
+  FakeDrives drives;
+  FakeShell shell;
+  headless::ScriptedDialogs dialogs;
+  headless::HeadlessBackend backend{clock};
+  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
+};
+
+}  // namespace ordelan::test
