@@ -15,7 +15,6 @@ constexpr int kBox = 16;
 constexpr int kRadius = 3;
 constexpr int kGap = 8;
 constexpr int kTick = 2;
-constexpr int kUnderline = 1;
 
 }  // namespace
 
@@ -78,9 +77,9 @@ void CheckBoxPeer::paint(HDC context, const RECT& area) {
     DrawTextW(context, caption.c_str(), static_cast<int>(caption.size()), &words,
               DT_SINGLELINE | DT_CALCRECT | DT_NOPREFIX);
     const int height = words.bottom - words.top;
-    const int base = (area.bottom + height) / 2;
-    const POINT line[] = {{room.left, base}, {std::min(words.right, area.right - 1), base}};
-    stroke(context, line, {colors_in_force.accent, to_pixels(kUnderline, dpi())});
+    const int top = (area.bottom + height) / 2;
+    const RECT line{room.left, top, std::min(words.right, area.right), top + line_width(dpi())};
+    FillRect(context, &line, desk().tools().brush(colors_in_force.accent));
   }
   SelectObject(context, old);
 }

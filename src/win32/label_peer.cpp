@@ -15,7 +15,6 @@ namespace {
 constexpr int kRadius = 8;
 constexpr int kGap = 8;
 constexpr int kDash = 2;
-constexpr int kUnderline = 1;
 
 }  // namespace
 
@@ -88,10 +87,10 @@ void LabelPeer::paint_text(HDC context, const RECT& area) {
   room.top = std::max(area.top, (area.bottom - height) / 2);
   DrawTextW(context, caption.c_str(), size, &room, layout(area));
   if (!lit && !focused) return;
-  const int thick = to_pixels(kUnderline, dpi());
-  const LONG base = std::min<LONG>(area.bottom - (thick + 1) / 2, room.top + height);
-  const POINT line[] = {{0, base}, {std::min(words.right, area.right - 1), base}};
-  stroke(context, line, {focused ? palette().accent : palette().text_over, thick});
+  const int thick = line_width(dpi());
+  const LONG top = std::min<LONG>(area.bottom - thick, room.top + height);
+  const RECT line{0, top, std::min(words.right, area.right), top + thick};
+  FillRect(context, &line, desk().tools().brush(focused ? palette().accent : palette().text_over));
 }
 
 // The picture above the words, both in the middle of a frame.

@@ -24,7 +24,7 @@ void rounded_box(HDC context, const RECT& area, int radius, ui::Color fill, cons
 // The edge of such a box alone, in dashes.
 void dashed_box(HDC context, const RECT& area, int radius, const Line& edge);
 
-// A line through the points, with round ends and corners.
+// A line through the points, with round ends and corners. Whole numbers lie between the pixels.
 void stroke(HDC context, std::span<const POINT> points, const Line& line);
 
 }  // namespace ordelan::win32

@@ -84,7 +84,62 @@ TEST(Shapes, the_edge_of_a_box_is_sharp_and_inside_of_it) {
     EXPECT_EQ(GetPixel(context, x, box.top + width), kFill);
     EXPECT_EQ(GetPixel(context, x, box.bottom - 1 - width), kFill);
     EXPECT_EQ(GetPixel(context, box.left, box.top), kGround) << "its corners are round";
+    bool smooth = false;
+    for (int i = 0; i < 8; ++i) {
+      for (int j = 0; j < 8; ++j) {
+        const COLORREF pixel = GetPixel(context, box.left + i, box.top + j);
+        EXPECT_EQ(GetPixel(context, box.right - 1 - i, box.top + j), pixel);
+        EXPECT_EQ(GetPixel(context, box.left + i, box.bottom - 1 - j), pixel);
+        EXPECT_EQ(GetPixel(context, box.right - 1 - i, box.bottom - 1 - j), pixel);
+        smooth = smooth || (pixel != kGround && pixel != kFill && pixel != kEdge);
+      }
+    }
+    EXPECT_TRUE(smooth);
   }
+  ReleaseDC(nullptr, screen);
+}
+
+TEST(Shapes, a_stroke_goes_through_its_points_and_is_as_broad_as_it_should_be) {
+  const RECT all{0, 0, 60, 50};
+  DrawingTools tools;
+  const HDC screen = GetDC(nullptr);
+  const Canvas canvas(screen, all);
+  const HDC context = canvas.context();
+  FillRect(context, &all, tools.brush(ui::rgb(0, 0, 0)));
+  const POINT way[] = {{10, 10}, {30, 10}, {30, 40}};
+  stroke(context, way, {ui::rgb(250, 240, 30), 4});
+  for (const POINT on : {POINT{20, 8}, POINT{20, 11}, POINT{28, 30}, POINT{31, 30}}) {
+    EXPECT_EQ(GetPixel(context, on.x, on.y), RGB(250, 240, 30)) << on.x << ' ' << on.y;
+  }
+  for (const POINT off : {POINT{20, 7}, POINT{20, 12}, POINT{27, 30}, POINT{32, 30}}) {
+    EXPECT_EQ(GetPixel(context, off.x, off.y), RGB(0, 0, 0)) << off.x << ' ' << off.y;
+  }
+  ReleaseDC(nullptr, screen);
+}
+
+TEST(Shapes, the_corners_of_a_dashed_box_are_whole_and_its_sides_are_alike) {
+  const RECT all{0, 0, 120, 90};
+  const RECT box{4, 5, 116, 85};
+  DrawingTools tools;
+  const HDC screen = GetDC(nullptr);
+  const Canvas canvas(screen, all);
+  const HDC context = canvas.context();
+  FillRect(context, &all, tools.brush(ui::rgb(0, 0, 0)));
+  dashed_box(context, box, 8, {ui::rgb(250, 240, 30), 2});
+  int drawn = 0;
+  int left_out = 0;
+  for (LONG x = box.left + 8; x < box.right - 8; ++x) {
+    const COLORREF pixel = GetPixel(context, x, box.top);
+    EXPECT_EQ(GetPixel(context, x, box.bottom - 1), pixel);
+    EXPECT_EQ(GetPixel(context, box.left + box.right - 1 - x, box.top), pixel);
+    drawn += pixel == RGB(250, 240, 30) ? 1 : 0;
+    left_out += pixel == RGB(0, 0, 0) ? 1 : 0;
+  }
+  EXPECT_GT(drawn, left_out);
+  EXPECT_GT(left_out, 20);
+  EXPECT_GT(GetRValue(GetPixel(context, box.left + 7, box.top)), 200);
+  EXPECT_GT(GetRValue(GetPixel(context, box.left, box.bottom - 8)), 200);
+  EXPECT_EQ(GetPixel(context, 60, 45), RGB(0, 0, 0)) << "nothing within";
   ReleaseDC(nullptr, screen);
 }
 
