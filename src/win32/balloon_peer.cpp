@@ -4,13 +4,13 @@
 
 #include "win32/ansi_text.h"
 #include "win32/screen_scale.h"
+#include "win32/tip_window.h"
 #include "win32/window_peer.h"
 
 namespace ordelan::win32 {
 namespace {
 
 constexpr int kBalloonStyle = 1;
-constexpr int kWidestText = 400;    // longer texts break into lines
 constexpr std::size_t kTitle = 99;  // the system takes no longer title, and none instead
 
 }  // namespace
@@ -24,7 +24,8 @@ BalloonPeer::BalloonPeer(Desk& desk, ui::Class1& balloon, HWND parent)
                             nullptr, desk.instance(), nullptr);
   if (!window_) return;
   // Without a width, line breaks would not break lines.
-  send(TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestText, dpi_of(parent)));
+  const WindowPeer* const window = desk.window(parent);
+  scale_tips(window_, desk.tools(), window ? window->dpi() : dpi_of(parent));
   tool_.cbSize = TTTOOLINFOW_V2_SIZE;
   tool_.uFlags =
       TTF_IDISHWND | TTF_TRACK | TTF_ABSOLUTE | (balloon.centered() ? UINT{TTF_CENTERTIP} : 0u);

@@ -9,7 +9,7 @@
 namespace ordelan::win32 {
 namespace {
 
-constexpr int kWidestTip = 400;  // longer helps break into lines
+constexpr int kWidestTip = 400;  // longer ones break into lines
 
 TTTOOLINFOW tool_of(HWND owner, HWND control) {
   TTTOOLINFOW tool{};
@@ -22,6 +22,11 @@ TTTOOLINFOW tool_of(HWND owner, HWND control) {
 
 }  // namespace
 
+void scale_tips(HWND tips, DrawingTools& tools, int dpi) {
+  SendMessageW(tips, WM_SETFONT, reinterpret_cast<WPARAM>(tools.font(ui::Font(), dpi)), FALSE);
+  SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestTip, dpi));
+}
+
 TipWindow::~TipWindow() {
   if (window_) DestroyWindow(window_);
 }
@@ -32,7 +37,7 @@ bool TipWindow::make() {
                             WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT, CW_USEDEFAULT,
                             CW_USEDEFAULT, CW_USEDEFAULT, owner_, nullptr, instance_, nullptr);
   if (!window_) return false;
-  SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestTip, dpi_of(owner_)));
+  scale_tips(window_, tools_, dpi_);
   // With the system's own colours, helps look as everywhere.
   if (!palette_is_the_systems()) {
     SetWindowTheme(window_, L"", L"");  // a theme has colours of its own
@@ -40,6 +45,11 @@ bool TipWindow::make() {
     SendMessageW(window_, TTM_SETTIPTEXTCOLOR, color_of(palette().text), 0);
   }
   return true;
+}
+
+void TipWindow::scale(int dpi) {
+  dpi_ = dpi;
+  if (window_) scale_tips(window_, tools_, dpi);
 }
 
 void TipWindow::set(HWND control, const std::wstring& text) {

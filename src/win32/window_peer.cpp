@@ -47,9 +47,10 @@ WindowPeer::WindowPeer(Desk& desk, ui::Window& window)
                       0, nullptr, nullptr, desk.instance(), nullptr);
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   SetPropW(handle_, name_.c_str(), reinterpret_cast<HANDLE>(INT_PTR{1}));
-  tips_ = std::make_unique<TipWindow>(desk.instance(), handle_);
+  tips_ = std::make_unique<TipWindow>(desk.instance(), handle_, desk.tools());
   screen_dpi_ = dpi_of(handle_);
   dpi_ = fitting_dpi();
+  tips_->scale(dpi_);
   desk_.enter(*this);
   // Where the focus is can always be seen, not only once a key has been pressed.
   SendMessageW(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS | UISF_HIDEACCEL),

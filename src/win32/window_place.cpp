@@ -1,5 +1,6 @@
 // Where a real window stands, how large it is there, and of which shape.
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "win32/control_peer.h"
@@ -59,6 +60,7 @@ void WindowPeer::rescale() {
   const int dpi = fitting_dpi();
   if (std::exchange(dpi_, dpi) == dpi) return;
   update_shape();
+  tips_->scale(dpi_);
   for (HWND child = GetWindow(handle_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
     if (ControlPeer* const control = desk_.control(child)) control->rescale();
   }
@@ -86,15 +88,23 @@ void WindowPeer::place() {
   placing_ = false;
 }
 
-// A window that is put back where no screen is any more could not even be dragged back.
+// A window that is put back where no screen is any more could not even be dragged back, and buttons
+// that lie beside the screen cannot be pressed.
 void WindowPeer::bring_onto_a_screen() {
   RECT area{};
   if (IsIconic(handle_) || !GetWindowRect(handle_, &area)) return;
-  const RECT title{area.left, area.top, area.right, area.top + GetSystemMetrics(SM_CYCAPTION)};
-  if (MonitorFromRect(&title, MONITOR_DEFAULTTONULL) != nullptr) return;
+  const POINT corners[] = {{area.left, area.top},
+                           {area.right - 1, area.top},
+                           {area.left, area.bottom - 1},
+                           {area.right - 1, area.bottom - 1}};
+  if (std::all_of(std::begin(corners), std::end(corners), [](POINT corner) {
+        return MonitorFromPoint(corner, MONITOR_DEFAULTTONULL) != nullptr;
+      })) {
+    return;
+  }
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
-  if (!GetMonitorInfoW(MonitorFromRect(&title, MONITOR_DEFAULTTONEAREST), &monitor)) return;
+  if (!GetMonitorInfoW(MonitorFromRect(&area, MONITOR_DEFAULTTONEAREST), &monitor)) return;
   const RECT& screen = monitor.rcWork;
   // The far edges first: of a window larger than the screen, the title stays in sight.
   const LONG left =

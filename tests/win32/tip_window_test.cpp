@@ -5,6 +5,9 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
+#include "ui/balloon.h"
 #include "ui/label.h"
 #include "win32/backend_fixture.h"
 #include "win32/drawing_tools.h"
@@ -18,6 +21,14 @@ class RealTips : public BackendTest {
 
   COLORREF color(UINT message) const {
     return static_cast<COLORREF>(SendMessageW(tip_window(), message, 0, 0));
+  }
+
+  // How high the letters are, in pixels.
+  static LONG letters() {
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(tip_window(), WM_GETFONT, 0, 0));
+    LOGFONTW look{};
+    GetObjectW(font, sizeof look, &look);
+    return std::abs(look.lfHeight);
   }
 
   ui::Label label{window, "lblEstado"};
@@ -41,6 +52,26 @@ TEST_F(RealTips, helps_have_the_colours_of_a_palette) {
   ASSERT_TRUE(tip_window());
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), RGB(10, 20, 30));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), RGB(200, 210, 220));
+}
+
+TEST_F(RealTips, helps_are_as_large_as_their_window_is_shown) {
+  label.set_tip("la ayuda");
+  show();
+  const LONG before = letters();
+  EXPECT_EQ(before, 12);
+  come_to_screen_of(192);
+  EXPECT_EQ(letters(), 2 * before);
+  EXPECT_EQ(SendMessageW(tip_window(), TTM_GETMAXTIPWIDTH, 0, 0), 800);
+  window.set_size({5000, 400});  // which no screen holds: back to 100 percent
+  EXPECT_EQ(letters(), before);
+}
+
+TEST_F(RealTips, balloons_are_as_large_as_their_window_is_shown) {
+  show();
+  come_to_screen_of(192);
+  ui::Class1 balloon;
+  balloon.Create(window);
+  EXPECT_EQ(letters(), 24);
 }
 
 }  // namespace

@@ -140,6 +140,29 @@ TEST_F(RealWindow, nothing_is_shown_smaller_than_it_was_drawn_for) {
   EXPECT_EQ(area.bottom, 300);
 }
 
+TEST_F(RealWindow, a_window_that_would_lie_beside_the_screen_in_part_comes_wholly_onto_it) {
+  RECT room{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);
+  window.set_position({win32::to_units(room.right - 100, win32::system_dpi()), 40});
+  show();
+  RECT area{};
+  GetWindowRect(real_window(), &area);
+  EXPECT_EQ(area.right, room.right);
+  EXPECT_EQ(area.top, px(40));
+  EXPECT_EQ(window.position().x, win32::to_units(area.left, win32::system_dpi()));
+}
+
+TEST_F(RealWindow, a_window_that_the_user_drags_over_the_edge_stays_there) {
+  show();
+  SetWindowPos(real_window(), nullptr, -200, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  window.set_title("otro");
+  window.set_size({400, 300});
+  backend.pump();
+  RECT area{};
+  GetWindowRect(real_window(), &area);
+  EXPECT_EQ(area.left, -200);
+}
+
 TEST_F(RealWindow, closing_is_asked_of_the_object_and_nothing_else_happens) {
   int asked = 0;
   window.on_close = [&] { ++asked; };
