@@ -63,16 +63,16 @@ void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
 // Projects that have lost nothing keep their titles, so that one sees that they were looked at.
 std::vector<std::string> LostFiles::collect(project::FolderTree& folders) const {
   const auto job = context_.work.current_job();
-  const std::vector<std::string> used = context_.main.lists.ListUtilizados.rows();
-  const Crowd crowd = crowd_of(used);
+  const auto used = context_.main.lists.ListUtilizados.kept_rows();
+  const Crowd crowd = crowd_of(*used);
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
   std::vector<std::string> rows;
-  for (const std::string& row : used) {
+  for (const std::string& row : *used) {
     if (is_title(row)) {
-      if (&row != &used.front()) rows.emplace_back(kRule, '-');
+      if (&row != &used->front()) rows.emplace_back(kRule, '-');
       rows.push_back(row);
     } else {
-      const std::string folder(folder_of(row));
+      const std::string_view folder = folder_of(row);
       const bool listed = folders.knows(folder) || crowd.at(folder) >= kWorthAListing;
       const auto held = listed ? folders.holds_plain_file(row) : std::nullopt;
       if (held ? !*held : is_lost(row)) rows.push_back(row);

@@ -73,8 +73,8 @@ bool Buscar::BuscarVips() {
   ui::ListBox& projects = context_.main.lists.ListProyectos;
   std::vector<std::string> valid;
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
-  const std::vector<std::string> found = List2.rows();
-  for (const std::string& path : found) {
+  const auto found = List2.kept_rows();
+  for (const std::string& path : *found) {
     const bool usable = Valido(path);
     if (context_.work.superseded(job)) return false;
     if (usable) valid.push_back(path);

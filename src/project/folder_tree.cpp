@@ -7,10 +7,15 @@
 
 namespace ordelan::project {
 
-const FolderTree::Listing& FolderTree::listing(const std::string& folder) {
-  const auto [found, is_new] = listings_.try_emplace(folder);
-  Listing& listing = found->second;
-  if (!is_new) return listing;
+FolderTree::Listing* FolderTree::known(std::string_view folder) const {
+  if (last_ == listings_.end() || last_->first != folder) last_ = listings_.find(folder);
+  return last_ == listings_.end() ? nullptr : &last_->second;
+}
+
+const FolderTree::Listing& FolderTree::listing(std::string_view folder) {
+  if (const Listing* const found = known(folder)) return *found;
+  last_ = listings_.try_emplace(std::string(folder)).first;
+  Listing& listing = last_->second;
   auto entries = files_.list(folder, system::Detail::names);
   listing.readable = entries.has_value();
   if (!entries) return listing;
@@ -27,11 +32,11 @@ const FolderTree::Listing& FolderTree::listing(const std::string& folder) {
 
 const FolderTree::Entry* FolderTree::known_file(std::string_view path) const {
   const std::string_view folder = path.substr(0, path.rfind('\\') + 1);
-  const auto found = listings_.find(std::string(folder));
-  if (found == listings_.end()) return nullptr;
+  const Listing* const found = known(folder);
+  if (found == nullptr) return nullptr;
   const std::string_view name = path.substr(folder.size());
   // Listings are in the order of the disk, which is by name with case ignored.
-  const auto& files = found->second.files;
+  const auto& files = found->files;
   auto entry = std::lower_bound(
       files.begin(), files.end(), name,
       [](const Entry& a, std::string_view b) { return text::less_ignoring_case(a.name, b); });
@@ -48,7 +53,7 @@ std::optional<bool> FolderTree::holds_plain_file(std::string_view path) {
       name.back() == '.' || name.back() == ' ') {
     return std::nullopt;
   }
-  const Listing& there = listing(std::string(folder));
+  const Listing& there = listing(folder);
   if (!there.readable) return std::nullopt;
   auto entry = std::lower_bound(
       there.files.begin(), there.files.end(), name,

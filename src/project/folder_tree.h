@@ -29,10 +29,10 @@ class FolderTree {
   explicit FolderTree(system::FileSystem& files) : files_(files) {}
 
   // What is in a folder, given with its backslash. The listing stays where it is until `forget`.
-  const Listing& listing(const std::string& folder);
+  const Listing& listing(std::string_view folder);
 
   // Whether the folder has been listed under just this spelling.
-  bool knows(const std::string& folder) const { return listings_.contains(folder); }
+  bool knows(std::string_view folder) const { return known(folder) != nullptr; }
 
   // The entry of a file whose folder has been listed under just this spelling; null otherwise.
   const Entry* known_file(std::string_view path) const;
@@ -49,11 +49,27 @@ class FolderTree {
             const std::function<bool(const std::string& folder, const Listing& listing)>& visit);
 
   // Forgets everything listed so far: the next look is at the disk.
-  void forget() { listings_.clear(); }
+  void forget() {
+    listings_.clear();
+    last_ = listings_.end();
+  }
 
  private:
+  // Finds by a part of a text, without a copy of it. Not noexcept: the map keeps the hashes then.
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>()(text);
+    }
+  };
+  using Listings = std::unordered_map<std::string, Listing, Hash, std::equal_to<>>;
+
+  Listing* known(std::string_view folder) const;
+
   system::FileSystem& files_;
-  std::unordered_map<std::string, Listing> listings_;
+  mutable Listings listings_;
+  // Who asks for a folder mostly asks for the same one again.
+  mutable Listings::iterator last_ = listings_.end();
 };
 
 }  // namespace ordelan::project

@@ -16,10 +16,10 @@ void ProjectDecoding::DescodificarProyectos(bool with_backups) {
   decoded_ = 0;
   std::size_t duplicates = 0;
 
-  const std::vector<std::string> projects = lists_.ListProyectos.rows();
-  const auto maximum = static_cast<std::int64_t>(projects.size());
-  for (std::size_t i = 0; i < projects.size(); ++i) {
-    decode_row(projects[i], with_backups);
+  const auto projects = lists_.ListProyectos.kept_rows();
+  const auto maximum = static_cast<std::int64_t>(projects->size());
+  for (std::size_t i = 0; i < projects->size(); ++i) {
+    decode_row((*projects)[i], with_backups);
     if (work_.superseded(job)) return;
     pacer.turn();
     if (work_.superseded(job)) return;

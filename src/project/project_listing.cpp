@@ -69,8 +69,8 @@ void ProjectListing::ListarProyectosCarpetas(bool with_backups) {
   const auto job = work_.current_job();
   system::Pacer pacer(platform_.pump, platform_.clock);
   std::size_t number = 0;
-  const std::vector<std::string> folders = lists_.List1.rows();
-  for (const std::string& row : folders) {
+  const auto folders = lists_.List1.kept_rows();
+  for (const std::string& row : *folders) {
     const std::string folder = system::with_backslash(row);
     for (const auto& entry : tree_.listing(folder).files) {
       if (!ends_in_vip(entry.name) || (!with_backups && is_backup(entry.name))) continue;

@@ -1,7 +1,8 @@
 #include "project/repeated_rows.h"
 
 #include <string_view>
-#include <unordered_set>
+
+#include "text/row_table.h"
 
 namespace ordelan::project {
 
@@ -9,12 +10,15 @@ std::vector<bool> repeated_rows(const std::vector<std::string>& rows,
                                 const std::function<bool(const std::string&)>& exempt,
                                 const std::function<void()>& turn) {
   constexpr std::size_t kRowsBetweenTurns = 4096;
-  std::unordered_set<std::string_view> seen;
-  seen.reserve(rows.size());
+  text::RowTable seen(rows.size());
+  const auto text_of = [&](text::RowTable::Row row) { return std::string_view(rows[row]); };
   std::vector<bool> repeated(rows.size(), false);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (i % kRowsBetweenTurns == 0) turn();
-    if (!exempt(rows[i])) repeated[i] = !seen.insert(rows[i]).second;
+    if (!exempt(rows[i])) {
+      const auto row = static_cast<text::RowTable::Row>(i);
+      repeated[i] = seen.put(row, text_of) != text::RowTable::kNone;
+    }
   }
   return repeated;
 }

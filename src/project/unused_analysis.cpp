@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 
 #include "project/candidate_kinds.h"
 #include "project/repeated_rows.h"
 #include "project/used_strike.h"
 #include "text/paths.h"
+#include "text/row_table.h"
 
 namespace ordelan::project {
 
@@ -65,8 +65,9 @@ void UnusedAnalysis::BuscarNoUtilizados() {
   if (lists_.ListUtilizados.empty()) return;
   lists_.ListBorrar.hide();
   strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
-  const std::vector<std::string> used = lists_.ListUtilizados.rows();
-  // Handlers that run in between may empty List1.
+  // Handlers that run in between may empty the lists.
+  const auto kept = lists_.ListUtilizados.kept_rows();
+  const std::vector<std::string>& used = *kept;
   std::vector<std::string> candidates = lists_.List1.take();
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used.size()));
 
@@ -100,17 +101,17 @@ void UnusedAnalysis::offer_unused(const std::vector<std::string>& used_rows,
                                   work::JobNumber job) {
   // Where a file was listed twice, with a folder and with the one around it, the strike may have
   // passed over the second row. A file that a project names is not offered for all that.
-  std::unordered_set<std::string_view> used;
-  used.reserve(used_rows.size());
-  for (const std::string& row : used_rows) {
-    used.insert(row);
+  text::RowTable used(used_rows.size());
+  const auto used_row = [&](text::RowTable::Row row) { return std::string_view(used_rows[row]); };
+  for (std::size_t i = 0; i < used_rows.size(); ++i) {
+    used.put(static_cast<text::RowTable::Row>(i), used_row);
     pacer.turn();
   }
   std::vector<std::string> unused;
   for (const std::string& row : left) {
     pacer.turn();
     if (!is_offered(row) || row.find("FreezeData") != std::string::npos) continue;
-    if (!used.contains(row)) unused.push_back(row);
+    if (used.find(row, used_row) == text::RowTable::kNone) unused.push_back(row);
   }
   const auto none_exempt = [](const std::string&) { return false; };
   const auto repeated = repeated_rows(unused, none_exempt, [&] { pacer.turn(); });

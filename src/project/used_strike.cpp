@@ -2,18 +2,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 
 #include "text/paths.h"
+#include "text/row_table.h"
 
 namespace ordelan::project {
 namespace {
 
-using Index = std::uint32_t;
-constexpr Index kNone = std::numeric_limits<Index>::max();
+using Index = text::RowTable::Row;
+constexpr Index kNone = text::RowTable::kNone;
 constexpr std::size_t kRowsBetweenTurns = 4096;
 
 // The candidates that are left, in their order: each knows its neighbours, so that taking one out
@@ -50,24 +49,24 @@ class ByName {
  public:
   // Stops early, with a part of the candidates, when `go_on` gives false.
   ByName(const std::vector<std::string>& rows, const std::function<bool(std::size_t)>& go_on)
-      : behind_(rows.size(), kNone) {
-    first_.reserve(rows.size());
+      : rows_(rows), first_(rows.size()), behind_(rows.size(), kNone) {
     for (std::size_t i = rows.size(); i-- > 0;) {
       if (i % kRowsBetweenTurns == 0 && !go_on(0)) return;
-      const auto [entry, is_new] = first_.try_emplace(text::file_name(rows[i]), kNone);
-      behind_[i] = entry->second;
-      entry->second = static_cast<Index>(i);
+      const auto row = static_cast<Index>(i);
+      behind_[i] = first_.put(row, [&](Index each) { return name(each); });
     }
   }
 
-  Index first(std::string_view name) const {
-    const auto found = first_.find(name);
-    return found == first_.end() ? kNone : found->second;
+  Index first(std::string_view wanted) const {
+    return first_.find(wanted, [&](Index each) { return name(each); });
   }
   Index behind(Index i) const { return behind_[i]; }
 
  private:
-  std::unordered_map<std::string_view, Index> first_;
+  std::string_view name(Index i) const { return text::file_name(rows_[i]); }
+
+  const std::vector<std::string>& rows_;
+  text::RowTable first_;
   std::vector<Index> behind_;
 };
 

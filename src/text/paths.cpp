@@ -1,8 +1,23 @@
 #include "text/paths.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ordelan::text {
+namespace {
+
+// What a character of a path is to the name at its end.
+enum class InPath : unsigned char { plain, separator, pattern, end };
+
+constexpr auto kInPaths = [] {
+  std::array<InPath, 256> kinds{};
+  for (const unsigned char c : {'\\', '/', ':'}) kinds[c] = InPath::separator;
+  for (const unsigned char c : {'*', '?', '[', ']'}) kinds[c] = InPath::pattern;
+  kinds[0] = InPath::end;
+  return kinds;
+}();
+
+}  // namespace
 
 std::string getPath(std::string_view Ruta, std::string_view Separador) {
   if (Ruta.empty() || Separador.empty()) return {};
@@ -25,20 +40,17 @@ std::string_view file_name(std::string_view Ruta) {
   constexpr std::size_t kLongest = 254;
   std::size_t begin = 0;
   std::size_t end = 0;
-  for (; end < Ruta.size() && Ruta[end] != '\0'; ++end) {
-    switch (Ruta[end]) {
-      case '*':
-      case '?':
-      case '[':
-      case ']':
-        return {};
-      case '\\':
-      case '/':
-      case ':':
+  for (; end < Ruta.size(); ++end) {
+    switch (kInPaths[static_cast<unsigned char>(Ruta[end])]) {
+      case InPath::plain:
+        continue;
+      case InPath::separator:
         begin = end + 1;
-        break;
-      default:
-        break;
+        continue;
+      case InPath::pattern:
+        return {};
+      case InPath::end:
+        return Ruta.substr(begin, std::min(end - begin, kLongest));
     }
   }
   return Ruta.substr(begin, std::min(end - begin, kLongest));

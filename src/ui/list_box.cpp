@@ -26,67 +26,70 @@ void ListBox::attach(Backend& backend) {
 }
 
 const std::string& ListBox::row(std::size_t index) const {
-  return index < rows_.size() ? rows_[index] : kNoRow;
+  return index < count() ? rows()[index] : kNoRow;
 }
 
 void ListBox::add(std::string_view row) {
-  rows_.emplace_back(until_nul(row));
+  own_rows().emplace_back(until_nul(row));
   changed();
 }
 
-void ListBox::add(std::vector<std::string> rows) {
-  if (rows.empty()) return;
-  for (std::string& row : rows) row.resize(until_nul(row).size());
-  if (rows_.empty()) {
-    rows_ = std::move(rows);
+void ListBox::add(Rows added) {
+  if (added.empty()) return;
+  for (std::string& row : added) row.resize(until_nul(row).size());
+  if (empty()) {
+    rows_ = std::make_shared<Rows>(std::move(added));
   } else {
-    rows_.insert(rows_.end(), std::make_move_iterator(rows.begin()),
-                 std::make_move_iterator(rows.end()));
+    Rows& rows = own_rows();
+    rows.insert(rows.end(), std::make_move_iterator(added.begin()),
+                std::make_move_iterator(added.end()));
   }
   changed();
 }
 
 void ListBox::clear() {
-  if (rows_.empty() && current_ < 0) return;
-  rows_.clear();
-  rows_.shrink_to_fit();
+  if (empty() && current_ < 0) return;
+  rows_ = std::make_shared<Rows>();
   current_ = -1;
   changed();
 }
 
-std::vector<std::string> ListBox::take() {
-  std::vector<std::string> rows;
-  rows.swap(rows_);
-  if (!rows.empty()) changed();
+ListBox::Rows ListBox::take() {
+  if (empty()) return {};
+  Rows rows = std::move(own_rows());
+  rows_ = std::make_shared<Rows>();
+  changed();
   return rows;
 }
 
 void ListBox::remove(std::size_t index) {
-  if (index >= rows_.size()) return;
-  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+  if (index >= count()) return;
+  Rows& rows = own_rows();
+  rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(index));
   changed();
 }
 
 void ListBox::remove_if(const std::function<bool(std::size_t)>& unwanted) {
+  Rows& rows = own_rows();
   std::size_t kept = 0;
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
     if (unwanted(i)) continue;
-    if (kept != i) rows_[kept] = std::move(rows_[i]);
+    if (kept != i) rows[kept] = std::move(rows[i]);
     ++kept;
   }
-  if (kept == rows_.size()) return;
-  rows_.resize(kept);
+  if (kept == rows.size()) return;
+  rows.resize(kept);
   changed();
 }
 
 void ListBox::replace(std::size_t index, std::string_view row) {
-  if (index >= rows_.size()) return;
-  rows_[index] = until_nul(row);
+  if (index >= count()) return;
+  own_rows()[index] = until_nul(row);
   changed();
 }
 
 void ListBox::set_current(int index) {
-  const bool there = index >= 0 && static_cast<std::size_t>(index) < rows_.size();
+  const bool there = index >= 0 && static_cast<std::size_t>(index) < count();
   assign(current_, there ? index : -1, Aspect::current_row);
 }
 
@@ -94,8 +97,13 @@ const std::string& ListBox::current_row() const {
   return current_ < 0 ? kNoRow : row(static_cast<std::size_t>(current_));
 }
 
+ListBox::Rows& ListBox::own_rows() {
+  if (rows_.use_count() > 1) rows_ = std::make_shared<Rows>(*rows_);
+  return *rows_;
+}
+
 void ListBox::changed() {
-  if (current_ >= static_cast<int>(rows_.size())) current_ = -1;
+  if (current_ >= static_cast<int>(count())) current_ = -1;
   notify(Aspect::rows);
 }
 

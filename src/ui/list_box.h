@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,21 +15,26 @@ namespace ordelan::ui {
 
 class ListBox : public Control {
  public:
+  using Rows = std::vector<std::string>;
+
   ListBox(Window& window, std::string name, int index = -1);
   void attach(Backend& backend) override;
 
-  const std::vector<std::string>& rows() const { return rows_; }
-  std::size_t count() const { return rows_.size(); }
-  bool empty() const { return rows_.empty(); }
+  const Rows& rows() const { return *rows_; }
+  // The rows as they are now. They stay so, whatever happens to the list meanwhile, and are copied
+  // only if something does.
+  std::shared_ptr<const Rows> kept_rows() const { return rows_; }
+  std::size_t count() const { return rows_->size(); }
+  bool empty() const { return rows_->empty(); }
   // The row's text; empty past the end.
   const std::string& row(std::size_t index) const;
 
   // Adds a row at the end. A row's text ends at its first NUL.
   void add(std::string_view row);
-  void add(std::vector<std::string> rows);
+  void add(Rows rows);
   void clear();
   // Empties the list and gives its rows.
-  std::vector<std::string> take();
+  Rows take();
   // Takes out one row, or nothing past the end. The current row keeps its number.
   void remove(std::size_t index);
   // Takes out every row for which `unwanted` is true (by index), all at once.
@@ -64,9 +70,10 @@ class ListBox : public Control {
   std::function<void(std::vector<std::string>)> on_drop;
 
  private:
+  Rows& own_rows();
   void changed();
 
-  std::vector<std::string> rows_;
+  std::shared_ptr<Rows> rows_ = std::make_shared<Rows>();  // changed by `own_rows` alone
   int current_ = -1;
   bool chosen_by_key_ = false;
   int extent_ = 0;

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "ui/recording_backend.h"
 
 namespace ordelan::test {
@@ -70,6 +72,37 @@ TEST_F(ListBoxTest, the_current_row_is_none_once_its_number_has_no_row) {
   list.remove(0);
   EXPECT_EQ(list.current(), -1);
   EXPECT_EQ(list.current_row(), "");
+}
+
+TEST_F(ListBoxTest, kept_rows_stay_whatever_happens_to_the_list) {
+  const std::vector<std::string> before = {"a", "b", "c"};
+  const std::vector<std::function<void()>> changes = {
+      [&] { list.add("d"); },
+      [&] {
+        list.add(std::vector<std::string>{"d", "e"});
+      },
+      [&] { list.remove(0); },
+      [&] { list.remove_if([](std::size_t index) { return index == 1; }); },
+      [&] { list.replace(2, "z"); },
+      [&] { list.take(); },
+      [&] { list.clear(); },
+  };
+  for (const auto& change : changes) {
+    fill(before);
+    const auto kept = list.kept_rows();
+    EXPECT_EQ(kept.get(), &list.rows()) << "nothing is copied as long as nothing changes";
+    change();
+    EXPECT_EQ(*kept, before);
+    EXPECT_NE(list.rows(), before);
+  }
+}
+
+TEST_F(ListBoxTest, rows_that_are_kept_can_be_taken_too) {
+  fill({"a", "b"});
+  const auto kept = list.kept_rows();
+  EXPECT_THAT(list.take(), ElementsAre("a", "b"));
+  EXPECT_THAT(*kept, ElementsAre("a", "b"));
+  EXPECT_TRUE(list.empty());
 }
 
 TEST_F(ListBoxTest, removing_past_the_end_changes_nothing) {
