@@ -20,7 +20,7 @@ class RowTable {
 
   // Room for so many different texts; no more may be put in.
   explicit RowTable(std::size_t most)
-      : slots_(std::bit_ceil(most + most / 2 + 1)), mask_(slots_.size() - 1) {}
+      : slots_(std::bit_ceil(most + most / 4 + 1)), mask_(slots_.size() - 1) {}
 
   // The row with this text, kNone if there is none. `text_of(row)` gives the text of a row of the
   // table.

@@ -16,6 +16,29 @@ bool is_input(UINT message) {
          (message >= WM_KEYFIRST && message <= WM_KEYLAST);
 }
 
+// The messages at which the system's controls paint themselves at once, without being asked to.
+bool paints_at_once(UINT message) {
+  switch (message) {
+    case BM_SETCHECK:
+    case BM_SETSTATE:
+    case BM_SETSTYLE:
+    case WM_CAPTURECHANGED:
+    case WM_ENABLE:
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+    case WM_KILLFOCUS:
+    case WM_LBUTTONDBLCLK:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_SETFOCUS:
+    case WM_SETTEXT:
+    case WM_UPDATEUISTATE:
+      return true;
+    default:
+      return false;
+  }
+}
+
 // Counts how deep the real control's code is nested, as long as its peer lives.
 class Depth {
  public:
@@ -166,6 +189,20 @@ LRESULT ControlPeer::process(UINT message, WPARAM w, LPARAM l) {
     result = respond(message, w, l);
   }
   if (!still.expired() && inside_ == 0) deliver();
+  return result;
+}
+
+LRESULT ControlPeer::standard_unpainted(UINT message, WPARAM w, LPARAM l) {
+  const bool shown = (GetWindowLongPtrW(handle_, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (!shown || !paints_at_once(message)) return standard(message, w, l);
+  const HWND control = handle_;
+  const std::weak_ptr<void> still = alive_;
+  // What it would paint itself goes nowhere.
+  DefWindowProcW(control, WM_SETREDRAW, FALSE, 0);
+  const LRESULT result = standard(message, w, l);
+  if (still.expired()) return result;
+  DefWindowProcW(control, WM_SETREDRAW, TRUE, 0);
+  repaint();
   return result;
 }
 

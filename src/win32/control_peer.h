@@ -80,6 +80,10 @@ class ControlPeer : public ui::Peer {
     return CallWindowProcW(standard_, handle_, message, w, l);
   }
 
+  // The same without what the system's controls paint at once, unasked; all is painted anew
+  // instead.
+  LRESULT standard_unpainted(UINT message, WPARAM w, LPARAM l);
+
   // What a screen reader reads, and a caption where the control shows one.
   virtual std::wstring text() const;
 

@@ -15,7 +15,9 @@ class DressedPeer : public ControlPeer {
   virtual void paint(HDC context, const RECT& area) = 0;
 
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
-  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
+  LRESULT respond(UINT message, WPARAM w, LPARAM l) override {
+    return standard_unpainted(message, w, l);
+  }
 
   bool has_focus() const { return GetFocus() == handle(); }
 };

@@ -19,7 +19,7 @@ constexpr int kDash = 2;
 }  // namespace
 
 LabelPeer::LabelPeer(WindowPeer& parent, ui::Label& label)
-    : PaintedPeer(parent, label, label.on_click ? DWORD{WS_TABSTOP} : 0), label_(label) {}
+    : PaintedPeer(parent, label, static_cast<bool>(label.on_click)), label_(label) {}
 
 std::wstring LabelPeer::text() const {
   return widen(label_.caption());
@@ -35,11 +35,6 @@ std::optional<LRESULT> LabelPeer::incoming(UINT message, WPARAM w, LPARAM l) {
   follow_pointer(message);
   if (message == WM_KEYDOWN && w == VK_SPACE && press()) return 0;
   return PaintedPeer::incoming(message, w, l);
-}
-
-LRESULT LabelPeer::respond(UINT message, WPARAM w, LPARAM l) {
-  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) repaint();
-  return PaintedPeer::respond(message, w, l);
 }
 
 void LabelPeer::follow_pointer(UINT message) {

@@ -19,7 +19,6 @@ class LabelPeer final : public PaintedPeer {
  protected:
   std::wstring text() const override;
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
-  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
   void paint(HDC context, const RECT& area) override;
 
  private:

@@ -10,8 +10,10 @@
 
 namespace ordelan::win32 {
 
-PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control, DWORD style)
-    : ControlPeer(parent, control, L"STATIC", SS_LEFT | SS_NOTIFY | SS_NOPREFIX | style) {}
+PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed)
+    : ControlPeer(parent, control, can_be_pressed ? L"BUTTON" : L"STATIC",
+                  can_be_pressed ? BS_PUSHBUTTON | WS_TABSTOP : SS_LEFT | SS_NOTIFY | SS_NOPREFIX) {
+}
 
 bool PaintedPeer::is_background() const {
   return !control().on_click && !control().on_double_click;
@@ -67,8 +69,10 @@ LRESULT PaintedPeer::respond(UINT message, WPARAM w, LPARAM l) {
     case WM_CAPTURECHANGED:
       pressed_ = false;
       return 0;
+    case WM_GETDLGCODE:
+      return 0;  // a "&" in a path stands for no key
     default:
-      return standard(message, w, l);
+      return standard_unpainted(message, w, l);
   }
 }
 

@@ -10,7 +10,8 @@ class PaintedPeer : public ControlPeer {
   bool is_background() const override;
 
  protected:
-  PaintedPeer(WindowPeer& parent, ui::Control& control, DWORD style = 0);
+  // `can_be_pressed`: it is a button to the keys and to screen readers.
+  PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed = false);
 
   // Paints all of `area`, which begins at the control's top left corner. The painting is shown at
   // once when it is done.

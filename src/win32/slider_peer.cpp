@@ -1,5 +1,7 @@
 #include "win32/slider_peer.h"
 
+#include <commctrl.h>
+
 #include "win32/mouse_message.h"
 #include "win32/mouse_pointers.h"
 #include "win32/picture_store.h"
@@ -30,7 +32,7 @@ RECT groove_of(RECT area, bool vertical) {
 }  // namespace
 
 SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
-    : PaintedPeer(parent, slider, WS_TABSTOP), slider_(slider) {
+    : DressedPeer(parent, slider, TRACKBAR_CLASSW, TBS_NOTICKS | WS_TABSTOP), slider_(slider) {
   slider_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
   slider_.picture_size = [this](const std::string& picture) {
     return desk().pictures().size(picture).value_or(ui::Size{});
@@ -38,8 +40,16 @@ SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
 }
 
 void SliderPeer::update(const Marks& marks) {
-  PaintedPeer::update(marks);
-  if (marks.has(ui::Aspect::look)) repaint();
+  if (!marks.has(ui::Aspect::look) && !marks.has(ui::Aspect::bounds) &&
+      !marks.has(ui::Aspect::enabled)) {
+    return;
+  }
+  send(TBM_SETRANGEMIN, FALSE, slider_.min());
+  send(TBM_SETRANGEMAX, FALSE, slider_.max());
+  const bool moved = send(TBM_GETPOS) != slider_.value();
+  send(TBM_SETPOS, FALSE, slider_.value());
+  if (moved) NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, handle(), OBJID_CLIENT, CHILDID_SELF);
+  repaint();
 }
 
 std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
@@ -78,6 +88,8 @@ std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
     case WM_KEYDOWN:
       if (slider_.key(static_cast<int>(w))) return 0;
       return std::nullopt;
+    case WM_MOUSEWHEEL:  // would move the real slider alone
+      return DefWindowProcW(handle(), message, w, l);
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS;
     case WM_SETCURSOR:
@@ -88,13 +100,8 @@ std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
       }
       return std::nullopt;
     default:
-      return PaintedPeer::incoming(message, w, l);
+      return DressedPeer::incoming(message, w, l);
   }
-}
-
-LRESULT SliderPeer::respond(UINT message, WPARAM w, LPARAM l) {
-  if (message == WM_SETFOCUS || message == WM_KILLFOCUS) repaint();
-  return PaintedPeer::respond(message, w, l);
 }
 
 void SliderPeer::paint(HDC context, const RECT& area) {
@@ -118,7 +125,7 @@ void SliderPeer::paint(HDC context, const RECT& area) {
     FillRect(context, &thumb, tools.brush(plain ? palette().raised : palette().raised_over));
     square_edge(context, thumb, tools.brush(palette().text), line_width(dpi()));
   }
-  if (GetFocus() == handle()) {
+  if (has_focus()) {
     square_edge(context, area, tools.brush(palette().accent), line_width(dpi()));
   }
 }

@@ -1,23 +1,21 @@
-// The real slider behind a ui::Slider.
+// The real slider behind a ui::Slider: to others it is the system's own, with our looks, mouse and
+// keys.
 #pragma once
 
 #include <optional>
 
 #include "ui/slider.h"
-#include "win32/painted_peer.h"
+#include "win32/dressed_peer.h"
 
 namespace ordelan::win32 {
 
-class SliderPeer final : public PaintedPeer {
+class SliderPeer final : public DressedPeer {
  public:
   SliderPeer(WindowPeer& parent, ui::Slider& slider);
-
-  bool is_background() const override { return false; }
 
  protected:
   void update(const Marks& marks) override;
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
-  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
   void paint(HDC context, const RECT& area) override;
 
  private:

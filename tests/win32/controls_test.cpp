@@ -284,6 +284,29 @@ TEST_F(RealControls, members_of_an_array_have_their_number_and_may_come_and_go) 
   EXPECT_FALSE(real(L"Ordelan.Option1(2)"));
 }
 
+TEST_F(RealControls, a_label_that_can_be_clicked_is_a_button_to_other_programs) {
+  int clicks = 0;
+  label.on_click = [&] { ++clicks; };
+  show();
+  const HWND real_label = real(L"Ordelan.lblEstado");
+  EXPECT_TRUE(has_class(real_label, L"Button"));
+  PostMessageW(real_label, BM_CLICK, 0, 0);
+  backend.pump();
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(RealControls, an_ampersand_in_a_label_stands_for_no_key) {
+  int clicks = 0;
+  label.on_click = [&] { ++clicks; };
+  label.set_caption("D:\\Ritmo &Blues");
+  show();
+  SetFocus(real(L"Ordelan.lblEstado"));
+  PostMessageW(real(L"Ordelan.lblEstado"), WM_CHAR, L'b', 1);
+  PostMessageW(real(L"Ordelan.lblEstado"), WM_SYSCHAR, L'b', 0x20000001);
+  backend.pump();
+  EXPECT_EQ(clicks, 0);
+}
+
 TEST_F(RealControls, a_tip_belongs_to_its_control) {
   label.set_tip("la ayuda");
   show();

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <gmock/gmock.h>
 
 #include <string>
@@ -48,6 +49,36 @@ TEST_F(RealSlider, a_click_on_the_track_moves_the_value) {
   EXPECT_THAT(told, ElementsAre(100));
   EXPECT_FALSE(slider.pressed());
   EXPECT_NE(GetCapture(), real_slider());
+}
+
+TEST_F(RealSlider, is_a_slider_with_its_value_to_whoever_reads_the_screen) {
+  slider.set_min(-50);
+  slider.set_max(200);
+  slider.set_value(20);
+  show();
+  wchar_t kind[64] = {};
+  GetClassNameW(real_slider(), kind, 64);
+  EXPECT_EQ(std::wstring(kind), L"msctls_trackbar32");
+  const auto ask = [&](UINT message) { return SendMessageW(real_slider(), message, 0, 0); };
+  EXPECT_EQ(ask(TBM_GETRANGEMIN), -50);
+  EXPECT_EQ(ask(TBM_GETRANGEMAX), 200);
+  EXPECT_EQ(ask(TBM_GETPOS), 20);
+  slider.set_value(150);
+  backend.pump();
+  EXPECT_EQ(ask(TBM_GETPOS), 150);
+  type(real_slider(), VK_HOME);
+  backend.pump();
+  EXPECT_EQ(slider.value(), -50);
+  EXPECT_EQ(ask(TBM_GETPOS), -50);
+}
+
+TEST_F(RealSlider, the_wheel_leaves_value_and_thumb_alone) {
+  slider.set_value(40);
+  show();
+  SendMessageW(real_slider(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+  backend.pump();
+  EXPECT_EQ(slider.value(), 40);
+  EXPECT_EQ(SendMessageW(real_slider(), TBM_GETPOS, 0, 0), 40);
 }
 
 TEST_F(RealSlider, a_drag_goes_on_beside_the_slider) {
