@@ -235,7 +235,8 @@ TEST_F(Keyboard, every_control_has_its_role_and_a_name_to_be_read_out) {
                             "LabelCount(0)", "LabelAdd(0)", "LabelErase(1)"}) {
     expect_role(label, "button");  // a click on it does something
   }
-  expect_role("LabelD", "static");
+  EXPECT_EQ(class_of(program->control("LabelD")), "static");
+  EXPECT_FALSE(takes_keys(program->control("LabelD")));
   EXPECT_EQ(program->text("cmdMinimizar"), "Minimizar");
   EXPECT_EQ(program->text("Salir"), "Salir");
   EXPECT_EQ(class_of(program->control("XP_ProgressBar1")), "msctls_progress32");
