@@ -119,7 +119,7 @@ class Keyboard : public OrdelanTest {
 
   void expect_round(const Names& wanted) const {
     wait_focus(wanted.front());
-    EXPECT_THAT(key_takers(), ElementsAreArray(wanted));
+    program->wait_until("the controls that can be reached", [&] { return key_takers() == wanted; });
     EXPECT_THAT(round_by_tab(wanted.size()), ElementsAreArray(wanted));
     EXPECT_EQ(tab(), wanted.front()) << "the way ends where it began";
     Names back = {wanted.front()};
