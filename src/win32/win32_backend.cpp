@@ -31,8 +31,8 @@ bool is_dialog(HWND window) {
 }  // namespace
 
 Win32Backend::Win32Backend(HINSTANCE instance) : desk_(instance) {
-  INITCOMMONCONTROLSEX wanted{sizeof wanted,
-                              ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES};
+  INITCOMMONCONTROLSEX wanted{
+      sizeof wanted, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&wanted);
 }
 

@@ -93,7 +93,11 @@ std::wstring save_screen(const std::string& name) {
   return save_screen(name, whole_screen());
 }
 
-std::wstring save_screen(const std::string& name, const RECT& area) {
+std::wstring save_screen(const std::string& name, const RECT& wanted) {
+  // What lies beside the screen would make all of the picture black.
+  RECT area{};
+  const RECT screen_area = whole_screen();
+  if (!IntersectRect(&area, &wanted, &screen_area)) return {};
   const int width = area.right - area.left;
   const int height = area.bottom - area.top;
   const HDC screen = GetDC(nullptr);
