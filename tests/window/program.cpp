@@ -237,11 +237,24 @@ int Program::progress(const std::string& name) const {
   return static_cast<int>(send(control(name), PBM_GETPOS));
 }
 
-bool Program::focused(const std::string& name) const {
+std::string Program::focus() const {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
   GetGUIThreadInfo(process_.dwThreadId, &info);
-  return info.hwndFocus == control(name);
+  if (!info.hwndFocus || GetAncestor(info.hwndFocus, GA_ROOT) != window_) return "";
+  std::wstring name;
+  EnumPropsExW(
+      info.hwndFocus,
+      [](HWND, LPWSTR property, HANDLE, ULONG_PTR found) -> BOOL {
+        constexpr std::wstring_view kPrefix = L"Ordelan.";
+        // A number stands for a property that the system gave.
+        if (reinterpret_cast<ULONG_PTR>(property) <= 0xFFFF) return TRUE;
+        if (!std::wstring_view(property).starts_with(kPrefix)) return TRUE;
+        *reinterpret_cast<std::wstring*>(found) = property + kPrefix.size();
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&name));
+  return bytes(name);
 }
 
 std::vector<std::string> Program::rows(const std::string& list) const {

@@ -82,7 +82,9 @@ class Program {
   bool enabled(const std::string& name) const;
   bool checked(const std::string& name) const;
   int progress(const std::string& name) const;  // 0 to 10000
-  bool focused(const std::string& name) const;
+  // The control of the window in use that has the focus; "" when none has it.
+  std::string focus() const;
+  bool focused(const std::string& name) const { return focus() == name; }
   std::vector<std::string> rows(const std::string& list) const;
   std::string row(const std::string& list, int index) const;
   std::size_t row_count(const std::string& list) const;
