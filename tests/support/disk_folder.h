@@ -8,6 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "sparse_file.h"
+
 namespace ordelan::test {
 
 class DiskFolder {
@@ -32,7 +34,7 @@ class DiskFolder {
   // A file of that length, all NULs, that takes no room.
   void write_sparse(const std::string& below, std::uint64_t length) {
     write(below, "");
-    std::filesystem::resize_file(native_path(below), length);
+    lengthen(native_path(below), length);
   }
   void make_folder(const std::string& below) {
     std::filesystem::create_directories(native_path(below));

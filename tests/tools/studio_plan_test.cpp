@@ -14,8 +14,8 @@
 namespace ordelan::studio {
 namespace {
 
-StudioPlan large(std::size_t projects, std::size_t references, std::size_t files,
-                 std::uint64_t seed = 1, bool has_second = false) {
+StudioPlan planned(std::size_t projects, std::size_t references, std::size_t files,
+                   std::uint64_t seed = 1, bool has_second = false) {
   return large_plan('D', 'E', has_second, {projects, references, files, 0}, seed);
 }
 
@@ -126,7 +126,7 @@ TEST(LargePlan, has_exactly_as_much_of_everything_as_asked_for) {
         Wanted{41, 999, 200}, Wanted{100, 7, 13}, Wanted{300, 9000, 20001}}) {
     for (const bool has_second : {false, true}) {
       const StudioPlan plan =
-          large(wanted.projects, wanted.references, wanted.files, 3, has_second);
+          planned(wanted.projects, wanted.references, wanted.files, 3, has_second);
       const StudioSummary summary = plan.summary();
       EXPECT_EQ(summary.projects, wanted.projects);
       EXPECT_EQ(summary.references, wanted.references);
@@ -137,7 +137,7 @@ TEST(LargePlan, has_exactly_as_much_of_everything_as_asked_for) {
 }
 
 TEST(LargePlan, most_references_have_their_file_and_some_are_moved_or_lost) {
-  const StudioSummary summary = large(200, 10'000, 20'000).summary();
+  const StudioSummary summary = planned(200, 10'000, 20'000).summary();
   EXPECT_GT(summary.moved, 100u);
   EXPECT_LT(summary.moved, 1000u);
   EXPECT_GT(summary.lost, 100u);
@@ -148,7 +148,7 @@ TEST(LargePlan, most_references_have_their_file_and_some_are_moved_or_lost) {
 }
 
 TEST(LargePlan, no_folder_is_crowded_even_when_one_song_has_everything) {
-  const StudioPlan plan = large(1, 100, 30'000);
+  const StudioPlan plan = planned(1, 100, 30'000);
   std::map<std::string, int> per_folder;
   for (const PlannedFile& file : plan.files()) {
     ++per_folder[file.path.substr(0, file.path.rfind('\\'))];
@@ -158,9 +158,9 @@ TEST(LargePlan, no_folder_is_crowded_even_when_one_song_has_everything) {
 }
 
 TEST(LargePlan, another_seed_gives_another_studio) {
-  const StudioPlan one = large(20, 500, 1000, 1);
-  const StudioPlan same = large(20, 500, 1000, 1);
-  const StudioPlan other = large(20, 500, 1000, 2);
+  const StudioPlan one = planned(20, 500, 1000, 1);
+  const StudioPlan same = planned(20, 500, 1000, 1);
+  const StudioPlan other = planned(20, 500, 1000, 2);
   const auto names = [](const StudioPlan& plan) {
     std::vector<std::string> paths;
     for (const PlannedFile& file : plan.files()) paths.push_back(file.path);

@@ -3,15 +3,43 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
+#include <system_error>
 
+#include "sparse_file.h"
 #include "window/drive_settings.h"
 #include "window/program.h"
 
 namespace ordelan::test {
+
+// References at its start, gigabytes of nothing, and a marker.
+class LongFile {
+ public:
+  LongFile() {
+    std::string start(96, 'x');
+    start += std::string("cabecera") + '\0' + "D:\\Mix\\a.wav" + std::string(260, '\0');
+    std::ofstream(path_, std::ios::binary) << start;
+    constexpr std::uint64_t kLength = std::uint64_t{3} << 30;
+    lengthen(path_, kLength);
+    std::fstream end(path_, std::ios::binary | std::ios::in | std::ios::out);
+    end.seekp(static_cast<std::streamoff>(kLength - 100));
+    end << std::string("LIST\0\0\0\0mdrl", 12);
+  }
+  ~LongFile() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+  }
+  LongFile(const LongFile&) = delete;
+  LongFile& operator=(const LongFile&) = delete;
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  std::filesystem::path path_ = std::filesystem::temp_directory_path() / L"ordelan_largo.vip";
+};
 
 class OrdelanTest : public ::testing::Test {
  protected:
@@ -60,17 +88,13 @@ class OrdelanTest : public ::testing::Test {
     std::ofstream(file, std::ios::binary) << bytes;
   }
 
-  // A project that takes seconds to read: references at its start, gigabytes of nothing, a marker.
+  // A project that takes a while to read. All tests share its bytes, as it takes the system much
+  // longer to read them for the first time.
   std::string long_project(const std::string& below = "largo.vip") const {
-    std::string start(96, 'x');
-    start += std::string("cabecera") + '\0' + "D:\\Mix\\a.wav" + std::string(260, '\0');
-    write(below, start);
+    static const LongFile shared;
     const auto file = folder_ / below;
-    constexpr std::uintmax_t kLength = std::uintmax_t{3} << 30;
-    std::filesystem::resize_file(file, kLength);
-    std::fstream end(file, std::ios::binary | std::ios::in | std::ios::out);
-    end.seekp(static_cast<std::streamoff>(kLength - 100));
-    end << std::string("LIST\0\0\0\0mdrl", 12);
+    std::filesystem::create_directories(file.parent_path());
+    std::filesystem::create_hard_link(shared.path(), file);
     return file.string();
   }
 

@@ -36,7 +36,7 @@ class GdiPlus {
 
 std::wstring folder() {
   std::wstring folder = environment(L"ORDELAN_SHOTS");
-  if (folder.empty()) folder = L"screenshots";
+  if (folder.empty()) folder = L"build\\screenshots";
   if (folder.front() == L'/') folder.insert(0, L"Z:");  // the outer system's path, seen from Wine
   std::replace(folder.begin(), folder.end(), L'/', L'\\');
   for (std::size_t end = folder.find(L'\\'); end != folder.npos;

@@ -10,8 +10,8 @@
 namespace ordelan::test {
 
 // Saves what the screen shows as a PNG file, of the whole screen or of an area of it, into the
-// folder $ORDELAN_SHOTS ("screenshots" where there is none), which is made if it is missing. Gives
-// the file's path, empty when it could not be saved.
+// folder $ORDELAN_SHOTS ("build\screenshots" where there is none), which is made if it is missing.
+// Gives the file's path, empty when it could not be saved.
 std::wstring save_screen(const std::string& name);
 std::wstring save_screen(const std::string& name, const RECT& area);
 
