@@ -325,11 +325,15 @@ bool Slider::key(int code) {
     default:
       return false;
   }
-  if (!enabled() || pressed_ || in_range(wanted, properties_) == value()) return true;
+  choose(wanted);
+  return true;
+}
+
+void Slider::choose(std::int64_t wanted) {
+  if (!enabled() || pressed_ || in_range(wanted, properties_) == value()) return;
   take(wanted);
   redraw_from_value();
   tell(on_change, value());
-  return true;
 }
 
 bool Slider::take_value() {

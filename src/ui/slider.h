@@ -96,6 +96,10 @@ class Slider : public Control {
   // pages by LargeChange or a tenth of the range, home and end to its ends. Raises Change where the
   // value has moved. False for keys that mean nothing here. A handler may destroy the slider.
   bool key(int code);
+  // What a user chooses by neither, but through a program that reads the screen, say: the nearest
+  // value within the range. Raises Change where the value has moved; does nothing while the slider
+  // is held or not enabled. A handler may destroy the slider.
+  void choose(std::int64_t wanted);
 
   // Set by the peer: how large a picture is, in the layout's units, {0, 0} for one that is not
   // there; and whether the pointer is on the slider, asked every 10 ms while it may be.

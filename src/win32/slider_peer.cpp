@@ -88,6 +88,10 @@ std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
     case WM_KEYDOWN:
       if (slider_.key(static_cast<int>(w))) return 0;
       return std::nullopt;
+    case TBM_SETPOS:  // from another program, unless it is our own news to the real slider
+      if (flushing()) return std::nullopt;
+      slider_.choose(static_cast<LONG>(l));
+      return 0;
     case WM_MOUSEWHEEL:  // would move the real slider alone
       return DefWindowProcW(handle(), message, w, l);
     case WM_GETDLGCODE:

@@ -492,6 +492,24 @@ TEST_F(SliderTest, the_key_up_lifts_the_thumb_of_a_vertical_slider) {
   EXPECT_EQ(slider->bar_pos(), 49);
 }
 
+TEST_F(SliderTest, a_value_is_chosen_without_mouse_or_keys) {
+  slider->choose(40);
+  slider->choose(40);
+  slider->choose(std::int64_t{1} << 40);
+  slider->choose(-1);
+  EXPECT_THAT(take(), ElementsAre("Change 40", "Change 100", "Change 0"));
+  slider->mouse_down(left(5, 5));
+  take();
+  slider->choose(50);
+  EXPECT_EQ(slider->value(), 0);
+  slider->mouse_up(left(5, 5));
+  slider->set_enabled(false);
+  take();
+  slider->choose(50);
+  EXPECT_EQ(slider->value(), 0);
+  EXPECT_THAT(events, IsEmpty());
+}
+
 TEST_F(SliderTest, keys_do_nothing_while_the_mouse_holds_the_thumb) {
   slider->mouse_down(left(5, 5));
   take();

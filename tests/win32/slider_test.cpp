@@ -72,6 +72,22 @@ TEST_F(RealSlider, is_a_slider_with_its_value_to_whoever_reads_the_screen) {
   EXPECT_EQ(ask(TBM_GETPOS), -50);
 }
 
+// As programs for people who see nothing set a slider.
+TEST_F(RealSlider, another_program_may_set_its_value) {
+  show();
+  const auto set = [&](int value) {
+    SendMessageW(real_slider(), TBM_SETPOS, TRUE, value);
+    backend.pump();
+  };
+  set(70);
+  EXPECT_EQ(slider.value(), 70);
+  set(70);
+  set(1000);
+  EXPECT_EQ(slider.value(), 100);
+  EXPECT_EQ(SendMessageW(real_slider(), TBM_GETPOS, 0, 0), 100);
+  EXPECT_THAT(told, ElementsAre(70, 100));
+}
+
 TEST_F(RealSlider, the_wheel_leaves_value_and_thumb_alone) {
   slider.set_value(40);
   show();
