@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 
+#include "remove_tree.h"
 #include "support/disk_folder.h"
 #include "win32/ansi_text.h"
 #include "win32/win32_file_system.h"
@@ -22,6 +23,7 @@ namespace ordelan::test {
 class TestDisk final : public DiskFolder {
  public:
   TestDisk() : DiskFolder(fresh()) {}
+  ~TestDisk() { remove_tree(root().wstring()); }
 
   system::FileSystem& files() { return files_; }
 
@@ -35,8 +37,12 @@ class TestDisk final : public DiskFolder {
  private:
   static std::filesystem::path fresh() {
     static int number = 0;
-    return std::filesystem::temp_directory_path() /
-           ("ordelan_" + std::to_string(_getpid()) + "_" + std::to_string(++number));
+    std::filesystem::path folder;
+    do {  // the system gives a process a number again that another has had
+      folder = std::filesystem::temp_directory_path() /
+               ("ordelan_" + std::to_string(_getpid()) + "_" + std::to_string(++number));
+    } while (std::filesystem::exists(folder));
+    return folder;
   }
 
   win32::Win32FileSystem files_;
