@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "sparse_file.h"
+#include "support/disk_tools.h"
 
 namespace ordelan::test {
 
@@ -48,10 +48,7 @@ class DiskFolder {
   explicit DiskFolder(std::filesystem::path root) : root_(std::move(root)) {
     std::filesystem::create_directories(root_);
   }
-  ~DiskFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(root_, ignored);
-  }
+  ~DiskFolder() { remove_tree(root_); }
 
   const std::filesystem::path& root() const { return root_; }
 

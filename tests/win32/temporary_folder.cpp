@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "remove_tree.h"
+#include "support/disk_tools.h"
 
 namespace ordelan::test {
+
 TemporaryFolder::TemporaryFolder() {
   wchar_t temporary[MAX_PATH + 1] = {};
   GetTempPathW(MAX_PATH + 1, temporary);

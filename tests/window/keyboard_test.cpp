@@ -13,6 +13,7 @@
 #include "skin/main_window_layout.h"
 #include "skin/palette.h"
 #include "window/ordelan_fixture.h"
+#include "window/wait.h"
 
 namespace ordelan::test {
 namespace {
@@ -84,20 +85,19 @@ class Keyboard : public OrdelanTest {
     ASSERT_EQ(program->focus(), name);
   }
   // A window that is shown, or that another gave way to, has its focus only after a while.
-  std::string settled_focus() const {
-    program->wait_until("a focus", [&] { return !program->focus().empty(); });
-    return program->focus();
+  std::string settled_focus(const std::string& other_than = "") const {
+    std::string now;
+    program->wait_until("the focus", [&] {
+      now = program->focus();
+      return !now.empty() && now != other_than;
+    });
+    return now;
   }
   // To the next control; which it is, is given.
   std::string tab(bool back = false) const {
     const std::string before = settled_focus();
     program->key(VK_TAB, false, back);
-    std::string now;
-    program->wait_until("another focus", [&] {
-      now = program->focus();
-      return !now.empty() && now != before;
-    });
-    return now;
+    return settled_focus(before);
   }
 
   Names round_by_tab(std::size_t steps, bool back = false) const {
@@ -119,7 +119,8 @@ class Keyboard : public OrdelanTest {
 
   void expect_round(const Names& wanted) const {
     wait_focus(wanted.front());
-    program->wait_until("the controls that can be reached", [&] { return key_takers() == wanted; });
+    wait_for([&] { return key_takers() == wanted; });
+    EXPECT_THAT(key_takers(), ElementsAreArray(wanted));
     EXPECT_THAT(round_by_tab(wanted.size()), ElementsAreArray(wanted));
     EXPECT_EQ(tab(), wanted.front()) << "the way ends where it began";
     Names back = {wanted.front()};

@@ -10,7 +10,7 @@
 #include <string>
 #include <system_error>
 
-#include "sparse_file.h"
+#include "support/disk_tools.h"
 #include "window/drive_settings.h"
 #include "window/program.h"
 

@@ -241,7 +241,7 @@ std::string Program::focus() const {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
   GetGUIThreadInfo(process_.dwThreadId, &info);
-  if (!info.hwndFocus || GetAncestor(info.hwndFocus, GA_ROOT) != window_) return "";
+  if (info.hwndFocus == window_ || !IsChild(window_, info.hwndFocus)) return "";
   std::wstring name;
   EnumPropsExW(
       info.hwndFocus,

@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <string>
 
-#include "remove_tree.h"
 #include "support/disk_folder.h"
 #include "win32/ansi_text.h"
 #include "win32/win32_file_system.h"
@@ -23,7 +22,6 @@ namespace ordelan::test {
 class TestDisk final : public DiskFolder {
  public:
   TestDisk() : DiskFolder(fresh()) {}
-  ~TestDisk() { remove_tree(root().wstring()); }
 
   system::FileSystem& files() { return files_; }
 
