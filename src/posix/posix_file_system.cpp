@@ -82,6 +82,11 @@ bool windows_name(std::string_view native, std::string& name) {
   return text::from_utf8(native, name) && is_windows_name(name);
 }
 
+// A separator at the end of a path promises a folder.
+bool promises_folder(std::string_view path) {
+  return path.back() == '\\' || path.back() == '/';
+}
+
 // Whether the mode lets this user write. The superuser counts as the owner of everything: what its
 // owner has marked as not to be written is not to be written.
 bool may_write(const struct statx& status) {
@@ -127,6 +132,7 @@ bool describe(int folder, const char* native_name, system::Detail detail, system
   if (link && ::statx(folder, native_name, 0, wanted, &status) != 0) return false;
   if (!S_ISREG(status.stx_mode) && !S_ISDIR(status.stx_mode)) return false;
   set_kind(entry, S_ISDIR(status.stx_mode), link);
+  entry.number = status.stx_ino;
   if (detail == system::Detail::names) return true;
   entry.size = entry.folder ? 0 : status.stx_size;
   if (!may_write(status)) entry.attributes |= system::attribute::kReadOnly;
@@ -155,12 +161,12 @@ std::optional<system::FileInfo> PosixFileSystem::info(std::string_view path) {
       !describe(AT_FDCWD, native->c_str(), system::Detail::times, found)) {
     return std::nullopt;
   }
-  // A backslash at the end promises a folder.
-  if (path.back() == '\\' && !found.folder) return std::nullopt;
+  if (promises_folder(path) && !found.folder) return std::nullopt;
   return found;
 }
 
-bool PosixFileSystem::each(std::string_view folder, system::Detail detail, const Visit& visit) {
+bool PosixFileSystem::each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                                 const VisitUnnamed& unnamed) {
   // Most folders stand on the disk just as they are spelt, and opening one is look enough.
   Folder open = open_folder(drives_.spelt(folder));
   if (!open) open = open_folder(drives_.native(folder));
@@ -173,10 +179,18 @@ bool PosixFileSystem::each(std::string_view folder, system::Detail detail, const
     const dirent* found = ::readdir(open.get());
     if (found == nullptr) return errno == 0;
     const std::string_view native = found->d_name;
-    if (native == "." || native == ".." || !windows_name(native, entry.name)) continue;
-    // Where the names are enough, the kind that stands beside the name spares a look at the file.
+    if (native == "." || native == "..") continue;
+    if (!windows_name(native, entry.name)) {
+      system::FileInfo seen;
+      if (unnamed && describe(number, found->d_name, system::Detail::names, seen)) {
+        unnamed({text::from_utf8_with_marks(native), seen.folder});
+      }
+      continue;
+    }
+    // Where the names are enough, what stands beside the name spares a look at the file.
     if (detail == system::Detail::names && (found->d_type == DT_REG || found->d_type == DT_DIR)) {
       set_kind(entry, found->d_type == DT_DIR, false);
+      entry.number = found->d_ino;
     } else if (!describe(number, found->d_name, detail, entry)) {
       continue;
     }
@@ -184,9 +198,22 @@ bool PosixFileSystem::each(std::string_view folder, system::Detail detail, const
   }
 }
 
+std::optional<system::FileIdentity> PosixFileSystem::identity(std::string_view path) {
+  // Most paths stand on the disk just as they are spelt: one look finds them.
+  const auto spelt = drives_.spelt(path);
+  struct stat found {};
+  if (!spelt) return std::nullopt;
+  if (::stat(spelt->c_str(), &found) != 0) {
+    const auto native = drives_.native(path);
+    if (!native || ::stat(native->c_str(), &found) != 0) return std::nullopt;
+  }
+  if (promises_folder(path) && !S_ISDIR(found.st_mode)) return std::nullopt;
+  return system::FileIdentity{found.st_dev, found.st_ino, 0};
+}
+
 std::unique_ptr<system::InputFile> PosixFileSystem::open(std::string_view path) {
   const auto native = drives_.native(path);
-  if (!native || path.back() == '\\') return nullptr;
+  if (!native || promises_folder(path)) return nullptr;
   Descriptor file(::open(native->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status {};
   if (!file.valid() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
@@ -197,7 +224,7 @@ std::unique_ptr<system::InputFile> PosixFileSystem::open(std::string_view path) 
 
 std::unique_ptr<system::OutputFile> PosixFileSystem::create(std::string_view path) {
   const auto native = drives_.native(path);
-  if (!native || path.back() == '\\') return nullptr;
+  if (!native || promises_folder(path)) return nullptr;
   constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
   Descriptor file(::open(native->c_str(), kFlags, 0666));
   // A pipe or a device is no file to be written.
@@ -221,7 +248,7 @@ bool PosixFileSystem::replace(std::string_view from, std::string_view to) {
 
 bool PosixFileSystem::remove(std::string_view path) {
   const auto native = drives_.native(path);
-  return native && path.back() != '\\' && ::unlink(native->c_str()) == 0;
+  return native && !promises_folder(path) && ::unlink(native->c_str()) == 0;
 }
 
 }  // namespace ordelan::posix

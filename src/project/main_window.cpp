@@ -40,11 +40,12 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       work_(work),
       windows_(windows),
       settings_(settings),
+      left_out_(work),
       validator_(platform.files, reader, lists.List1),
       tree_(platform.files),
-      listing_(platform, work, lists, validator_, tree_),
-      decoding_(platform, work, lists, strip, reader),
-      analysis_(platform, work, lists, strip, tree_) {
+      listing_(platform, work, lists, validator_, tree_, left_out_),
+      decoding_(platform, work, lists, strip, reader, left_out_),
+      analysis_(platform, work, lists, strip, tree_, left_out_) {
   set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
   set_borderless(true);
   set_minimizable(true);
@@ -163,7 +164,8 @@ void Form1::warn_of_no_drive() {
 }
 
 MainPieces Form1::pieces() {
-  return {lists, strip, clocks, reader, cmdPerdidos, ActualizarVip, [this] { cmdReset_Click(); }};
+  return {lists,     strip,       clocks,        reader,
+          left_out_, cmdPerdidos, ActualizarVip, [this] { cmdReset_Click(); }};
 }
 
 void Form1::Configurar_Click() {
@@ -176,6 +178,7 @@ void Form1::Configurar_Click() {
 void Form1::cmdReset_Click() {
   if (work_.Borrando) return;
   work_.begin_job();
+  left_out_.clear();
   set_waiting(false);
   for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
   clocks.reset();

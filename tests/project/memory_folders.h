@@ -58,16 +58,10 @@ class MemoryFolders final : public system::FileSystem {
     return std::nullopt;
   }
 
-  bool each(std::string_view folder, system::Detail, const Visit& visit) override {
-    ++listings[std::string(folder)];
-    const auto found = folders_.find(key(std::string(folder)));
-    if (found == folders_.end()) return false;
-    std::vector<system::FileInfo> entries = found->second;
-    if (backwards) std::reverse(entries.begin(), entries.end());
-    for (system::FileInfo& entry : entries) {
-      if (!visit(entry)) break;
-    }
-    return true;
+  // Every file has one path here, but for its case.
+  std::optional<system::FileIdentity> identity(std::string_view path) override {
+    if (!info(path)) return std::nullopt;
+    return system::FileIdentity{1, std::hash<std::string>()(key(std::string(path))), 0};
   }
 
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
@@ -85,6 +79,19 @@ class MemoryFolders final : public system::FileSystem {
   std::map<std::string, int> listings;  // how often each folder has been listed
 
  private:
+  bool each_entry(std::string_view folder, system::Detail, const Visit& visit,
+                  const VisitUnnamed&) override {
+    ++listings[std::string(folder)];
+    const auto found = folders_.find(key(std::string(folder)));
+    if (found == folders_.end()) return false;
+    std::vector<system::FileInfo> entries = found->second;
+    if (backwards) std::reverse(entries.begin(), entries.end());
+    for (system::FileInfo& entry : entries) {
+      if (!visit(entry)) break;
+    }
+    return true;
+  }
+
   struct File {
     std::string bytes;
     bool locked;

@@ -162,6 +162,43 @@ TYPED_TEST_P(FileSystemContract, names_of_the_code_page_are_bytes_of_it) {
   EXPECT_EQ(info->name, name);
 }
 
+TYPED_TEST_P(FileSystemContract, entries_that_cannot_be_named_are_told_of_beside_the_others) {
+  this->place().write_unnameable();
+  this->place().write(this->path("a.wav"), "x");
+  std::vector<std::string> named;
+  std::vector<system::UnnamedEntry> unnamed;
+  ASSERT_TRUE(this->files().each(
+      this->place().folder(), system::Detail::names,
+      [&](system::FileInfo& entry) {
+        named.push_back(entry.name);
+        return true;
+      },
+      [&](const system::UnnamedEntry& entry) { unnamed.push_back(entry); }));
+  EXPECT_THAT(named, testing::ElementsAre("a.wav"));
+  ASSERT_EQ(unnamed.size(), 1u);
+  EXPECT_FALSE(unnamed[0].folder);
+  EXPECT_NE(unnamed[0].shown.find('?'), std::string::npos) << unnamed[0].shown;
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_has_one_identity_whatever_the_spelling_of_its_path) {
+  this->place().make_folder(this->path("Tomas"));
+  this->place().write(this->path("Tomas\\a.wav"), "x");
+  this->place().write(this->path("Tomas\\b.wav"), "x");
+  const auto identity = this->files().identity(this->path("Tomas\\a.wav"));
+  ASSERT_TRUE(identity);
+  for (const char* spelling : {"TOMAS\\A.WAV", "Tomas/a.wav", "Tomas\\\\a.wav", ".\\Tomas\\a.wav",
+                               "Otro\\..\\Tomas\\a.wav"}) {
+    EXPECT_EQ(this->files().identity(this->path(spelling)), identity) << spelling;
+  }
+  EXPECT_NE(this->files().identity(this->path("Tomas\\b.wav")), identity) << "an equal copy";
+  EXPECT_NE(this->files().identity(this->path("Tomas")), identity);
+  EXPECT_EQ(this->files().identity(this->path("Tomas")),
+            this->files().identity(this->path("tomas\\")));
+  EXPECT_EQ(this->files().identity(this->path("Tomas\\c.wav")), std::nullopt);
+  EXPECT_EQ(this->files().identity(this->path("Tomas\\a.wav\\")), std::nullopt);
+  EXPECT_EQ(this->files().identity(this->path("Tomas\\*.wav")), std::nullopt);
+}
+
 TYPED_TEST_P(FileSystemContract, names_that_the_code_page_lacks_are_left_out) {
   this->place().write(this->path("tema.wav"), "1");
   this->place().write_unnameable();
@@ -453,6 +490,8 @@ REGISTER_TYPED_TEST_SUITE_P(
     paths_that_are_not_plain_and_absolute_give_nothing,
     a_folder_with_the_name_of_a_project_is_no_file, a_path_that_ends_in_a_backslash_is_no_file,
     a_blank_or_a_dot_at_the_end_makes_it_another_name, names_of_the_code_page_are_bytes_of_it,
+    entries_that_cannot_be_named_are_told_of_beside_the_others,
+    a_file_has_one_identity_whatever_the_spelling_of_its_path,
     names_that_the_code_page_lacks_are_left_out,
     a_folder_lists_its_entries_in_alphabetical_order_without_case,
     a_folder_may_be_given_with_its_backslash, an_empty_folder_has_no_entries, a_drive_is_a_folder,
