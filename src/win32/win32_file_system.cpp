@@ -148,6 +148,100 @@ class Win32OutputFile final : public system::OutputFile {
   bool failed_ = false;
 };
 
+std::unique_ptr<system::OutputFile> output_file(std::string_view path, DWORD disposition) {
+  const auto extended = file_path(path);
+  if (!extended) return nullptr;
+  FileHandle file(CreateFileW(extended->c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                              disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return nullptr;
+  return std::make_unique<Win32OutputFile>(std::move(file));
+}
+
+// Creates an empty file in the folder of `path` under a name that nothing else has, for the old
+// file to be moved to. Gives its path, empty when that fails.
+std::wstring spare_beside(const std::wstring& path) {
+  constexpr int kTries = 10;
+  const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
+  static DWORD number = GetCurrentProcessId() * 65'536 + GetTickCount() % 65'536;
+  for (int tries = 0; tries < kTries; ++tries) {
+    std::wstring spare = folder + L"ord" + std::to_wstring(++number) + L".old";
+    const FileHandle made(CreateFileW(spare.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (made) return spare;
+  }
+  return {};
+}
+
+bool is_empty_file(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  return GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) &&
+         data.nFileSizeHigh == 0 && data.nFileSizeLow == 0;
+}
+
+bool exists(const std::wstring& path) {
+  return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// Removes what the spare name holds after a replacement: the old file, which has been replaced.
+void remove_spare(const std::wstring& spare) {
+  SetFileAttributesW(spare.c_str(), FILE_ATTRIBUTE_NORMAL);
+  for (int tries = 1; !DeleteFileW(spare.c_str()) && tries < kTriesToReplace; ++tries) {
+    if (!exists(spare)) return;
+    Sleep(kPauseOfTries);
+  }
+}
+
+// Puts `source` in the place of a `target` that exists. Gives the error, ERROR_SUCCESS if none.
+// Without a spare name for the old file, Windows may lose it when it stops halfway.
+DWORD put_over(const std::wstring& source, const std::wstring& target) {
+  const std::wstring spare = spare_beside(target);
+  if (spare.empty()) return ERROR_CANNOT_MAKE;
+  if (ReplaceFileW(target.c_str(), source.c_str(), spare.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                   nullptr, nullptr)) {
+    remove_spare(spare);
+    return ERROR_SUCCESS;
+  }
+  const DWORD error = GetLastError();
+  const bool halfway =
+      error == ERROR_UNABLE_TO_MOVE_REPLACEMENT || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
+  if (is_empty_file(spare) && (exists(target) || !halfway)) {
+    DeleteFileW(spare.c_str());  // as it was made
+  } else if (!exists(target)) {
+    MoveFileExW(spare.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH);
+  }
+  // Some disks and servers cannot replace, but all can move.
+  const bool cannot = error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
+                      error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
+  if (!cannot) return error;
+  return MoveFileExW(source.c_str(), target.c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+             ? ERROR_SUCCESS
+             : GetLastError();
+}
+
+// Puts `source` where no `target` exists. Gives the error, ERROR_SUCCESS if none.
+DWORD put_new(const std::wstring& source, const std::wstring& target) {
+  return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) ? ERROR_SUCCESS
+                                                                             : GetLastError();
+}
+
+// Whether the same may go well in a moment.
+bool passes_by(DWORD error) {
+  switch (error) {
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT:
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT_2:
+    case ERROR_FILE_NOT_FOUND:  // the old file has just gone, or a new one has just come
+    case ERROR_ALREADY_EXISTS:
+    case ERROR_FILE_EXISTS:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 Win32FileSystem::Win32FileSystem() {
@@ -201,12 +295,11 @@ std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) 
 }
 
 std::unique_ptr<system::OutputFile> Win32FileSystem::create(std::string_view path) {
-  const auto extended = file_path(path);
-  if (!extended) return nullptr;
-  FileHandle file(CreateFileW(extended->c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                              CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) return nullptr;
-  return std::make_unique<Win32OutputFile>(std::move(file));
+  return output_file(path, CREATE_ALWAYS);
+}
+
+std::unique_ptr<system::OutputFile> Win32FileSystem::create_new(std::string_view path) {
+  return output_file(path, CREATE_NEW);
 }
 
 bool Win32FileSystem::make_folder(std::string_view path) {
@@ -218,21 +311,30 @@ bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
   const auto source = file_path(from);
   const auto target = file_path(to);
   if (!source || !target) return false;
-  // Whoever looks at files as they come (the shell, an indexer, a virus scanner) has one open for a
-  // moment, in which it cannot be replaced.
+  const DWORD before = GetFileAttributesW(source->c_str());
+  if (before == INVALID_FILE_ATTRIBUTES || (before & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
+  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  // Programs that look at files as they come (the shell, an indexer, a virus scanner) have one open
+  // for a moment, in which it cannot be replaced.
   for (int tries = 1;; ++tries) {
-    if (MoveFileExW(source->c_str(), target->c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-      return true;
+    const DWORD old = GetFileAttributesW(target->c_str());
+    DWORD error = ERROR_SUCCESS;
+    if (old == INVALID_FILE_ATTRIBUTES) {
+      error = put_new(*source, *target);
+    } else if ((old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+      error = ERROR_WRITE_PROTECT;
+    } else {
+      // Not every disk gives the new file the attributes of the old one by itself.
+      SetFileAttributesW(source->c_str(), (old & kKept) != 0 ? old & kKept : FILE_ATTRIBUTE_NORMAL);
+      error = put_over(*source, *target);
     }
-    const DWORD error = GetLastError();
-    if (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) return false;
-    const DWORD there = GetFileAttributesW(target->c_str());
-    const bool hopeless = there != INVALID_FILE_ATTRIBUTES &&
-                          (there & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0;
-    if (hopeless || tries == kTriesToReplace) return false;
+    if (error == ERROR_SUCCESS) return true;
+    if (!passes_by(error) || tries == kTriesToReplace) break;
     Sleep(kPauseOfTries);
   }
+  SetFileAttributesW(source->c_str(), before);
+  return false;
 }
 
 bool Win32FileSystem::remove(std::string_view path) {

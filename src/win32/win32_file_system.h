@@ -15,7 +15,11 @@ class Win32FileSystem final : public system::FileSystem {
   bool each(std::string_view folder, system::Detail detail, const Visit& visit) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override;
   bool make_folder(std::string_view path) override;
+  // Tries for a quarter of a second while another program has one of the files open. Should Windows
+  // stop halfway and the old file not go back to its name, it stays beside it under another
+  // ("ord", digits, ".old").
   bool replace(std::string_view from, std::string_view to) override;
   bool remove(std::string_view path) override;
 };
