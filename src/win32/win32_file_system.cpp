@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
+
 #include <algorithm>
 
 #include "win32/ansi_text.h"
@@ -157,63 +159,64 @@ std::unique_ptr<system::OutputFile> output_file(std::string_view path, DWORD dis
   return std::make_unique<Win32OutputFile>(std::move(file));
 }
 
-// Creates an empty file in the folder of `path` under a name that nothing else has, for the old
-// file to be moved to. Gives its path, empty when that fails.
-std::wstring spare_beside(const std::wstring& path) {
-  constexpr int kTries = 10;
-  const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
-  static DWORD number = GetCurrentProcessId() * 65'536 + GetTickCount() % 65'536;
-  for (int tries = 0; tries < kTries; ++tries) {
-    std::wstring spare = folder + L"ord" + std::to_wstring(++number) + L".old";
-    const FileHandle made(CreateFileW(spare.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (made) return spare;
-  }
-  return {};
+FileHandle open_for(const std::wstring& path, DWORD access) {
+  return FileHandle(CreateFileW(path.c_str(), access,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
 }
 
-bool is_empty_file(const std::wstring& path) {
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  return GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) &&
-         data.nFileSizeHigh == 0 && data.nFileSizeLow == 0;
+// Gives the file `to` the access rights of another. Disks without rights have none to be kept.
+void take_over_rights(const std::wstring& from, const std::wstring& to) {
+  const FileHandle source = open_for(from, READ_CONTROL);
+  const FileHandle target = open_for(to, READ_CONTROL | WRITE_DAC);
+  PACL rights = nullptr;
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  if (!source || !target ||
+      GetSecurityInfo(source.get(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                      &rights, nullptr, &descriptor) != ERROR_SUCCESS) {
+    return;
+  }
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  if (rights != nullptr && GetSecurityDescriptorControl(descriptor, &control, &revision)) {
+    // What comes from the folder comes to the new file by itself, unless the old one had it not.
+    const DWORD inherited = (control & SE_DACL_PROTECTED) != 0
+                                ? PROTECTED_DACL_SECURITY_INFORMATION
+                                : UNPROTECTED_DACL_SECURITY_INFORMATION;
+    SetSecurityInfo(target.get(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherited, nullptr,
+                    nullptr, rights, nullptr);
+  }
+  LocalFree(descriptor);
 }
 
-bool exists(const std::wstring& path) {
-  return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-// Removes what the spare name holds after a replacement: the old file, which has been replaced.
-void remove_spare(const std::wstring& spare) {
-  SetFileAttributesW(spare.c_str(), FILE_ATTRIBUTE_NORMAL);
-  for (int tries = 1; !DeleteFileW(spare.c_str()) && tries < kTriesToReplace; ++tries) {
-    if (!exists(spare)) return;
-    Sleep(kPauseOfTries);
+// Gives the file `to` the time at which another was created.
+void take_over_creation(const std::wstring& from, const std::wstring& to) {
+  const FileHandle source = open_for(from, FILE_READ_ATTRIBUTES);
+  const FileHandle target = open_for(to, FILE_WRITE_ATTRIBUTES);
+  FILETIME created{};
+  if (source && target && GetFileTime(source.get(), &created, nullptr, nullptr)) {
+    SetFileTime(target.get(), &created, nullptr, nullptr);
   }
 }
 
-// Puts `source` in the place of a `target` that exists. Gives the error, ERROR_SUCCESS if none.
-// Without a spare name for the old file, Windows may lose it when it stops halfway.
-DWORD put_over(const std::wstring& source, const std::wstring& target) {
-  const std::wstring spare = spare_beside(target);
-  if (spare.empty()) return ERROR_CANNOT_MAKE;
-  if (ReplaceFileW(target.c_str(), source.c_str(), spare.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
-                   nullptr, nullptr)) {
-    remove_spare(spare);
-    return ERROR_SUCCESS;
-  }
-  const DWORD error = GetLastError();
-  const bool halfway =
-      error == ERROR_UNABLE_TO_MOVE_REPLACEMENT || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
-  if (is_empty_file(spare) && (exists(target) || !halfway)) {
-    DeleteFileW(spare.c_str());  // as it was made
-  } else if (!exists(target)) {
-    MoveFileExW(spare.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH);
-  }
-  // Some disks and servers cannot replace, but all can move.
-  const bool cannot = error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
-                      error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
-  if (!cannot) return error;
-  return MoveFileExW(source.c_str(), target.c_str(),
+// The path with its last name as the disk spells it, so that a move to it changes no capital.
+std::wstring as_spelt(const std::wstring& path) {
+  WIN32_FIND_DATAW found{};
+  if (!find(path, found)) return path;
+  return path.substr(0, path.rfind(L'\\') + 1) + found.cFileName;
+}
+
+// Puts `source` in the place of a `target` that exists and has the attributes `old`. Gives the
+// error, ERROR_SUCCESS if none. ReplaceFileW would keep more (other streams of the file), but it
+// moves the old file away first: others find none for a moment, and so does the user when the
+// program is ended in it.
+DWORD put_over(const std::wstring& source, const std::wstring& target, DWORD old) {
+  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  take_over_creation(target, source);
+  take_over_rights(target, source);
+  SetFileAttributesW(source.c_str(), (old & kKept) != 0 ? old & kKept : FILE_ATTRIBUTE_NORMAL);
+  return MoveFileExW(source.c_str(), as_spelt(target).c_str(),
                      MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
              ? ERROR_SUCCESS
              : GetLastError();
@@ -230,11 +233,7 @@ bool passes_by(DWORD error) {
   switch (error) {
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
-    case ERROR_UNABLE_TO_REMOVE_REPLACED:
-    case ERROR_UNABLE_TO_MOVE_REPLACEMENT:
-    case ERROR_UNABLE_TO_MOVE_REPLACEMENT_2:
-    case ERROR_FILE_NOT_FOUND:  // the old file has just gone, or a new one has just come
-    case ERROR_ALREADY_EXISTS:
+    case ERROR_ALREADY_EXISTS:  // another has just come
     case ERROR_FILE_EXISTS:
       return true;
     default:
@@ -313,8 +312,6 @@ bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
   if (!source || !target) return false;
   const DWORD before = GetFileAttributesW(source->c_str());
   if (before == INVALID_FILE_ATTRIBUTES || (before & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
-  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
   // Programs that look at files as they come (the shell, an indexer, a virus scanner) have one open
   // for a moment, in which it cannot be replaced.
   for (int tries = 1;; ++tries) {
@@ -325,9 +322,7 @@ bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
     } else if ((old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
       error = ERROR_WRITE_PROTECT;
     } else {
-      // Not every disk gives the new file the attributes of the old one by itself.
-      SetFileAttributesW(source->c_str(), (old & kKept) != 0 ? old & kKept : FILE_ATTRIBUTE_NORMAL);
-      error = put_over(*source, *target);
+      error = put_over(*source, *target, old);
     }
     if (error == ERROR_SUCCESS) return true;
     if (!passes_by(error) || tries == kTriesToReplace) break;

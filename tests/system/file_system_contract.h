@@ -19,11 +19,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "system/file_system.h"
@@ -326,6 +328,29 @@ TYPED_TEST_P(FileSystemContract, a_file_takes_the_place_of_another_in_one_step) 
   EXPECT_EQ(this->whole("a.ini"), "new");
 }
 
+TYPED_TEST_P(FileSystemContract, others_find_the_old_file_or_the_new_one_and_never_none) {
+  this->place().write(this->path("a.ini"), "0");
+  std::atomic<bool> over = false;
+  int looks = 0;
+  int missing = 0;
+  std::thread other([&] {
+    while (!over) {
+      ++looks;
+      if (!this->files().info(this->path("a.ini"))) ++missing;
+    }
+  });
+  int replaced = 0;
+  for (int i = 0; i < 200; ++i) {
+    this->place().write(this->path("b.tmp"), "1");
+    if (this->files().replace(this->path("b.tmp"), this->path("a.ini"))) ++replaced;
+  }
+  over = true;
+  other.join();
+  EXPECT_EQ(replaced, 200);
+  EXPECT_GT(looks, 0);
+  EXPECT_EQ(missing, 0) << "of " << looks;
+}
+
 TYPED_TEST_P(FileSystemContract, a_file_takes_a_place_where_none_is) {
   this->place().write(this->path("b.tmp"), "new");
   EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("A.ini")));
@@ -531,6 +556,7 @@ TYPED_TEST_P(FileSystemContract, thousands_of_entries_all_come) {
 
 REGISTER_TYPED_TEST_SUITE_P(
     FileSystemContract, a_file_takes_the_place_of_another_in_one_step,
+    others_find_the_old_file_or_the_new_one_and_never_none,
     a_new_file_is_created_where_nothing_has_its_name, a_new_file_is_not_created_over_anything,
     a_file_takes_a_place_where_none_is, a_replaced_file_keeps_the_spelling_of_its_name,
     a_file_may_be_empty_before_or_after_it_is_replaced, names_of_the_greatest_length_are_replaced,
