@@ -123,11 +123,19 @@ class FileSystem {
   // Creates a file, or empties the one that is there. Null when that fails.
   virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
+  // Creates a file where nothing of that name exists, looking and creating in one step. Null when
+  // anything does (a file, a folder, a link to nowhere), which stays as it is, and when the file
+  // cannot be created.
+  virtual std::unique_ptr<OutputFile> create_new(std::string_view path) = 0;
+
   // Makes a folder in one that is there. False when that fails, also when it is there already.
   virtual bool make_folder(std::string_view path) = 0;
 
-  // Puts the file `from` in the place of `to`, in one step: whoever looks sees the old file or the
-  // new one. False when that fails; both are then as they were.
+  // Puts the file `from` in the place of `to`, or where no `to` exists yet, in one step: others see
+  // the old file or the new one. What the system keeps of a file besides its bytes stays that of
+  // the old one: the spelling of its name, its attributes, who may use it. On Linux a `to` that is
+  // a link stays, and the file that it leads to is replaced. False when that fails, also when `to`
+  // is read-only, a folder or no plain file, or `from` is no file; both are then as they were.
   virtual bool replace(std::string_view from, std::string_view to) = 0;
 
   // Removes a file for good. False when it is not there, is a folder or cannot be removed.

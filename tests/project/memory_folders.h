@@ -71,6 +71,7 @@ class MemoryFolders final : public system::FileSystem {
   }
 
   std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
   bool make_folder(std::string_view) override { return false; }
   bool replace(std::string_view, std::string_view) override { return false; }
   bool remove(std::string_view) override { return false; }

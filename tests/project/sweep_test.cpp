@@ -412,7 +412,7 @@ TEST_F(Sweep, reports_are_saved_beside_the_projects) {
   ASSERT_TRUE(file);
   std::string report(file->size(), '\0');
   file->read(0, {reinterpret_cast<std::uint8_t*>(report.data()), report.size()});
-  EXPECT_EQ(report, "Fecha: 21/11/2026    Hora: 9:05:07\r\n \r\n1 Archivos utilizados en: " +
+  EXPECT_EQ(report, "Fecha: 21/11/2026    Hora: 9:05\r\n \r\n1 Archivos utilizados en: " +
                         disk.path("Mix\\a.b.vip") + "\r\n" + disk.path("Mix\\") + "\r\n" +
                         std::string(66, '-') + "\r\n \r\nD:\\x.wav\r\n");
 }

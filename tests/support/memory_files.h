@@ -63,6 +63,10 @@ class MemoryFiles final : public system::FileSystem {
     return std::make_unique<Output>(content);
   }
 
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
+    return contents.contains(path) ? nullptr : create(path);
+  }
+
  private:
   bool each_entry(std::string_view, system::Detail, const Visit&, const VisitUnnamed&) override {
     return false;

@@ -11,6 +11,7 @@
 //   void make_folder(std::string_view);     makes a folder and those on the way, without `files`
 //   void write(std::string_view path, std::string_view bytes);   writes a file, without `files`
 //   void truncate(std::string_view path);   makes a file empty while others have it open
+//   void make_read_only(std::string_view);  makes a file one that may not be written
 //   void write_unnameable();                makes a file in `folder` whose name the code page lacks
 #pragma once
 
@@ -18,11 +19,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "system/file_system.h"
@@ -328,14 +331,120 @@ TYPED_TEST_P(FileSystemContract, paths_longer_than_260_characters_work) {
   EXPECT_EQ(entries->size(), 1u);
 }
 
+TYPED_TEST_P(FileSystemContract, a_new_file_is_created_where_nothing_has_its_name) {
+  const auto file = this->files().create_new(this->path("nuevo.txt"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->write("uno"));
+  EXPECT_TRUE(file->write("dos"));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(this->whole("nuevo.txt"), "unodos");
+  EXPECT_FALSE(this->files().create_new(this->path("nada\\a.txt")));
+  EXPECT_FALSE(this->files().create_new(this->path("a.txt\\")));
+  EXPECT_FALSE(this->files().create_new("a.txt"));
+  EXPECT_FALSE(this->files().create_new(""));
+}
+
+TYPED_TEST_P(FileSystemContract, a_new_file_is_not_created_over_anything) {
+  this->place().write(this->path("a.txt"), "old");
+  this->place().write(this->path("vacio.txt"), "");
+  this->place().make_folder(this->path("Mix"));
+  for (const char* name : {"a.txt", "A.TXT", "vacio.txt", "Mix", "mix"}) {
+    EXPECT_FALSE(this->files().create_new(this->path(name))) << name;
+  }
+  EXPECT_EQ(this->whole("a.txt"), "old");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 3u);
+}
+
 TYPED_TEST_P(FileSystemContract, a_file_takes_the_place_of_another_in_one_step) {
   this->place().write(this->path("a.ini"), "old");
-  this->place().write(this->path("a.ini.new"), "new");
-  EXPECT_TRUE(this->files().replace(this->path("a.ini.new"), this->path("a.ini")));
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("a.ini")));
   EXPECT_EQ(this->whole("a.ini"), "new");
-  EXPECT_FALSE(this->files().info(this->path("a.ini.new")));
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 1u);
   EXPECT_FALSE(this->files().replace(this->path("nada"), this->path("a.ini")));
   EXPECT_EQ(this->whole("a.ini"), "new");
+}
+
+TYPED_TEST_P(FileSystemContract, others_find_the_old_file_or_the_new_one_and_never_none) {
+  this->place().write(this->path("a.ini"), "0");
+  std::atomic<bool> over = false;
+  int looks = 0;
+  int missing = 0;
+  std::thread other([&] {
+    while (!over) {
+      ++looks;
+      if (!this->files().info(this->path("a.ini"))) ++missing;
+    }
+  });
+  int replaced = 0;
+  for (int i = 0; i < 200; ++i) {
+    this->place().write(this->path("b.tmp"), "1");
+    if (this->files().replace(this->path("b.tmp"), this->path("a.ini"))) ++replaced;
+  }
+  over = true;
+  other.join();
+  EXPECT_EQ(replaced, 200);
+  EXPECT_GT(looks, 0);
+  EXPECT_EQ(missing, 0) << "of " << looks;
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_takes_a_place_where_none_is) {
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("A.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "new");
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("A.ini"));
+}
+
+TYPED_TEST_P(FileSystemContract, a_replaced_file_keeps_the_spelling_of_its_name) {
+  this->place().write(this->path("Tema.INI"), "old");
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("TEMA.ini")));
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("Tema.INI"));
+  EXPECT_EQ(this->whole("tema.ini"), "new");
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_may_be_empty_before_or_after_it_is_replaced) {
+  this->place().write(this->path("a.ini"), "");
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("a.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "new");
+  this->place().write(this->path("b.tmp"), "");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("a.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 1u);
+}
+
+TYPED_TEST_P(FileSystemContract, names_of_the_greatest_length_are_replaced) {
+  const std::string name = std::string(251, 'x') + ".log";
+  this->place().write(this->path("b.tmp"), "old");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path(name)));
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path(name)));
+  EXPECT_EQ(this->whole(name), "new");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 1u);
+}
+
+TYPED_TEST_P(FileSystemContract, what_may_not_be_replaced_stays_and_so_does_the_other) {
+  this->place().write(this->path("a.ini"), "old");
+  this->place().make_read_only(this->path("a.ini"));
+  this->place().make_folder(this->path("Mix"));
+  this->place().write(this->path("b.tmp"), "new");
+  for (const char* name : {"a.ini", "Mix", "mix", "Mix\\", "nada\\a.ini", "c.ini\\", "c*.ini"}) {
+    EXPECT_FALSE(this->files().replace(this->path("b.tmp"), this->path(name))) << name;
+  }
+  EXPECT_FALSE(this->files().replace(this->path("b.tmp"), "a.ini"));
+  EXPECT_FALSE(this->files().replace(this->path("b.tmp"), ""));
+  EXPECT_FALSE(this->files().replace(this->path("Mix"), this->path("c.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "old");
+  EXPECT_EQ(this->whole("b.tmp"), "new");
+  using system::attribute::kReadOnly;
+  EXPECT_TRUE(this->files().info(this->path("a.ini"))->attributes & kReadOnly);
+  EXPECT_FALSE(this->files().info(this->path("b.tmp"))->attributes & kReadOnly);
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 3u);
 }
 
 TYPED_TEST_P(FileSystemContract, a_file_is_removed_and_a_folder_is_not) {
@@ -484,8 +593,12 @@ TYPED_TEST_P(FileSystemContract, thousands_of_entries_all_come) {
 
 REGISTER_TYPED_TEST_SUITE_P(
     FileSystemContract, a_file_takes_the_place_of_another_in_one_step,
-    a_file_is_removed_and_a_folder_is_not, a_file_is_known_with_its_size,
-    a_path_in_another_case_finds_the_name_as_the_disk_has_it,
+    others_find_the_old_file_or_the_new_one_and_never_none,
+    a_new_file_is_created_where_nothing_has_its_name, a_new_file_is_not_created_over_anything,
+    a_file_takes_a_place_where_none_is, a_replaced_file_keeps_the_spelling_of_its_name,
+    a_file_may_be_empty_before_or_after_it_is_replaced, names_of_the_greatest_length_are_replaced,
+    what_may_not_be_replaced_stays_and_so_does_the_other, a_file_is_removed_and_a_folder_is_not,
+    a_file_is_known_with_its_size, a_path_in_another_case_finds_the_name_as_the_disk_has_it,
     a_folder_is_known_as_one_and_has_no_size, what_is_not_there_gives_nothing,
     paths_that_are_not_plain_and_absolute_give_nothing,
     a_folder_with_the_name_of_a_project_is_no_file, a_path_that_ends_in_a_backslash_is_no_file,

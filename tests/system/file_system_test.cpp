@@ -18,6 +18,7 @@ class OneEntry final : public system::FileSystem {
   std::optional<system::FileIdentity> identity(std::string_view) override { return std::nullopt; }
   std::unique_ptr<system::InputFile> open(std::string_view) override { return nullptr; }
   std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
   bool make_folder(std::string_view) override { return false; }
   bool replace(std::string_view, std::string_view) override { return false; }
   bool remove(std::string_view) override { return false; }

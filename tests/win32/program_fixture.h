@@ -43,6 +43,9 @@ class CountedFiles final : public system::FileSystem {
   std::unique_ptr<system::OutputFile> create(std::string_view path) override {
     return files_.create(path);
   }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
+    return files_.create_new(path);
+  }
   bool make_folder(std::string_view path) override { return files_.make_folder(path); }
   bool replace(std::string_view from, std::string_view to) override {
     return files_.replace(from, to);
