@@ -11,8 +11,9 @@ namespace ordelan::skin {
 inline constexpr int kMainWindowWidth = 1100;
 inline constexpr int kMainWindowHeight = 720;
 
-// The strip stands above the headings and grows upwards with its lines, as far as this.
-inline constexpr int kStripTop = 56;
+// The strip stands above the headings and grows upwards with its lines, as far as this: below the
+// clocks, which run while it tells of a search. From there on it grows downwards.
+inline constexpr int kStripTop = 88;
 
 // In the order in which Tab goes through them; what covers another stands ahead of it.
 inline constexpr std::array kMainWindow = {
@@ -29,14 +30,14 @@ inline constexpr std::array kMainWindow = {
     Place{"Salir", -1, 1052, 10, 36, 32},
 
     Place{"LabelAviso", -1, 12, 58, 640, 36},
-    Place{"ShowIco", -1, 12, 58, 640, 66},
     Place{"LabelD", -1, 656, 60, 150, 22},
     Place{"TimeDeco", -1, 812, 58, 132, 24},
     Place{"TextLapsoTotal", -1, 956, 58, 132, 24},
 
+    Place{"TextDecode", -1, 12, 136, 1076, 16},
+    Place{"ShowIco", -1, 12, 58, 640, 66},
     Place{"ImageIcon", -1, 12, 94, 30, 30},
     Place{"ListPath", -1, 46, 94, 1042, 30},
-    Place{"TextDecode", -1, 12, 136, 1076, 16},
 
     Place{"ImagePaso", 0, 12, 167, 24, 24},
     Place{"LabelCheck", 0, 44, 160, 500, 18},
