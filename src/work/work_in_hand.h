@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "ui/list_box.h"
 
@@ -12,6 +13,12 @@ namespace ordelan::work {
 // Marks one run of a long job, so that the run notices when something newer has taken its place.
 using JobNumber = std::uint64_t;
 
+// A project that counts for nothing, and why: `motivo` is a few words for the user.
+struct ProyectoFuera {
+  std::string ruta;
+  std::string motivo;
+};
+
 struct WorkInHand {
   std::string RutaProyectos;   // folder of the projects, with its backslash when picked in a dialog
   std::string RutaVip;         // full path of the project picked in the file dialog
@@ -19,7 +26,10 @@ struct WorkInHand {
   std::string PrimerProyecto;  // the project that a sweep by drop decodes first
   std::string NombreProyecto;  // full path of the decoded project
   std::string ArchivoActual;   // audio file of the moment
-  bool Cancelar = false;       // stop request, looked at by every long loop
+  // Projects that count for nothing in this work, each with the reason: what they use may be
+  // offered as unused, so that the user has to be told of them.
+  std::vector<ProyectoFuera> ProyectosFuera;
+  bool Cancelar = false;               // stop request, looked at by every long loop
   bool Descodificando = false;         // a decode runs
   bool ModoPosiciones = false;         // relinking runs: the reader writes positions, adds no rows
   bool ClickEnLista = false;           // a click on a list is being handled
