@@ -152,20 +152,27 @@ TEST_F(TallStrip, has_no_bar_while_all_its_lines_are_seen) {
 
 // How many lines there are decides whether there is a bar: it must not change how many there are.
 TEST_F(TallStrip, breaks_long_lines_at_the_same_width_with_the_bar_and_without) {
-  std::string line;
-  while (line.size() < 4000) line += "toma de guitarra ";
-  program->form.strip.Alerta(work::kResult, line, true);
-  const int before = program->form.strip.TextDecode.line_count();
-  EXPECT_GT(before, 10);
-  std::string more = line;
+  // Lines that are full to the last word: in less width there would be one more.
+  const auto lines_of = [this](const std::string& text) {
+    program->form.strip.Alerta(work::kResult, text, true);
+    return program->form.strip.TextDecode.line_count();
+  };
+  constexpr int kFull = 10;
+  std::string full = "ab";
+  for (int words : {64, 8, 1}) {
+    std::string next;
+    while (words-- > 0) next += " ab";
+    while (full.size() < 10000 && lines_of(full + next) <= kFull) full += next;
+  }
+  ASSERT_EQ(lines_of(full), kFull);
+  std::string more = full;
   for (int i = 0; i < 60; ++i) more += "\r\n";
-  program->form.strip.Alerta(work::kResult, more, true);
+  lines_of(more);
   backend.pump();
-  EXPECT_EQ(program->form.strip.TextDecode.line_count(), before + 60);
   strip = control(L"Form1", L"TextDecode");
   EXPECT_TRUE(bar());
-  program->form.strip.Alerta(work::kResult, line, true);
-  EXPECT_EQ(program->form.strip.TextDecode.line_count(), before);
+  EXPECT_EQ(program->form.strip.TextDecode.line_count(), kFull + 60);
+  EXPECT_EQ(lines_of(full), kFull);
 }
 
 }  // namespace
