@@ -1,5 +1,6 @@
 #include "project/main_window.h"
 
+#include "project/projects_left_out_window.h"
 #include "skin/main_window_layout.h"
 #include "work/arrange.h"
 #include "work/dress.h"
@@ -24,6 +25,8 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       ActualizarVip(*this, "ActualizarVip"),
       Configurar(*this, "Configurar"),
       AcercaDe(*this, "AcercaDe"),
+      cmdSalir(*this, "cmdSalir"),
+      LabelFuera(*this, "LabelFuera"),
       CheckSubPath(*this, "CheckSubPath"),
       CheckBAK(*this, "CheckBAK"),
       CheckToolTips(*this, "CheckToolTips"),
@@ -54,6 +57,9 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
   name_controls();
   work::dress(*this);
   wire();
+  windows_.add("Fuera", [this] {
+    return std::make_unique<Fuera>(this->backend(), work_, windows_, settings_);
+  });
 }
 
 void Form1::name_controls() {
@@ -76,6 +82,9 @@ void Form1::name_controls() {
   Configurar.set_caption("Configurar");
   Configurar.set_tip("Elegir las unidades en las que se buscan archivos");
   AcercaDe.set_caption("Acerca de");
+  cmdSalir.set_caption("Salir");
+  cmdSalir.set_tip(Salir.tip());
+  LabelFuera.set_tip("Ver qué proyectos no cuentan y por qué");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
   for (ui::Control* pending :
@@ -96,8 +105,7 @@ void Form1::name_controls() {
   }
 
   TextNum1[0].set_caption(
-      "Los proyectos de la carpeta. Pulsa «Abrir proyecto...» y elige un archivo .vip: se "
-      "listan todos los que hay junto a él.");
+      "Pulsa «Abrir proyecto...» y elige uno: aquí se listan todos los de su carpeta.");
   TextNum1[1].set_caption("Los archivos de audio que utiliza el proyecto abierto.");
   TextNum1[2].set_caption("Los archivos que utilizan todos los proyectos de la carpeta.");
   TextNum1[3].set_caption("Los archivos que no utiliza ninguno: los que se pueden borrar.");
@@ -123,6 +131,8 @@ void Form1::wire() {
   AcercaDe.on_click = [this] { windows_.touch("Acerca"); };
   cmdMinimizar.on_click = [this] { set_minimized(true); };
   Salir.on_click = [this] { Salir_Click(); };
+  cmdSalir.on_click = [this] { Salir_Click(); };
+  LabelFuera.on_click = [this] { LabelFuera_Click(); };
   CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };
   CheckLogo.on_click = [this] { CheckLogo_Click(); };
   ListProyectosInfo.on_mouse_move = [this](ui::Point) { ListProyectosInfo.hide(); };
@@ -202,6 +212,8 @@ void Form1::cmdReset_Click() {
   lists.ListBorrar.hide();
   lists.LabelCheck.set_visible(false);
   lists.LabelErase.set_visible(false);
+  work_.ProyectosFuera.clear();
+  show_ProyectosFuera();
   lists.ListProyectos.show();  // empty, as the place where projects are dropped
 
   cmdCancelar.hide();

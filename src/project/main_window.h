@@ -67,6 +67,11 @@ class Form1 final : public ui::Window {
   void Configurar_Click();
   // Ends the program, without a question.
   void Salir_Click();
+  // Shows how many projects count for nothing, as the work in hand has them now. The window that
+  // lists them follows where it is open, and is closed when there are none.
+  void show_ProyectosFuera();
+  // Opens the window that lists those projects, or closes it.
+  void LabelFuera_Click();
 
   work::WorkLists lists;
   work::StatusStrip strip;
@@ -84,6 +89,8 @@ class Form1 final : public ui::Window {
   ui::Label ActualizarVip;
   ui::Label Configurar;
   ui::Label AcercaDe;
+  ui::Label cmdSalir;    // ends the program too: in words, among the labels
+  ui::Label LabelFuera;  // how many projects count for nothing
   ui::CheckBox CheckSubPath;
   ui::CheckBox CheckBAK;
   ui::CheckBox CheckToolTips;
