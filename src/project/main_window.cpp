@@ -189,6 +189,7 @@ void Form1::cmdReset_Click() {
   if (work_.Borrando) return;
   work_.begin_job();
   left_out_.clear();
+  show_ProyectosFuera();
   set_waiting(false);
   for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
   clocks.reset();
@@ -212,8 +213,6 @@ void Form1::cmdReset_Click() {
   lists.ListBorrar.hide();
   lists.LabelCheck.set_visible(false);
   lists.LabelErase.set_visible(false);
-  work_.ProyectosFuera.clear();
-  show_ProyectosFuera();
   lists.ListProyectos.show();  // empty, as the place where projects are dropped
 
   cmdCancelar.hide();

@@ -127,6 +127,22 @@ class Form1 final : public ui::Window {
   void LlenarListBorrar();
   void show_CommandBorrado();
 
+  // What the window shows of the decoded project.
+  struct ShownProject {
+    struct Heading {
+      std::string caption;
+      bool visible;
+    };
+    std::vector<std::string> rows;
+    bool visible;
+    int current;
+    std::string NombreProyecto;
+    std::vector<Heading> headings;
+  };
+  ShownProject shown_project() const;
+  void show_again(const ShownProject& shown);
+  void tell_unsaved(const std::vector<std::string>& failed);
+
   // A sweep: from a filled List1 to decoded projects.
   void PrepararBarrido();
   // How a dropped item ended.

@@ -33,6 +33,7 @@ void Form1::open_project(const std::string& path) {
   if (work_.superseded(job)) return;
   if (!valid) {
     if (const auto why = validator_.refusal()) left_out_.add(path, *why);
+    show_ProyectosFuera();
     strip.Alerta(work::kWarning, " >>> AVISO <<<   Este proyecto no tiene archivos de audio", true);
     return;
   }
@@ -109,6 +110,7 @@ void Form1::show_decoded() {
   strip.LabelAviso.hide();
   if (removes_side_files() || lists.ListBorrar.count() > 1) CommandBorrado.show();
 
+  show_ProyectosFuera();
   work_.PrimerProyecto.clear();
   work_.Cancelar = false;
   cmdCancelar.hide();

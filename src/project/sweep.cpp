@@ -73,6 +73,7 @@ bool Form1::BarrerProyectos() {
   if (work_.superseded(job)) return false;
   tree_.forget();
 
+  show_ProyectosFuera();
   lists.ListBorrar.show();
   cmdCancelar.hide();
   cmdPerdidos.show();
@@ -99,6 +100,7 @@ void Form1::ListProyectos_Drop(const std::vector<std::string>& items) {
   if (work_.Borrando || work_.Descodificando) return;
   work_.begin_job();
   left_out_.clear();
+  show_ProyectosFuera();
   kept_side_files_.clear();
   tree_.forget();
   windows_.hide("Buscar");
@@ -171,6 +173,7 @@ void Form1::end_empty_drop() {
   const auto left_out = work_.ProyectosFuera;
   cmdReset_Click();
   work_.ProyectosFuera = left_out;
+  show_ProyectosFuera();
   show_swept();
   tell_kept_side_files();
 }

@@ -26,10 +26,7 @@ struct WorkInHand {
   std::string PrimerProyecto;  // the project that a sweep by drop decodes first
   std::string NombreProyecto;  // full path of the decoded project
   std::string ArchivoActual;   // audio file of the moment
-  // Projects that count for nothing in this work, each with the reason: what they use may be
-  // offered as unused, so that the user has to be told of them.
-  std::vector<ProyectoFuera> ProyectosFuera;
-  bool Cancelar = false;               // stop request, looked at by every long loop
+  bool Cancelar = false;       // stop request, looked at by every long loop
   bool Descodificando = false;         // a decode runs
   bool ModoPosiciones = false;         // relinking runs: the reader writes positions, adds no rows
   bool ClickEnLista = false;           // a click on a list is being handled

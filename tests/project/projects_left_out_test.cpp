@@ -9,8 +9,8 @@ namespace {
 
 using ::testing::ElementsAre;
 
-struct ProjectsLeftOut : ::testing::Test, Desk {
-  ProjectsLeftOut() { start(); }
+struct LeftOutWindow : ::testing::Test, Desk {
+  LeftOutWindow() { start(); }
 
   void leave_out(const std::string& path, const std::string& reason) {
     work.ProyectosFuera.push_back({path, reason});
@@ -19,13 +19,13 @@ struct ProjectsLeftOut : ::testing::Test, Desk {
   project::Fuera* window() { return windows.find_as<project::Fuera>("Fuera"); }
 };
 
-TEST_F(ProjectsLeftOut, are_not_spoken_of_while_there_are_none) {
+TEST_F(LeftOutWindow, are_not_spoken_of_while_there_are_none) {
   EXPECT_FALSE(form.LabelFuera.visible());
   form.show_ProyectosFuera();
   EXPECT_FALSE(form.LabelFuera.visible());
 }
 
-TEST_F(ProjectsLeftOut, are_counted_in_the_main_window) {
+TEST_F(LeftOutWindow, are_counted_in_the_main_window) {
   leave_out("D:\\Mix\\a.vip", "no se puede leer");
   EXPECT_TRUE(form.LabelFuera.visible());
   EXPECT_EQ(form.LabelFuera.caption(), "1 proyectos no cuentan");
@@ -34,7 +34,7 @@ TEST_F(ProjectsLeftOut, are_counted_in_the_main_window) {
   EXPECT_EQ(window(), nullptr) << "nobody asked for the list";
 }
 
-TEST_F(ProjectsLeftOut, the_label_covers_no_place_of_another_control) {
+TEST_F(LeftOutWindow, the_label_covers_no_place_of_another_control) {
   const ui::Rect& own = form.LabelFuera.bounds();
   ASSERT_GT(own.width, 0);
   int compared = 0;
@@ -49,7 +49,7 @@ TEST_F(ProjectsLeftOut, the_label_covers_no_place_of_another_control) {
   EXPECT_GT(compared, 40);
 }
 
-TEST_F(ProjectsLeftOut, a_click_lists_them_with_their_reasons) {
+TEST_F(LeftOutWindow, a_click_lists_them_with_their_reasons) {
   leave_out("D:\\Mix\\a.vip", "no se puede leer");
   leave_out("D:\\Mix\\Año\\b.vip", "vacío");
   form.LabelFuera.on_click();
@@ -64,7 +64,7 @@ TEST_F(ProjectsLeftOut, a_click_lists_them_with_their_reasons) {
             "Lo que usan estos proyectos puede aparecer en la lista 4 como no utilizado.");
 }
 
-TEST_F(ProjectsLeftOut, a_second_click_closes_the_list_and_its_place_is_kept) {
+TEST_F(LeftOutWindow, a_second_click_closes_the_list_and_its_place_is_kept) {
   leave_out("D:\\Mix\\a.vip", "vacío");
   form.LabelFuera.on_click();
   window()->set_position({333, 222});
@@ -77,7 +77,7 @@ TEST_F(ProjectsLeftOut, a_second_click_closes_the_list_and_its_place_is_kept) {
   EXPECT_EQ(window()->position(), (ui::Point{333, 222}));
 }
 
-TEST_F(ProjectsLeftOut, its_buttons_close_and_minimise_the_list) {
+TEST_F(LeftOutWindow, its_buttons_close_and_minimise_the_list) {
   leave_out("D:\\Mix\\a.vip", "vacío");
   form.LabelFuera.on_click();
   window()->Button2.on_click();
@@ -92,7 +92,7 @@ TEST_F(ProjectsLeftOut, its_buttons_close_and_minimise_the_list) {
   EXPECT_EQ(window(), nullptr);
 }
 
-TEST_F(ProjectsLeftOut, the_open_list_follows_the_work) {
+TEST_F(LeftOutWindow, the_open_list_follows_the_work) {
   leave_out("D:\\Mix\\a.vip", "vacío");
   form.LabelFuera.on_click();
   leave_out("D:\\Mix\\b.vip", "vacío");
@@ -104,7 +104,7 @@ TEST_F(ProjectsLeftOut, the_open_list_follows_the_work) {
   EXPECT_FALSE(form.LabelFuera.visible());
 }
 
-TEST_F(ProjectsLeftOut, a_reset_forgets_them_and_closes_the_list) {
+TEST_F(LeftOutWindow, a_reset_forgets_them_and_closes_the_list) {
   leave_out("D:\\Mix\\a.vip", "vacío");
   form.LabelFuera.on_click();
   form.cmdReset_Click();
@@ -113,7 +113,7 @@ TEST_F(ProjectsLeftOut, a_reset_forgets_them_and_closes_the_list) {
   EXPECT_EQ(window(), nullptr);
 }
 
-TEST_F(ProjectsLeftOut, a_reset_that_is_refused_keeps_them) {
+TEST_F(LeftOutWindow, a_reset_that_is_refused_keeps_them) {
   leave_out("D:\\Mix\\a.vip", "vacío");
   work.Borrando = true;
   form.cmdReset_Click();

@@ -23,8 +23,8 @@ class FailingFiles final : public system::FileSystem {
   std::function<void(std::string_view)> on_create_new;
 
   std::optional<system::FileInfo> info(std::string_view path) override { return files_.info(path); }
-  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override {
-    return files_.each(folder, detail, visit);
+  std::optional<system::FileIdentity> identity(std::string_view path) override {
+    return files_.identity(path);
   }
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
     return files_.open(path);
@@ -43,6 +43,11 @@ class FailingFiles final : public system::FileSystem {
   bool remove(std::string_view path) override { return files_.remove(path); }
 
  private:
+  bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                  const VisitUnnamed& unnamed) override {
+    return files_.each(folder, detail, visit, unnamed);
+  }
+
   class Output final : public system::OutputFile {
    public:
     Output(FailingFiles& files, std::unique_ptr<system::OutputFile> file)
