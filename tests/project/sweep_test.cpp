@@ -417,5 +417,139 @@ TEST_F(Sweep, reports_are_saved_beside_the_projects) {
                         std::string(66, '-') + "\r\n \r\nD:\\x.wav\r\n");
 }
 
+struct SavedReports : Sweep {
+  std::string report(const std::string& below) {
+    const auto file = disk.files().open(disk.path(below));
+    if (!file) return "";
+    std::string bytes(file->size(), '\0');
+    file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
+    return bytes;
+  }
+  void expect_shown(const std::string& project, const std::vector<std::string>& rows) {
+    EXPECT_EQ(form.lists.ListVip.rows(), rows);
+    EXPECT_EQ(work.NombreProyecto, project);
+    EXPECT_EQ(form.lists.LabelCount[0].caption(),
+              std::to_string(rows.size()) + " Archivos utilizados en: " + project);
+    EXPECT_TRUE(form.lists.LabelCount[1].visible());
+    EXPECT_TRUE(form.lists.ListVip.visible());
+  }
+};
+
+TEST_F(SavedReports, leave_a_backup_that_was_opened_by_hand_on_screen) {
+  form.CheckBAK.set_checked(false);
+  disk.write("a.vip", project_of({"D:\\x.wav"}));
+  disk.write("b_BAK.vip", project_of({"D:\\y.wav"}));
+  open("b_BAK.vip");
+  form.SalvaListados.on_click();
+  expect_shown(disk.path("b_BAK.vip"), {"D:\\y.wav"});
+}
+
+TEST_F(SavedReports, leave_a_project_on_screen_that_was_picked_in_another_case) {
+  disk.write("a.vip", project_of({"D:\\x.wav"}));
+  disk.write("b.vip", project_of({"D:\\y.wav"}));
+  open("A.VIP");
+  form.SalvaListados.on_click();
+  expect_shown(disk.path("A.VIP"), {"D:\\x.wav"});
+}
+
+TEST_F(SavedReports, leave_what_was_shown_of_a_project_that_is_gone) {
+  disk.write("a.vip", project_of({"D:\\x.wav"}));
+  disk.write("b.vip", project_of({"D:\\y.wav"}));
+  open("a.vip");
+  disk.remove("a.vip");
+  form.SalvaListados.on_click();
+  expect_shown(disk.path("a.vip"), {"D:\\x.wav"});
+}
+
+TEST_F(SavedReports, that_cannot_be_written_are_told_on_the_strip) {
+  disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
+  disk.make_folder("Mix\\Listados\\Archivos Totales.log");
+  open("Mix\\a.vip");
+  form.SalvaListados.on_click();
+  EXPECT_EQ(form.strip.TextDecode.text(), " >>> AVISO <<<   No se ha podido salvar:\r\n" +
+                                              disk.path("Mix\\Listados\\Archivos Totales.log"));
+  EXPECT_TRUE(form.strip.TextDecode.visible());
+  EXPECT_TRUE(there("Mix\\Listados\\Archivos de a.vip.log"));
+  EXPECT_TRUE(dialogs.messages.empty());
+  disk.remove("Mix\\Listados\\Archivos Totales.log");
+  form.SalvaListados.on_click();
+  EXPECT_FALSE(form.strip.TextDecode.visible());
+}
+
+TEST_F(SavedReports, of_projects_with_the_longest_names_are_written) {
+  for (const std::size_t length : {236, 239}) {
+    const std::string name = std::string(length - 4, 'n') + ".vip";
+    disk.write("Mix\\" + name, project_of({"D:\\x.wav"}));
+    open("Mix\\" + name);
+    form.SalvaListados.on_click();
+    EXPECT_TRUE(there("Mix\\Listados\\Archivos de " + name + ".log")) << length;
+  }
+}
+
+TEST_F(SavedReports, of_unused_files_are_not_headed_by_an_earlier_empty_result) {
+  disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
+  open("Mix\\a.vip");
+  EXPECT_EQ(form.lists.LabelErase[0].caption(), "No se han encontrado archivos no utilizados");
+  disk.write("Mix\\toma.wav", "x");
+  open("Mix\\a.vip");
+  form.SalvaListados.on_click();
+  const std::string text = report("Mix\\Listados\\Archivos a Borrar.log");
+  EXPECT_EQ(text.find("No se han encontrado"), std::string::npos) << text;
+  EXPECT_NE(text.find("Archivos no utilizados: 1"), std::string::npos) << text;
+}
+
+TEST_F(Sweep, the_bar_runs_a_second_time_over_the_candidates_that_are_left) {
+  disk.write("a.vip", project_of({disk.path("a.wav")}));
+  for (const char* file : {"a.wav", "b.wav", "c.wav", "d.wav", "e.h2"}) disk.write(file, file);
+  open("a.vip");
+  EXPECT_EQ(form.strip.XP_ProgressBar1.maximum(), 3) << "c, d and the side file";
+}
+
+TEST_F(Sweep, a_listing_that_was_superseded_gives_the_pointer_back) {
+  for (int i = 0; i < 40; ++i) {
+    disk.write("Mix\\" + std::to_string(i) + "\\p.vip", project_of({"D:\\x.wav"}));
+  }
+  disk.write("Otro\\z.vip", project_of({"D:\\z.wav"}));
+  disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
+  bool waited = false;
+  in_the_middle([&] { return form.waiting(); },
+                [&] {
+                  waited = true;
+                  form.cmdCancelar_Click();
+                  drop({"Otro"});
+                });
+  open("Mix\\a.vip");
+  EXPECT_TRUE(waited);
+  EXPECT_FALSE(form.waiting());
+  EXPECT_THAT(form.lists.ListProyectos.rows(), ElementsAre(row(1, "Otro\\z.vip")));
+}
+
+TEST_F(Sweep, a_stop_asked_of_a_double_click_does_not_end_the_next_search) {
+  disk.write("a.vip", project_of({"D:\\x.wav"}, 3'000'000));
+  disk.write("Otra\\x.wav", "x");
+  open("a.vip");
+  in_the_middle([&] { return form.strip.XP_ProgressBar1.visible(); },
+                [&] { form.cmdCancelar_Click(); });
+  double_click(0);
+  EXPECT_TRUE(work.Cancelar);
+  EXPECT_TRUE(buscar().BuscarEnTodasUnidades("D:\\x.wav", form.lists.ListUtilizados));
+  EXPECT_EQ(work.ArchivoActual, disk.path("Otra\\x.wav"));
+  // While projects are updated, a search is part of that job and obeys its stop.
+  work.ModoPosiciones = true;
+  work.Cancelar = true;
+  EXPECT_FALSE(buscar().BuscarEnTodasUnidades("D:\\x.wav", form.lists.ListUtilizados));
+}
+
+TEST_F(Sweep, the_backup_rule_of_the_flat_listing_looks_at_the_whole_path) {
+  disk.write("Viejo_BAK\\a.vip", project_of({"D:\\x.wav"}));
+  form.CheckBAK.set_checked(false);
+  form.CheckSubPath.set_checked(false);
+  open("Viejo_BAK\\a.vip");
+  EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
+  form.CheckBAK.set_checked(true);
+  open("Viejo_BAK\\a.vip");
+  EXPECT_THAT(form.lists.ListProyectos.rows(), SizeIs(1));
+}
+
 }  // namespace
 }  // namespace ordelan::test
