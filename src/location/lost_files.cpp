@@ -28,10 +28,11 @@ std::string_view folder_of(std::string_view path) {
 // How many used files each folder has.
 using Crowd = std::unordered_map<std::string_view, int>;
 
-Crowd crowd_of(const std::vector<std::string>& rows) {
+Crowd crowd_of(const std::vector<std::string>& rows, system::Pacer& pacer) {
   Crowd crowd;
   for (const std::string& row : rows) {
     if (!is_title(row)) ++crowd[folder_of(row)];
+    pacer.turn();
   }
   return crowd;
 }
@@ -64,8 +65,8 @@ void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
 std::vector<std::string> LostFiles::collect(project::FolderTree& folders) const {
   const auto job = context_.work.current_job();
   const auto used = context_.main.lists.ListUtilizados.kept_rows();
-  const Crowd crowd = crowd_of(*used);
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
+  const Crowd crowd = crowd_of(*used, pacer);
   std::vector<std::string> rows;
   for (const std::string& row : *used) {
     if (is_title(row)) {

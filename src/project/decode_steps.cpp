@@ -59,6 +59,14 @@ void Form1::LlenarListBorrar() {
   show_CommandBorrado();
 }
 
+// Forgets what was listed of the disk for this job. False if something newer has taken its place.
+bool Form1::forget_tree() {
+  const auto job = work_.current_job();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  tree_.forget([&] { pacer.turn(); });
+  return !work_.superseded(job);
+}
+
 // Shown when there is something to remove.
 void Form1::show_CommandBorrado() {
   CommandBorrado.set_visible(!lists.ListBorrar.empty() || removes_side_files());

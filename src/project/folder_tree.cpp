@@ -73,6 +73,16 @@ std::optional<bool> FolderTree::holds_plain_file(std::string_view path) {
   return false;
 }
 
+void FolderTree::forget(const std::function<void()>& turn) {
+  // Whatever is listed in a turn belongs to the next job.
+  Listings old = std::exchange(listings_, {});
+  last_ = listings_.end();
+  while (!old.empty()) {
+    old.erase(old.begin());
+    turn();
+  }
+}
+
 bool FolderTree::walk(
     const std::string& folder,
     const std::function<bool(const std::string& folder, const Listing& listing)>& visit) {

@@ -56,11 +56,9 @@ class FolderTree {
   bool walk(const std::string& folder,
             const std::function<bool(const std::string& folder, const Listing& listing)>& visit);
 
-  // Forgets everything listed so far: the next look is at the disk.
-  void forget() {
-    listings_.clear();
-    last_ = listings_.end();
-  }
+  // Forgets everything listed so far: the next look is at the disk. `turn` is called now and then,
+  // as large trees take a while to free.
+  void forget(const std::function<void()>& turn = [] {});
 
  private:
   // Finds by a part of a text, without a copy of it. Not noexcept: the map keeps the hashes then.

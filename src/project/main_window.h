@@ -126,6 +126,7 @@ class Form1 final : public ui::Window {
   void LlenarListUtilizados();
   void LlenarListBorrar();
   void show_CommandBorrado();
+  bool forget_tree();
 
   // What the window shows of the decoded project.
   struct ShownProject {

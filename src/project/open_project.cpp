@@ -61,8 +61,7 @@ void Form1::open_project(const std::string& path) {
       if (work_.superseded(job)) return;
       show_decoded();
       location_->LlenarPerdidos(tree_);
-      if (work_.superseded(job)) return;
-      tree_.forget();
+      if (work_.superseded(job) || !forget_tree()) return;
       cmdReset.show();
       if (work_.Cancelar) cmdReset_Click();  // asked for while the report was made
       ZoomListas.show();

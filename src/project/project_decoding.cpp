@@ -30,7 +30,8 @@ void ProjectDecoding::DescodificarProyectos(bool with_backups) {
     strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
     if (work_.Cancelar) break;
   }
-  if (!work_.Cancelar) duplicates = strike_out_repeats();
+  if (!work_.Cancelar) duplicates = strike_out_repeats(pacer);
+  if (work_.superseded(job)) return;
 
   strip_.TextDecode.hide();
   lists_.LabelAdd.set_visible(false);
@@ -78,17 +79,21 @@ void ProjectDecoding::read_misread(const std::string& path) {
 
 // Two files are the same only if their full paths are, letter for letter; the first stays, so that
 // a shared file stands under the first project that uses it.
-std::size_t ProjectDecoding::strike_out_repeats() {
+std::size_t ProjectDecoding::strike_out_repeats(system::Pacer& pacer) {
   ui::ListBox& list = lists_.ListUtilizados;
-  const auto repeated =
-      repeated_rows(list.rows(), [](const std::string& row) { return !text::is_file_row(row); });
+  const auto job = work_.current_job();
+  auto rows = list.kept_rows();
+  const auto repeated = repeated_rows(
+      *rows, [](const std::string& row) { return !text::is_file_row(row); }, [&] { pacer.turn(); });
+  if (work_.superseded(job)) return 0;
   std::size_t count = 0;
   std::string last;
   for (std::size_t i = 0; i < repeated.size(); ++i) {
     if (!repeated[i]) continue;
     ++count;
-    last = list.row(i);
+    last = (*rows)[i];
   }
+  rows.reset();  // or the list would copy them before it takes any out
   if (count == 0) return 0;
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(list.count()));
   strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(list.count()));

@@ -43,7 +43,7 @@ class ProjectDecoding {
  private:
   void decode_row(const std::string& row, bool with_backups);
   void read_misread(const std::string& path);
-  std::size_t strike_out_repeats();
+  std::size_t strike_out_repeats(system::Pacer& pacer);
 
   const system::Platform& platform_;
   work::WorkInHand& work_;

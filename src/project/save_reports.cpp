@@ -24,6 +24,7 @@ void Form1::SalvaListados_Click() {
     if (!saved) failed.push_back(folder + name);
   };
   const ShownProject shown = shown_project();
+  system::Pacer pacer(platform_.pump, platform_.clock);
   work_.Descodificando = true;
   for (std::size_t i = 0; i < lists.ListProyectos.count(); ++i) {
     const std::string row = lists.ListProyectos.row(i);
@@ -32,6 +33,9 @@ void Form1::SalvaListados_Click() {
     if (work_.Cancelar) break;
     save("Archivos de " + text::Obtener_Nombre_Archivo(row) + ".log", lists.ListVip,
          lists.LabelCount);
+    // Small projects are read too quickly to give the window a turn.
+    pacer.turn();
+    if (work_.superseded(job)) return;
   }
   work_.Cancelar = false;
   show_again(shown);

@@ -70,8 +70,7 @@ bool Form1::BarrerProyectos() {
   LlenarListBorrar();
   if (work_.superseded(job)) return false;
   location_->LlenarPerdidos(tree_);
-  if (work_.superseded(job)) return false;
-  tree_.forget();
+  if (work_.superseded(job) || !forget_tree()) return false;
 
   show_ProyectosFuera();
   lists.ListBorrar.show();

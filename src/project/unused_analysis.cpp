@@ -47,7 +47,7 @@ void UnusedAnalysis::ListarArchivosCarpetas() {
   std::vector<std::string> candidates;
   searched_.clear();
   for (std::size_t i = 0; i < folders.size() && !work_.must_stop(loop.job); ++i) {
-    if (!repeated[i] && !BuscarArchivosAPI(folders[i], candidates)) break;
+    if (!repeated[i] && !search_folder(folders[i], candidates, loop)) break;
   }
   if (work_.superseded(loop.job)) return;
   if (!work_.Cancelar) note_projects_left_out(*projects, loop);
@@ -60,8 +60,10 @@ void UnusedAnalysis::ListarArchivosCarpetas() {
 // dropped one, hidden, or such that nobody can name.
 void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects, Loop& loop) {
   std::unordered_set<std::string> listed;
-  for (const std::string& row : projects)
+  for (const std::string& row : projects) {
     listed.insert(text::same_file_key(text::behind_arrow(row)));
+    if (!loop.turn()) return;
+  }
   for (const std::string& folder : searched_) {
     const FolderTree::Listing& found = tree_.listing(folder);
     if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
@@ -84,8 +86,12 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
 }
 
 bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista) {
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
+  Loop loop(platform_, work_);
+  return search_folder(Ruta, Lista, loop);
+}
+
+bool UnusedAnalysis::search_folder(const std::string& Ruta, std::vector<std::string>& Lista,
+                                   Loop& loop) {
   std::array<std::vector<std::string>, kPatterns.size()> found;
   const bool whole = tree_.walk(system::with_backslash(Ruta),
                                 [&](const std::string& folder, const FolderTree::Listing& listing) {
@@ -94,13 +100,16 @@ bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std:
                                     if (const auto kind = kind_of(file.name))
                                       found[*kind].push_back(folder + file.name);
                                   }
-                                  return !(pacer.turn() && work_.must_stop(job));
+                                  return loop.turn();
                                 });
   for (auto& rows : found) {
-    Lista.insert(Lista.end(), std::make_move_iterator(rows.begin()),
-                 std::make_move_iterator(rows.end()));
+    for (std::string& row : rows) {
+      Lista.push_back(std::move(row));
+      loop.turn();
+    }
+    rows = {};
   }
-  return whole;
+  return whole && !work_.must_stop(loop.job);
 }
 
 bool UnusedAnalysis::exists(const std::string& path) {
@@ -137,6 +146,8 @@ void UnusedAnalysis::BuscarNoUtilizados(const std::vector<std::string>& also_use
   std::vector<std::string> left;
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     if (!struck[i]) left.push_back(std::move(candidates[i]));
+    if (work_.must_stop(loop.job)) break;
+    loop.turn();
   }
   candidates = {};
   if (!work_.Cancelar) offer_unused({used.get(), shown.get(), &also_used}, left, loop);

@@ -52,6 +52,7 @@ class UnusedAnalysis {
   // A loop of one job, with its turns for the window.
   struct Loop;
 
+  bool search_folder(const std::string& Ruta, std::vector<std::string>& Lista, Loop& loop);
   void note_projects_left_out(const std::vector<std::string>& projects, Loop& loop);
   bool exists(const std::string& path);
   bool equal(const std::string& used, const std::string& candidate);
