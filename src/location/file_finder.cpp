@@ -176,7 +176,11 @@ void cFindFiles::scan(const std::string& path) {
         if (!SearchSubDirs) return true;
         ++folders_;
         // A junction or a link leads out of the tree, or round in it.
-        if (!entry.link) folders.push_back(std::move(entry));
+        if (!entry.link) {
+          folders.push_back(std::move(entry));
+        } else if (on_unseen) {
+          on_unseen(here + entry.name + "\\", Unseen::linked);
+        }
       } else if (passes_extension(entry.name) && passes_limits(entry) && passes_name(entry.name)) {
         files.push_back(std::move(entry));
       }
@@ -186,11 +190,11 @@ void cFindFiles::scan(const std::string& path) {
       return !stop_;
     };
     const auto miss = [&](const system::UnnamedEntry& entry) {
-      if (on_unseen) on_unseen(here + entry.shown + (entry.folder ? "\\" : ""), true);
+      if (on_unseen) on_unseen(here + entry.shown + (entry.folder ? "\\" : ""), Unseen::unnamed);
     };
     const bool readable = platform_.files.each(here, wanted, see, miss);
     if (stop_) return;
-    if (!readable && on_unseen && platform_.files.info(here)) on_unseen(here, false);
+    if (!readable && on_unseen && platform_.files.info(here)) on_unseen(here, Unseen::unreadable);
     std::sort(files.begin(), files.end(), system::in_listing_order);
     offer(here, files);
     std::sort(folders.begin(), folders.end(), system::in_listing_order);

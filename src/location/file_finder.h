@@ -62,9 +62,11 @@ class cFindFiles {
   std::function<void(const std::string& Archivo)> GetFile;  // ahead of its place in ColFiles
   std::function<void()> InitSearch;
   std::function<void()> EndSearch;
-  // An entry that the code page cannot name, or a folder that cannot be listed (its path ends in a
-  // backslash): what lies there is not seen. The name is for the user to read.
-  std::function<void(const std::string& Ruta, bool unnamed)> on_unseen;
+  // What a search passes over: entries that the code page cannot name, folders that cannot be
+  // listed and folders that only lead to another place. The path, with a backslash at the end of a
+  // folder's, is for the user to read.
+  enum class Unseen { unnamed, unreadable, linked };
+  std::function<void(const std::string& Ruta, Unseen Motivo)> on_unseen;
   // After each turn that the window was given during a search: what it was asked may be looked at
   // here, and StopSearch called.
   std::function<void()> on_turn;

@@ -49,7 +49,12 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
   const UnderWay under_way(searching_);
   // A search of the user's own begins here: a stop that was asked of an earlier job is over. While
   // projects are updated it belongs to that job.
-  if (!context_.work.ModoPosiciones) context_.work.Cancelar = false;
+  if (!context_.work.ModoPosiciones && !context_.work.Descodificando) {
+    context_.work.Cancelar = false;
+    // A job that was cancelled and has not looked yet must not take this for leave to go on.
+    context_.work.begin_job();
+    context_.main.strip.LabelAviso.hide();
+  }
   const auto job = context_.work.current_job();
   const bool found = search(std::string(Archivo), job);
   asked_.clear();

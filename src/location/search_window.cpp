@@ -68,9 +68,11 @@ bool Buscar::BuscarVips() {
   if (folder.ends_with('\\')) folder.pop_back();
   List2.clear();
   project::LeftOut& left_out = context_.main.left_out;
-  cFind_->on_unseen = [&left_out](const std::string& path, bool unnamed) {
+  cFind_->on_unseen = [&left_out](const std::string& path, cFindFiles::Unseen why) {
     if (!path.ends_with('\\') && !project::is_project_name(path)) return;
-    left_out.add(path, unnamed ? project::WhyOut::unnamed : project::WhyOut::unreadable);
+    left_out.add(path, why == cFindFiles::Unseen::unnamed  ? project::WhyOut::unnamed
+                       : why == cFindFiles::Unseen::linked ? project::WhyOut::linked
+                                                           : project::WhyOut::unreadable);
   };
   run(folder, "*.vip");
   if (context_.work.superseded(job)) return false;

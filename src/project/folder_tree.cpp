@@ -4,8 +4,22 @@
 #include <utility>
 
 #include "text/code_page.h"
+#include "text/paths.h"
 
 namespace ordelan::project {
+
+std::vector<std::string> folders_around(const std::string& folder) {
+  std::vector<std::string> around;
+  const std::size_t root = system::with_backslash(text::root(folder)).size();
+  std::string here = system::with_backslash(folder);
+  while (root > 1 && here.size() > root) {
+    here.pop_back();
+    here = text::getPath(here, "\\");
+    if (here.size() < root) break;
+    around.push_back(here);
+  }
+  return around;
+}
 
 FolderTree::Listing* FolderTree::known(std::string_view folder) const {
   if (last_ == listings_.end() || last_->first != folder) last_ = listings_.find(folder);
@@ -23,7 +37,10 @@ const FolderTree::Listing& FolderTree::listing(std::string_view folder) {
   if (!entries) return listing;
   for (system::FileInfo& entry : *entries) {
     // A junction or a link to a folder leads out of the tree, or round in it.
-    if (entry.folder && entry.link) continue;
+    if (entry.folder && entry.link) {
+      listing.links.push_back(std::move(entry.name));
+      continue;
+    }
     auto& kind = entry.folder ? listing.folders : listing.files;
     kind.push_back(
         {std::move(entry.name), !entry.hidden && !entry.system, entry.link, entry.number});

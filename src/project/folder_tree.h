@@ -13,6 +13,10 @@
 
 namespace ordelan::project {
 
+// The folders that a folder lies in, the nearest first, each with its backslash; none of the root
+// of a drive or of a share, and none of a path without a root.
+std::vector<std::string> folders_around(const std::string& folder);
+
 class FolderTree {
  public:
   // A file or folder of a listing.
@@ -24,8 +28,9 @@ class FolderTree {
   };
   struct Listing {
     bool readable = false;
-    std::vector<Entry> files;    // in the order of the disk
-    std::vector<Entry> folders;  // without those that only stand for another place
+    std::vector<Entry> files;        // in the order of the disk
+    std::vector<Entry> folders;      // without those that only stand for another place
+    std::vector<std::string> links;  // names of folders that do
     // Entries that the code page cannot name, to be shown to the user.
     std::vector<system::UnnamedEntry> unnamed;
   };

@@ -15,6 +15,8 @@ const char* motivo(WhyOut why) {
       return "en una carpeta FreezeData";
     case WhyOut::unnamed:
       return "su nombre no cabe en la página de códigos";
+    case WhyOut::linked:
+      return "carpeta enlazada: no se mira";
     case WhyOut::unreadable:
       return "no se puede leer: bloqueado o sin permiso";
     case WhyOut::broken:
@@ -25,6 +27,8 @@ const char* motivo(WhyOut why) {
       return "oculto o de sistema";
     case WhyOut::not_listed:
       return "no está entre los proyectos abiertos o soltados";
+    case WhyOut::above:
+      return "en una carpeta más arriba";
     case WhyOut::after_folder:
       return "soltado con una carpeta que ya tenía proyectos";
   }

@@ -14,11 +14,13 @@ enum class WhyOut {
   backup,        // "_BAK", while backups are not included
   frozen,        // in a folder of frozen tracks
   unnamed,       // its name, or that of its folder, does not fit into the code page
+  linked,        // a folder that only leads to another place, whose projects are not looked for
   unreadable,    // locked, or not allowed to be read
   broken,        // a read failed: what it uses may be known only in part
   gone,          // it was listed and is no longer there
   hidden,        // a hidden or system file
   not_listed,    // it lies in a searched folder and was not among the projects of the work
+  above,         // in a folder that holds one of those searched: its audio may lie below it
   after_folder,  // dropped together with a folder that ended the drop
 };
 

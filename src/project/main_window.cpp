@@ -190,6 +190,7 @@ void Form1::cmdReset_Click() {
   work_.begin_job();
   left_out_.clear();
   show_ProyectosFuera();
+  shown_before_reports_.reset();
   set_waiting(false);
   for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
   clocks.reset();

@@ -1,6 +1,7 @@
 // The main window: it owns the work in hand, and its life is the life of the program.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,7 +47,7 @@ class Form1 final : public ui::Window {
   void AbrirFichero_Click();
   // Projects and folders dropped on ListProyectos: the projects, or all those of the first folder
   // that holds some, are listed and decoded.
-  void ListProyectos_Drop(const std::vector<std::string>& items);
+  void ListProyectos_Drop(const std::vector<std::string>& dropped);
   // Decodes one row of ListProyectos into ListVip; the other lists stay.
   void ListProyectos_Decode(std::size_t Indice);
   void ListProyectos_DblClick();
@@ -169,7 +170,8 @@ class Form1 final : public ui::Window {
   ProjectDecoding decoding_;
   UnusedAnalysis analysis_;
   FileLocation* location_ = nullptr;
-  std::vector<std::string> kept_side_files_;  // of this drop, to be told at its end
+  std::optional<ShownProject> shown_before_reports_;  // while reports are saved
+  std::vector<std::string> kept_side_files_;          // of this drop, to be told at its end
 };
 
 }  // namespace ordelan::project

@@ -1,4 +1,6 @@
 // From a click on AbrirFichero to filled lists.
+#include <algorithm>
+
 #include "project/main_window.h"
 #include "text/paths.h"
 #include "ui/list_width.h"
@@ -20,7 +22,10 @@ void Form1::AbrirFichero_Click() {
   const auto picked = platform_.dialogs.open_files({.filter = "Proyectos (*.vip)|*.vip"});
   // Something else may have been begun while the dialog was up.
   if (picked.empty() || work_.Descodificando || work_.Borrando) return;
-  open_project(picked.front());
+  // Folders are cut at backslashes.
+  std::string path = picked.front();
+  std::replace(path.begin(), path.end(), '/', '\\');
+  open_project(path);
 }
 
 void Form1::open_project(const std::string& path) {

@@ -52,9 +52,8 @@ void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
   strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
 
   const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
-  const std::string own_path =
-      with_backups ? text::Obtener_VipPath(row) : std::string(text::behind_arrow(row));
-  std::string path = own_path;
+  const std::string own_path(text::behind_arrow(row));
+  std::string path = with_backups ? text::Obtener_VipPath(row) : own_path;
   if (!with_backups && !work_.PrimerProyecto.empty() &&
       !platform_.files.look_up(work_.PrimerProyecto)) {
     path = work_.RutaProyectos + path;
@@ -66,8 +65,9 @@ void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
   } else if (const auto why = why_without_audio(platform_.files, reader_, path)) {
     left_out_.add(own_path, *why);
   }
-  // The folder is put before rows that are names alone, and before whole paths as well: those are
-  // then not found, and their headings show it. What those projects use must not be offered.
+  // The folder is put before rows that are names alone, and before whole paths as well, which are
+  // then not found; and of a row on a network share the number stays before the path, which is then
+  // read from the wrong place. What those projects use must not be offered.
   if (path != own_path && !work_.superseded(job)) read_misread(own_path);
 }
 

@@ -8,6 +8,7 @@ namespace ordelan::project {
 
 void Form1::SalvaListados_Click() {
   if (work_.Borrando || work_.Descodificando) return;
+  if (work_.RutaProyectos.empty()) return;  // after a drop of nothing: there is nothing to save
   const auto job = work_.begin_job();
   work_.Cancelar = false;
   const std::string folder = work_.RutaProyectos + "Listados\\";
@@ -23,7 +24,8 @@ void Form1::SalvaListados_Click() {
                                                 list, headings[0].caption(), headings[1].caption());
     if (!saved) failed.push_back(folder + name);
   };
-  const ShownProject shown = shown_project();
+  // Begun again in the middle of itself, the reports still put back what stood before the first.
+  if (!shown_before_reports_) shown_before_reports_ = shown_project();
   system::Pacer pacer(platform_.pump, platform_.clock);
   work_.Descodificando = true;
   for (std::size_t i = 0; i < lists.ListProyectos.count(); ++i) {
@@ -38,7 +40,8 @@ void Form1::SalvaListados_Click() {
     if (work_.superseded(job)) return;
   }
   work_.Cancelar = false;
-  show_again(shown);
+  if (shown_before_reports_) show_again(*shown_before_reports_);
+  shown_before_reports_.reset();
   work_.Descodificando = false;
   strip.XP_ProgressBar1.hide();
   lists.ListProyectos.show();

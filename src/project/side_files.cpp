@@ -39,28 +39,65 @@ bool search_file(system::FileSystem& files, const std::string& path, NameSearch&
   return true;
 }
 
-// Searches all that may be projects. Gives what could not be searched, empty if nothing.
-std::string search_projects(const std::string& folder, system::FileSystem& files, FolderTree& tree,
-                            NameSearch& search, const std::function<bool()>& go_on) {
-  std::string unreadable;
-  tree.walk(folder, [&](const std::string& here, const FolderTree::Listing& listing) {
-    if (!listing.readable) unreadable = here;
-    for (const system::UnnamedEntry& entry : listing.unnamed) {
-      if (entry.folder || may_be_project(entry.shown)) unreadable = here + entry.shown;
-    }
+// The search of projects for the names.
+class ProjectSearch {
+ public:
+  ProjectSearch(system::FileSystem& files, NameSearch& names, const std::function<bool()>& go_on)
+      : files_(files), names_(names), go_on_(go_on) {}
+
+  // What could not be searched, empty if nothing.
+  const std::string& unreadable() const { return unreadable_; }
+
+  void search(const std::string& path) {
+    if (unreadable_.empty() && !search_file(files_, path, names_, go_on_)) unreadable_ = path;
+  }
+  void search(const std::string& folder, const FolderTree::Listing& listing) {
+    if (!listing.readable) unreadable_ = folder;
     for (const FolderTree::Entry& file : listing.files) {
-      if (!unreadable.empty()) break;
-      if (!may_be_project(file.name)) continue;
-      if (!search_file(files, here + file.name, search, go_on)) unreadable = here + file.name;
+      if (may_be_project(file.name)) search(folder + file.name);
     }
-    return unreadable.empty() && go_on();
+    for (const system::UnnamedEntry& entry : listing.unnamed) {
+      if (!entry.folder && may_be_project(entry.shown)) unreadable_ = folder + entry.shown;
+    }
+  }
+  // Its subfolders should be searched too: these cannot be.
+  void miss_subfolders(const std::string& folder, const FolderTree::Listing& listing) {
+    for (const std::string& link : listing.links) unreadable_ = folder + link;
+    for (const system::UnnamedEntry& entry : listing.unnamed) {
+      if (entry.folder) unreadable_ = folder + entry.shown;
+    }
+  }
+
+ private:
+  system::FileSystem& files_;
+  NameSearch& names_;
+  const std::function<bool()>& go_on_;
+  std::string unreadable_;
+};
+
+// Searches all projects that may name files of the folder. Gives what could not be searched, empty
+// if nothing.
+std::string search_projects(const std::string& folder, const std::vector<std::string>& projects,
+                            system::FileSystem& files, FolderTree& tree, NameSearch& names,
+                            const std::function<bool()>& go_on) {
+  ProjectSearch search(files, names, go_on);
+  for (const std::string& project : projects) search.search(project);
+  // Audio often lies in a folder of its own below its project.
+  for (const std::string& around : folders_around(folder)) {
+    search.search(around, tree.listing(around));
+  }
+  tree.walk(folder, [&](const std::string& here, const FolderTree::Listing& listing) {
+    search.search(here, listing);
+    search.miss_subfolders(here, listing);
+    return search.unreadable().empty() && go_on();
   });
-  return unreadable;
+  return search.unreadable();
 }
 
 }  // namespace
 
-SideFiles side_files_of(const std::string& folder, system::FileSystem& files, FolderTree& tree,
+SideFiles side_files_of(const std::string& folder, const std::vector<std::string>& projects,
+                        system::FileSystem& files, FolderTree& tree,
                         const std::function<bool()>& go_on) {
   struct SideFile {
     std::string name;
@@ -77,7 +114,8 @@ SideFiles side_files_of(const std::string& folder, system::FileSystem& files, Fo
   }
   SideFiles side;
   NameSearch search(audio);
-  if (!audio.empty()) side.unreadable = search_projects(folder, files, tree, search, go_on);
+  if (!audio.empty())
+    side.unreadable = search_projects(folder, projects, files, tree, search, go_on);
   std::size_t at = 0;
   for (SideFile& file : found) {
     const bool keep = file.audio && (!side.unreadable.empty() || search.found(at));

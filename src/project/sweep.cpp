@@ -1,4 +1,5 @@
 // A sweep over many projects: by a drop, or of one row by a double click.
+#include <algorithm>
 #include <unordered_set>
 
 #include "project/main_window.h"
@@ -95,15 +96,18 @@ void Form1::show_swept() {
   ZoomListas.show();
 }
 
-void Form1::ListProyectos_Drop(const std::vector<std::string>& items) {
+void Form1::ListProyectos_Drop(const std::vector<std::string>& dropped) {
   if (work_.Borrando || work_.Descodificando) return;
   work_.begin_job();
   left_out_.clear();
   show_ProyectosFuera();
   kept_side_files_.clear();
+  shown_before_reports_.reset();
   tree_.forget();
   windows_.hide("Buscar");
   ListProyectosInfo.hide();
+  // What the work before offers must not outlive this one, however it ends.
+  lists.ListBorrar.clear();
   strip.TextDecode.hide();
   ZoomListas.hide();
   work_.Descodificando = true;
@@ -116,10 +120,13 @@ void Form1::ListProyectos_Drop(const std::vector<std::string>& items) {
   strip.notice_decoding();
   SalvaListados.hide();
   ActualizarVip.hide();
-  if (items.empty()) {
+  if (dropped.empty()) {
     cmdReset_Click();
     return;
   }
+  // Rows are cut at backslashes.
+  std::vector<std::string> items = dropped;
+  for (std::string& item : items) std::replace(item.begin(), item.end(), '/', '\\');
   clocks.iniciarCrono();
   lists.ListProyectos.hide();
 
@@ -187,7 +194,14 @@ Form1::Dropped Form1::drop_item(const std::vector<std::string>& items) {
   }
   const auto job = work_.current_job();
   const auto there = platform_.files.look_up(item);
-  if (!there || !is_project_name(there->name)) return drop_folder(items);
+  if (!there || !is_project_name(there->name)) {
+    // A project that is hidden or has gone is taken for a folder too.
+    const auto found = platform_.files.info(item);
+    if (!there && is_project_name(item) && !(found && found->folder)) {
+      left_out_.add(item, found ? WhyOut::hidden : WhyOut::gone);
+    }
+    return drop_folder(items);
+  }
   const bool valid = validator_.Valido(item);
   if (work_.superseded(job)) return Dropped::ended;
   if (!valid) {
@@ -236,9 +250,10 @@ void Form1::ask_to_remove_side_files(const std::string& folder) {
   if (answer != system::Answer::ok || work_.must_stop(job)) return;
   const std::string place = system::with_backslash(folder);
   system::Pacer pacer(platform_.pump, platform_.clock);
-  const SideFiles side = side_files_of(place, platform_.files, tree_,
+  const SideFiles side = side_files_of(place, lists.List1.rows(), platform_.files, tree_,
                                        [&] { return !(pacer.turn() && work_.must_stop(job)); });
   if (work_.must_stop(job)) return;
+  tree_.forget();  // a sweep of this drop must see the folder as it will be
   for (const std::string& name : side.removable) platform_.files.remove(place + name);
   for (const std::string& name : side.kept) kept_side_files_.push_back(place + name);
   if (!side.unreadable.empty() && !side.kept.empty()) {
@@ -296,7 +311,9 @@ void Form1::ListProyectos_DblClick() {
   if (work_.Borrando || work_.Descodificando) return;
   if (lists.ListProyectos.current() < 0) return;
   const auto job = work_.begin_job();
-  work_.Cancelar = false;  // a stop asked of an earlier job
+  shown_before_reports_.reset();
+  work_.Cancelar = false;   // a stop asked of an earlier job
+  strip.LabelAviso.hide();  // the notice of that job
   path_strip.ImageIcon.hide();
   work_.Descodificando = true;
   CheckDragDrop.hide();

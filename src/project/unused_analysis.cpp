@@ -56,31 +56,60 @@ void UnusedAnalysis::ListarArchivosCarpetas() {
   lists_.List1.add(std::move(candidates));
 }
 
+// Whether a project is one of the rows under another path: through a link or a substituted drive.
+bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
+                                         const std::vector<std::string>& projects) {
+  if (listed_.empty()) {
+    for (const std::string& row : projects) {
+      const auto identity = platform_.files.identity(text::behind_arrow(row));
+      if (identity) listed_.push_back(*identity);
+    }
+  }
+  const auto identity = platform_.files.identity(path);
+  return identity && std::find(listed_.begin(), listed_.end(), *identity) != listed_.end();
+}
+
 // Projects among the searched files that have no row: in subfolders that are not included, beside a
 // dropped one, hidden, or such that nobody can name.
 void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects, Loop& loop) {
+  listed_.clear();
   std::unordered_set<std::string> listed;
   for (const std::string& row : projects) {
     listed.insert(text::same_file_key(text::behind_arrow(row)));
     if (!loop.turn()) return;
   }
+  const auto note_files = [&](const std::string& folder, WhyOut why) {
+    for (const FolderTree::Entry& file : tree_.listing(folder).files) {
+      if (!is_project_name(file.name)) continue;
+      const std::string path = folder + file.name;
+      if (listed.contains(text::same_file_key(path)) || is_listed_elsewhere(path, projects)) {
+        continue;
+      }
+      const bool frozen = path.find("FreezeData") != std::string::npos;
+      left_out_.add(path, frozen ? WhyOut::frozen : !file.plain ? WhyOut::hidden : why);
+    }
+    for (const system::UnnamedEntry& entry : tree_.listing(folder).unnamed) {
+      if (!entry.folder && is_project_name(entry.shown)) {
+        left_out_.add(folder + entry.shown, WhyOut::unnamed);
+      }
+    }
+  };
+  std::set<std::string> above;
   for (const std::string& folder : searched_) {
     const FolderTree::Listing& found = tree_.listing(folder);
     if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
+    for (const std::string& link : found.links) left_out_.add(folder + link + "\\", WhyOut::linked);
     for (const system::UnnamedEntry& entry : found.unnamed) {
-      if (entry.folder || is_project_name(entry.shown)) {
-        left_out_.add(folder + entry.shown + (entry.folder ? "\\" : ""), WhyOut::unnamed);
-      }
+      if (entry.folder) left_out_.add(folder + entry.shown + "\\", WhyOut::unnamed);
     }
-    for (const FolderTree::Entry& file : found.files) {
-      if (!is_project_name(file.name)) continue;
-      const std::string path = folder + file.name;
-      if (listed.contains(text::same_file_key(path))) continue;
-      const bool frozen = path.find("FreezeData") != std::string::npos;
-      left_out_.add(path, frozen        ? WhyOut::frozen
-                          : !file.plain ? WhyOut::hidden
-                                        : WhyOut::not_listed);
+    note_files(folder, WhyOut::not_listed);
+    for (std::string& around : folders_around(folder)) {
+      if (!searched_.contains(around)) above.insert(std::move(around));
     }
+    if (!loop.turn()) return;
+  }
+  for (const std::string& folder : above) {
+    note_files(folder, WhyOut::above);
     if (!loop.turn()) return;
   }
 }

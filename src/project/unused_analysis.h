@@ -54,6 +54,7 @@ class UnusedAnalysis {
 
   bool search_folder(const std::string& Ruta, std::vector<std::string>& Lista, Loop& loop);
   void note_projects_left_out(const std::vector<std::string>& projects, Loop& loop);
+  bool is_listed_elsewhere(const std::string& path, const std::vector<std::string>& projects);
   bool exists(const std::string& path);
   bool equal(const std::string& used, const std::string& candidate);
   void offer_unused(const std::vector<const std::vector<std::string>*>& used,
@@ -67,6 +68,7 @@ class UnusedAnalysis {
   work::StatusStrip& strip_;
   FolderTree& tree_;
   LeftOut& left_out_;
+  std::vector<system::FileIdentity> listed_;  // of the projects; empty until they are asked for
   std::set<std::string> searched_;  // the folders of the last search, each with its backslash
 };
 

@@ -96,7 +96,7 @@ class UsedFiles {
     }
     if (entry != nullptr) {
       if (entry->link) add_target(row);
-      if (!known) add_name(folder, entry->name);
+      add_name(folder, entry->name);
       if (entry->number != 0) add_number(folder, entry->number);
     } else if (const auto info = files_.info(row)) {
       if (info->link) add_target(row);

@@ -30,12 +30,10 @@ std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra) {
 }
 
 std::string_view file_name(std::string_view Ruta) {
-  // A title is handed on in a buffer of 255 bytes, its NUL included.
-  constexpr std::size_t kLongest = 254;
   const std::string_view path = Ruta.substr(0, Ruta.find('\0'));
   std::size_t begin = path.size();
   while (begin > 0 && !is_separator(path[begin - 1])) --begin;
-  return path.substr(begin, kLongest);
+  return path.substr(begin);
 }
 
 std::string Obtener_Nombre_Archivo(std::string_view Ruta) {

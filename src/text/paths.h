@@ -16,10 +16,10 @@ std::string getPath(std::string_view Ruta, std::string_view Separador);
 // Text without a backslash gives an empty folder; text without a drive keeps what is there.
 std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra);
 
-// The bare file name: what stands after the last backslash, slash or colon, up to a NUL and at most
-// 254 bytes of it. Brackets, "*" and "?" are characters like any other: files with brackets are
-// common, and a name that no disk can hold is at least no other file's name. Empty for a path that
-// is empty or ends in a separator.
+// The bare file name: what stands after the last backslash, slash or colon, up to a NUL. Brackets,
+// "*" and "?" are characters like any other: files with brackets are common, and a name that no
+// disk can hold is at least no other file's name. Empty for a path that is empty or ends in a
+// separator.
 std::string Obtener_Nombre_Archivo(std::string_view Ruta);
 // The same, as a view of `Ruta`.
 std::string_view file_name(std::string_view Ruta);
