@@ -109,9 +109,7 @@ struct Session {
 // Why a project cannot be read; nothing when it can.
 std::optional<std::string> unreadable(const ArgumentPath& project, const ConsoleHost& host) {
   if (!project.path) return project.motivo;
-  if (project.path->ends_with('\\') || !host.files.look_up(*project.path)) {
-    return "no existe el archivo";
-  }
+  if (!host.files.look_up(*project.path)) return "no existe el archivo";
   if (!host.files.open(*project.path)) return "no se puede leer el archivo";
   return std::nullopt;
 }
