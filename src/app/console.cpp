@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <ostream>
 
 #include "app/console_report.h"
@@ -10,14 +12,16 @@
 #include "headless/scripted_dialogs.h"
 #include "location/drive_boxes.h"
 #include "location/search_window.h"
+#include "settings/settings.h"
 #include "text/code_page.h"
+#include "text/paths.h"
 
 namespace ordelan::app {
 namespace {
 
 struct Options {
   std::vector<std::string> drives;
-  std::string config;
+  std::optional<std::string> config;
   bool json = false;
   std::string project;
   std::vector<std::string> items;
@@ -47,12 +51,48 @@ std::optional<std::string> map_drive(const std::string& drive, const ConsoleHost
   return std::nullopt;
 }
 
+// Says what is wrong with an argument, in a line of its own. `complaint` is code-page text.
+void complain(std::ostream& error, const std::string& argument, const std::string& complaint) {
+  error << "ordelan: " << argument << ": " << text::to_utf8(complaint) << "\n";
+}
+
+// Why a configuration cannot be read; nothing when it can. A hidden one is one too.
+std::optional<std::string> unreadable(const ConfigFile& config) {
+  if (!config.place.path) return config.place.motivo;
+  const auto there = config.files.info(*config.place.path);
+  if (!there || there->folder) return "no existe el archivo";
+  if (!config.files.open(*config.place.path)) return "no se puede leer el archivo";
+  return std::nullopt;
+}
+
+// The settings of the named configuration, or of the usual one where none is named. They are never
+// written: a script that looks at a project must not change how the window stands.
+std::unique_ptr<settings::Settings> settings_of(const Options& options, const ConsoleHost& host,
+                                                std::ostream& error) {
+  std::unique_ptr<settings::Settings> settings;
+  if (!options.config) {
+    settings = std::make_unique<settings::Settings>(host.files, host.regional);
+  } else {
+    const ConfigFile config = host.config(*options.config);
+    const auto complaint = unreadable(config);
+    if (complaint) {
+      complain(error, "--config " + *options.config,
+               *complaint + "; valen las opciones de fábrica");
+    }
+    // Without a file every option has its default.
+    settings = std::make_unique<settings::Settings>(config.files, host.regional,
+                                                    complaint ? "" : *config.place.path);
+  }
+  settings->set_read_only();
+  return settings;
+}
+
 // The program on a backend that shows nothing, with every answer recorded.
 struct Session {
-  Session(const ConsoleHost& host, const std::string& config)
+  Session(const ConsoleHost& host, const Options& options, std::ostream& error)
       : backend(host.clock),
         platform{host.files, dialogs, backend, host.clock, host.regional, host.drives, host.shell},
-        settings(host.settings(config)),
+        settings(settings_of(options, host, error)),
         program(backend, platform, *settings) {
     program.start();
     // That no drive is ticked yet is for who sits before the window.
@@ -66,10 +106,11 @@ struct Session {
   Program program;
 };
 
-// A complaint about a project that cannot be read; nothing when it can.
-std::optional<std::string> unreadable(const std::string& path, const ConsoleHost& host) {
-  if (!host.files.look_up(path)) return "no existe el archivo";
-  if (!host.files.open(path)) return "no se puede leer el archivo";
+// Why a project cannot be read; nothing when it can.
+std::optional<std::string> unreadable(const ArgumentPath& project, const ConsoleHost& host) {
+  if (!project.path) return project.motivo;
+  if (!host.files.look_up(*project.path)) return "no existe el archivo";
+  if (!host.files.open(*project.path)) return "no se puede leer el archivo";
   return std::nullopt;
 }
 
@@ -78,59 +119,80 @@ void set_boxes(project::Form1& form, const Options& options) {
   if (options.backups) form.CheckBAK.set_checked(*options.backups);
 }
 
-// Prints what the window holds, and the warning where it refused.
-int finish(const Session& session, const Options& options, std::ostream& output,
-           std::ostream& error) {
-  const project::Form1& form = session.program.form;
+// Says what stands on the strip, with the line ends of a console. False if it is put away.
+bool tell_strip(const Session& session, std::ostream& error) {
+  const ui::TextBox& strip = session.program.form.strip.TextDecode;
+  if (!strip.visible()) return false;
+  std::string said = text::to_utf8(strip.text());
+  said.erase(std::remove(said.begin(), said.end(), '\r'), said.end());
+  error << said << "\n";
+  return true;
+}
+
+// Prints what the window holds.
+void report(const Session& session, const Options& options, std::ostream& output) {
   ConsoleReport(session.program, session.dialogs.messages).print(output, options.json);
-  if (!form.strip.TextDecode.visible()) return kDone;
-  error << text::to_utf8(form.strip.TextDecode.text()) << "\n";
-  return kRefused;
 }
 
 // Presses AbrirFichero, and the label that saves the reports where that is asked for.
 int open_project(const Options& options, bool save_reports, const ConsoleHost& host,
                  std::ostream& output, std::ostream& error) {
-  const auto path = host.windows_path(options.project);
-  const auto complaint =
-      path ? unreadable(*path, host) : std::optional<std::string>("no está en ninguna unidad");
-  if (complaint) {
-    error << "ordelan: " << options.project << ": " << text::to_utf8(*complaint) << "\n";
+  const ArgumentPath project = host.windows_path(options.project);
+  if (const auto complaint = unreadable(project, host)) {
+    complain(error, options.project, *complaint);
     return kMisused;
   }
 
-  Session session(host, options.config);
+  Session session(host, options, error);
   project::Form1& form = session.program.form;
   set_boxes(form, options);
-  session.dialogs.files.push_back({*path});
+  session.dialogs.files.push_back({*project.path});
   form.AbrirFichero_Click();
-  if (save_reports && form.SalvaListados.visible()) form.SalvaListados_Click();
-  return finish(session, options, output, error);
+  // A backup opened by hand is decoded although it is none of the listed projects.
+  const bool decoded = !form.lists.ListVip.empty() || form.decoded_projects() > 0;
+  bool saved = true;
+  if (save_reports && form.SalvaListados.visible()) {
+    form.SalvaListados_Click();
+    saved = !form.strip.TextDecode.visible();  // it names the reports that could not be saved
+  }
+  report(session, options, output);
+  const bool told = tell_strip(session, error);
+  if (!decoded && !told) {
+    complain(error, options.project, "no se ha descodificado ningún proyecto");
+  }
+  return decoded && saved ? kDone : kRefused;
 }
 
-// Drops the items on the list of projects.
+// Drops the items on the list of projects. Those that are missing are named and left out.
 int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
          std::ostream& error) {
   std::vector<std::string> items;
   for (const std::string& item : options.items) {
-    const auto path = host.windows_path(item);
-    if (!path || !host.files.info(*path)) {
-      error << "ordelan: " << item << ": " << text::to_utf8("no existe o no está en ninguna unidad")
-            << "\n";
-      return kMisused;
+    const ArgumentPath named = host.windows_path(item);
+    if (!named.path) {
+      complain(error, item, named.motivo);
+    } else if (!host.files.info(*named.path)) {
+      complain(error, item, "no existe");
+    } else {
+      items.push_back(*named.path);
     }
-    items.push_back(*path);
   }
-  Session session(host, options.config);
+  if (items.empty()) return kMisused;
+  Session session(host, options, error);
   project::Form1& form = session.program.form;
   set_boxes(form, options);
   form.ListProyectos_Drop(items);
-  const int code = finish(session, options, output, error);
-  if (code == kDone && form.lists.ListProyectos.empty()) {
-    error << "ordelan: no hay proyectos con audio en lo que se ha soltado\n";
-    return kRefused;
-  }
-  return code;
+  report(session, options, output);
+  // What the strip holds after a drop may be a notice about files that were kept: it says nothing
+  // of how the drop went.
+  tell_strip(session, error);
+  if (form.decoded_projects() > 0) return kDone;
+  error << "ordelan: "
+        << text::to_utf8(form.lists.ListProyectos.empty()
+                             ? "no hay proyectos con audio en lo que se ha soltado"
+                             : "no se ha descodificado ningún proyecto")
+        << "\n";
+  return kRefused;
 }
 
 // Ticks the boxes of the drives that the options name, and those alone. Gives a complaint about one
@@ -139,7 +201,8 @@ std::optional<std::string> tick(location::DriveBoxes& boxes, const Options& opti
   if (options.where.empty()) return std::nullopt;
   for (auto& box : boxes.Check1) box->set_checked(false);
   for (const std::string& drive : options.where) {
-    const bool shaped = drive.size() == 1 || (drive.size() <= 3 && drive[1] == ':');
+    const std::string path = full_path(drive);
+    const bool shaped = drive.size() == 1 || (path.size() == 3 && path.ends_with(":\\"));
     const auto box = std::find_if(boxes.Check1.begin(), boxes.Check1.end(), [&](const auto& each) {
       return shaped && !each->tag().empty() && text::lower(each->tag()[0]) == text::lower(drive[0]);
     });
@@ -152,13 +215,16 @@ std::optional<std::string> tick(location::DriveBoxes& boxes, const Options& opti
 // Searches a file on the drives, as a click on a lost row does.
 int search(const Options& options, const ConsoleHost& host, std::ostream& output,
            std::ostream& error) {
-  const auto name = text::from_utf8(options.name);
-  if (!name) {
-    error << "ordelan: " << options.name
-          << text::to_utf8(": este nombre no cabe en la página de códigos") << "\n";
+  const ArgumentPath name = drive_path(options.name);
+  if (!name.path) {
+    complain(error, options.name, name.motivo);
     return kMisused;
   }
-  Session session(host, options.config);
+  if (text::file_name(*name.path).empty()) {
+    complain(error, options.name, "no es el nombre de un archivo");
+    return kMisused;
+  }
+  Session session(host, options, error);
   work::WindowDirectory& windows = session.program.windows;
   auto& boxes = *windows.touch_as<location::DriveBoxes>("UnidadesBuscar");
   if (const auto complaint = tick(boxes, options)) {
@@ -167,10 +233,10 @@ int search(const Options& options, const ConsoleHost& host, std::ostream& output
   }
   project::Form1& form = session.program.form;
   auto& buscar = *windows.touch_as<location::Buscar>("Buscar");
-  const bool found = buscar.BuscarEnTodasUnidades(*name, form.lists.ListUtilizados);
+  const bool found = buscar.BuscarEnTodasUnidades(*name.path, form.lists.ListUtilizados);
   print_search(output, {found, session.program.work.ArchivoActual, form.strip.TextDecode.text()},
                buscar.List2, options.json);
-  if (!found) error << text::to_utf8(form.strip.TextDecode.text()) << "\n";
+  if (!found) tell_strip(session, error);
   return found ? kDone : kRefused;
 }
 
@@ -181,12 +247,17 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   Options options;
   CLI::App app{text::to_utf8("Ordelan sin ventana: qué audio utilizan los proyectos .vip"),
                "ordelan"};
+  app.footer(text::to_utf8(
+      "Termina con 0 si se ha descodificado o encontrado algo, con 1 si no se ha descodificado,\n"
+      "encontrado o salvado, con 2 si se ha usado mal o no hay nada que leer."));
   app.require_subcommand(1);
   app.fallthrough();
   app.add_option("--unidad", options.drives, "X=CARPETA: la unidad X: es esa carpeta")
       ->take_all()
       ->allow_extra_args(false);
-  app.add_option("--config", options.config, "Lee las opciones de este archivo INI");
+  app.add_option("--config", options.config,
+                 text::to_utf8("Lee las opciones de este archivo INI; si no se puede, valen las de "
+                               "fábrica. Nunca se escribe"));
   app.add_flag("--json", options.json, "Imprime un objeto JSON");
   const auto add_command = [&](const std::string& name, const std::string& help) {
     CLI::App* command = app.add_subcommand(name, text::to_utf8(help));
@@ -206,7 +277,8 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       ->take_all()
       ->allow_extra_args(false);
   CLI::App* dropped = add_command("soltar", "Suelta proyectos o carpetas en la lista de proyectos");
-  dropped->add_option("ITEM", options.items, "Proyectos o carpetas")->required();
+  dropped->add_option("ITEM", options.items, "Proyectos o carpetas; los que faltan se nombran")
+      ->required();
 
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());

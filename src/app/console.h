@@ -4,12 +4,10 @@
 
 #include <functional>
 #include <iosfwd>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "settings/settings.h"
+#include "app/argument_path.h"
 #include "system/clock.h"
 #include "system/drives.h"
 #include "system/file_system.h"
@@ -17,6 +15,12 @@
 #include "system/shell.h"
 
 namespace ordelan::app {
+
+// A configuration file: its path and the file system in which that is one.
+struct ConfigFile {
+  system::FileSystem& files;
+  ArgumentPath place;
+};
 
 // What the machine gives to the console program.
 struct ConsoleHost {
@@ -27,18 +31,20 @@ struct ConsoleHost {
   system::Shell& shell;
   // Maps a drive letter to a folder; false if that cannot be. Unset where drives are real.
   std::function<bool(char letter, const std::string& folder)> map_drive;
-  // The settings of a configuration file named in UTF-8; of the usual one when empty.
-  std::function<std::unique_ptr<settings::Settings>(const std::string& file)> settings;
-  // The Windows path, in code-page bytes, that an argument in UTF-8 stands for.
-  std::function<std::optional<std::string>(const std::string& argument)> windows_path;
+  // Where the configuration file lies that was named, in UTF-8.
+  std::function<ConfigFile(const std::string& file)> config;
+  // The path of an argument in UTF-8.
+  std::function<ArgumentPath(const std::string& argument)> windows_path;
 };
 
 // Exit codes.
-inline constexpr int kDone = 0;     // decoded, or found
-inline constexpr int kRefused = 1;  // refused, or not found; the program's warning is in `error`
-inline constexpr int kMisused = 2;  // wrong use or an unreadable file; one line in `error`
+inline constexpr int kDone = 0;     // something was decoded, or found, and saved where asked for
+inline constexpr int kRefused = 1;  // nothing decoded or found, or not saved; `error` says why
+inline constexpr int kMisused = 2;  // wrong use, or nothing to read; a line for each in `error`
 
-// Runs one command line (UTF-8, without the program's name) and gives the exit code.
+// Runs one command line (UTF-8, without the program's name) and gives the exit code. Settings are
+// read and never written; a named configuration that cannot be read is told in `error`, and the
+// defaults count in its place.
 int run_console(const std::vector<std::string>& arguments, const ConsoleHost& host,
                 std::ostream& output, std::ostream& error);
 

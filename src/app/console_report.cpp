@@ -64,6 +64,11 @@ void ConsoleReport::print_json(std::ostream& output) const {
   object["ListUtilizados"] = rows(lists.ListUtilizados);
   object["ListBorrar"] = rows(lists.ListBorrar);
   object["ListPerdidos"] = rows(lost_.TextoPerdidos());
+  object["ProyectosFuera"] = Json::array();
+  for (const work::ProyectoFuera& each : work_.ProyectosFuera) {
+    object["ProyectosFuera"].push_back(
+        {{"ruta", text::to_utf8(each.ruta)}, {"motivo", text::to_utf8(each.motivo)}});
+  }
   object["LabelCheck"] = captions(lists.LabelCheck);
   object["LabelCount"] = captions(lists.LabelCount);
   object["LabelAdd"] = captions(lists.LabelAdd);
@@ -89,6 +94,13 @@ void ConsoleReport::print_text(std::ostream& output) const {
     output << "Archivos perdidos o desubicados:\n";
     for (const std::string& row : lost_.TextoPerdidos()) {
       output << "  " << text::to_utf8(row) << "\n";
+    }
+    output << "\n";
+  }
+  if (!work_.ProyectosFuera.empty()) {
+    output << work_.ProyectosFuera.size() << " proyectos no cuentan:\n";
+    for (const work::ProyectoFuera& each : work_.ProyectosFuera) {
+      output << "  " << text::to_utf8(each.ruta + "   (" + each.motivo + ")") << "\n";
     }
     output << "\n";
   }

@@ -1,5 +1,5 @@
-// What the console program prints: the lists of the window with their headings, or the outcome of a
-// search.
+// What the console program prints: the lists of the window with their headings and the projects
+// that do not count, or the outcome of a search.
 #pragma once
 
 #include <iosfwd>
@@ -15,7 +15,10 @@ class ConsoleReport {
  public:
   // Both must outlive the report.
   ConsoleReport(const Program& program, const std::vector<system::Message>& messages)
-      : form_(program.form), lost_(program.location.lost_files), messages_(messages) {}
+      : form_(program.form),
+        lost_(program.location.lost_files),
+        work_(program.work),
+        messages_(messages) {}
 
   // In UTF-8: lists with their headings to read, or one JSON object.
   void print(std::ostream& output, bool json) const;
@@ -26,6 +29,7 @@ class ConsoleReport {
 
   const project::Form1& form_;
   const location::LostFiles& lost_;
+  const work::WorkInHand& work_;
   const std::vector<system::Message>& messages_;
 };
 

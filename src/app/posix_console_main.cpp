@@ -1,7 +1,7 @@
 // The console program on Linux.
 #include <iostream>
-#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/console.h"
@@ -30,19 +30,21 @@ int main(int count, char** arguments) {
       shell,
       [&](char letter, const std::string& folder) { return mapped.map(letter, folder); },
       [&](const std::string& file) {
+        if (app::has_drive(file)) return app::ConfigFile{files, app::drive_path(file)};
         // The file may lie anywhere: its folder is a drive of its own.
         const auto slash = file.rfind('/');
         const std::string folder = slash == std::string::npos ? "." : file.substr(0, slash + 1);
-        const auto name =
-            text::from_utf8(slash == std::string::npos ? file : file.substr(slash + 1));
-        if (!file.empty() && name && config_drive.map('C', folder)) {
-          return std::make_unique<settings::Settings>(config_files, regional, "C:\\" + *name);
-        }
-        return std::make_unique<settings::Settings>(files, regional);
+        auto place = app::drive_path("C:\\" + file.substr(slash + 1));
+        if (!config_drive.map('C', folder)) place = app::ArgumentPath::none("no existe la carpeta");
+        return app::ConfigFile{config_files, std::move(place)};
       },
       [&](const std::string& argument) {
-        const bool windows = argument.size() > 1 && argument[1] == ':';
-        return windows ? text::from_utf8(argument) : mapped.windows(argument);
+        if (app::has_drive(argument)) return app::drive_path(argument);
+        if (auto path = mapped.windows(argument)) return app::ArgumentPath::of(std::move(*path));
+        const auto below = mapped.below_drive(argument);
+        if (!below) return app::ArgumentPath::none("no está en ninguna unidad");
+        return app::ArgumentPath::none(text::from_utf8(*below) ? "Windows no admite este nombre"
+                                                               : app::kNotInCodePage);
       }};
   return app::run_console(std::vector<std::string>(arguments + 1, arguments + count), host,
                           std::cout, std::cerr);

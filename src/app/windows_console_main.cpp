@@ -2,12 +2,11 @@
 #include <windows.h>
 
 #include <iostream>
-#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/console.h"
-#include "text/code_page.h"
 #include "win32/ansi_text.h"
 #include "win32/win32_clock.h"
 #include "win32/win32_drives.h"
@@ -27,17 +26,28 @@ std::string utf8(const std::wstring& wide) {
   return bytes;
 }
 
-// The absolute path that an argument means, seen from the current folder.
-std::optional<std::string> absolute(const std::string& argument) {
-  const auto ansi = ordelan::text::from_utf8(argument);
-  if (!ansi) return std::nullopt;
-  const std::wstring wide = ordelan::win32::widen(*ansi);
+std::wstring utf16(const std::string& text) {
+  const int length = static_cast<int>(text.size());
+  const int size = MultiByteToWideChar(CP_UTF8, 0, text.data(), length, nullptr, 0);
+  std::wstring wide(static_cast<std::size_t>(size), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), length, wide.data(), size);
+  return wide;
+}
+
+// The absolute path that an argument means, seen from the current folder. A drive alone is its
+// root, wherever on it the current folder is.
+ordelan::app::ArgumentPath absolute(const std::string& argument) {
+  using ordelan::app::ArgumentPath;
+  std::wstring wide = utf16(argument);
+  if (wide.size() == 2 && wide[1] == L':') wide += L'\\';
   std::wstring full(32768, L'\0');
   const DWORD length =
       GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-  if (length == 0 || length >= full.size()) return std::nullopt;
+  if (length == 0 || length >= full.size()) return ArgumentPath::none("no es una ruta");
   full.resize(length);
-  return ordelan::win32::narrow(full);
+  auto path = ordelan::win32::narrow(full);
+  if (!path) return ArgumentPath::none(ordelan::app::kNotInCodePage);
+  return ArgumentPath::of(std::move(*path));
 }
 
 }  // namespace
@@ -52,12 +62,9 @@ int wmain(int count, wchar_t** arguments) {
   win32::Win32Shell shell;
   std::vector<std::string> list;
   for (int i = 1; i < count; ++i) list.push_back(utf8(arguments[i]));
-  const auto settings = [&](const std::string& file) {
-    const auto path = file.empty() ? std::nullopt : absolute(file);
-    return path ? std::make_unique<settings::Settings>(files, regional, *path)
-                : std::make_unique<settings::Settings>(files, regional);
+  const auto config = [&](const std::string& file) {
+    return app::ConfigFile{files, absolute(file)};
   };
-  return app::run_console(list,
-                          {files, clock, regional, drives, shell, nullptr, settings, absolute},
+  return app::run_console(list, {files, clock, regional, drives, shell, nullptr, config, absolute},
                           std::cout, std::cerr);
 }

@@ -142,7 +142,7 @@ std::optional<std::string> MappedDrives::spelt(std::string_view path) const {
   return joined(way->folder, way->names);
 }
 
-std::optional<std::string> MappedDrives::windows(const std::string& native_path) const {
+std::optional<MappedDrives::Below> MappedDrives::below(const std::string& native_path) const {
   const std::unique_ptr<char, void (*)(void*)> real(::realpath(native_path.c_str(), nullptr),
                                                     &std::free);
   const std::string path = real ? real.get() : native_path;
@@ -158,9 +158,21 @@ std::optional<std::string> MappedDrives::windows(const std::string& native_path)
     }
   }
   if (letter == 0) return std::nullopt;
-  const auto rest = text::from_utf8(path.substr(nearest));
+  return Below{letter, path.substr(nearest)};
+}
+
+std::optional<std::string> MappedDrives::below_drive(const std::string& native_path) const {
+  auto found = below(native_path);
+  if (!found) return std::nullopt;
+  return std::move(found->rest);
+}
+
+std::optional<std::string> MappedDrives::windows(const std::string& native_path) const {
+  const auto found = below(native_path);
+  if (!found) return std::nullopt;
+  const auto rest = text::from_utf8(found->rest);
   if (!rest) return std::nullopt;
-  std::string windows(1, letter);
+  std::string windows(1, found->letter);
   windows += ":\\";
   for (std::size_t at = 1; at < rest->size();) {
     const auto slash = std::min(rest->find('/', at), rest->size());

@@ -48,6 +48,10 @@ class MappedDrives {
   // name on the way is none that Windows could hold.
   std::optional<std::string> windows(const std::string& native_path) const;
 
+  // What follows the mapped folder in such a native path, also where `windows` gives nothing: it
+  // tells a path on no drive from one with a name that Windows could not hold.
+  std::optional<std::string> below_drive(const std::string& native_path) const;
+
  private:
   struct Place {
     std::string folder;  // without a slash at its end
@@ -60,6 +64,13 @@ class MappedDrives {
     std::vector<std::string_view> names;
   };
   std::optional<Cut> cut(std::string_view path) const;
+
+  // The drive of a native path, its links resolved, and what follows the drive's folder.
+  struct Below {
+    char letter;
+    std::string rest;  // begins with a slash, or is empty
+  };
+  std::optional<Below> below(const std::string& native_path) const;
 
   std::map<char, Place> places_;  // by capital letter
 };

@@ -57,6 +57,8 @@ class Form1 final : public ui::Window {
   // as it is, while RutaProyectos is in a folder of frozen tracks. False if something newer took
   // its place on the way.
   bool BarrerProyectos();
+  // How many of the listed projects the last opening or sweep has decoded; a reset leaves it.
+  std::size_t decoded_projects() const { return decoding_.decoded(); }
   // Saves the lists as reports, one for each project and two for all.
   void SalvaListados_Click();
   // Back to the empty window. A job that runs ends at its next look.

@@ -36,6 +36,9 @@ class ProjectDecoding {
   // of which no audio was read, are left out with their reason.
   void DescodificarProyectos(bool with_backups);
 
+  // How many projects the last decoding has read audio from; 0 before the first.
+  std::size_t decoded() const { return decoded_; }
+
   // Files that the listed projects use and that are no rows of ListUtilizados, because their
   // project was looked for under another path than its own. They are in use all the same.
   std::shared_ptr<const std::vector<std::string>> also_used() const { return misread_.kept_rows(); }

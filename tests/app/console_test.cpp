@@ -1,46 +1,16 @@
 // The console program, run as a script runs it: a process with arguments, output and exit code.
 #include <gmock/gmock.h>
 
-#include <array>
-#include <cstdio>
-#include <fstream>
-#include <nlohmann/json.hpp>
+#include <algorithm>
 #include <string>
 
-#include "support/desk.h"
+#include "app/console_fixture.h"
 
 namespace ordelan::test {
 namespace {
 
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using Json = nlohmann::json;
-
-struct Console : ::testing::Test {
-  struct Result {
-    int exit_code;
-    std::string output;
-    std::string error;
-    Json json() const { return Json::parse(output); }
-  };
-
-  Result run(const std::string& arguments) const {
-    const std::string errors = disk.native_path("stderr.txt").string();
-    const std::string command = std::string(ORDELAN_BINARY_DIR "/src/app/ordelan --unidad D=") +
-                                disk.native_path("").string() + " " + arguments + " 2>" + errors;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    Result result{-1, "", ""};
-    std::array<char, 4096> buffer{};
-    while (const std::size_t came = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-      result.output.append(buffer.data(), came);
-    }
-    result.exit_code = WEXITSTATUS(::pclose(pipe));
-    std::getline(std::ifstream(errors), result.error, '\0');
-    return result;
-  }
-
-  TestDisk disk;
-};
 
 TEST_F(Console, prints_the_lists_with_their_headings) {
   disk.write("Mix\\tema.vip", project_of({"D:\\Mix\\Canci\xF3n.wav"}));
@@ -60,9 +30,10 @@ TEST_F(Console, prints_one_json_object_in_utf8) {
   std::vector<std::string> keys;
   for (const auto& item : json.items()) keys.push_back(item.key());
   EXPECT_THAT(keys, ::testing::UnorderedElementsAre("ListProyectos", "ListVip", "ListUtilizados",
-                                                    "ListBorrar", "ListPerdidos", "LabelCheck",
-                                                    "LabelCount", "LabelAdd", "LabelErase",
-                                                    "TextDecode", "mensajes"));
+                                                    "ListBorrar", "ListPerdidos", "ProyectosFuera",
+                                                    "LabelCheck", "LabelCount", "LabelAdd",
+                                                    "LabelErase", "TextDecode", "mensajes"));
+  EXPECT_EQ(json["ProyectosFuera"], Json::array());
   EXPECT_EQ(json["ListProyectos"], Json({"1 --> D:\\Mix\\tema.vip"}));
   EXPECT_EQ(json["ListVip"], Json({"D:\\Mix\\Canci\xC3\xB3n.wav", "D:\\Mix\\b.mp3"}));
   EXPECT_EQ(json["LabelCheck"], Json({"Encontrados 1 proyectos en:", "D:\\Mix\\"}));

@@ -178,6 +178,14 @@ TEST_F(MappedDrivesTest, a_native_name_that_windows_cannot_hold_has_no_windows_p
   EXPECT_EQ(drives.windows(disk / "a:b.wav"), std::nullopt);
 }
 
+TEST_F(MappedDrivesTest, what_lies_below_a_drive_is_given_whatever_its_name) {
+  EXPECT_EQ(drives.below_drive(disk / "\xE6\x9D\xB1.wav"), "/\xE6\x9D\xB1.wav");
+  EXPECT_EQ(drives.below_drive(disk / "a:b.wav"), "/a:b.wav");
+  EXPECT_EQ(drives.below_drive(disk.native() + "/"), "");
+  EXPECT_EQ(drives.below_drive(disk.native() + "x/a.wav"), std::nullopt);
+  EXPECT_EQ(drives.below_drive(""), std::nullopt);
+}
+
 TEST_F(MappedDrivesTest, a_path_there_and_back_is_the_same) {
   disk.file("Mix/Canci\xC3\xB3n 1.wav");
   const auto path = drives.windows(disk / "Mix/Canci\xC3\xB3n 1.wav");
