@@ -1,0 +1,280 @@
+#include "worlds/flow_worlds.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+namespace ordelan::test {
+namespace {
+
+std::uint64_t number_of(const char* variable, std::uint64_t otherwise) {
+  const char* const asked = std::getenv(variable);
+  return asked == nullptr ? otherwise : std::strtoull(asked, nullptr, 10);
+}
+
+bool any_contains(const reference::Rows& rows, const std::string& part) {
+  return std::any_of(rows.begin(), rows.end(),
+                     [&](const std::string& row) { return reference::contains(row, part); });
+}
+
+void count_what_happened(const FlowWorld& world, FlowTally& tally) {
+  const reference::Program& wanted = world.wanted;
+  const auto count = [&](const char* what, bool happened) {
+    if (happened) ++tally.counts[what];
+  };
+  count("projects", !wanted.ListProyectos.empty());
+  count("several projects", wanted.ListProyectos.size() > 1);
+  count("offers", !wanted.ListBorrar.empty());
+  count("strikes", wanted.tally.struck > 0);
+  count("guarded", wanted.tally.guarded > 0);
+  count("repeats", wanted.tally.repeats > 0);
+  count("brackets",
+        any_contains(wanted.ListUtilizados, "[") || any_contains(wanted.ListBorrar, "["));
+  count("frozen", any_contains(wanted.ListUtilizados, "FreezeData"));
+  count("other spellings", any_contains(wanted.ListUtilizados, "/") ||
+                               any_contains(wanted.ListUtilizados, "\\.") ||
+                               any_contains(wanted.ListUtilizados, "\\\\"));
+  const bool refused = wanted.ListProyectos.empty() && !world.studio.actions.back().items.empty();
+  count("refusals", refused);
+  count("mixed drops", world.studio.actions.back().kind == Action::Kind::drop &&
+                           world.studio.actions.back().items.size() > 1 && !refused);
+}
+
+std::uint64_t worlds_of_a_plan() {
+  return std::max<std::uint64_t>(flow_worlds() / Studio::kPlans, 1);
+}
+
+std::string headed(std::uint64_t seed, const std::string& forbidden, const FlowWorld& world) {
+  return "ORDELAN_FLOW_SEED=" + std::to_string(seed) + " " + reference::utf8_of(forbidden) + "\n" +
+         world.told();
+}
+
+// Does the action, and something else in the pump of that number. Gives what was done there.
+std::string disturb(FlowWorld& world, const Action& action, std::uint64_t pump) {
+  constexpr const char* kKinds[] = {"cancel", "reset", "project gone", "project come"};
+  const std::uint64_t kind = world.studio.roll(4);
+  bool done = false;
+  std::uint64_t seen = 0;
+  world.desk.backend.on_pump = [&] {
+    if (seen++ != pump) return;
+    done = true;
+    if (kind == 0) {
+      world.desk.form.cmdCancelar_Click();
+    } else if (kind == 1) {
+      world.desk.form.cmdReset_Click();
+    } else if (kind == 2) {
+      world.studio.remove_project();
+    } else {
+      world.studio.add_project();
+    }
+  };
+  world.act(action);
+  world.desk.backend.on_pump = nullptr;
+  return done ? kKinds[kind] : "";
+}
+
+}  // namespace
+
+std::uint64_t flow_worlds() {
+  return number_of("ORDELAN_FLOW_WORLDS", 2'000);
+}
+
+std::uint64_t flow_seed() {
+  return number_of("ORDELAN_FLOW_SEED", 0);
+}
+
+DiskInMemory::DiskInMemory() {
+  if (const char* const before = std::getenv("TMPDIR")) {
+    had_one_ = true;
+    before_ = before;
+  }
+  std::error_code failed;
+  if (std::filesystem::is_directory("/dev/shm", failed)) ::setenv("TMPDIR", "/dev/shm", 1);
+}
+
+DiskInMemory::~DiskInMemory() {
+  if (had_one_) {
+    ::setenv("TMPDIR", before_.c_str(), 1);
+  } else {
+    ::unsetenv("TMPDIR");
+  }
+}
+
+FlowWorld::FlowWorld(std::uint64_t seed, Studio::Plan plan)
+    : studio(seed, plan, desk.disk.native_path("")), wanted(desk.disk.native_path("")) {
+  desk.start();
+  desk.form.CheckSubPath.set_checked(studio.with_subfolders);
+  desk.form.CheckBAK.set_checked(studio.with_backups);
+  wanted.CheckSubPath = studio.with_subfolders;
+  wanted.CheckBAK = studio.with_backups;
+  const auto& lists = desk.form.lists;
+  for (int i = 0; i < 2; ++i) {
+    const auto k = static_cast<std::size_t>(i);
+    wanted.LabelCheck[k] = lists.LabelCheck[i].caption();
+    wanted.LabelCount[k] = lists.LabelCount[i].caption();
+    wanted.LabelAdd[k] = lists.LabelAdd[i].caption();
+    wanted.LabelErase[k] = lists.LabelErase[i].caption();
+  }
+}
+
+void FlowWorld::act(const Action& action) {
+  if (action.kind == Action::Kind::drop) {
+    desk.form.lists.ListProyectos.on_drop(action.items);
+    return;
+  }
+  const std::string& picked = action.items.front();
+  desk.dialogs.files.push_back(picked.empty() ? std::vector<std::string>() : action.items);
+  desk.form.AbrirFichero_Click();
+}
+
+void FlowWorld::act_in_reference(const Action& action) {
+  if (action.kind == Action::Kind::drop) {
+    wanted.drop(action.items);
+  } else {
+    wanted.open(action.items.front());
+  }
+}
+
+std::vector<FlowWorld::Field> FlowWorld::fields() const {
+  const project::Form1& form = desk.form;
+  const auto& lists = form.lists;
+  const auto captions = [](const auto& labels) {
+    return reference::Rows{labels[0].caption(), labels[1].caption()};
+  };
+  const auto rows = [](const std::array<std::string, 2>& pair) {
+    return reference::Rows(pair.begin(), pair.end());
+  };
+  const auto shown = [](bool visible) { return reference::Rows{visible ? "shown" : "hidden"}; };
+  return {
+      {"ListProyectos", lists.ListProyectos.rows(), wanted.ListProyectos},
+      {"LabelCheck", captions(lists.LabelCheck), rows(wanted.LabelCheck)},
+      {"ListVip", lists.ListVip.rows(), wanted.ListVip},
+      {"LabelCount", captions(lists.LabelCount), rows(wanted.LabelCount)},
+      {"ListUtilizados", lists.ListUtilizados.rows(), wanted.ListUtilizados},
+      {"LabelAdd", captions(lists.LabelAdd), rows(wanted.LabelAdd)},
+      {"ListBorrar", lists.ListBorrar.rows(), wanted.ListBorrar},
+      {"LabelErase", captions(lists.LabelErase), rows(wanted.LabelErase)},
+      {"SalvaListados", shown(form.SalvaListados.visible()), shown(wanted.offers_reports)},
+      {"ActualizarVip", shown(form.ActualizarVip.visible()), shown(wanted.offers_reports)},
+      {"ZoomListas", shown(form.ZoomListas.visible()), shown(wanted.offers_reports)},
+  };
+}
+
+std::string FlowWorld::first_difference() const {
+  for (const Field& field : fields()) {
+    if (field.program != field.reference) return field.name;
+  }
+  return "";
+}
+
+std::string FlowWorld::forbidden_offer() const {
+  const auto& lists = desk.form.lists;
+  const reference::Disk& disk = wanted.disk;
+  for (const std::string& row : lists.ListBorrar.rows()) {
+    const auto identity = disk.identity(row);
+    if (disk.look_up(row).empty()) return row + " does not exist";
+    for (const auto* list : {&lists.ListUtilizados, &lists.ListVip}) {
+      for (const std::string& used : list->rows()) {
+        if (reference::contains(used, ">")) continue;
+        if (reference::normalised(used) == reference::normalised(row) ||
+            disk.identity(used) == identity) {
+          return row + " is used as " + used;
+        }
+      }
+    }
+  }
+  return "";
+}
+
+std::string FlowWorld::told() const {
+  std::string text = studio.told();
+  for (const Field& field : fields()) {
+    const bool same = field.program == field.reference;
+    text += field.name + (same ? ":\n" : " of the program:\n");
+    for (const std::string& row : field.program) text += "    " + reference::utf8_of(row) + "\n";
+    if (same) continue;
+    text += field.name + " wanted:\n";
+    for (const std::string& row : field.reference) text += "    " + reference::utf8_of(row) + "\n";
+  }
+  return text;
+}
+
+void FlowTally::fail(const std::string& what, const std::string& told) {
+  ++failures;
+  ++differences[what];
+  std::string& known = smallest[what];
+  if (known.empty() || told.size() < known.size()) known = told;
+}
+
+std::string FlowTally::summary() const {
+  std::string text = std::to_string(worlds) + " worlds";
+  for (const auto& [what, count] : counts) text += ", " + what + " " + std::to_string(count);
+  for (const auto& [what, count] : differences) {
+    text += "\n  " + std::to_string(count) + " fail in " + what;
+  }
+  for (const auto& [what, world] : smallest) {
+    text += "\n\nThe smallest that fails in " + what + ":\n" + world;
+  }
+  return text;
+}
+
+FlowTally run_flows(Studio::Plan plan) {
+  const DiskInMemory in_memory;
+  FlowTally tally;
+  for (std::uint64_t seed = flow_seed(); tally.worlds < worlds_of_a_plan(); ++seed) {
+    FlowWorld world(seed, plan);
+    std::string difference;
+    for (const Action& action : world.studio.actions) {
+      world.act(action);
+      world.act_in_reference(action);
+      difference = world.first_difference();
+      if (!difference.empty()) break;
+    }
+    const std::string forbidden = world.forbidden_offer();
+    if (!forbidden.empty()) {
+      tally.fail("a file that may not be offered", headed(seed, forbidden, world));
+    } else if (!difference.empty()) {
+      tally.fail(difference, headed(seed, "", world));
+    }
+    ++tally.worlds;
+    count_what_happened(world, tally);
+  }
+  return tally;
+}
+
+FlowTally run_interrupted_flows() {
+  const DiskInMemory in_memory;
+  FlowTally tally;
+  for (std::uint64_t seed = flow_seed(); tally.worlds < worlds_of_a_plan(); ++seed) {
+    const std::uint64_t pumps = [&] {
+      FlowWorld undisturbed(seed, Studio::Plan::interrupted);
+      std::uint64_t count = 0;
+      undisturbed.desk.backend.on_pump = [&] { ++count; };
+      undisturbed.act(undisturbed.studio.actions.front());
+      return count;
+    }();
+    FlowWorld world(seed, Studio::Plan::interrupted);
+    const Action& action = world.studio.actions.front();
+    world.act_in_reference(action);  // the disk is still as it was
+    ++tally.worlds;
+    count_what_happened(world, tally);
+    if (pumps == 0) continue;
+    const std::string happened = disturb(world, action, world.studio.roll(pumps));
+    if (happened.empty()) continue;
+    ++tally.counts[happened];
+
+    const std::string told = happened + " " + headed(seed, world.forbidden_offer(), world);
+    const auto& offered = world.desk.form.lists.ListBorrar.rows();
+    if (!world.forbidden_offer().empty()) {
+      tally.fail("a file that may not be offered", told);
+    } else if (happened == "reset" && !offered.empty()) {
+      tally.fail("rows after a reset", told);
+    } else if (happened == "cancel" && !offered.empty() && offered != world.wanted.ListBorrar) {
+      tally.fail("half a result after a cancel", told);
+    }
+    if (!offered.empty()) ++tally.counts["offers after all"];
+  }
+  return tally;
+}
+
+}  // namespace ordelan::test
