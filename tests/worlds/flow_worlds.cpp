@@ -167,23 +167,26 @@ std::string FlowWorld::first_difference() const {
   return "";
 }
 
-std::string FlowWorld::forbidden_offer() const {
+FlowWorld::Forbidden FlowWorld::forbidden_offer() const {
   const auto& lists = desk.form.lists;
   const reference::Disk& disk = wanted.disk;
   for (const std::string& row : lists.ListBorrar.rows()) {
+    if (disk.look_up(row).empty()) return {"an offer of no file", row};
     const auto identity = disk.identity(row);
-    if (disk.look_up(row).empty()) return row + " does not exist";
     for (const auto* list : {&lists.ListUtilizados, &lists.ListVip}) {
+      const std::string where = list == &lists.ListVip ? "ListVip" : "ListUtilizados";
       for (const std::string& used : list->rows()) {
         if (reference::contains(used, ">")) continue;
-        if (reference::normalised(used) == reference::normalised(row) ||
-            disk.identity(used) == identity) {
-          return row + " is used as " + used;
-        }
+        const bool by_path = reference::normalised(used) == reference::normalised(row);
+        if (!by_path && disk.identity(used) != identity) continue;
+        const std::string how = used == row ? "as it is"
+                                : by_path   ? "spelt otherwise"
+                                            : "by a link";
+        return {"an offer that " + where + " uses " + how, row + " is used as " + used};
       }
     }
   }
-  return "";
+  return {};
 }
 
 std::string FlowWorld::told() const {
@@ -230,9 +233,9 @@ FlowTally run_flows(Studio::Plan plan) {
       difference = world.first_difference();
       if (!difference.empty()) break;
     }
-    const std::string forbidden = world.forbidden_offer();
-    if (!forbidden.empty()) {
-      tally.fail("a file that may not be offered", headed(seed, forbidden, world));
+    const FlowWorld::Forbidden forbidden = world.forbidden_offer();
+    if (!forbidden.kind.empty()) {
+      tally.fail(forbidden.kind, headed(seed, forbidden.told, world));
     } else if (!difference.empty()) {
       tally.fail(difference, headed(seed, "", world));
     }
@@ -263,10 +266,11 @@ FlowTally run_interrupted_flows() {
     if (happened.empty()) continue;
     ++tally.counts[happened];
 
-    const std::string told = happened + " " + headed(seed, world.forbidden_offer(), world);
+    const FlowWorld::Forbidden forbidden = world.forbidden_offer();
+    const std::string told = happened + " " + headed(seed, forbidden.told, world);
     const auto& offered = world.desk.form.lists.ListBorrar.rows();
-    if (!world.forbidden_offer().empty()) {
-      tally.fail("a file that may not be offered", told);
+    if (!forbidden.kind.empty()) {
+      tally.fail(forbidden.kind, told);
     } else if (happened == "reset" && !offered.empty()) {
       tally.fail("rows after a reset", told);
     } else if (happened == "cancel" && !offered.empty() && offered != world.wanted.ListBorrar) {

@@ -42,9 +42,12 @@ class FlowWorld {
   // What the program shows that the reference does not: the name of the first list or caption that
   // differs, empty if none does.
   std::string first_difference() const;
-  // The first row that may not be offered, and why: a file that is used under any name, or that
-  // does not exist. Empty if there is none.
-  std::string forbidden_offer() const;
+  // A row that may not be offered: one that is no file, or a file that is used under any name.
+  struct Forbidden {
+    std::string kind;  // empty if there is no such row
+    std::string told;
+  };
+  Forbidden forbidden_offer() const;
   // The world and both sides of every list, for a person to read.
   std::string told() const;
 

@@ -174,13 +174,17 @@ std::optional<fs::path> Disk::native(const std::string& path) const {
   const bool on_d = path.size() >= 3 && (path[0] == 'D' || path[0] == 'd') && path[1] == ':' &&
                     is_separator(path[2]);
   if (!on_d) return std::nullopt;
+  const std::vector<std::string> names = components(path);
+  if (std::any_of(names.begin(), names.end(), is_forbidden)) return std::nullopt;
+  std::error_code failed;
+  // Most paths are spelt as they are on the disk.
   fs::path place = root_;
-  for (const std::string& name : components(path)) {
-    if (is_forbidden(name)) return std::nullopt;
-    std::error_code failed;
-    const fs::path same = place / utf8_of(name);
-    bool found = fs::exists(same, failed);
-    if (found) place = same;
+  for (const std::string& name : names) place /= utf8_of(name);
+  if (fs::exists(place, failed)) return place;
+
+  place = root_;
+  for (const std::string& name : names) {
+    bool found = false;
     for (fs::directory_iterator entry(place, failed), end; !failed && entry != end && !found;
          entry.increment(failed)) {
       const auto there = ansi_of(entry->path().filename().string());
@@ -190,7 +194,6 @@ std::optional<fs::path> Disk::native(const std::string& path) const {
     }
     if (!found) return std::nullopt;
   }
-  std::error_code failed;
   return fs::exists(place, failed) ? std::optional(place) : std::nullopt;
 }
 
@@ -237,9 +240,9 @@ std::vector<std::string> Disk::list(const std::string& folder, bool want_folders
     std::error_code none;
     const auto name = ansi_of(entry->path().filename().string());
     if (!name || is_forbidden(*name)) continue;
-    const bool folder_here = fs::is_directory(entry->path(), none);
-    if (folder_here && fs::is_symlink(entry->symlink_status(none))) continue;
-    if (!folder_here && !fs::is_regular_file(entry->path(), none)) continue;
+    const bool folder_here = entry->is_directory(none);
+    if (folder_here && entry->is_symlink(none)) continue;
+    if (!folder_here && !entry->is_regular_file(none)) continue;
     if (folder_here == want_folders) names.push_back(*name);
   }
   std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <utility>
 
+#include "support/small_project.h"
 #include "worlds/reference_disk.h"
 
 namespace ordelan::test {
@@ -271,7 +272,9 @@ void Studio::add_projects() {
 
 void Studio::add_project() {
   const std::string path = folder() + "nuevo.vip";
-  if (take(path)) write_project(path, files_);
+  if (!take(path)) return;
+  write(path, project_of(files_));
+  tell("   uses: " + listed(files_));
 }
 
 void Studio::remove_project() {
