@@ -48,7 +48,8 @@ void candidates(benchmark::State& state) {
   std::size_t rows = 0;
   for (auto _ : state) {
     project::FolderTree tree(machine.files);
-    project::UnusedAnalysis analysis(machine.platform, machine.work, lists, strip, tree);
+    project::LeftOut left_out(machine.work);
+    project::UnusedAnalysis analysis(machine.platform, machine.work, lists, strip, tree, left_out);
     std::vector<std::string> found;
     analysis.BuscarArchivosAPI("D:\\Mix", found);
     rows = found.size();

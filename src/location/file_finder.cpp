@@ -171,7 +171,7 @@ void cFindFiles::scan(const std::string& path) {
     files.clear();
     folders.clear();
     int until_turn = kEntriesPerTurn;
-    platform_.files.each(here, wanted, [&](system::FileInfo& entry) {
+    const auto see = [&](system::FileInfo& entry) {
       if (entry.folder) {
         if (!SearchSubDirs) return true;
         ++folders_;
@@ -184,8 +184,13 @@ void cFindFiles::scan(const std::string& path) {
       until_turn = kEntriesPerTurn;
       turn();
       return !stop_;
-    });
+    };
+    const auto miss = [&](const system::UnnamedEntry& entry) {
+      if (on_unseen) on_unseen(here + entry.shown + (entry.folder ? "\\" : ""), true);
+    };
+    const bool readable = platform_.files.each(here, wanted, see, miss);
     if (stop_) return;
+    if (!readable && on_unseen && platform_.files.info(here)) on_unseen(here, false);
     std::sort(files.begin(), files.end(), system::in_listing_order);
     offer(here, files);
     std::sort(folders.begin(), folders.end(), system::in_listing_order);

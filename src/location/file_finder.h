@@ -62,6 +62,9 @@ class cFindFiles {
   std::function<void(const std::string& Archivo)> GetFile;  // ahead of its place in ColFiles
   std::function<void()> InitSearch;
   std::function<void()> EndSearch;
+  // An entry that the code page cannot name, or a folder that cannot be listed (its path ends in a
+  // backslash): what lies there is not seen. The name is for the user to read.
+  std::function<void(const std::string& Ruta, bool unnamed)> on_unseen;
   // After each turn that the window was given during a search: what it was asked may be looked at
   // here, and StopSearch called.
   std::function<void()> on_turn;

@@ -47,6 +47,9 @@ bool Buscar::BuscarOtraLetra(const std::string& Ruta) {
 bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
   if (searching_) return false;
   const UnderWay under_way(searching_);
+  // A search of the user's own begins here: a stop that was asked of an earlier job is over. While
+  // projects are updated it belongs to that job.
+  if (!context_.work.ModoPosiciones) context_.work.Cancelar = false;
   const auto job = context_.work.current_job();
   const bool found = search(std::string(Archivo), job);
   asked_.clear();
@@ -54,9 +57,14 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
 }
 
 bool Buscar::search(const std::string& file, work::JobNumber job) {
-  const std::string name =
-      file.find(':') == std::string::npos ? file : Obtener_Nombre_Archivo(file);
+  const bool is_path = file.find(':') != std::string::npos;
+  const std::string name = is_path ? Obtener_Nombre_Archivo(file) : file;
   if (name.empty()) return false;
+  // In the finder ";" parts one extension from the next: a name that holds one is looked for by a
+  // pattern, and of what that finds only the name itself counts. So it is with the name of a lost
+  // file that holds "*" or "?": no disk has it, and no other file may pass for it.
+  const bool pattern = is_path && name.find_first_of("*?") != std::string::npos;
+  asked_ = pattern || name.find(';') != std::string::npos ? name : "";
   List2.clear();
   List1.clear();
   const bool silent = context_.work.ModoPosiciones;
@@ -101,11 +109,7 @@ bool Buscar::search(const std::string& file, work::JobNumber job) {
 
 // Walks the ticked drives. False when it was stopped.
 bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
-  // In the finder ";" parts one extension from the next: a name that holds one is looked for by a
-  // pattern, and of what that finds only the name itself counts.
-  const bool parted = name.find(';') != std::string::npos;
-  const std::string what = parted ? replaced(name, ";", "?") : name;
-  asked_ = parted ? name : "";
+  const std::string what = replaced(name, ";", "?");
   for (int i = 0; const DriveBoxes* const drives = boxes(); ++i) {
     if (i >= drives->Check1.size()) break;
     const ui::CheckBox& box = drives->Check1[i];

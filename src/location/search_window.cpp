@@ -67,26 +67,39 @@ bool Buscar::BuscarVips() {
   std::string folder = Text1.text();
   if (folder.ends_with('\\')) folder.pop_back();
   List2.clear();
+  project::LeftOut& left_out = context_.main.left_out;
+  cFind_->on_unseen = [&left_out](const std::string& path, bool unnamed) {
+    if (!path.ends_with('\\') && !project::is_project_name(path)) return;
+    left_out.add(path, unnamed ? project::WhyOut::unnamed : project::WhyOut::unreadable);
+  };
   run(folder, "*.vip");
   if (context_.work.superseded(job)) return false;
 
-  ui::ListBox& projects = context_.main.lists.ListProyectos;
   std::vector<std::string> valid;
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
   const auto found = List2.kept_rows();
   for (const std::string& path : *found) {
     const bool usable = Valido(path);
     if (context_.work.superseded(job)) return false;
-    if (usable) valid.push_back(path);
+    if (usable) {
+      valid.push_back(path);
+    } else if (const auto why = validator_.refusal(); why && project::is_project_name(path)) {
+      left_out.add(path, *why);
+    }
     pacer.turn();
     if (context_.work.superseded(job)) return false;
     if (context_.work.Cancelar) break;
   }
+  work::WorkLists& lists = context_.main.lists;
   const bool any = !valid.empty();
-  projects.add(valid);
-  context_.main.lists.List1.clear();
-  context_.main.lists.List1.add(std::move(valid));
-  ui::ListaAncho(projects);
+  if (any && context_.work.PrimerProyecto.empty()) {
+    // The first project of the drop: until now the lists held what was shown before.
+    lists.ListProyectos.clear();
+    lists.List1.clear();
+  }
+  lists.ListProyectos.add(valid);
+  lists.List1.add(std::move(valid));
+  ui::ListaAncho(lists.ListProyectos);
   return any;
 }
 

@@ -34,7 +34,9 @@ class Buscar final : public ui::Window {
   // Whether a project is to be listed.
   bool Valido(const std::string& Ruta);
 
-  // Lists the valid projects in the folder of Text1 and below. Whether there is any.
+  // Adds the valid projects in the folder of Text1 and below to ListProyectos, and their bare paths
+  // to List1; the first project of a drop empties both lists before. Whether there is any. The
+  // others are left out with their reason.
   bool BuscarVips();
 
   // Finds where a file is now: at the same path on a ticked drive, or anywhere on the ticked

@@ -87,18 +87,26 @@ const MappedDrive* MappedDrives::drive(char letter) const {
 }
 
 std::optional<MappedDrives::Cut> MappedDrives::cut(std::string_view path) const {
-  if (path.size() < 3 || path[1] != ':' || path[2] != '\\') return std::nullopt;
+  constexpr std::string_view kSeparators = "\\/";
+  if (path.size() < 3 || path[1] != ':' || kSeparators.find(path[2]) == kSeparators.npos) {
+    return std::nullopt;
+  }
   const auto place = places_.find(capital(path[0]));
   if (place == places_.end() || !place->second.drive.medium) return std::nullopt;
   std::string_view rest = path.substr(3);
 
   Cut cut{place->second.folder, {}};
   while (!rest.empty()) {
-    const auto slash = std::min(rest.find('\\'), rest.size());
+    const auto slash = std::min(rest.find_first_of(kSeparators), rest.size());
     const std::string_view name = rest.substr(0, slash);
     rest.remove_prefix(std::min(slash + 1, rest.size()));
     if (name.empty() || name == ".") continue;
-    if (name == ".." || !is_windows_name(name)) return std::nullopt;
+    if (name == "..") {
+      // Taken back from the text, as Windows does, and never above the drive.
+      if (!cut.names.empty()) cut.names.pop_back();
+      continue;
+    }
+    if (!is_windows_name(name)) return std::nullopt;
     cut.names.push_back(name);
   }
   return cut;

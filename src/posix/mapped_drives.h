@@ -33,7 +33,8 @@ class MappedDrives {
   // What the letter (either case) passes for. Null if it is not mapped; gone with the next `map`.
   const MappedDrive* drive(char letter) const;
 
-  // The native path of a Windows path. Names are looked up as Windows does, case ignored; where the
+  // The native path of a Windows path; slashes separate too, and "." and ".." are resolved in the
+  // text. Names are looked up as Windows does, case ignored; where the
   // disk holds several that differ by case, the exact one is taken. A last name that is not there
   // yet is given as it would be created. Nothing for a path without a mapped drive or medium, with
   // a NUL, a wildcard or a character that no Windows name has, or in a folder that is not there.

@@ -15,14 +15,20 @@ class PosixFileSystem final : public system::FileSystem {
   explicit PosixFileSystem(const MappedDrives& drives) : drives_(drives) {}
 
   std::optional<system::FileInfo> info(std::string_view path) override;
-  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override;
+  std::optional<system::FileIdentity> identity(std::string_view path) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override;
   bool make_folder(std::string_view path) override;
+  // The owner, the group and the mode of `to` stay; where they cannot be kept, `to` is not
+  // replaced.
   bool replace(std::string_view from, std::string_view to) override;
   bool remove(std::string_view path) override;
 
  private:
+  bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                  const VisitUnnamed& unnamed) override;
+
   const MappedDrives& drives_;
 };
 

@@ -17,17 +17,17 @@ void Form1::hide_progress() {
   CheckLogo.show();
 }
 
-// Reads the project into ListVip and heads the list. A project without audio is taken for a MIDI
-// one, unless the reading was cancelled: then nobody knows.
-void Form1::decode_into_ListVip(const std::string& path) {
+// A project without audio is taken for a MIDI one, unless the reading was cancelled: then it is not
+// known.
+void Form1::decode_into_ListVip(const std::string& path, const std::string& shown) {
   const auto job = work_.current_job();
   const bool found = reader.ExtraerNombres_Archivos(path, lists.ListVip, "", true);
   if (work_.superseded(job)) return;
   if (found) {
     ui::ListaAncho(lists.ListVip);
     lists.ListVip.show();
-    work_.NombreProyecto = path;
-    lists.head_project(path, work_.RutaProyectos);
+    work_.NombreProyecto = shown;
+    lists.head_project(shown, work_.RutaProyectos);
   } else {
     lists.head_midi_project();
     lists.LabelCount[0].set_visible(!work_.Cancelar);
@@ -51,7 +51,8 @@ void Form1::LlenarListBorrar() {
   lists.ListBorrar.clear();
   analysis_.ListarArchivosCarpetas();
   if (work_.superseded(job)) return;
-  analysis_.BuscarNoUtilizados();
+  const auto also_used = decoding_.also_used();  // stays, whatever is decoded meanwhile
+  analysis_.BuscarNoUtilizados(*also_used);
   if (work_.superseded(job)) return;
   ui::ListaAncho(lists.ListBorrar);
   lists.ListBorrar.show();
@@ -65,7 +66,7 @@ void Form1::show_CommandBorrado() {
 
 // The option of the removal window, as it was left.
 bool Form1::removes_side_files() const {
-  return settings_.number("Borrar todos los asociados      ------>", 0) != 0;
+  return settings_.number("Borrar todos los asociados      ------>", 0) == 1;
 }
 
 }  // namespace ordelan::project

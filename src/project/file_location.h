@@ -14,8 +14,9 @@ class FileLocation {
   // Makes the boxes of the drives, ticked as they were left, and gives how many are ticked.
   virtual int UnidadesDisponibles() = 0;
 
-  // Lists the valid projects in `folder` and below in ListProyectos, and their bare paths in List1.
-  // Whether there is any. A stop leaves what was found so far.
+  // Adds the valid projects in `folder` and below to ListProyectos, and their bare paths to List1;
+  // the first project of a drop empties both lists before. Whether there is any. A stop leaves what
+  // was found so far.
   virtual bool BuscarVips(const std::string& folder) = 0;
 
   // Works out which used files are lost, and shows cmdPerdidos if any is. Folders that `listed`

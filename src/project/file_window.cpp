@@ -38,6 +38,7 @@ bool FileWindow::move(Position from) {
       wanted == 0 ? std::size_t{0}
                   : file_.read(static_cast<std::uint64_t>(next - 1),
                                std::span(buffer_.bytes.get() + kept, wanted));
+  if (!came || *came < wanted) failed_ = true;
   const std::size_t size = kept + came.value_or(0);
   const bool last = !came || *came < wanted || from + static_cast<Position>(size) > length_;
   stretch_ = {buffer_.bytes.get(), from, size, last};

@@ -34,6 +34,10 @@ class FileWindow {
   // behind that, unless the file ends. False when the reading failed; the window is then the last.
   bool move(Position from);
 
+  // Whether a read has failed, or the file turned out shorter than it was when it was opened: what
+  // was seen of it is not the whole.
+  bool failed() const { return failed_; }
+
   const Stretch& stretch() const { return stretch_; }
   Position length() const { return length_; }
 
@@ -43,6 +47,7 @@ class FileWindow {
   Position length_;
   ReadBuffer buffer_;
   Stretch stretch_;
+  bool failed_ = false;
 };
 
 }  // namespace ordelan::project

@@ -16,34 +16,43 @@ const FolderTree::Listing& FolderTree::listing(std::string_view folder) {
   if (const Listing* const found = known(folder)) return *found;
   last_ = listings_.try_emplace(std::string(folder)).first;
   Listing& listing = last_->second;
-  auto entries = files_.list(folder, system::Detail::names);
+  auto entries = files_.list(folder, system::Detail::names, [&](const system::UnnamedEntry& entry) {
+    listing.unnamed.push_back(entry);
+  });
   listing.readable = entries.has_value();
   if (!entries) return listing;
   for (system::FileInfo& entry : *entries) {
     // A junction or a link to a folder leads out of the tree, or round in it.
     if (entry.folder && entry.link) continue;
     auto& kind = entry.folder ? listing.folders : listing.files;
-    kind.push_back({std::move(entry.name), !entry.hidden && !entry.system});
+    kind.push_back(
+        {std::move(entry.name), !entry.hidden && !entry.system, entry.link, entry.number});
   }
   listing.files.shrink_to_fit();
   listing.folders.shrink_to_fit();
   return listing;
 }
 
-const FolderTree::Entry* FolderTree::known_file(std::string_view path) const {
-  const std::string_view folder = path.substr(0, path.rfind('\\') + 1);
-  const Listing* const found = known(folder);
-  if (found == nullptr) return nullptr;
-  const std::string_view name = path.substr(folder.size());
-  // Listings are in the order of the disk, which is by name with case ignored.
-  const auto& files = found->files;
+const FolderTree::Entry* FolderTree::find_file(const Listing& listing, std::string_view name) {
+  // Listings are in the order of NTFS, in which names that differ only by case stand together.
+  const auto& files = listing.files;
   auto entry = std::lower_bound(
       files.begin(), files.end(), name,
       [](const Entry& a, std::string_view b) { return text::less_ignoring_case(a.name, b); });
+  const Entry* found = nullptr;
   for (; entry != files.end() && text::equal_ignoring_case(entry->name, name); ++entry) {
-    if (entry->name == name) return &*entry;
+    if (found == nullptr || entry->name == name) found = &*entry;
   }
-  return nullptr;
+  return found;
+}
+
+const FolderTree::Entry* FolderTree::known_file(std::string_view path) const {
+  const std::string_view folder = path.substr(0, path.rfind('\\') + 1);
+  const Listing* const listing = known(folder);
+  if (listing == nullptr) return nullptr;
+  const std::string_view name = path.substr(folder.size());
+  const Entry* const found = find_file(*listing, name);
+  return found != nullptr && found->name == name ? found : nullptr;
 }
 
 std::optional<bool> FolderTree::holds_plain_file(std::string_view path) {

@@ -18,12 +18,16 @@ class FolderTree {
   // A file or folder of a listing.
   struct Entry {
     std::string name;
-    bool plain;  // neither hidden nor a system file
+    bool plain;            // neither hidden nor a system file
+    bool link;             // only stands for another file
+    std::uint64_t number;  // on its volume; 0 where it is not known
   };
   struct Listing {
     bool readable = false;
     std::vector<Entry> files;    // in the order of the disk
     std::vector<Entry> folders;  // without those that only stand for another place
+    // Entries that the code page cannot name, to be shown to the user.
+    std::vector<system::UnnamedEntry> unnamed;
   };
 
   explicit FolderTree(system::FileSystem& files) : files_(files) {}
@@ -36,6 +40,10 @@ class FolderTree {
 
   // The entry of a file whose folder has been listed under just this spelling; null otherwise.
   const Entry* known_file(std::string_view path) const;
+
+  // The entry of a file in a listing, with case ignored; of several the one of that spelling. Null
+  // if there is none.
+  static const Entry* find_file(const Listing& listing, std::string_view name);
 
   // Whether a plain file of that name, case ignored, stands in its folder, by the listing of that
   // folder. Nothing where a listing cannot tell: the folder is not readable, or the name is one of

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "project/left_out.h"
 #include "project/vip_reader.h"
 #include "ui/control.h"
 #include "work/clocks.h"
@@ -16,6 +17,7 @@ struct MainPieces {
   work::StatusStrip& strip;
   work::Clocks& clocks;
   VipReader& reader;
+  LeftOut& left_out;
   ui::Control& cmdPerdidos;
   ui::Control& ActualizarVip;
   std::function<void()> cmdReset_Click;

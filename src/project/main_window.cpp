@@ -1,5 +1,6 @@
 #include "project/main_window.h"
 
+#include "project/projects_left_out_window.h"
 #include "skin/main_window_layout.h"
 #include "work/arrange.h"
 #include "work/dress.h"
@@ -24,6 +25,8 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       ActualizarVip(*this, "ActualizarVip"),
       Configurar(*this, "Configurar"),
       AcercaDe(*this, "AcercaDe"),
+      cmdSalir(*this, "cmdSalir"),
+      LabelFuera(*this, "LabelFuera"),
       CheckSubPath(*this, "CheckSubPath"),
       CheckBAK(*this, "CheckBAK"),
       CheckToolTips(*this, "CheckToolTips"),
@@ -40,11 +43,12 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       work_(work),
       windows_(windows),
       settings_(settings),
+      left_out_(work),
       validator_(platform.files, reader, lists.List1),
       tree_(platform.files),
-      listing_(platform, work, lists, validator_, tree_),
-      decoding_(platform, work, lists, strip, reader),
-      analysis_(platform, work, lists, strip, tree_) {
+      listing_(platform, work, lists, validator_, tree_, left_out_),
+      decoding_(platform, work, lists, strip, reader, left_out_),
+      analysis_(platform, work, lists, strip, tree_, left_out_) {
   set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
   set_borderless(true);
   set_minimizable(true);
@@ -53,6 +57,9 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
   name_controls();
   work::dress(*this);
   wire();
+  windows_.add("Fuera", [this] {
+    return std::make_unique<Fuera>(this->backend(), work_, windows_, settings_);
+  });
 }
 
 void Form1::name_controls() {
@@ -75,6 +82,9 @@ void Form1::name_controls() {
   Configurar.set_caption("Configurar");
   Configurar.set_tip("Elegir las unidades en las que se buscan archivos");
   AcercaDe.set_caption("Acerca de");
+  cmdSalir.set_caption("Salir");
+  cmdSalir.set_tip(Salir.tip());
+  LabelFuera.set_tip("Ver qué proyectos no cuentan y por qué");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
   for (ui::Control* pending :
@@ -95,8 +105,7 @@ void Form1::name_controls() {
   }
 
   TextNum1[0].set_caption(
-      "Los proyectos de la carpeta. Pulsa «Abrir proyecto...» y elige un archivo .vip: se "
-      "listan todos los que hay junto a él.");
+      "Pulsa «Abrir proyecto...» y elige uno: aquí se listan todos los de su carpeta.");
   TextNum1[1].set_caption("Los archivos de audio que utiliza el proyecto abierto.");
   TextNum1[2].set_caption("Los archivos que utilizan todos los proyectos de la carpeta.");
   TextNum1[3].set_caption("Los archivos que no utiliza ninguno: los que se pueden borrar.");
@@ -122,6 +131,8 @@ void Form1::wire() {
   AcercaDe.on_click = [this] { windows_.touch("Acerca"); };
   cmdMinimizar.on_click = [this] { set_minimized(true); };
   Salir.on_click = [this] { Salir_Click(); };
+  cmdSalir.on_click = [this] { Salir_Click(); };
+  LabelFuera.on_click = [this] { LabelFuera_Click(); };
   CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };
   CheckLogo.on_click = [this] { CheckLogo_Click(); };
   ListProyectosInfo.on_mouse_move = [this](ui::Point) { ListProyectosInfo.hide(); };
@@ -163,7 +174,8 @@ void Form1::warn_of_no_drive() {
 }
 
 MainPieces Form1::pieces() {
-  return {lists, strip, clocks, reader, cmdPerdidos, ActualizarVip, [this] { cmdReset_Click(); }};
+  return {lists,     strip,       clocks,        reader,
+          left_out_, cmdPerdidos, ActualizarVip, [this] { cmdReset_Click(); }};
 }
 
 void Form1::Configurar_Click() {
@@ -176,6 +188,8 @@ void Form1::Configurar_Click() {
 void Form1::cmdReset_Click() {
   if (work_.Borrando) return;
   work_.begin_job();
+  left_out_.clear();
+  show_ProyectosFuera();
   set_waiting(false);
   for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
   clocks.reset();

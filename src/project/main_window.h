@@ -53,8 +53,9 @@ class Form1 final : public ui::Window {
   void ListProyectos_Click();
   // Sweeps the projects that List1 holds: lists them, decodes the first into ListVip and all into
   // ListUtilizados, and works out what none of them uses. Does nothing, and leaves Descodificando
-  // as it is, while RutaProyectos is in a folder of frozen tracks.
-  void BarrerProyectos();
+  // as it is, while RutaProyectos is in a folder of frozen tracks. False if something newer took
+  // its place on the way.
+  bool BarrerProyectos();
   // Saves the lists as reports, one for each project and two for all.
   void SalvaListados_Click();
   // Back to the empty window. A job that runs ends at its next look.
@@ -66,6 +67,11 @@ class Form1 final : public ui::Window {
   void Configurar_Click();
   // Ends the program, without a question.
   void Salir_Click();
+  // Shows how many projects count for nothing, as the work in hand has them now. The window that
+  // lists them follows where it is open, and is closed when there are none.
+  void show_ProyectosFuera();
+  // Opens the window that lists those projects, or closes it.
+  void LabelFuera_Click();
 
   work::WorkLists lists;
   work::StatusStrip strip;
@@ -83,6 +89,8 @@ class Form1 final : public ui::Window {
   ui::Label ActualizarVip;
   ui::Label Configurar;
   ui::Label AcercaDe;
+  ui::Label cmdSalir;    // ends the program too: in words, among the labels
+  ui::Label LabelFuera;  // how many projects count for nothing
   ui::CheckBox CheckSubPath;
   ui::CheckBox CheckBAK;
   ui::CheckBox CheckToolTips;
@@ -113,15 +121,39 @@ class Form1 final : public ui::Window {
   // What opening, sweeping and decoding one project have in common.
   void show_progress();
   void hide_progress();
-  void decode_into_ListVip(const std::string& path);
+  // Reads a project into ListVip and heads the list; `shown` is the path that the headings tell.
+  void decode_into_ListVip(const std::string& path, const std::string& shown);
   void LlenarListUtilizados();
   void LlenarListBorrar();
   void show_CommandBorrado();
 
+  // What the window shows of the decoded project.
+  struct ShownProject {
+    struct Heading {
+      std::string caption;
+      bool visible;
+    };
+    std::vector<std::string> rows;
+    bool visible;
+    int current;
+    std::string NombreProyecto;
+    std::vector<Heading> headings;
+  };
+  ShownProject shown_project() const;
+  void show_again(const ShownProject& shown);
+  void tell_unsaved(const std::vector<std::string>& failed);
+
   // A sweep: from a filled List1 to decoded projects.
   void PrepararBarrido();
-  bool drop_folder(const std::string& folder);
+  // How a dropped item ended.
+  enum class Dropped { taken, nothing, swept, ended };
+  // The first of the items; the others are those dropped after it.
+  Dropped drop_item(const std::vector<std::string>& items);
+  Dropped drop_folder(const std::vector<std::string>& items);
+  void leave_out_undropped(const std::vector<std::string>& items);
+  void end_empty_drop();
   void ask_to_remove_side_files(const std::string& folder);
+  void tell_kept_side_files();
   bool removes_side_files() const;
   void show_swept();
 
@@ -129,12 +161,14 @@ class Form1 final : public ui::Window {
   work::WorkInHand& work_;
   work::WindowDirectory& windows_;
   settings::Settings& settings_;
+  LeftOut left_out_;
   Validator validator_;
   FolderTree tree_;
   ProjectListing listing_;
   ProjectDecoding decoding_;
   UnusedAnalysis analysis_;
   FileLocation* location_ = nullptr;
+  std::vector<std::string> kept_side_files_;  // of this drop, to be told at its end
 };
 
 }  // namespace ordelan::project

@@ -32,6 +32,8 @@ void Form1::open_project(const std::string& path) {
   const bool valid = validator_.Valido(path);
   if (work_.superseded(job)) return;
   if (!valid) {
+    if (const auto why = validator_.refusal()) left_out_.add(path, *why);
+    show_ProyectosFuera();
     strip.Alerta(work::kWarning, " >>> AVISO <<<   Este proyecto no tiene archivos de audio", true);
     return;
   }
@@ -54,7 +56,7 @@ void Form1::open_project(const std::string& path) {
 
     list_projects();
     if (work_.superseded(job)) return;
-    if (!display_path.empty()) {
+    if (!display_path.empty() && !work_.RutaVip.empty()) {
       decode_picked_project(display_path);
       if (work_.superseded(job)) return;
       show_decoded();
@@ -62,11 +64,7 @@ void Form1::open_project(const std::string& path) {
       if (work_.superseded(job)) return;
       tree_.forget();
       cmdReset.show();
-      if (work_.Cancelar) {
-        // Asked for while the report was made.
-        cmdReset_Click();
-        return;
-      }
+      if (work_.Cancelar) cmdReset_Click();  // asked for while the report was made
       ZoomListas.show();
     }
   } catch (...) {
@@ -97,7 +95,7 @@ void Form1::decode_picked_project(const std::string& display_path) {
   lists.ListVip.clear();
   strip.Alerta(work::kProgress, "Descodificando: " + work_.RutaVip, true);
   show_progress();
-  decode_into_ListVip(display_path);
+  decode_into_ListVip(work_.RutaVip, display_path);
   if (work_.superseded(job)) return;
   strip.Alerta(work::kProgress, ": ", false);
   LlenarListUtilizados();
@@ -112,6 +110,7 @@ void Form1::show_decoded() {
   strip.LabelAviso.hide();
   if (removes_side_files() || lists.ListBorrar.count() > 1) CommandBorrado.show();
 
+  show_ProyectosFuera();
   work_.PrimerProyecto.clear();
   work_.Cancelar = false;
   cmdCancelar.hide();

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "project/repeated_rows.h"
+#include "project/valido.h"
 #include "text/paths.h"
 #include "text/rows.h"
 
@@ -14,6 +15,7 @@ void ProjectDecoding::DescodificarProyectos(bool with_backups) {
   lists_.LabelAdd[0].hide();
   strip_.TextDecode.show();
   decoded_ = 0;
+  misread_.clear();
   std::size_t duplicates = 0;
 
   const auto projects = lists_.ListProyectos.kept_rows();
@@ -41,12 +43,17 @@ void ProjectDecoding::DescodificarProyectos(bool with_backups) {
 }
 
 void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
-  if (!with_backups && row.find("_BAK") != std::string::npos) return;
+  const auto job = work_.current_job();
+  if (!with_backups && row.find("_BAK") != std::string::npos) {
+    left_out_.add(text::Obtener_VipPath(row), WhyOut::backup);
+    return;
+  }
   strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
 
   const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
-  std::string path =
+  const std::string own_path =
       with_backups ? text::Obtener_VipPath(row) : std::string(text::behind_arrow(row));
+  std::string path = own_path;
   if (!with_backups && !work_.PrimerProyecto.empty() &&
       !platform_.files.look_up(work_.PrimerProyecto)) {
     path = work_.RutaProyectos + path;
@@ -54,7 +61,19 @@ void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
   }
   if (reader_.ExtraerNombres_Archivos(path, lists_.ListUtilizados, prefix + path, true)) {
     ++decoded_;
+    if (reader_.last_reading() == Reading::broken) left_out_.add(path, WhyOut::broken);
+  } else if (const auto why = why_without_audio(platform_.files, reader_, path)) {
+    left_out_.add(own_path, *why);
   }
+  // The folder is put before rows that are names alone, and before whole paths as well: those are
+  // then not found, and their headings show it. What those projects use must not be offered.
+  if (path != own_path && !work_.superseded(job)) read_misread(own_path);
+}
+
+void ProjectDecoding::read_misread(const std::string& path) {
+  const std::size_t counted = reader_.TotalArchivosVip;
+  reader_.ExtraerNombres_Archivos(path, misread_, "", true);
+  reader_.TotalArchivosVip = counted;
 }
 
 // Two files are the same only if their full paths are, letter for letter; the first stays, so that

@@ -1,8 +1,11 @@
 // Decodes all listed projects into ListUtilizados.
 #pragma once
 
+#include <memory>
 #include <string>
+#include <vector>
 
+#include "project/left_out.h"
 #include "project/vip_reader.h"
 #include "system/platform.h"
 #include "work/status_strip.h"
@@ -15,17 +18,31 @@ class ProjectDecoding {
  public:
   // What is given must outlive the decoding.
   ProjectDecoding(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
-                  work::StatusStrip& strip, VipReader& reader)
-      : platform_(platform), work_(work), lists_(lists), strip_(strip), reader_(reader) {}
+                  work::StatusStrip& strip, VipReader& reader, LeftOut& left_out)
+      : platform_(platform),
+        work_(work),
+        lists_(lists),
+        strip_(strip),
+        reader_(reader),
+        left_out_(left_out),
+        misread_(lists.ListProyectos.window(), "ListMalLeidos") {
+    misread_.hide();
+  }
 
   // Adds to ListUtilizados, for each row of ListProyectos, a header row and the rows of its files,
   // strikes out repeated files, and heads the list with the totals. Without `with_backups`,
   // projects whose row holds "_BAK" are passed over. A cancel ends the decoding, and repeats are
-  // struck out of what there is only when it was not cancelled.
+  // struck out of what there is only when it was not cancelled. Projects that were passed over, or
+  // of which no audio was read, are left out with their reason.
   void DescodificarProyectos(bool with_backups);
+
+  // Files that the listed projects use and that are no rows of ListUtilizados, because their
+  // project was looked for under another path than its own. They are in use all the same.
+  std::shared_ptr<const std::vector<std::string>> also_used() const { return misread_.kept_rows(); }
 
  private:
   void decode_row(const std::string& row, bool with_backups);
+  void read_misread(const std::string& path);
   std::size_t strike_out_repeats();
 
   const system::Platform& platform_;
@@ -33,6 +50,8 @@ class ProjectDecoding {
   work::WorkLists& lists_;
   work::StatusStrip& strip_;
   VipReader& reader_;
+  LeftOut& left_out_;
+  ui::ListBox misread_;  // never shown
   std::size_t decoded_ = 0;
 };
 

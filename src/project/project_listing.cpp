@@ -17,7 +17,27 @@ bool ends_in_vip(const std::string& name) {
   return name.size() >= 3 && text::lower(std::string_view(name).substr(name.size() - 3)) == "vip";
 }
 
+// The wait cursor of a window, for as long as this lives: also a walk that was broken off gives the
+// pointer back.
+class WaitCursor {
+ public:
+  explicit WaitCursor(ui::Window& window) : window_(window) { window_.set_waiting(true); }
+  ~WaitCursor() { window_.set_waiting(false); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+
+ private:
+  ui::Window& window_;
+};
+
 }  // namespace
+
+bool ProjectListing::accepts(const std::string& path) {
+  if (validator_.Valido(path)) return true;
+  const auto why = validator_.refusal();
+  if (why && is_project_name(path)) left_out_.add(path, *why);
+  return false;
+}
 
 void ProjectListing::list_flat(bool with_backups) {
   std::vector<std::string> candidates;
@@ -34,8 +54,11 @@ void ProjectListing::list_flat(bool with_backups) {
   const auto job = work_.current_job();
   std::size_t number = 1;
   for (const std::string& path : candidates) {
-    if (!with_backups && is_backup(path)) continue;
-    const bool valid = validator_.Valido(path);
+    if (!with_backups && is_backup(path)) {
+      left_out_.add(path, WhyOut::backup);
+      continue;
+    }
+    const bool valid = accepts(path);
     if (work_.superseded(job)) return;
     if (valid) lists_.ListProyectos.add(text::project_row(number++, path));
     pacer.turn();
@@ -44,8 +67,7 @@ void ProjectListing::list_flat(bool with_backups) {
 }
 
 void ProjectListing::ListarCarpetas() {
-  ui::Window& window = lists_.ListProyectos.window();
-  window.set_waiting(true);
+  const WaitCursor waiting(lists_.ListProyectos.window());
   platform_.pump.pump();
   const auto job = work_.current_job();
   system::Pacer pacer(platform_.pump, platform_.clock);
@@ -61,7 +83,6 @@ void ProjectListing::ListarCarpetas() {
   if (work_.superseded(job)) return;
   lists_.List1.clear();
   lists_.List1.add(std::move(folders));
-  window.set_waiting(false);
 }
 
 void ProjectListing::ListarProyectosCarpetas(bool with_backups) {
@@ -73,8 +94,12 @@ void ProjectListing::ListarProyectosCarpetas(bool with_backups) {
   for (const std::string& row : *folders) {
     const std::string folder = system::with_backslash(row);
     for (const auto& entry : tree_.listing(folder).files) {
-      if (!ends_in_vip(entry.name) || (!with_backups && is_backup(entry.name))) continue;
-      const bool valid = validator_.Valido(folder + entry.name);
+      if (!ends_in_vip(entry.name)) continue;
+      if (!with_backups && is_backup(entry.name)) {
+        if (is_project_name(entry.name)) left_out_.add(folder + entry.name, WhyOut::backup);
+        continue;
+      }
+      const bool valid = accepts(folder + entry.name);
       if (work_.superseded(job)) return;
       if (valid) lists_.ListProyectos.add(text::project_row(++number, folder + entry.name));
       pacer.turn();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "project/folder_tree.h"
+#include "project/left_out.h"
 #include "project/valido.h"
 #include "system/platform.h"
 #include "work/work_in_hand.h"
@@ -15,12 +16,18 @@ class ProjectListing {
  public:
   // What is given must outlive the listing.
   ProjectListing(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
-                 Validator& validator, FolderTree& tree)
-      : platform_(platform), work_(work), lists_(lists), validator_(validator), tree_(tree) {}
+                 Validator& validator, FolderTree& tree, LeftOut& left_out)
+      : platform_(platform),
+        work_(work),
+        lists_(lists),
+        validator_(validator),
+        tree_(tree),
+        left_out_(left_out) {}
 
   // Fills ListProyectos with the valid projects of RutaProyectos itself, numbered from 1. Projects
   // whose path holds "_BAK" count only with `with_backups`. Hides the list while it fills it, and
-  // leaves the paths of all projects in List1.
+  // leaves the paths of all projects in List1. Here and below, projects that get no row are left
+  // out with their reason.
   void list_flat(bool with_backups);
 
   // List1 becomes RutaProyectos and all the folders below it. Folders that may not be read are
@@ -32,11 +39,15 @@ class ProjectListing {
   void ListarProyectosCarpetas(bool with_backups);
 
  private:
+  // Asks whether a project is to be listed, and notes why not.
+  bool accepts(const std::string& path);
+
   const system::Platform& platform_;
   work::WorkInHand& work_;
   work::WorkLists& lists_;
   Validator& validator_;
   FolderTree& tree_;
+  LeftOut& left_out_;
 };
 
 }  // namespace ordelan::project

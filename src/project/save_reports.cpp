@@ -2,6 +2,7 @@
 #include "project/main_window.h"
 #include "settings/reports.h"
 #include "text/paths.h"
+#include "ui/list_width.h"
 
 namespace ordelan::project {
 
@@ -15,17 +16,17 @@ void Form1::SalvaListados_Click() {
   CheckLogo.hide();
   lists.ListProyectos.hide();
 
+  std::vector<std::string> failed;
   const auto save = [&](const std::string& name, const ui::ListBox& list,
                         const ui::ControlArray<ui::Label>& headings) {
-    settings::SalvarListados(platform_.files, platform_.regional, folder + name, list,
-                             headings[0].caption(), headings[1].caption());
+    const bool saved = settings::SalvarListados(platform_.files, platform_.regional, folder + name,
+                                                list, headings[0].caption(), headings[1].caption());
+    if (!saved) failed.push_back(folder + name);
   };
-  const std::string shown = work_.NombreProyecto;
-  std::size_t remembered = lists.ListProyectos.count();
+  const ShownProject shown = shown_project();
   work_.Descodificando = true;
   for (std::size_t i = 0; i < lists.ListProyectos.count(); ++i) {
     const std::string row = lists.ListProyectos.row(i);
-    if (row.find(shown) != std::string::npos) remembered = i;
     ListProyectos_Decode(i);
     if (work_.superseded(job)) return;
     if (work_.Cancelar) break;
@@ -33,9 +34,7 @@ void Form1::SalvaListados_Click() {
          lists.LabelCount);
   }
   work_.Cancelar = false;
-  // The window is left as it stood.
-  if (remembered < lists.ListProyectos.count()) ListProyectos_Decode(remembered);
-  if (work_.superseded(job)) return;
+  show_again(shown);
   work_.Descodificando = false;
   strip.XP_ProgressBar1.hide();
   lists.ListProyectos.show();
@@ -43,6 +42,44 @@ void Form1::SalvaListados_Click() {
   CheckLogo.show();
   save("Archivos Totales.log", lists.ListUtilizados, lists.LabelAdd);
   save("Archivos a Borrar.log", lists.ListBorrar, lists.LabelErase);
+  tell_unsaved(failed);
+}
+
+// What the window shows of the decoded project. It is put back as it stood, not decoded anew: the
+// project may be no row of the list (a backup opened by hand), stand there in another case, or have
+// changed on the disk since.
+Form1::ShownProject Form1::shown_project() const {
+  ShownProject shown{lists.ListVip.rows(),
+                     lists.ListVip.visible(),
+                     lists.ListVip.current(),
+                     work_.NombreProyecto,
+                     {}};
+  for (const auto& heading : lists.LabelCount) {
+    shown.headings.push_back({heading->caption(), heading->visible()});
+  }
+  return shown;
+}
+
+void Form1::show_again(const ShownProject& shown) {
+  lists.ListVip.clear();
+  lists.ListVip.add(shown.rows);
+  ui::ListaAncho(lists.ListVip);
+  lists.ListVip.set_visible(shown.visible);
+  lists.ListVip.set_current(shown.current);
+  work_.NombreProyecto = shown.NombreProyecto;
+  for (std::size_t i = 0; i < shown.headings.size(); ++i) {
+    ui::Label& heading = lists.LabelCount[static_cast<int>(i)];
+    heading.set_caption(shown.headings[i].caption);
+    heading.set_visible(shown.headings[i].visible);
+  }
+}
+
+// A report that could not be written is told on the strip, without a box to be closed.
+void Form1::tell_unsaved(const std::vector<std::string>& failed) {
+  if (failed.empty()) return;
+  std::string text = " >>> AVISO <<<   No se ha podido salvar:";
+  for (const std::string& path : failed) text += "\r\n" + path;
+  strip.Alerta(work::kWarning, text, true);
 }
 
 }  // namespace ordelan::project

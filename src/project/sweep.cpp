@@ -1,9 +1,11 @@
 // A sweep over many projects: by a drop, or of one row by a double click.
+#include <unordered_set>
+
 #include "project/main_window.h"
+#include "project/side_files.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 #include "text/rows.h"
-#include "text/wildcard.h"
 #include "ui/list_width.h"
 
 namespace ordelan::project {
@@ -26,12 +28,12 @@ void Form1::PrepararBarrido() {
 
 // The projects to sweep are the rows of List1. Each gets its own number, so that no two rows of
 // ListProyectos are ever equal and there is nothing to strike out among them.
-void Form1::BarrerProyectos() {
+bool Form1::BarrerProyectos() {
   const auto job = work_.current_job();
   strip.TextDecode.hide();
   ZoomListas.hide();
   // A folder of frozen tracks is never swept.
-  if (work_.RutaProyectos.find("FreezeData") != std::string::npos) return;
+  if (work_.RutaProyectos.find("FreezeData") != std::string::npos) return true;
   PrepararBarrido();
   work_.Descodificando = true;
   clocks.iniciarCrono();
@@ -59,17 +61,19 @@ void Form1::BarrerProyectos() {
   lists.ListVip.clear();
   strip.Alerta(work::kProgress, "Descodificando: " + work_.PrimerProyecto, true);
   show_progress();
-  decode_into_ListVip(std::string(work_.PrimerProyecto));
-  if (work_.superseded(job)) return;
+  const std::string first_project = work_.PrimerProyecto;
+  decode_into_ListVip(first_project, first_project);
+  if (work_.superseded(job)) return false;
   strip.Alerta(work::kProgress, ": ", false);
   LlenarListUtilizados();
-  if (work_.superseded(job)) return;
+  if (work_.superseded(job)) return false;
   LlenarListBorrar();
-  if (work_.superseded(job)) return;
+  if (work_.superseded(job)) return false;
   location_->LlenarPerdidos(tree_);
-  if (work_.superseded(job)) return;
+  if (work_.superseded(job)) return false;
   tree_.forget();
 
+  show_ProyectosFuera();
   lists.ListBorrar.show();
   cmdCancelar.hide();
   cmdPerdidos.show();
@@ -80,11 +84,10 @@ void Form1::BarrerProyectos() {
   strip.Alerta(work::kProgress, ": ", false);
   work_.Descodificando = false;
   cmdReset.show();
-  if (work_.Cancelar) {
-    cmdReset_Click();
-    return;
-  }
+  // The window is then empty, and the box stands on it all the same until something is opened.
+  if (work_.Cancelar) cmdReset_Click();
   ZoomListas.show();
+  return true;
 }
 
 void Form1::show_swept() {
@@ -95,7 +98,10 @@ void Form1::show_swept() {
 
 void Form1::ListProyectos_Drop(const std::vector<std::string>& items) {
   if (work_.Borrando || work_.Descodificando) return;
-  const auto job = work_.begin_job();
+  work_.begin_job();
+  left_out_.clear();
+  show_ProyectosFuera();
+  kept_side_files_.clear();
   tree_.forget();
   windows_.hide("Buscar");
   ListProyectosInfo.hide();
@@ -118,79 +124,136 @@ void Form1::ListProyectos_Drop(const std::vector<std::string>& items) {
   clocks.iniciarCrono();
   lists.ListProyectos.hide();
 
-  std::size_t number = 1;
-  for (const std::string& item : items) {
-    const auto there = platform_.files.look_up(item);
-    const std::string name = there ? text::lower(there->name) : "";
-    if (!name.ends_with(".vip")) {
-      const bool swept = drop_folder(item);
-      if (work_.superseded(job)) return;
-      if (!swept) continue;
-      show_swept();
-      return;
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    switch (drop_item({items.begin() + static_cast<std::ptrdiff_t>(i), items.end()})) {
+      case Dropped::taken:
+      case Dropped::nothing:
+        break;
+      case Dropped::swept:
+        show_swept();
+        tell_kept_side_files();
+        return;
+      case Dropped::ended:
+        return;
     }
-    const bool valid = validator_.Valido(item);
-    if (work_.superseded(job)) return;
-    if (!valid) continue;
-    if (work_.PrimerProyecto.empty()) {
-      lists.ListProyectos.clear();
-      lists.List1.clear();
-      work_.PrimerProyecto = item;
-    }
-    lists.ListProyectos.add(text::project_row(number++, item));
-    lists.List1.add(item);
   }
 
   ui::ListaAncho(lists.ListProyectos);
   if (work_.PrimerProyecto.empty() || work_.Cancelar) {
-    cmdReset_Click();
+    end_empty_drop();
     return;
   }
   // The path of a project, not of a folder: the headings show which one was dropped first.
   work_.RutaProyectos = work_.PrimerProyecto;
-  BarrerProyectos();
-  if (!work_.superseded(job)) show_swept();
+  if (!BarrerProyectos()) return;
+  show_swept();
+  tell_kept_side_files();
 }
 
-// Sweeps the projects of a dropped folder. False if there are none, or if it has been stopped.
-bool Form1::drop_folder(const std::string& folder) {
+// The first of the items was a folder that ended the drop: the projects of the others do not count.
+void Form1::leave_out_undropped(const std::vector<std::string>& items) {
+  const std::string swept = text::same_file_key(items.front()) + "\\";
+  std::unordered_set<std::string> listed;
+  for (const std::string& project : lists.List1.rows()) {
+    listed.insert(text::same_file_key(project));
+  }
+  for (std::size_t i = 1; i < items.size(); ++i) {
+    const std::string key = text::same_file_key(items[i]);
+    if (listed.contains(key) || (key + "\\").starts_with(swept)) continue;
+    const auto there = platform_.files.info(items[i]);
+    if (there && (there->folder || is_project_name(there->name))) {
+      left_out_.add(items[i], WhyOut::after_folder);
+    }
+  }
+}
+
+// The window is emptied, and the entries that a sweep ends with stand on it all the same. Why
+// nothing of what was dropped counts stays to be seen.
+void Form1::end_empty_drop() {
+  const auto left_out = work_.ProyectosFuera;
+  cmdReset_Click();
+  work_.ProyectosFuera = left_out;
+  show_ProyectosFuera();
+  show_swept();
+  tell_kept_side_files();
+}
+
+// A project joins those to be swept; anything else is taken for a folder.
+Form1::Dropped Form1::drop_item(const std::vector<std::string>& items) {
+  const std::string& item = items.front();
+  if (work_.Cancelar) {
+    // A sweep of the projects taken so far would take the files of the others for unused.
+    end_empty_drop();
+    return Dropped::ended;
+  }
+  const auto job = work_.current_job();
+  const auto there = platform_.files.look_up(item);
+  if (!there || !is_project_name(there->name)) return drop_folder(items);
+  const bool valid = validator_.Valido(item);
+  if (work_.superseded(job)) return Dropped::ended;
+  if (!valid) {
+    if (const auto why = validator_.refusal()) left_out_.add(item, *why);
+    return Dropped::nothing;
+  }
+  if (work_.PrimerProyecto.empty()) {
+    lists.ListProyectos.clear();
+    lists.List1.clear();
+    work_.PrimerProyecto = item;
+  }
+  lists.ListProyectos.add(text::project_row(lists.ListProyectos.count() + 1, item));
+  lists.List1.add(item);
+  return Dropped::taken;
+}
+
+// Sweeps the projects dropped so far together with those of a dropped folder, if it has any.
+Form1::Dropped Form1::drop_folder(const std::vector<std::string>& items) {
+  const std::string& folder = items.front();
   const auto job = work_.current_job();
   work_.RutaVip = folder;
   PrepararBarrido();
   const bool found = location_->BuscarVips(folder);
-  if (work_.superseded(job)) return false;
+  if (work_.superseded(job)) return Dropped::ended;
   if (work_.Cancelar) {
-    // A sweep of the projects found so far would take the files of the others for unused.
-    cmdReset_Click();
-    return false;
+    end_empty_drop();
+    return Dropped::ended;
   }
   if (!found) {
     if (removes_side_files()) ask_to_remove_side_files(folder);
-    return false;
+    return work_.superseded(job) ? Dropped::ended : Dropped::nothing;
   }
-  BarrerProyectos();
-  return !work_.superseded(job);
+  leave_out_undropped(items);
+  return BarrerProyectos() ? Dropped::swept : Dropped::ended;
 }
 
-// A folder without projects may be cleared of side files, also of those of two kinds of audio. Only
-// whole names count here, not the short ones by which searches find more: what is removed is gone.
+// A folder without projects may be cleared of its side files, also of two kinds of audio.
 void Form1::ask_to_remove_side_files(const std::string& folder) {
+  const auto job = work_.current_job();
   const auto answer = platform_.dialogs.message(
       {.title = "Borrar archivos asociados",
        .text =
            "Se van a borrar todos los archivos\r\n\r\nAsociados en la carpeta ....\r\n" + folder,
        .icon = system::Icon::critical,
        .buttons = system::Buttons::ok_cancel});
-  if (answer != system::Answer::ok) return;
+  if (answer != system::Answer::ok || work_.must_stop(job)) return;
   const std::string place = system::with_backslash(folder);
-  const auto& files = tree_.listing(place).files;
-  for (const char* extension : {"h2", "hdp", "hm2", "hmp", "ha2", "hap", "hg2", "hgp", "hf2", "hfp",
-                                "cue", "hz", "wma", "m4a", "hs"}) {
-    for (const FolderTree::Entry& file : files) {
-      const bool fits = text::lower(text::Obtener_Extension(file.name)) == extension;
-      if (fits && file.plain) platform_.files.remove(place + file.name);
-    }
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  const SideFiles side = side_files_of(place, platform_.files, tree_,
+                                       [&] { return !(pacer.turn() && work_.must_stop(job)); });
+  if (work_.must_stop(job)) return;
+  for (const std::string& name : side.removable) platform_.files.remove(place + name);
+  for (const std::string& name : side.kept) kept_side_files_.push_back(place + name);
+  if (!side.unreadable.empty() && !side.kept.empty()) {
+    kept_side_files_.push_back("No se puede leer: " + side.unreadable);
   }
+}
+
+// Said at the end of a drop, as a sweep and a reset put the strip away.
+void Form1::tell_kept_side_files() {
+  if (kept_side_files_.empty()) return;
+  std::string text = " >>> AVISO <<<   Se conserva el audio que nombra algún proyecto:";
+  for (const std::string& row : kept_side_files_) text += "\r\n" + row;
+  strip.Alerta(work::kWarning, text, true);
+  kept_side_files_.clear();
 }
 
 void Form1::ListProyectos_Decode(std::size_t Indice) {
@@ -213,7 +276,7 @@ void Form1::ListProyectos_Decode(std::size_t Indice) {
   lists.ListVip.hide();
   strip.Alerta(work::kProgress, "Descodificando: " + path, true);
   show_progress();
-  decode_into_ListVip(path);
+  decode_into_ListVip(path, path);
   if (work_.superseded(job)) return;
 
   strip.Alerta(work::kProgress, ": ", false);

@@ -5,36 +5,82 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 
 #include "project/candidate_kinds.h"
 #include "project/repeated_rows.h"
+#include "project/used_guard.h"
 #include "project/used_strike.h"
 #include "text/paths.h"
-#include "text/row_table.h"
+#include "text/rows.h"
 
 namespace ordelan::project {
 
+struct UnusedAnalysis::Loop {
+  Loop(const system::Platform& platform, work::WorkInHand& in_hand)
+      : pacer(platform.pump, platform.clock), work(in_hand), job(in_hand.current_job()) {}
+
+  // Gives the window its turn. False once the job has to end.
+  bool turn() { return !(pacer.turn() && work.must_stop(job)); }
+
+  system::Pacer pacer;
+  work::WorkInHand& work;
+  work::JobNumber job;
+};
+
 void UnusedAnalysis::ListarArchivosCarpetas() {
+  Loop loop(platform_, work_);
+  const auto projects = lists_.ListProyectos.kept_rows();
   std::vector<std::string> folders;
-  for (const std::string& row : lists_.ListProyectos.rows()) {
+  for (const std::string& row : *projects) {
     const auto colon = row.find(':');
     std::string folder = row.substr(colon == std::string::npos || colon == 0 ? 0 : colon - 1);
     // A project that has gone has no name on the disk: its whole path then stands for a folder,
     // which is not there.
-    if (exists(folder)) folder = text::getPath(folder, "\\");
+    if (platform_.files.look_up(folder)) folder = text::getPath(folder, "\\");
     folders.push_back(std::move(folder));
+    if (!loop.turn()) break;
   }
   const auto repeated = repeated_rows(folders);
 
-  const auto job = work_.current_job();
   std::vector<std::string> candidates;
-  for (std::size_t i = 0; i < folders.size(); ++i) {
+  searched_.clear();
+  for (std::size_t i = 0; i < folders.size() && !work_.must_stop(loop.job); ++i) {
     if (!repeated[i] && !BuscarArchivosAPI(folders[i], candidates)) break;
   }
-  if (work_.superseded(job)) return;
+  if (work_.superseded(loop.job)) return;
+  if (!work_.Cancelar) note_projects_left_out(*projects, loop);
+  if (work_.superseded(loop.job)) return;
   lists_.List1.clear();
   lists_.List1.add(std::move(candidates));
+}
+
+// Projects among the searched files that have no row: in subfolders that are not included, beside a
+// dropped one, hidden, or such that nobody can name.
+void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects, Loop& loop) {
+  std::unordered_set<std::string> listed;
+  for (const std::string& row : projects)
+    listed.insert(text::same_file_key(text::behind_arrow(row)));
+  for (const std::string& folder : searched_) {
+    const FolderTree::Listing& found = tree_.listing(folder);
+    if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
+    for (const system::UnnamedEntry& entry : found.unnamed) {
+      if (entry.folder || is_project_name(entry.shown)) {
+        left_out_.add(folder + entry.shown + (entry.folder ? "\\" : ""), WhyOut::unnamed);
+      }
+    }
+    for (const FolderTree::Entry& file : found.files) {
+      if (!is_project_name(file.name)) continue;
+      const std::string path = folder + file.name;
+      if (listed.contains(text::same_file_key(path))) continue;
+      const bool frozen = path.find("FreezeData") != std::string::npos;
+      left_out_.add(path, frozen        ? WhyOut::frozen
+                          : !file.plain ? WhyOut::hidden
+                                        : WhyOut::not_listed);
+    }
+    if (!loop.turn()) return;
+  }
 }
 
 bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista) {
@@ -43,6 +89,7 @@ bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std:
   std::array<std::vector<std::string>, kPatterns.size()> found;
   const bool whole = tree_.walk(system::with_backslash(Ruta),
                                 [&](const std::string& folder, const FolderTree::Listing& listing) {
+                                  searched_.insert(folder);
                                   for (const FolderTree::Entry& file : listing.files) {
                                     if (const auto kind = kind_of(file.name))
                                       found[*kind].push_back(folder + file.name);
@@ -61,65 +108,67 @@ bool UnusedAnalysis::exists(const std::string& path) {
   return known != nullptr ? known->plain : platform_.files.look_up(path).has_value();
 }
 
-void UnusedAnalysis::BuscarNoUtilizados() {
+// Whether a candidate goes because its content is that of a used file of the same name. Also where
+// one of the two has gone since the folders were listed: a file that was moved is not offered.
+bool UnusedAnalysis::equal(const std::string& used, const std::string& candidate) {
+  return ComparaFiles(used, candidate) || !platform_.files.look_up(used) ||
+         !platform_.files.look_up(candidate);
+}
+
+void UnusedAnalysis::BuscarNoUtilizados(const std::vector<std::string>& also_used) {
   if (lists_.ListUtilizados.empty()) return;
   lists_.ListBorrar.hide();
   strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
   // Handlers that run in between may empty the lists.
-  const auto kept = lists_.ListUtilizados.kept_rows();
-  const std::vector<std::string>& used = *kept;
+  const auto used = lists_.ListUtilizados.kept_rows();
+  const auto shown = lists_.ListVip.kept_rows();
   std::vector<std::string> candidates = lists_.List1.take();
-  strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used.size()));
+  strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used->size()));
 
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
+  Loop loop(platform_, work_);
   const DiskQuestions disk = {
       [this](const std::string& path) { return exists(path); },
-      [this](const std::string& a, const std::string& b) { return ComparaFiles(a, b); }};
-  const auto struck = strike_used(used, candidates, disk, [&](std::size_t i) {
-    if (pacer.turn()) strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
-    return !work_.must_stop(job);
+      [this](const std::string& a, const std::string& b) { return equal(a, b); }};
+  const auto struck = strike_used(*used, candidates, disk, [&](std::size_t i) {
+    if (loop.pacer.turn()) strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
+    return !work_.must_stop(loop.job);
   });
-  if (work_.superseded(job)) return;
+  if (work_.superseded(loop.job)) return;
   std::vector<std::string> left;
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     if (!struck[i]) left.push_back(std::move(candidates[i]));
   }
   candidates = {};
-  if (work_.Cancelar) {
-    offer_nothing();
-  } else {
-    offer_unused(used, left, pacer, job);
-    if (work_.superseded(job)) return;
-  }
+  if (!work_.Cancelar) offer_unused({used.get(), shown.get(), &also_used}, left, loop);
+  if (work_.superseded(loop.job)) return;
+  if (work_.Cancelar) offer_nothing();
   lists_.List1.clear();
   lists_.List1.add(std::move(left));
 }
 
-void UnusedAnalysis::offer_unused(const std::vector<std::string>& used_rows,
-                                  const std::vector<std::string>& left, system::Pacer& pacer,
-                                  work::JobNumber job) {
-  // Where a file was listed twice, with a folder and with the one around it, the strike may have
-  // passed over the second row. A file that a project names is not offered for all that.
-  text::RowTable used(used_rows.size());
-  const auto used_row = [&](text::RowTable::Row row) { return std::string_view(used_rows[row]); };
-  for (std::size_t i = 0; i < used_rows.size(); ++i) {
-    used.put(static_cast<text::RowTable::Row>(i), used_row);
-    pacer.turn();
+// Fills ListBorrar, unless the job has to end first.
+void UnusedAnalysis::offer_unused(const std::vector<const std::vector<std::string>*>& used,
+                                  const std::vector<std::string>& left, Loop& loop) {
+  strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(left.size()));
+  std::vector<std::string> audio;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (is_offered(left[i]) && left[i].find("FreezeData") == std::string::npos) {
+      audio.push_back(left[i]);
+    }
+    if (loop.pacer.turn()) strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
+    if (work_.must_stop(loop.job)) return;
   }
+  // The strike compares names and paths letter for letter, and may pass over a row that was listed
+  // twice. A file that a project names is not offered for all that.
+  const auto same = same_as_used(audio, used, platform_.files, tree_, [&] { return loop.turn(); });
+  if (work_.must_stop(loop.job)) return;
   std::vector<std::string> unused;
-  for (const std::string& row : left) {
-    pacer.turn();
-    if (!is_offered(row) || row.find("FreezeData") != std::string::npos) continue;
-    if (used.find(row, used_row) == text::RowTable::kNone) unused.push_back(row);
+  for (std::size_t i = 0; i < audio.size(); ++i) {
+    if (!same[i]) unused.push_back(std::move(audio[i]));
   }
   const auto none_exempt = [](const std::string&) { return false; };
-  const auto repeated = repeated_rows(unused, none_exempt, [&] { pacer.turn(); });
-  if (work_.superseded(job)) return;
-  if (work_.Cancelar) {
-    offer_nothing();
-    return;
-  }
+  const auto repeated = repeated_rows(unused, none_exempt, [&] { loop.turn(); });
+  if (work_.must_stop(loop.job)) return;
 
   const std::size_t total = unused.size();
   std::vector<std::string> kept;
@@ -134,16 +183,19 @@ void UnusedAnalysis::offer_unused(const std::vector<std::string>& used_rows,
   head_unused(total, duplicates);
 }
 
-// What a cancelled search shows: nobody knows what it would have found.
+// What a cancelled search shows: what it would have found is not known.
 void UnusedAnalysis::offer_nothing() {
   lists_.ListBorrar.show();
   lists_.LabelErase.set_visible(false);
+  for (auto& heading : lists_.LabelErase) heading->set_caption("");
 }
 
 void UnusedAnalysis::head_unused(std::size_t found, std::size_t duplicates) {
   auto& headings = lists_.LabelErase;
   const std::string count = "Archivos no utilizados: " + std::to_string(found);
   if (found > 0) {
+    // It is hidden, but heads the report of this list: an earlier result must not stand there.
+    headings[0].set_caption("");
     headings[1].set_caption(count + "     Duplicados: " + std::to_string(duplicates) +
                             "    Total: " + std::to_string(found - duplicates));
   } else {

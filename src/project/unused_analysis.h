@@ -1,10 +1,12 @@
 // Works out which files of the projects' folders no project uses.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
 #include "project/folder_tree.h"
+#include "project/left_out.h"
 #include "system/platform.h"
 #include "work/status_strip.h"
 #include "work/work_in_hand.h"
@@ -16,19 +18,27 @@ class UnusedAnalysis {
  public:
   // What is given must outlive the analysis.
   UnusedAnalysis(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
-                 work::StatusStrip& strip, FolderTree& tree)
-      : platform_(platform), work_(work), lists_(lists), strip_(strip), tree_(tree) {}
+                 work::StatusStrip& strip, FolderTree& tree, LeftOut& left_out)
+      : platform_(platform),
+        work_(work),
+        lists_(lists),
+        strip_(strip),
+        tree_(tree),
+        left_out_(left_out) {}
 
   // List1 becomes every file of the twenty kinds in the folders of the listed projects and below:
   // folder by folder, within it pattern by pattern, and within that each folder ahead of its own
-  // subfolders. A folder inside another project's folder is listed with both.
+  // subfolders. A folder inside another project's folder is listed with both. Projects in those
+  // folders that are no rows of ListProyectos are left out with their reason: what they use is
+  // looked for among files that may be offered.
   void ListarArchivosCarpetas();
 
   // Strikes from List1 what ListUtilizados uses, moves what is left and is audio to ListBorrar
-  // without repeats, and heads that list with the totals. Never offers a path that stands in
-  // ListUtilizados. Does nothing where nothing is used. A cancel leaves ListBorrar empty: a list
-  // that was only half worked out would offer used files.
-  void BuscarNoUtilizados();
+  // without repeats, and heads that list with the totals. Never offers a file that a row of
+  // ListUtilizados, of ListVip or of `also_used` names, whatever the spelling. Does nothing where
+  // nothing is used. A cancel leaves ListBorrar empty: a list that was only half worked out would
+  // offer used files.
+  void BuscarNoUtilizados(const std::vector<std::string>& also_used = {});
 
   // Whether two files are there with the same length and the same bytes.
   bool ComparaFiles(const std::string& Archivo1, const std::string& Archivo2);
@@ -39,9 +49,14 @@ class UnusedAnalysis {
   bool BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista);
 
  private:
+  // A loop of one job, with its turns for the window.
+  struct Loop;
+
+  void note_projects_left_out(const std::vector<std::string>& projects, Loop& loop);
   bool exists(const std::string& path);
-  void offer_unused(const std::vector<std::string>& used_rows, const std::vector<std::string>& left,
-                    system::Pacer& pacer, work::JobNumber job);
+  bool equal(const std::string& used, const std::string& candidate);
+  void offer_unused(const std::vector<const std::vector<std::string>*>& used,
+                    const std::vector<std::string>& left, Loop& loop);
   void offer_nothing();
   void head_unused(std::size_t found, std::size_t duplicates);
 
@@ -50,6 +65,8 @@ class UnusedAnalysis {
   work::WorkLists& lists_;
   work::StatusStrip& strip_;
   FolderTree& tree_;
+  LeftOut& left_out_;
+  std::set<std::string> searched_;  // the folders of the last search, each with its backslash
 };
 
 }  // namespace ordelan::project

@@ -71,14 +71,18 @@ bool VipReader::turn(Run& run) {
 
 bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, ui::ListBox& Lista,
                                         const std::string& Titulo, bool Agregar) {
+  last_reading_ = Reading::no_project;
   if (text::lower(Ruta).find(".vip") == std::string::npos) return false;
   const std::string path(text::behind_arrow(Ruta));
   const auto there = platform_.files.look_up(path);
-  if (!there || there->size == 0) return false;
+  if (!there) return false;
+  last_reading_ = Reading::whole;
+  if (there->size == 0) return false;
 
   auto file = platform_.files.open(path);
   if (!file) {
-    // Somebody else holds it, or it has gone since.
+    // Another program holds it, or it has gone since.
+    last_reading_ = Reading::locked;
     if (!work_.ModoPosiciones && !Titulo.empty()) Lista.add(Titulo);
     return false;
   }
@@ -91,8 +95,12 @@ bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, ui::ListBox& Li
     // A row still holds its number and arrow, and names no file of that spelling: the header is
     // not looked at, and the scan begins where the last project's began.
     if (path == Ruta) find_header_end(run, nullptr);
-    return read_references(run, Lista, Titulo, Agregar);
+    const bool found = read_references(run, Lista, Titulo, Agregar);
+    if (run.window.failed()) last_reading_ = Reading::broken;
+    if (run.stopped || work_.superseded(run.job)) last_reading_ = Reading::stopped;
+    return found;
   } catch (const std::bad_alloc&) {
+    last_reading_ = Reading::broken;
     return false;  // a file made to exhaust the memory
   }
 }

@@ -14,6 +14,15 @@
 
 namespace ordelan::project {
 
+// How far the last reading of a project got.
+enum class Reading {
+  whole,
+  no_project,  // the name is no project's, or there is no such plain file
+  locked,      // the file is there and could not be opened
+  broken,      // a read failed on the way: references may be missing
+  stopped,     // by the user or by a newer job
+};
+
 class VipReader {
  public:
   // Everything given must outlive the reader. `block` is how many bytes it reads at once.
@@ -43,6 +52,9 @@ class VipReader {
   // The scan limit that the marker sets, searched from `Desde` on; 0 when there is no marker.
   Position BuscarMarcaListas(const std::string& Ruta, Position Desde);
 
+  // How the last call of ExtraerNombres_Archivos ended.
+  Reading last_reading() const { return last_reading_; }
+
   Position PosInicioVip = 0;         // just behind the header text; kept from one call to the next
   Position PosFinalVip = 0;          // scan limit of the last call
   std::size_t TotalArchivosVip = 0;  // file rows added so far
@@ -63,6 +75,7 @@ class VipReader {
   ui::ProgressBar& progress_;
   std::size_t block_;
   ReadBuffer spare_;  // left by the last reading
+  Reading last_reading_ = Reading::whole;
 };
 
 }  // namespace ordelan::project

@@ -18,7 +18,7 @@ bool SalvarListados(system::FileSystem& files, system::Regional& regional,
                     const std::string& Texto2) {
   if (Archivo.empty()) return false;
   const std::string rule = std::string(66, '-') + kLineEnd;
-  std::string report = "Fecha: " + regional.short_date() + "    Hora: " + regional.long_time();
+  std::string report = "Fecha: " + regional.short_date() + "    Hora: " + regional.short_time();
   report += kLineEnd;
   report += std::string(" ") + kLineEnd + Texto1 + kLineEnd + Texto2 + kLineEnd;
   report += rule + " " + kLineEnd;

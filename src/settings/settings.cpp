@@ -5,8 +5,8 @@
 #include <new>
 #include <span>
 
+#include "settings/ini_encoding.h"
 #include "settings/ini_text.h"
-#include "settings/wide_text.h"
 #include "system/whole_file.h"
 #include "text/code_page.h"
 #include "text/numbers.h"
@@ -16,6 +16,16 @@ namespace {
 
 constexpr std::size_t kLongestValue = 255;
 constexpr std::uint64_t kLargestFile = std::uint64_t{256} << 20;  // anything larger is not ours
+
+// What the bytes of a text taken from a file of that encoding mean.
+TextCode code_of(IniEncoding encoding) {
+  return encoding == IniEncoding::code_page ? TextCode::code_page : TextCode::utf8;
+}
+
+// The program's code-page text in such a code.
+std::string in_code(std::string_view text, TextCode code) {
+  return code == TextCode::utf8 ? text::to_utf8(text) : std::string(text);
+}
 
 int whole(double value) {
   constexpr double kFarthest = 1e6;  // no screen is that wide
@@ -38,10 +48,10 @@ std::string Settings::LeerIni(std::string_view Ruta, std::string_view Clave,
                               std::string_view PorDefecto) const {
   try {
     const std::string bytes = load(Ruta);
-    auto found = is_wide(bytes)
-                     ? ini_value(utf8_of_wide(bytes), SeccionConfig, text::to_utf8(Clave))
-                     : ini_value(bytes, SeccionConfig, Clave);
-    if (found && is_wide(bytes)) found = text::from_utf8(*found);
+    const IniEncoding encoding = encoding_of(bytes);
+    const TextCode code = code_of(encoding);
+    auto found = ini_value(ini_text(bytes, encoding), SeccionConfig, in_code(Clave, code), code);
+    if (found && code == TextCode::utf8) found = text::from_utf8(*found);
     std::string value(found ? *found : PorDefecto);
     value.resize(std::min(value.size(), kLongestValue));
     return value;
@@ -51,19 +61,21 @@ std::string Settings::LeerIni(std::string_view Ruta, std::string_view Clave,
 }
 
 void Settings::GrabarIni(std::string_view Ruta, std::string_view Clave, std::string_view Valor) {
+  if (read_only_) return;
   try {
     const std::string old = load(Ruta);
-    // A file that is there but cannot be read must not be written over.
+    // A file that exists but cannot be read must not be written over.
     if (old.empty()) {
-      const auto there = files_.info(Ruta);
-      if (there && there->size > 0) return;
+      const auto found = files_.info(Ruta);
+      if (found && found->size > 0) return;
     }
+    const IniEncoding encoding = encoding_of(old);
+    const TextCode code = code_of(encoding);
+    const std::string text = ini_text(old, encoding);
     const std::string changed =
-        is_wide(old) ? wide_of_utf8(with_ini_value(utf8_of_wide(old), SeccionConfig,
-                                                   text::to_utf8(Clave), text::to_utf8(Valor)))
-                     : with_ini_value(old, SeccionConfig, Clave, Valor);
-
-    system::write_whole(files_, std::string(Ruta), changed);
+        with_ini_value(text, SeccionConfig, in_code(Clave, code), in_code(Valor, code), code);
+    if (changed == text) return;  // the value stands there already
+    system::write_whole(files_, std::string(Ruta), ini_bytes(changed, encoding));
   } catch (const std::bad_alloc&) {
     // As any other failure of writing.
   }
@@ -83,7 +95,8 @@ void Settings::set_number(std::string_view key, double value) {
 }
 
 void Settings::read(ui::CheckBox& box) const {
-  box.set_checked(number(box.caption(), box.checked() ? 1 : 0) != 0);
+  const double value = number(box.caption(), box.checked() ? 1 : 0);
+  if (value == 0 || value == 1) box.set_checked(value == 1);
 }
 
 void Settings::write(const ui::CheckBox& box) {

@@ -1,4 +1,4 @@
-// The settings of all windows, in one INI file. Every value is text; who reads it converts it.
+// The settings of all windows, in one INI file. Every value is text; the reader converts it.
 #pragma once
 
 #include <optional>
@@ -26,11 +26,17 @@ class Settings {
   const std::string RutaConfig;
   const std::string SeccionConfig = "Settings";
 
+  // Keeps this object from ever writing: `GrabarIni`, and all that is written by way of it, does
+  // nothing from now on. Reading goes on as before.
+  void set_read_only() { read_only_ = true; }
+
   // The value of a key, at most 255 characters of it; `PorDefecto` when there is none.
   std::string LeerIni(std::string_view Ruta, std::string_view Clave,
                       std::string_view PorDefecto) const;
 
-  // Sets the value of a key. A failure is quiet: the file is then as it was.
+  // Sets the value of a key. The file keeps its encoding (code page, UTF-8 or UTF-16 with a mark).
+  // A value that stands there already is not written again. A failure is quiet: the file is then as
+  // it was.
   void GrabarIni(std::string_view Ruta, std::string_view Clave, std::string_view Valor);
 
   // A number under a key. The default stands in for a missing key and for text that is no number.
@@ -38,7 +44,7 @@ class Settings {
   void set_number(std::string_view key, double value);
 
   // A check box is kept under its caption: the captions are part of the file's format. The box's
-  // own value is the default.
+  // own value is the default, also where the file has another value than 0 or 1.
   void read(ui::CheckBox& box) const;
   void write(const ui::CheckBox& box);
 
@@ -51,6 +57,7 @@ class Settings {
 
   system::FileSystem& files_;
   system::Regional& regional_;
+  bool read_only_ = false;
 };
 
 }  // namespace ordelan::settings

@@ -11,8 +11,9 @@ namespace ordelan::skin {
 inline constexpr int kMainWindowWidth = 1100;
 inline constexpr int kMainWindowHeight = 720;
 
-// The strip stands above the headings and grows upwards with its lines, as far as this.
-inline constexpr int kStripTop = 56;
+// The strip stands above the headings and grows upwards with its lines, as far as this: below the
+// clocks, which run while it tells of a search. From there on it grows downwards.
+inline constexpr int kStripTop = 88;
 
 // In the order in which Tab goes through them; what covers another stands ahead of it.
 inline constexpr std::array kMainWindow = {
@@ -21,26 +22,28 @@ inline constexpr std::array kMainWindow = {
     Place{"cmdCancelar", -1, 268, 10, 148, 32},
     Place{"CommandBorrado", -1, 268, 10, 148, 32},
     Place{"cmdPerdidos", -1, 424, 10, 156, 32},
-    Place{"SalvaListados", -1, 600, 16, 96, 20},
-    Place{"ActualizarVip", -1, 704, 16, 108, 20},
-    Place{"Configurar", -1, 820, 16, 72, 20},
-    Place{"AcercaDe", -1, 900, 16, 64, 20},
+    Place{"SalvaListados", -1, 592, 16, 92, 20},
+    Place{"ActualizarVip", -1, 696, 16, 96, 20},
+    Place{"Configurar", -1, 804, 16, 68, 20},
+    Place{"AcercaDe", -1, 882, 16, 62, 20},
+    Place{"cmdSalir", -1, 956, 16, 30, 20},
     Place{"cmdMinimizar", -1, 1012, 10, 36, 32},
     Place{"Salir", -1, 1052, 10, 36, 32},
 
     Place{"LabelAviso", -1, 12, 58, 640, 36},
-    Place{"ShowIco", -1, 12, 58, 640, 66},
     Place{"LabelD", -1, 656, 60, 150, 22},
     Place{"TimeDeco", -1, 812, 58, 132, 24},
     Place{"TextLapsoTotal", -1, 956, 58, 132, 24},
 
+    Place{"TextDecode", -1, 12, 136, 1076, 16},
+    Place{"ShowIco", -1, 12, 58, 640, 66},
     Place{"ImageIcon", -1, 12, 94, 30, 30},
     Place{"ListPath", -1, 46, 94, 1042, 30},
-    Place{"TextDecode", -1, 12, 136, 1076, 16},
 
     Place{"ImagePaso", 0, 12, 167, 24, 24},
-    Place{"LabelCheck", 0, 44, 160, 500, 18},
+    Place{"LabelCheck", 0, 44, 160, 320, 18},
     Place{"LabelCheck", 1, 44, 178, 500, 18},
+    Place{"LabelFuera", -1, 372, 160, 172, 18},
     Place{"ListProyectosInfo", -1, 152, 236, 252, 136},
     Place{"ListProyectos", -1, 12, 204, 532, 200},
     Place{"ImagePaso", 1, 556, 167, 24, 24},
@@ -55,7 +58,7 @@ inline constexpr std::array kMainWindow = {
     Place{"LabelErase", 0, 588, 426, 500, 18},
     Place{"LabelErase", 1, 588, 426, 500, 18},
     Place{"ListBorrar", -1, 556, 460, 532, 216},
-    Place{"TextNum1", 0, 44, 160, 500, 38},
+    Place{"TextNum1", 0, 44, 160, 320, 38},
     Place{"TextNum1", 1, 588, 160, 500, 38},
     Place{"TextNum1", 2, 44, 416, 500, 38},
     Place{"TextNum1", 3, 588, 416, 500, 38},

@@ -13,12 +13,14 @@ std::optional<FileInfo> FileSystem::look_up(std::string_view path) {
   return found;
 }
 
-std::optional<std::vector<FileInfo>> FileSystem::list(std::string_view folder, Detail detail) {
+std::optional<std::vector<FileInfo>> FileSystem::list(std::string_view folder, Detail detail,
+                                                      const VisitUnnamed& unnamed) {
   std::vector<FileInfo> entries;
-  const bool read = each(folder, detail, [&entries](FileInfo& entry) {
+  const auto keep = [&entries](FileInfo& entry) {
     entries.push_back(std::move(entry));
     return true;
-  });
+  };
+  const bool read = each(folder, detail, keep, unnamed);
   if (!read) return std::nullopt;
   std::sort(entries.begin(), entries.end(), in_listing_order);
   return entries;

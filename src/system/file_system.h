@@ -31,11 +31,29 @@ struct FileInfo {
   bool hidden = false;
   bool system = false;
   bool link = false;  // a folder or file that only stands for another place (junction, link)
+  // The file's number on its volume where a listing tells it, else 0. Two names of one file (hard
+  // links) have one number.
+  std::uint64_t number = 0;
   std::uint32_t attributes = 0;  // the attribute word: some of `attribute` and more of Windows' own
   // Local times, as days since the 30th of December 1899; 0 where they were not asked for.
   double created = 0;
   double modified = 0;
   double accessed = 0;
+};
+
+// An entry of a folder that the program cannot name.
+struct UnnamedEntry {
+  std::string shown;  // its name with "?" for each character that the code page lacks
+  bool folder = false;
+};
+
+// What one file or folder is, under whatever path it was reached. Two paths lead to the same file
+// exactly if their identities are equal.
+struct FileIdentity {
+  std::uint64_t volume = 0;
+  std::uint64_t file = 0;
+  std::uint64_t file_high = 0;  // of volumes that number their files in 128 bits
+  bool operator==(const FileIdentity&) const = default;
 };
 
 // A file opened for reading. It is closed when the object goes.
@@ -79,14 +97,24 @@ class FileSystem {
 
   // Calls `visit` with every entry of a folder but "." and "..", in the order in which the disk
   // gives them and without keeping any. Entries whose names the code page cannot hold are left out:
-  // they could only be mistaken for others. `visit` may move the entry's parts away; it gives false
-  // to hear of no more. False if the folder is not there or cannot be read.
-  using Visit = std::function<bool(FileInfo& entry)>;
-  virtual bool each(std::string_view folder, Detail detail, const Visit& visit) = 0;
-
-  // The same entries at once, in case-insensitive alphabetical order. Nothing if the folder is not
+  // they could only be mistaken for others; `unnamed`, unless empty, hears of them. `visit` may
+  // move the entry's parts away; it gives false to hear of no more. False if the folder is not
   // there or cannot be read.
-  std::optional<std::vector<FileInfo>> list(std::string_view folder, Detail detail = Detail::sizes);
+  using Visit = std::function<bool(FileInfo& entry)>;
+  using VisitUnnamed = std::function<void(const UnnamedEntry& entry)>;
+  bool each(std::string_view folder, Detail detail, const Visit& visit,
+            const VisitUnnamed& unnamed = nullptr) {
+    return each_entry(folder, detail, visit, unnamed);
+  }
+
+  // The same entries at once, in the order of NTFS. Nothing if the folder is not there or cannot be
+  // read.
+  std::optional<std::vector<FileInfo>> list(std::string_view folder, Detail detail = Detail::sizes,
+                                            const VisitUnnamed& unnamed = nullptr);
+
+  // What the path leads to, through links of any kind. Nothing if there is no such file or folder,
+  // or where the system cannot tell.
+  virtual std::optional<FileIdentity> identity(std::string_view path) = 0;
 
   // Opens a file for reading; others may go on writing to it. Null when it cannot be opened: not
   // there, a folder, locked.
@@ -95,11 +123,19 @@ class FileSystem {
   // Creates a file, or empties the one that is there. Null when that fails.
   virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
 
+  // Creates a file where nothing of that name exists, looking and creating in one step. Null when
+  // anything does (a file, a folder, a link to nowhere), which stays as it is, and when the file
+  // cannot be created.
+  virtual std::unique_ptr<OutputFile> create_new(std::string_view path) = 0;
+
   // Makes a folder in one that is there. False when that fails, also when it is there already.
   virtual bool make_folder(std::string_view path) = 0;
 
-  // Puts the file `from` in the place of `to`, in one step: whoever looks sees the old file or the
-  // new one. False when that fails; both are then as they were.
+  // Puts the file `from` in the place of `to`, or where no `to` exists yet, in one step: others see
+  // the old file or the new one. What the system keeps of a file besides its bytes stays that of
+  // the old one: the spelling of its name, its attributes, who may use it. On Linux a `to` that is
+  // a link stays, and the file that it leads to is replaced. False when that fails, also when `to`
+  // is read-only, a folder or no plain file, or `from` is no file; both are then as they were.
   virtual bool replace(std::string_view from, std::string_view to) = 0;
 
   // Removes a file for good. False when it is not there, is a folder or cannot be removed.
@@ -108,10 +144,14 @@ class FileSystem {
   // The plain look-up by which the program decides whether a file is there: folders, hidden files
   // and system files do not count.
   std::optional<FileInfo> look_up(std::string_view path);
+
+ private:
+  virtual bool each_entry(std::string_view folder, Detail detail, const Visit& visit,
+                          const VisitUnnamed& unnamed) = 0;
 };
 
-// Whether `a` stands before `b` in a listing: by name with case ignored, and where that is equal by
-// the bytes of the name.
+// Whether `a` stands before `b` in a listing: by the capitals of the name, as NTFS orders them, and
+// where they are equal by the bytes of the name.
 bool in_listing_order(const FileInfo& a, const FileInfo& b);
 
 // `folder` with exactly one backslash at its end added if it has none.

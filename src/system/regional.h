@@ -12,9 +12,9 @@ class Regional {
   // The mark between the whole part and the fraction of a number: ',' or '.'.
   virtual char decimal_mark() = 0;
 
-  // Today in the system's short form, and the time of day in its long form.
+  // Today and the time of day, each in the system's short form.
   virtual std::string short_date() = 0;
-  virtual std::string long_time() = 0;
+  virtual std::string short_time() = 0;
 };
 
 }  // namespace ordelan::system

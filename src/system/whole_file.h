@@ -1,4 +1,4 @@
-// Writing a file so that whoever looks at it finds the old one or the new one, never a half.
+// Saving a file so that others find the old one or the new one, never a half.
 #pragma once
 
 #include <string>
@@ -8,8 +8,10 @@
 
 namespace ordelan::system {
 
-// Writes a draft beside the file and puts it in the file's place. False when that fails at any
-// step: the file is then as it was, and no draft is left.
+// Writes the bytes to a temporary file in the same folder, under a short name that nothing else
+// has, and puts it in the place of `path`. What stays of an old file is as `FileSystem::replace`
+// has it. False when any step fails: the old file is then as it was, and the temporary file is
+// removed. Files of other names are never touched.
 bool write_whole(FileSystem& files, const std::string& path, std::string_view bytes);
 
 }  // namespace ordelan::system

@@ -49,6 +49,18 @@ constexpr std::array<char, 256> make_upper() {
 
 constexpr std::array<char, 256> kUpper = make_upper();
 
+// Where each byte stands in the order of names: by the code point of its capital.
+constexpr std::array<std::uint16_t, 256> make_places() {
+  const auto points = make_code_points();
+  std::array<std::uint16_t, 256> places{};
+  for (std::size_t byte = 0; byte < places.size(); ++byte) {
+    places[byte] = points[static_cast<unsigned char>(kUpper[byte])];
+  }
+  return places;
+}
+
+constexpr std::array<std::uint16_t, 256> kPlaces = make_places();
+
 // One code point read from UTF-8 at `at`, which moves behind it. Overlong forms, surrogates and
 // cut sequences give nothing.
 std::optional<std::uint32_t> next_code_point(std::string_view utf8, std::size_t& at) {
@@ -140,6 +152,17 @@ bool from_utf8(std::string_view utf8, std::string& ansi) {
   return true;
 }
 
+std::string from_utf8_with_marks(std::string_view utf8) {
+  std::string ansi;
+  for (std::size_t at = 0; at < utf8.size();) {
+    const std::size_t begin = at;
+    const auto point = next_code_point(utf8, at);
+    if (!point) at = begin + 1;
+    ansi += point ? byte_of(*point).value_or('?') : '?';
+  }
+  return ansi;
+}
+
 char lower(char byte) {
   return kLower[static_cast<unsigned char>(byte)];
 }
@@ -166,9 +189,14 @@ bool equal_ignoring_case(std::string_view a, std::string_view b) {
 }
 
 bool less_ignoring_case(std::string_view a, std::string_view b) {
-  return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return static_cast<unsigned char>(lower(x)) < static_cast<unsigned char>(lower(y));
-  });
+  const std::size_t shorter = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < shorter; ++i) {
+    if (a[i] == b[i]) continue;
+    const auto place_a = kPlaces[static_cast<unsigned char>(a[i])];
+    const auto place_b = kPlaces[static_cast<unsigned char>(b[i])];
+    if (place_a != place_b) return place_a < place_b;
+  }
+  return a.size() < b.size();
 }
 
 std::string_view trim_left(std::string_view text) {

@@ -23,6 +23,10 @@ std::optional<std::string> from_utf8(std::string_view utf8);
 // room but that of the longest. False where the other gives nothing; `ansi` is then of no use.
 bool from_utf8(std::string_view utf8, std::string& ansi);
 
+// UTF-8 as code-page text to be read by people: a "?" stands for each character that the code page
+// lacks, and for each byte that is no UTF-8.
+std::string from_utf8_with_marks(std::string_view utf8);
+
 // The lower-case form of one byte, accented letters included.
 char lower(char byte);
 
@@ -38,7 +42,8 @@ std::string upper(std::string_view text);
 // Whether two texts are equal when case is ignored, as the disk compares names.
 bool equal_ignoring_case(std::string_view a, std::string_view b);
 
-// Whether `a` comes before `b` in the order in which folders list their entries.
+// Whether `a` comes before `b` in the order in which NTFS lists a folder: by capital letters, as
+// Unicode numbers them, so that "temaA" comes before "tema_B".
 bool less_ignoring_case(std::string_view a, std::string_view b);
 
 // `text` without the blanks at its start; without those at both ends.

@@ -1,21 +1,15 @@
 #include "text/paths.h"
 
 #include <algorithm>
-#include <array>
+
+#include "text/code_page.h"
 
 namespace ordelan::text {
 namespace {
 
-// What a character of a path is to the name at its end.
-enum class InPath : unsigned char { plain, separator, pattern, end };
-
-constexpr auto kInPaths = [] {
-  std::array<InPath, 256> kinds{};
-  for (const unsigned char c : {'\\', '/', ':'}) kinds[c] = InPath::separator;
-  for (const unsigned char c : {'*', '?', '[', ']'}) kinds[c] = InPath::pattern;
-  kinds[0] = InPath::end;
-  return kinds;
-}();
+constexpr bool is_separator(char c) {
+  return c == '\\' || c == '/' || c == ':';
+}
 
 }  // namespace
 
@@ -36,24 +30,12 @@ std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra) {
 }
 
 std::string_view file_name(std::string_view Ruta) {
-  // The buffer that names were always taken through holds 255 characters, its end mark included.
+  // A title is handed on in a buffer of 255 bytes, its NUL included.
   constexpr std::size_t kLongest = 254;
-  std::size_t begin = 0;
-  std::size_t end = 0;
-  for (; end < Ruta.size(); ++end) {
-    switch (kInPaths[static_cast<unsigned char>(Ruta[end])]) {
-      case InPath::plain:
-        continue;
-      case InPath::separator:
-        begin = end + 1;
-        continue;
-      case InPath::pattern:
-        return {};
-      case InPath::end:
-        return Ruta.substr(begin, std::min(end - begin, kLongest));
-    }
-  }
-  return Ruta.substr(begin, std::min(end - begin, kLongest));
+  const std::string_view path = Ruta.substr(0, Ruta.find('\0'));
+  std::size_t begin = path.size();
+  while (begin > 0 && !is_separator(path[begin - 1])) --begin;
+  return path.substr(begin, kLongest);
 }
 
 std::string Obtener_Nombre_Archivo(std::string_view Ruta) {
@@ -68,6 +50,39 @@ std::string Obtener_Extension(std::string_view Ruta) {
   const auto dot = Ruta.find_last_of(".\\ ");
   if (dot == std::string_view::npos || Ruta[dot] != '.') return {};
   return std::string(Ruta.substr(dot + 1));
+}
+
+std::string same_file_key(std::string_view path) {
+  std::string key;
+  append_same_file_key(path, key);
+  return key;
+}
+
+void append_same_file_key(std::string_view path, std::string& key) {
+  const std::size_t start = key.size();
+  if (path.size() >= 2 && path[1] == ':') {
+    key += upper(path[0]);
+    key += ':';
+    path.remove_prefix(2);
+  } else if (path.starts_with("\\\\") || path.starts_with("//")) {
+    key += '\\';
+  }
+  const std::size_t root_end = key.size();
+  while (!path.empty()) {
+    const auto end = std::min(path.find_first_of("\\/"), path.size());
+    std::string_view name = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (name == "..") {
+      key.resize(std::max(std::min(key.rfind('\\'), key.size()), root_end));
+      continue;
+    }
+    // Windows drops dots and blanks from the end of a name, and with them "." itself.
+    while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.remove_suffix(1);
+    if (name.empty()) continue;
+    key += '\\';
+    for (const char c : name) key += upper(c);
+  }
+  if (key.size() == start) key += '\\';
 }
 
 std::string root(std::string_view path) {

@@ -16,9 +16,10 @@ std::string getPath(std::string_view Ruta, std::string_view Separador);
 // Text without a backslash gives an empty folder; text without a drive keeps what is there.
 std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra);
 
-// The bare file name: what stands behind the last backslash, slash or colon, at most 254 bytes of
-// it. Empty where a path names no file: empty, with wildcards or brackets, or ending in a
-// separator.
+// The bare file name: what stands after the last backslash, slash or colon, up to a NUL and at most
+// 254 bytes of it. Brackets, "*" and "?" are characters like any other: files with brackets are
+// common, and a name that no disk can hold is at least no other file's name. Empty for a path that
+// is empty or ends in a separator.
 std::string Obtener_Nombre_Archivo(std::string_view Ruta);
 // The same, as a view of `Ruta`.
 std::string_view file_name(std::string_view Ruta);
@@ -28,6 +29,12 @@ std::string Obtener_VipPath(std::string_view Ruta);
 
 // The extension without its dot, in the case that it has; empty if there is none.
 std::string Obtener_Extension(std::string_view Ruta);
+
+// A text that is the same for two spellings of one path: capitals, backslashes, no ".", ".." or
+// doubled backslash, no dot or blank at the end of a name. It is for comparing, not for opening;
+// short names and links need the disk and are not resolved. `append_` adds it to a text.
+std::string same_file_key(std::string_view path);
+void append_same_file_key(std::string_view path, std::string& key);
 
 // The root of a path: "D:\" or "\\server\share"; empty if it has none.
 std::string root(std::string_view path);

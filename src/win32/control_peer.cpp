@@ -206,10 +206,14 @@ LRESULT ControlPeer::standard_unpainted(UINT message, WPARAM w, LPARAM l) {
   return result;
 }
 
+RECT ControlPeer::area() const {
+  return to_pixels(control_.bounds(), dpi());
+}
+
 void ControlPeer::place() {
-  const RECT area = to_pixels(control_.bounds(), dpi());
-  SetWindowPos(handle_, nullptr, area.left, area.top, area.right - area.left,
-               area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  const RECT place = area();
+  SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void ControlPeer::show(bool visible) {

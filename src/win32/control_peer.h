@@ -84,6 +84,10 @@ class ControlPeer : public ui::Peer {
   // instead.
   LRESULT standard_unpainted(UINT message, WPARAM w, LPARAM l);
 
+  // The place of the real control in its window, in pixels. One that has no room for all that the
+  // object's bounds ask for gives less of them.
+  virtual RECT area() const;
+
   // What a screen reader reads, and a caption where the control shows one.
   virtual std::wstring text() const;
 

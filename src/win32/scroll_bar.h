@@ -39,8 +39,8 @@ int place_of(const Scroll& scroll, int track, const Thumb& thumb, int start);
 
 class ScrollBar {
  public:
-  // Stands beside `list` in the same parent, out of sight at first. The list gets what the mouse's
-  // wheel does here. It and `tools` must live longer.
+  // Stands beside `list`, which may be a box of text as well, in the same parent, out of sight at
+  // first. The list gets what the mouse's wheel does here. It and `tools` must live longer.
   ScrollBar(HWND list, bool vertical, DrawingTools& tools);
   ~ScrollBar();
   ScrollBar(const ScrollBar&) = delete;

@@ -5,6 +5,8 @@
 
 #include "win32/ansi_text.h"
 #include "win32/handlers.h"
+#include "win32/screen_scale.h"
+#include "win32/window_peer.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -36,11 +38,90 @@ int TextBoxPeer::line_count() {
   return lines > 0 ? lines : 1;
 }
 
+// Whether the object's bounds reach further down than the window.
+bool TextBoxPeer::is_cut() const {
+  const ui::Rect& bounds = box_.bounds();
+  return box_.multiline() && bounds.top + bounds.height > box_.window().size().height;
+}
+
+int TextBoxPeer::bar_width() const {
+  return to_pixels(kScrollBarWidth, dpi());
+}
+
+// A box that is cut keeps as far from the window's lower edge as it does from the left one, and
+// leaves its right side to the bar.
+RECT TextBoxPeer::area() const {
+  RECT place = ControlPeer::area();
+  if (!is_cut()) return place;
+  const LONG lower_edge = to_pixels(box_.window().size().height - box_.bounds().left, dpi());
+  place.bottom = std::max(place.top, std::min(place.bottom, lower_edge));
+  place.right = std::max(place.left, place.right - bar_width());
+  return place;
+}
+
+// The lines break at the same width with the bar and without it: how many there are decides about
+// the bar.
+void TextBoxPeer::keep_room_for_bar() {
+  const int margin = is_cut() ? 0 : bar_width();
+  send(EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, margin));
+}
+
+int TextBoxPeer::lines_in_sight() const {
+  RECT room{};
+  GetClientRect(handle(), &room);
+  return std::max(1, static_cast<int>(room.bottom) /
+                         std::max(1, desk().tools().line_height(box_.font(), dpi())));
+}
+
+// Any message may have scrolled the box, hidden it, or changed its lines.
+void TextBoxPeer::show_bar() {
+  if (showing_bar_ || (!bar_ && !is_cut())) return;
+  showing_bar_ = true;
+  const bool seen = (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (is_cut() && seen) {
+    if (!bar_) {
+      bar_ = std::make_unique<ScrollBar>(handle(), true, desk().tools());
+      bar_->on_scroll = [this](int line) { scroll_to(line); };
+    }
+    RECT place{};
+    GetWindowRect(handle(), &place);
+    MapWindowPoints(nullptr, parent().handle(), reinterpret_cast<POINT*>(&place), 2);
+    place.left = std::exchange(place.right, place.right + bar_width());
+    const Scroll scroll{0, static_cast<int>(send(EM_GETLINECOUNT)) - 1, lines_in_sight(),
+                        static_cast<int>(send(EM_GETFIRSTVISIBLELINE))};
+    bar_->show(place, static_cast<int>(place.bottom - place.top), scroll,
+               {ControlFrame::line(GetFocus() == handle()), 0}, handle());
+  } else if (bar_) {
+    bar_->hide();
+  }
+  showing_bar_ = false;
+}
+
+void TextBoxPeer::scroll_to(int line) {
+  const int last = std::max(0, static_cast<int>(send(EM_GETLINECOUNT)) - lines_in_sight());
+  const auto now = static_cast<int>(send(EM_GETFIRSTVISIBLELINE));
+  send(EM_LINESCROLL, 0, std::clamp(line, 0, last) - now);
+}
+
+// The real control scrolls by its wheel only where it has a bar of its own.
+void TextBoxPeer::turn_wheel(WPARAM w) {
+  UINT lines = 3;
+  SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+  if (lines == WHEEL_PAGESCROLL) lines = static_cast<UINT>(lines_in_sight());
+  wheel_ += GET_WHEEL_DELTA_WPARAM(w) * static_cast<int>(lines);
+  const int whole = wheel_ / WHEEL_DELTA;
+  wheel_ -= whole * WHEEL_DELTA;
+  scroll_to(static_cast<int>(send(EM_GETFIRSTVISIBLELINE)) - whole);
+}
+
 std::wstring TextBoxPeer::text() const {
   return widen(box_.text());
 }
 
 void TextBoxPeer::update(const Marks& marks) {
+  if (box_.multiline() && (marks.has(ui::Aspect::bounds) || marks.has(ui::Aspect::font))) {
+    keep_room_for_bar();  // the system has its own idea of it for each font
+  }
   if (marks.has(ui::Aspect::state)) {
     send(EM_SETREADONLY, static_cast<WPARAM>(box_.read_only() ? TRUE : FALSE));
   }
@@ -77,7 +158,12 @@ LRESULT TextBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
         break;
     }
   }
+  if (message == WM_MOUSEWHEEL && is_cut()) {
+    turn_wheel(w);
+    return 0;
+  }
   LRESULT result = standard(message, w, l);
+  show_bar();
   if (box_.bordered() && (message == WM_SETFOCUS || message == WM_KILLFOCUS)) {
     frame_.paint(handle(), message == WM_SETFOCUS, box_.back_color(), dpi(), desk().tools());
   }

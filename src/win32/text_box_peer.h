@@ -1,11 +1,14 @@
-// The real edit control behind a ui::TextBox.
+// The real edit control behind a ui::TextBox. A box of many lines that reaches beyond its window's
+// lower edge ends before that, and scrolls: with the wheel, with the caret, and with a bar of ours.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "ui/text_box.h"
 #include "win32/control_frame.h"
 #include "win32/control_peer.h"
+#include "win32/scroll_bar.h"
 
 namespace ordelan::win32 {
 
@@ -20,6 +23,7 @@ class TextBoxPeer final : public ControlPeer {
   int line_count();
 
  protected:
+  RECT area() const override;
   std::wstring text() const override;
   void update(const Marks& marks) override;
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
@@ -29,10 +33,20 @@ class TextBoxPeer final : public ControlPeer {
 
  private:
   void take_typed();
+  bool is_cut() const;
+  int bar_width() const;
+  int lines_in_sight() const;
+  void keep_room_for_bar();
+  void show_bar();
+  void scroll_to(int line);
+  void turn_wheel(WPARAM w);
 
   ui::TextBox& box_;
   ControlFrame frame_;
   bool clicked_ = false;
+  std::unique_ptr<ScrollBar> bar_;  // made when it is first needed
+  bool showing_bar_ = false;
+  int wheel_ = 0;  // what it was turned by and that has not scrolled a whole line yet
 };
 
 }  // namespace ordelan::win32

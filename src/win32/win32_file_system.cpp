@@ -2,7 +2,10 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
+
 #include <algorithm>
+#include <cstring>
 
 #include "win32/ansi_text.h"
 #include "win32/extended_path.h"
@@ -148,6 +151,97 @@ class Win32OutputFile final : public system::OutputFile {
   bool failed_ = false;
 };
 
+std::unique_ptr<system::OutputFile> output_file(std::string_view path, DWORD disposition) {
+  const auto extended = file_path(path);
+  if (!extended) return nullptr;
+  FileHandle file(CreateFileW(extended->c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                              disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) return nullptr;
+  return std::make_unique<Win32OutputFile>(std::move(file));
+}
+
+FileHandle open_for(const std::wstring& path, DWORD access) {
+  return FileHandle(CreateFileW(path.c_str(), access,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
+// Gives the file `to` the access rights of another. Disks without rights have none to be kept.
+void take_over_rights(const std::wstring& from, const std::wstring& to) {
+  const FileHandle source = open_for(from, READ_CONTROL);
+  const FileHandle target = open_for(to, READ_CONTROL | WRITE_DAC);
+  PACL rights = nullptr;
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  if (!source || !target ||
+      GetSecurityInfo(source.get(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                      &rights, nullptr, &descriptor) != ERROR_SUCCESS) {
+    return;
+  }
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  if (rights != nullptr && GetSecurityDescriptorControl(descriptor, &control, &revision)) {
+    // What comes from the folder comes to the new file by itself, unless the old one had it not.
+    const DWORD inherited = (control & SE_DACL_PROTECTED) != 0
+                                ? PROTECTED_DACL_SECURITY_INFORMATION
+                                : UNPROTECTED_DACL_SECURITY_INFORMATION;
+    SetSecurityInfo(target.get(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherited, nullptr,
+                    nullptr, rights, nullptr);
+  }
+  LocalFree(descriptor);
+}
+
+// Gives the file `to` the time at which another was created.
+void take_over_creation(const std::wstring& from, const std::wstring& to) {
+  const FileHandle source = open_for(from, FILE_READ_ATTRIBUTES);
+  const FileHandle target = open_for(to, FILE_WRITE_ATTRIBUTES);
+  FILETIME created{};
+  if (source && target && GetFileTime(source.get(), &created, nullptr, nullptr)) {
+    SetFileTime(target.get(), &created, nullptr, nullptr);
+  }
+}
+
+// The path with its last name as the disk spells it, so that a move to it changes no capital.
+std::wstring as_spelt(const std::wstring& path) {
+  WIN32_FIND_DATAW found{};
+  if (!find(path, found)) return path;
+  return path.substr(0, path.rfind(L'\\') + 1) + found.cFileName;
+}
+
+// Puts `source` in the place of a `target` that exists and has the attributes `old`. Gives the
+// error, ERROR_SUCCESS if none. ReplaceFileW would keep more (other streams of the file), but it
+// moves the old file away first: others find none for a moment, and so does the user when the
+// program is ended in it.
+DWORD put_over(const std::wstring& source, const std::wstring& target, DWORD old) {
+  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  take_over_creation(target, source);
+  take_over_rights(target, source);
+  SetFileAttributesW(source.c_str(), (old & kKept) != 0 ? old & kKept : FILE_ATTRIBUTE_NORMAL);
+  return MoveFileExW(source.c_str(), as_spelt(target).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+             ? ERROR_SUCCESS
+             : GetLastError();
+}
+
+// Puts `source` where no `target` exists. Gives the error, ERROR_SUCCESS if none.
+DWORD put_new(const std::wstring& source, const std::wstring& target) {
+  return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) ? ERROR_SUCCESS
+                                                                             : GetLastError();
+}
+
+// Whether the same may go well in a moment.
+bool passes_by(DWORD error) {
+  switch (error) {
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_ALREADY_EXISTS:  // another has just come
+    case ERROR_FILE_EXISTS:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 Win32FileSystem::Win32FileSystem() {
@@ -168,7 +262,8 @@ std::optional<FileInfo> Win32FileSystem::info(std::string_view path) {
   return info;
 }
 
-bool Win32FileSystem::each(std::string_view folder, Detail detail, const Visit& visit) {
+bool Win32FileSystem::each_entry(std::string_view folder, Detail detail, const Visit& visit,
+                                 const VisitUnnamed& unnamed) {
   auto extended = extended_path(folder);
   if (!extended) return false;
   if (!extended->ends_with(L'\\')) *extended += L'\\';
@@ -182,10 +277,38 @@ bool Win32FileSystem::each(std::string_view folder, Detail detail, const Visit& 
   FileInfo entry;
   do {
     const std::wstring_view name = found.cFileName;
-    if (name == L"." || name == L".." || !describe_entry(found, detail, entry)) continue;
+    if (name == L"." || name == L"..") continue;
+    if (!describe_entry(found, detail, entry)) {
+      const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+      if (unnamed) unnamed({narrow_with_marks(name), is_folder});
+      continue;
+    }
     if (!visit(entry)) return true;
   } while (FindNextFileW(search.get(), &found));
   return GetLastError() == ERROR_NO_MORE_FILES;
+}
+
+std::optional<system::FileIdentity> Win32FileSystem::identity(std::string_view path) {
+  const auto extended = extended_path(path);
+  if (!extended) return std::nullopt;
+  // Attributes may be read whoever has the file open; folders need the backup flag.
+  const FileHandle file(CreateFileW(extended->c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  BY_HANDLE_FILE_INFORMATION found{};
+  if (!file || !GetFileInformationByHandle(file.get(), &found)) return std::nullopt;
+  const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  if (extended->ends_with(L'\\') && !is_folder) return std::nullopt;
+  system::FileIdentity identity{found.dwVolumeSerialNumber,
+                                joined(found.nFileIndexHigh, found.nFileIndexLow), 0};
+  // ReFS numbers files in 128 bits; elsewhere the low half is the number above.
+  FILE_ID_INFO wide{};
+  if (GetFileInformationByHandleEx(file.get(), FileIdInfo, &wide, sizeof wide)) {
+    std::memcpy(&identity.file, wide.FileId.Identifier, sizeof identity.file);
+    std::memcpy(&identity.file_high, wide.FileId.Identifier + sizeof identity.file,
+                sizeof identity.file_high);
+  }
+  return identity;
 }
 
 std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) {
@@ -201,12 +324,11 @@ std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) 
 }
 
 std::unique_ptr<system::OutputFile> Win32FileSystem::create(std::string_view path) {
-  const auto extended = file_path(path);
-  if (!extended) return nullptr;
-  FileHandle file(CreateFileW(extended->c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                              CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) return nullptr;
-  return std::make_unique<Win32OutputFile>(std::move(file));
+  return output_file(path, CREATE_ALWAYS);
+}
+
+std::unique_ptr<system::OutputFile> Win32FileSystem::create_new(std::string_view path) {
+  return output_file(path, CREATE_NEW);
 }
 
 bool Win32FileSystem::make_folder(std::string_view path) {
@@ -218,21 +340,26 @@ bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
   const auto source = file_path(from);
   const auto target = file_path(to);
   if (!source || !target) return false;
-  // Whoever looks at files as they come (the shell, an indexer, a virus scanner) has one open for a
-  // moment, in which it cannot be replaced.
+  const DWORD before = GetFileAttributesW(source->c_str());
+  if (before == INVALID_FILE_ATTRIBUTES || (before & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
+  // Programs that look at files as they come (the shell, an indexer, a virus scanner) have one open
+  // for a moment, in which it cannot be replaced.
   for (int tries = 1;; ++tries) {
-    if (MoveFileExW(source->c_str(), target->c_str(),
-                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-      return true;
+    const DWORD old = GetFileAttributesW(target->c_str());
+    DWORD error = ERROR_SUCCESS;
+    if (old == INVALID_FILE_ATTRIBUTES) {
+      error = put_new(*source, *target);
+    } else if ((old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+      error = ERROR_WRITE_PROTECT;
+    } else {
+      error = put_over(*source, *target, old);
     }
-    const DWORD error = GetLastError();
-    if (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) return false;
-    const DWORD there = GetFileAttributesW(target->c_str());
-    const bool hopeless = there != INVALID_FILE_ATTRIBUTES &&
-                          (there & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0;
-    if (hopeless || tries == kTriesToReplace) return false;
+    if (error == ERROR_SUCCESS) return true;
+    if (!passes_by(error) || tries == kTriesToReplace) break;
     Sleep(kPauseOfTries);
   }
+  SetFileAttributesW(source->c_str(), before);
+  return false;
 }
 
 bool Win32FileSystem::remove(std::string_view path) {

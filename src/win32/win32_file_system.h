@@ -11,13 +11,21 @@ class Win32FileSystem final : public system::FileSystem {
   Win32FileSystem();
 
   std::optional<system::FileInfo> info(std::string_view path) override;
-  // Windows tells sizes and attributes with the names, whatever is asked for.
-  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override;
+  std::optional<system::FileIdentity> identity(std::string_view path) override;
   std::unique_ptr<system::InputFile> open(std::string_view path) override;
   std::unique_ptr<system::OutputFile> create(std::string_view path) override;
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override;
   bool make_folder(std::string_view path) override;
+  // Keeps the time of creation, the access rights and the attributes of `to`, where the disk keeps
+  // such; other streams of the file go. Tries for a quarter of a second while another program has
+  // one of the files open.
   bool replace(std::string_view from, std::string_view to) override;
   bool remove(std::string_view path) override;
+
+ private:
+  // Windows tells sizes and attributes with the names, whatever is asked for.
+  bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                  const VisitUnnamed& unnamed) override;
 };
 
 }  // namespace ordelan::win32

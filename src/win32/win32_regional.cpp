@@ -18,9 +18,13 @@ std::string Win32Regional::short_date() {
   return narrow_with_marks(date);
 }
 
-std::string Win32Regional::long_time() {
+std::string Win32Regional::short_time() {
+  // The user's own short format; only its cut-down long one can be asked for with a flag.
+  wchar_t format[81] = {};
+  const bool known = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SSHORTTIME, format, 81) > 0;
   wchar_t time[128] = {};
-  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr, time, 128);
+  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, known ? 0 : TIME_NOSECONDS, nullptr,
+                  known ? format : nullptr, time, 128);
   return narrow_with_marks(time);
 }
 

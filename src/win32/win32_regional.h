@@ -10,7 +10,7 @@ class Win32Regional final : public system::Regional {
   // Asked anew each time: the user may change it while the program runs.
   char decimal_mark() override;
   std::string short_date() override;
-  std::string long_time() override;
+  std::string short_time() override;
 };
 
 }  // namespace ordelan::win32

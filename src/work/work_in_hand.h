@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "ui/list_box.h"
 
@@ -11,6 +12,12 @@ namespace ordelan::work {
 
 // Marks one run of a long job, so that the run notices when something newer has taken its place.
 using JobNumber = std::uint64_t;
+
+// A project that counts for nothing in the work in hand: what it uses may pass for unused.
+struct ProyectoFuera {
+  std::string ruta;    // its path, or that of a folder whose projects cannot be seen
+  std::string motivo;  // the reason, for the user
+};
 
 struct WorkInHand {
   std::string RutaProyectos;   // folder of the projects, with its backslash when picked in a dialog
@@ -25,6 +32,7 @@ struct WorkInHand {
   bool ClickEnLista = false;           // a click on a list is being handled
   bool Borrando = false;               // a removal runs: no decode, no reset, no cancel
   ui::ListBox* ListaActual = nullptr;  // the list last clicked
+  std::vector<ProyectoFuera> ProyectosFuera;  // in the order in which they were met
 
   // Begins a job: runs that began earlier are superseded by it. A reset begins one too, so that
   // what it emptied is not filled again by a loop that was still running.

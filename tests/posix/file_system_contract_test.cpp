@@ -1,6 +1,8 @@
 // The file system of Linux keeps to what every one keeps to.
 #include "system/file_system_contract.h"
 
+#include <sys/stat.h>
+
 #include "posix/native_folder.h"
 #include "text/code_page.h"
 
@@ -18,6 +20,9 @@ class PosixPlace {
     mapped_.disk.file(native(path), std::string(bytes));
   }
   void truncate(std::string_view path) { write(path, ""); }
+  void make_read_only(std::string_view path) {
+    ASSERT_EQ(::chmod((mapped_.disk / native(path)).c_str(), 0444), 0);
+  }
   void write_unnameable() { mapped_.disk.file("lugar/\xD0\x96\xE6\xBC\xA2.wav"); }
 
  private:

@@ -57,7 +57,7 @@ TEST_F(MappedDrivesTest, a_path_as_it_is_spelt_needs_no_look_at_the_disk) {
   EXPECT_EQ(drives.spelt("D:\\MIX\\nada.wav"), disk / "MIX/nada.wav");
   EXPECT_EQ(drives.spelt("D:\\"), disk.native());
   EXPECT_EQ(drives.spelt("Q:\\a.wav"), std::nullopt);
-  EXPECT_EQ(drives.spelt("D:\\..\\a.wav"), std::nullopt);
+  EXPECT_EQ(drives.spelt("D:\\Mix\\..\\a.wav"), disk / "a.wav");
 }
 
 TEST_F(MappedDrivesTest, the_whole_disk_can_be_mapped) {
@@ -106,15 +106,16 @@ TEST_F(MappedDrivesTest, a_last_name_that_is_not_there_is_given_as_it_would_be_c
 
 TEST_F(MappedDrivesTest, no_path_leads_out_of_the_drive) {
   disk.folder("Mix");
-  for (const char* path : {"D:\\..", "D:\\..\\x", "D:\\Mix\\..\\..\\x", "D:\\Mix\\.."}) {
-    EXPECT_EQ(below(path), std::nullopt) << path;
-  }
+  EXPECT_EQ(below("D:\\.."), "");
+  EXPECT_EQ(below("D:\\..\\x"), "/x");
+  EXPECT_EQ(below("D:\\Mix\\..\\..\\x"), "/x");
+  EXPECT_EQ(below("D:\\Mix\\.."), "");
 }
 
 TEST_F(MappedDrivesTest, what_is_no_absolute_path_on_a_mapped_drive_gives_nothing) {
   disk.file("a.wav");
   for (const char* path : {"", "a.wav", "\\a.wav", "D:a.wav", "D", "\\\\server\\a.wav", "E:\\a.wav",
-                           "DD:\\a.wav", "D:/a.wav", "7 --> D:\\a.wav"}) {
+                           "DD:\\a.wav", "7 --> D:\\a.wav"}) {
     EXPECT_EQ(below(path), std::nullopt) << path;
   }
 }
@@ -122,7 +123,7 @@ TEST_F(MappedDrivesTest, what_is_no_absolute_path_on_a_mapped_drive_gives_nothin
 TEST_F(MappedDrivesTest, characters_that_no_name_has_give_nothing) {
   disk.file("a.wav");
   for (const char* path : {"D:\\*.wav", "D:\\a?wav", "D:\\a\"", "D:\\<a", "D:\\a>", "D:\\a|b",
-                           "D:\\a:b", "D:\\x/a.wav", "D:\\a\nb", "D:\\a\x1F"}) {
+                           "D:\\a:b", "D:\\a\nb", "D:\\a\x1F"}) {
     EXPECT_EQ(below(path), std::nullopt) << path;
   }
   EXPECT_EQ(below(std::string_view("D:\\a.wav\0x", 10)), std::nullopt);
@@ -132,6 +133,12 @@ TEST_F(MappedDrivesTest, doubled_backslashes_and_single_dots_add_nothing) {
   disk.file("Mix/a.wav");
   EXPECT_EQ(below("D:\\Mix\\\\a.wav"), "/Mix/a.wav");
   EXPECT_EQ(below("D:\\.\\Mix\\.\\a.wav"), "/Mix/a.wav");
+}
+
+TEST_F(MappedDrivesTest, slashes_and_double_dots_are_read_as_windows_reads_them) {
+  disk.file("Mix/a.wav");
+  EXPECT_EQ(below("D:/Mix/a.wav"), "/Mix/a.wav");
+  EXPECT_EQ(below("D:\\Otro\\..\\Mix/a.wav"), "/Mix/a.wav") << "also past a folder that is gone";
 }
 
 TEST_F(MappedDrivesTest, native_paths_become_windows_paths) {

@@ -2,14 +2,18 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 
 #include "posix/native_folder.h"
+#include "system/whole_file.h"
 
 namespace ordelan::test {
 namespace {
@@ -65,7 +69,7 @@ TEST_F(PosixFileSystemTest, the_root_of_a_drive_is_a_folder) {
 TEST_F(PosixFileSystemTest, what_is_not_there_is_told_by_nothing) {
   disk.file("a.wav");
   for (const char* path : {"D:\\b.wav", "D:\\gone\\a.wav", "D:\\a.wav\\b.wav", "E:\\a.wav", "a.wav",
-                           "", "D:\\*.wav", "D:\\?.wav", "D:\\..", "\\a.wav"}) {
+                           "", "D:\\*.wav", "D:\\?.wav", "\\a.wav"}) {
     EXPECT_FALSE(files.info(path)) << path;
     EXPECT_EQ(files.open(path), nullptr) << path;
     EXPECT_FALSE(files.list(path)) << path;
@@ -331,7 +335,7 @@ TEST_F(PosixFileSystemTest, creating_empties_the_file_that_is_there_whatever_its
 TEST_F(PosixFileSystemTest, nothing_is_created_where_it_cannot_be) {
   disk.file("a.wav");
   for (const char* path : {"D:\\gone\\a.log", "D:\\a.wav\\b.log", "E:\\a.log", "a.log",
-                           "D:\\a*.log", "D:\\a:b", "D:\\..\\a.log", "D:\\"}) {
+                           "D:\\a*.log", "D:\\a:b", "D:\\"}) {
     EXPECT_EQ(files.create(path), nullptr) << path;
   }
   EXPECT_THAT(names("D:\\"), ElementsAre("a.wav"));
@@ -342,6 +346,138 @@ TEST_F(PosixFileSystemTest, a_device_is_neither_read_nor_written) {
   EXPECT_FALSE(files.info("F:\\null"));
   EXPECT_EQ(files.open("F:\\null"), nullptr);
   EXPECT_EQ(files.create("F:\\null"), nullptr);
+}
+
+// What a save does: writes a new file and puts it in the place of another.
+struct ReplacingTest : PosixFileSystemTest {
+  bool save(const std::string& name, std::string_view bytes = "new") {
+    return system::write_whole(files, "D:\\" + name, bytes);
+  }
+  struct stat status(const std::string& name) {
+    struct stat found {};
+    EXPECT_EQ(::lstat((disk / name).c_str(), &found), 0);
+    return found;
+  }
+};
+
+TEST_F(ReplacingTest, a_replaced_file_keeps_its_mode) {
+  disk.file("a.log", "old");
+  for (const mode_t mode : {0600u, 0640u, 0664u, 0755u, 0200u}) {
+    ASSERT_EQ(::chmod((disk / "a.log").c_str(), mode), 0);
+    EXPECT_TRUE(save("a.log"));
+    EXPECT_EQ(status("a.log").st_mode & 07777u, mode);
+  }
+  EXPECT_THAT(names("D:\\"), ElementsAre("a.log"));
+}
+
+TEST_F(ReplacingTest, a_replaced_file_keeps_its_owner) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+  disk.file("a.log", "old");
+  ASSERT_EQ(::chown((disk / "a.log").c_str(), 12'345, 23'456), 0);
+  EXPECT_TRUE(save("a.log"));
+  EXPECT_EQ(status("a.log").st_uid, 12'345u);
+  EXPECT_EQ(status("a.log").st_gid, 23'456u);
+  EXPECT_EQ(disk.content("a.log"), "new");
+}
+
+TEST_F(ReplacingTest, a_new_file_has_the_mode_of_any_new_file) {
+  EXPECT_TRUE(save("a.log"));
+  disk.file("plain", "x");
+  EXPECT_EQ(status("a.log").st_mode, status("plain").st_mode);
+}
+
+TEST_F(ReplacingTest, a_link_stays_and_what_it_leads_to_is_replaced) {
+  disk.file("Mix/real.log", "old");
+  ASSERT_EQ(::chmod((disk / "Mix/real.log").c_str(), 0640), 0);
+  disk.link("absolute.log", disk / "Mix/real.log");
+  disk.link("Mix/relative.log", "real.log");
+  disk.link("twice.log", "Mix/relative.log");
+  int turn = 0;
+  for (const char* name : {"absolute.log", "Mix\\relative.log", "twice.log"}) {
+    const std::string bytes = "turn " + std::to_string(++turn);
+    EXPECT_TRUE(save(name, bytes)) << name;
+    EXPECT_EQ(disk.content("Mix/real.log"), bytes) << name;
+  }
+  EXPECT_EQ(status("Mix/real.log").st_mode & 07777u, 0640u);
+  for (const char* link : {"absolute.log", "Mix/relative.log", "twice.log"}) {
+    EXPECT_TRUE(S_ISLNK(status(link).st_mode)) << link;
+  }
+  EXPECT_THAT(names("D:\\"), ElementsAre("absolute.log", "Mix", "twice.log"));
+  EXPECT_THAT(names("D:\\Mix"), ElementsAre("real.log", "relative.log"));
+}
+
+TEST_F(ReplacingTest, a_link_to_a_file_that_is_gone_makes_it_anew_and_a_circle_is_refused) {
+  disk.link("nowhere.log", disk / "gone.log");
+  EXPECT_TRUE(save("nowhere.log"));
+  EXPECT_EQ(disk.content("gone.log"), "new");
+  EXPECT_TRUE(S_ISLNK(status("nowhere.log").st_mode));
+  disk.link("circle.log", disk / "circle.log");
+  EXPECT_FALSE(save("circle.log"));
+  EXPECT_TRUE(S_ISLNK(status("circle.log").st_mode));
+  disk.link("no folder.log", disk / "missing/gone.log");
+  EXPECT_FALSE(save("no folder.log"));
+  EXPECT_EQ(files.create_new("D:\\circle.log"), nullptr);
+  EXPECT_THAT(names("D:\\"), ElementsAre("gone.log", "nowhere.log"));
+}
+
+TEST_F(ReplacingTest, a_link_to_another_disk_is_written_through) {
+  std::string other = "/dev/shm/ordelan-XXXXXX";
+  if (::mkdtemp(other.data()) == nullptr) GTEST_SKIP() << "there is no other disk";
+  const std::string real = other + "/real.log";
+  struct stat here {};
+  struct stat there {};
+  ASSERT_EQ(::stat(disk.native().c_str(), &here), 0);
+  ASSERT_EQ(::stat(other.c_str(), &there), 0);
+  std::ofstream(real) << "old";
+  ASSERT_EQ(::chmod(real.c_str(), 0640), 0);
+  disk.link("a.log", real);
+  const bool saved = save("a.log");
+  std::ifstream file(real);
+  const std::string content{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_EQ(::stat(real.c_str(), &there), 0);
+  std::size_t entries = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(other)) {
+    entries += entry.exists() ? 1 : 0;
+  }
+  std::filesystem::remove_all(other);
+  if (here.st_dev == there.st_dev) GTEST_SKIP() << "there is no other disk";
+  EXPECT_TRUE(saved);
+  EXPECT_EQ(content, "new");
+  EXPECT_EQ(there.st_mode & 07777u, 0640u);
+  EXPECT_EQ(entries, 1u);
+  EXPECT_THAT(names("D:\\"), ElementsAre()) << "the link leads nowhere by now";
+  EXPECT_TRUE(S_ISLNK(status("a.log").st_mode));
+}
+
+TEST_F(ReplacingTest, a_pipe_is_not_replaced) {
+  ASSERT_EQ(::mkfifo((disk / "pipe.log").c_str(), 0600), 0);
+  EXPECT_FALSE(save("pipe.log"));
+  EXPECT_TRUE(S_ISFIFO(status("pipe.log").st_mode));
+  EXPECT_THAT(names("D:\\"), IsEmpty());
+}
+
+TEST_F(ReplacingTest, a_full_disk_leaves_the_old_file_and_nothing_else) {
+  disk.file("a.log", "old");
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  const rlimit narrow{1000, before.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &narrow), 0);
+  const bool saved = save("a.log", std::string(5000, 'x'));
+  const auto file = files.create("D:\\b.log");
+  const bool wrote = file && file->write(std::string(5000, 'x'));
+  const bool wrote_more = file && file->write("x");
+  const bool closed = file && file->close();
+  EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+  std::signal(SIGXFSZ, handler);
+  ASSERT_NE(file, nullptr);
+  EXPECT_FALSE(wrote);
+  EXPECT_FALSE(wrote_more) << "there is a hole before it";
+  EXPECT_FALSE(closed) << "not everything has reached the disk";
+  ASSERT_TRUE(files.remove("D:\\b.log"));
+  EXPECT_FALSE(saved);
+  EXPECT_EQ(disk.content("a.log"), "old");
+  EXPECT_THAT(names("D:\\"), ElementsAre("a.log"));
 }
 
 TEST_F(PosixFileSystemTest, a_closed_file_takes_no_more_bytes) {

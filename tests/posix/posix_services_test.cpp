@@ -4,8 +4,12 @@
 #include <locale.h>
 
 #include <cstdlib>
+#include <ctime>
+#include <functional>
 #include <optional>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace ordelan::test {
 namespace {
@@ -48,6 +52,46 @@ TEST(EnvironmentRegional, a_spanish_system_has_a_comma) {
   ::freelocale(spanish);
   const Environment in_spain("LC_ALL", "es_ES.UTF-8");
   EXPECT_EQ(posix::EnvironmentRegional().decimal_mark(), ',');
+}
+
+// What strftime makes of this moment. The minute may pass between two looks: so it takes one of
+// two.
+std::pair<std::string, std::string> around(const char* format, const std::function<void()>& look) {
+  const auto now = [&] {
+    const std::time_t moment = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&moment, &local);
+    char text[64] = {};
+    std::strftime(text, sizeof text, format, &local);
+    return std::string(text);
+  };
+  std::string before = now();
+  look();
+  return {std::move(before), now()};
+}
+
+TEST(EnvironmentRegional, dates_and_times_are_the_short_ones_of_the_locale) {
+  for (const char* locale : {"C", "C.UTF-8", "xx_XX.nothing"}) {
+    const Environment environment("LC_ALL", locale);
+    posix::EnvironmentRegional regional;
+    std::string told;
+    auto [before, after] = around("%H:%M", [&] { told = regional.short_time(); });
+    EXPECT_TRUE(told == before || told == after) << locale << " " << told;
+    std::tie(before, after) = around("%m/%d/%y", [&] { told = regional.short_date(); });
+    EXPECT_TRUE(told == before || told == after) << locale << " " << told;
+  }
+}
+
+TEST(EnvironmentRegional, the_short_time_is_the_locales_own_without_seconds) {
+  using posix::without_seconds;
+  EXPECT_EQ(without_seconds("%H:%M:%S", ""), "%H:%M");
+  EXPECT_EQ(without_seconds("%T", ""), "%H:%M");
+  EXPECT_EQ(without_seconds("%k.%M.%S", ""), "%k.%M");
+  EXPECT_EQ(without_seconds("%r", "%I:%M:%S %p"), "%I:%M %p");
+  EXPECT_EQ(without_seconds("%r", ""), "%I:%M %p");
+  EXPECT_EQ(without_seconds("%l:%M:%S %P", ""), "%l:%M %P");
+  EXPECT_EQ(without_seconds("%H:%M:%OS", ""), "%H:%M");
+  EXPECT_EQ(without_seconds("%H:%M", ""), "%H:%M");
 }
 
 TEST(SteadyClock, never_goes_back) {

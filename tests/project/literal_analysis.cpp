@@ -1,6 +1,7 @@
 #include "project/literal_analysis.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 
 #include "text/code_page.h"
@@ -144,9 +145,14 @@ void LiteralAnalysis::BuscarNoUtilizados() {
   std::size_t TotalNoUtilizados = 0;
   for (const std::string& row : List1) {
     if (!is_audio(row) || holds(row, "FreezeData")) continue;
-    if (std::find(ListUtilizados.begin(), ListUtilizados.end(), row) != ListUtilizados.end()) {
-      continue;
-    }
+    const auto same = [&](const std::string& used) {
+      return !holds(used, ">") && !holds(used, "----------") &&
+             std::equal(used.begin(), used.end(), row.begin(), row.end(),
+                        [](unsigned char a, unsigned char b) {
+                          return std::tolower(a) == std::tolower(b);
+                        });
+    };
+    if (std::any_of(ListUtilizados.begin(), ListUtilizados.end(), same)) continue;
     ListBorrar.push_back(row);
     ++TotalNoUtilizados;
   }
@@ -154,6 +160,7 @@ void LiteralAnalysis::BuscarNoUtilizados() {
   const std::string n = std::to_string(TotalNoUtilizados);
   LabelErase_visible = {TotalNoUtilizados == 0, TotalNoUtilizados > 0};
   if (TotalNoUtilizados > 0) {
+    LabelErase[0] = "";
     LabelErase[1] =
         "Archivos no utilizados: " + n + "     Duplicados: " + std::to_string(duplicates) +
         "    Total: " + std::to_string(static_cast<std::size_t>(TotalNoUtilizados - duplicates));

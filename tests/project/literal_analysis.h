@@ -31,7 +31,8 @@ std::size_t literal_repeats(std::vector<std::string>& rows);
 std::size_t literal_file_repeats(std::vector<std::string>& rows);
 
 // Files are the only candidates, links to folders are not walked into, a used path is equal to
-// itself without being read, and a file that a row of ListUtilizados names is never offered.
+// itself without being read, and a path that is a row of ListUtilizados, but for its case, is never
+// offered. A result empties the heading of an empty one.
 class LiteralAnalysis {
  public:
   explicit LiteralAnalysis(system::FileSystem& files) : files_(files) {}

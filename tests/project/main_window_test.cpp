@@ -28,15 +28,30 @@ struct MainWindow : ::testing::Test, Desk {
     EXPECT_TRUE(form.CheckLogo.visible());
     EXPECT_EQ(form.ShowIco.visible(), form.CheckLogo.checked());
     EXPECT_EQ(form.ListProyectosInfo.visible(), form.CheckDragDrop.checked());
-    for (const ui::Control* hidden : std::initializer_list<const ui::Control*>{
-             &form.lists.ListVip,       &form.lists.ListUtilizados, &form.lists.ListBorrar,
-             &form.lists.List1,         &form.lists.LabelCheck[0],  &form.lists.LabelCheck[1],
-             &form.lists.LabelCount[0], &form.lists.LabelCount[1],  &form.lists.LabelAdd[0],
-             &form.lists.LabelAdd[1],   &form.lists.LabelErase[0],  &form.lists.LabelErase[1],
-             &form.cmdCancelar,         &form.cmdPerdidos,          &form.CommandBorrado,
-             &form.SalvaListados,       &form.ActualizarVip,        &form.ZoomListas,
-             &form.strip.TextDecode,    &form.strip.LabelAviso,     &form.strip.XP_ProgressBar1,
-             &form.path_strip.ListPath}) {
+    for (const ui::Control* hidden :
+         std::initializer_list<const ui::Control*>{&form.lists.ListVip,
+                                                   &form.lists.ListUtilizados,
+                                                   &form.lists.ListBorrar,
+                                                   &form.lists.List1,
+                                                   &form.lists.LabelCheck[0],
+                                                   &form.lists.LabelCheck[1],
+                                                   &form.lists.LabelCount[0],
+                                                   &form.lists.LabelCount[1],
+                                                   &form.lists.LabelAdd[0],
+                                                   &form.lists.LabelAdd[1],
+                                                   &form.lists.LabelErase[0],
+                                                   &form.lists.LabelErase[1],
+                                                   &form.cmdCancelar,
+                                                   &form.cmdPerdidos,
+                                                   &form.CommandBorrado,
+                                                   &form.SalvaListados,
+                                                   &form.ActualizarVip,
+                                                   &form.ZoomListas,
+                                                   &form.strip.TextDecode,
+                                                   &form.strip.LabelAviso,
+                                                   &form.strip.XP_ProgressBar1,
+                                                   &form.path_strip.ListPath,
+                                                   &form.LabelFuera}) {
       EXPECT_FALSE(hidden->visible()) << hidden->name();
     }
   }
@@ -352,6 +367,18 @@ TEST_F(MainWindow, minimises_and_ends) {
   EXPECT_TRUE(form.minimized());
   form.Salir.on_click();
   EXPECT_TRUE(backend.ended());
+}
+
+TEST_F(MainWindow, ends_by_its_second_way_out_with_its_place_and_boxes_stored) {
+  EXPECT_TRUE(form.cmdSalir.visible());
+  EXPECT_EQ(form.cmdSalir.caption(), "Salir");
+  EXPECT_EQ(form.cmdSalir.tip(), "Cerrar la aplicación");
+  form.set_position({120, 45});
+  form.CheckBAK.toggle();
+  form.cmdSalir.on_click();
+  EXPECT_TRUE(backend.ended());
+  EXPECT_EQ(settings.number("Me_Left", 0), 120);
+  EXPECT_EQ(settings.LeerIni(settings.RutaConfig, "Incluir Vip_BAK", ""), "0");
 }
 
 TEST_F(MainWindow, ending_in_the_middle_of_a_decode_ends_the_decode) {

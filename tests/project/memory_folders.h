@@ -58,7 +58,30 @@ class MemoryFolders final : public system::FileSystem {
     return std::nullopt;
   }
 
-  bool each(std::string_view folder, system::Detail, const Visit& visit) override {
+  // Every file has one path here, but for its case.
+  std::optional<system::FileIdentity> identity(std::string_view path) override {
+    if (!info(path)) return std::nullopt;
+    return system::FileIdentity{1, std::hash<std::string>()(key(std::string(path))), 0};
+  }
+
+  std::unique_ptr<system::InputFile> open(std::string_view path) override {
+    const auto found = files_.find(key(std::string(path)));
+    if (found == files_.end() || found->second.locked) return nullptr;
+    return std::make_unique<Input>(found->second.bytes);
+  }
+
+  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
+  bool make_folder(std::string_view) override { return false; }
+  bool replace(std::string_view, std::string_view) override { return false; }
+  bool remove(std::string_view) override { return false; }
+
+  bool backwards = false;               // whether folders give their last entry first
+  std::map<std::string, int> listings;  // how often each folder has been listed
+
+ private:
+  bool each_entry(std::string_view folder, system::Detail, const Visit& visit,
+                  const VisitUnnamed&) override {
     ++listings[std::string(folder)];
     const auto found = folders_.find(key(std::string(folder)));
     if (found == folders_.end()) return false;
@@ -70,21 +93,6 @@ class MemoryFolders final : public system::FileSystem {
     return true;
   }
 
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
-    const auto found = files_.find(key(std::string(path)));
-    if (found == files_.end() || found->second.locked) return nullptr;
-    return std::make_unique<Input>(found->second.bytes);
-  }
-
-  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
-  bool make_folder(std::string_view) override { return false; }
-  bool replace(std::string_view, std::string_view) override { return false; }
-  bool remove(std::string_view) override { return false; }
-
-  bool backwards = false;               // whether folders give their last entry first
-  std::map<std::string, int> listings;  // how often each folder has been listed
-
- private:
   struct File {
     std::string bytes;
     bool locked;

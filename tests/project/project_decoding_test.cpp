@@ -27,7 +27,8 @@ struct AllProjects : ::testing::Test, WorkBench {
   const std::string& totals() const { return lists.LabelAdd[0].caption(); }
 
   project::VipReader reader{platform, work, strip.XP_ProgressBar1};
-  project::ProjectDecoding decoding{platform, work, lists, strip, reader};
+  project::LeftOut left_out{work};
+  project::ProjectDecoding decoding{platform, work, lists, strip, reader, left_out};
 };
 
 TEST_F(AllProjects, give_a_header_and_their_files_each) {

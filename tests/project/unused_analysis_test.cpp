@@ -36,7 +36,8 @@ struct UnusedFiles : ::testing::Test, WorkBench {
   }
 
   project::FolderTree tree{disk.files()};
-  project::UnusedAnalysis analysis{platform, work, lists, strip, tree};
+  project::LeftOut left_out{work};
+  project::UnusedAnalysis analysis{platform, work, lists, strip, tree, left_out};
 };
 
 TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_behind_it_too) {

@@ -231,7 +231,9 @@ TEST(UnusedWorlds, the_whole_search_gives_what_the_literal_one_gives_and_offers_
 
     project::FolderTree tree(world.files);
     if (!world.seen_before.empty()) tree.listing(world.seen_before);
-    project::UnusedAnalysis fast(bench.platform, bench.work, bench.lists, bench.strip, tree);
+    project::LeftOut left_out(bench.work);
+    project::UnusedAnalysis fast(bench.platform, bench.work, bench.lists, bench.strip, tree,
+                                 left_out);
     fast.ListarArchivosCarpetas();
     literal.ListarArchivosCarpetas();
     ASSERT_EQ(bench.lists.List1.rows(), literal.List1) << "world " << seed << described(world);

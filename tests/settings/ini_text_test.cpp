@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "settings/wide_text.h"
+#include <string>
+#include <utility>
+
+#include "settings/ini_encoding.h"
 
 namespace ordelan::test {
 namespace {
@@ -85,19 +88,90 @@ TEST(IniText, text_of_any_kind_is_survived) {
   }
 }
 
-TEST(WideText, comes_back_as_it_was) {
-  using namespace std::string_literals;
-  const std::string wide = "\xFF\xFE[\0s\0]\0\n\0\xF1\0=\0\x3D\xD8\x00\xDE\xAC\x20"s;
-  ASSERT_TRUE(settings::is_wide(wide));
-  EXPECT_EQ(settings::wide_of_utf8(settings::utf8_of_wide(wide)), wide);
-  EXPECT_FALSE(settings::is_wide("[s]"));
+TEST(IniText, a_key_with_an_equals_sign_has_a_line_of_its_own_that_is_found_again) {
+  const std::string key = "Unidad: D:\\a=b";
+  const std::string once = with_ini_value("[s]\r\nx=1\r\n", "s", key, "1");
+  EXPECT_EQ(once, "[s]\r\nx=1\r\nUnidad: D:\\a=b=1\r\n");
+  EXPECT_EQ(ini_value(once, "s", key), "1");
+  EXPECT_EQ(ini_value(once, "s", "Unidad: D:\\A=B"), "1");
+  EXPECT_EQ(with_ini_value(once, "s", key, "0"), "[s]\r\nx=1\r\nUnidad: D:\\a=b=0\r\n");
+  EXPECT_EQ(ini_value("[s]\na=b = 3\n", "s", "a=b"), "3") << "blanks before the value's sign";
+  EXPECT_EQ(ini_value("[s]\na=bc=3\na=b=4\n", "s", "a=b"), "4");
+  EXPECT_EQ(ini_value("[s]\na=b\n", "s", "a=b"), std::nullopt);
+  EXPECT_EQ(ini_value(with_ini_value("", "s", "a=", "1"), "s", "a="), "1");
+  EXPECT_EQ(ini_value(with_ini_value("", "s", "=", "1"), "s", "="), "1");
 }
 
-TEST(WideText, half_a_pair_and_a_cut_unit_are_survived) {
+TEST(IniText, blanks_at_the_end_of_a_key_are_written_and_stay) {
+  const std::string once = with_ini_value("", "s", "Unidad: ", "1");
+  EXPECT_EQ(once, "[s]\r\nUnidad: =1\r\n");
+  EXPECT_EQ(with_ini_value(once, "s", "Unidad: ", "0"), "[s]\r\nUnidad: =0\r\n");
+  EXPECT_EQ(ini_value(once, "s", "Unidad: "), "1");
+  EXPECT_EQ(ini_value(once, "s", "Unidad:"), "1");
+  EXPECT_EQ(with_ini_value("[s]\r\nunidad:=1\r\n", "s", "Unidad: ", "0"), "[s]\r\nunidad: =0\r\n");
+  EXPECT_EQ(with_ini_value("", "s", "a   ", "1"), "[s]\r\na   =1\r\n");
+}
+
+TEST(IniText, what_could_not_be_read_back_changes_nothing) {
+  const std::string text = "[s]\r\n;k=1\r\na=1\r\n";
+  for (const std::string& key : {std::string(";k"), std::string("[x]"), std::string(" ; k"),
+                                 std::string("a\nb"), std::string("a\r"), std::string("a\0b", 3)}) {
+    EXPECT_EQ(with_ini_value(text, "s", key, "2"), text) << key;
+  }
+  for (const std::string& value : {std::string("2\r\nb=3"), std::string("2\0", 2)}) {
+    EXPECT_EQ(with_ini_value(text, "s", "a", value), text);
+    EXPECT_EQ(with_ini_value(text, "s", "new", value), text);
+  }
+  EXPECT_EQ(with_ini_value("", "s", ";k", "2"), "");
+}
+
+TEST(IniText, letters_of_utf8_are_compared_and_not_their_bytes) {
+  using settings::TextCode;
+  const std::string text = "[s]\n\xC3\x8A=1\n\xD0\x96=2\n";  // an E with a roof; a Russian letter
+  EXPECT_EQ(ini_value(text, "s", "\xC3\xAA", TextCode::utf8), "1") << "its small letter";
+  EXPECT_EQ(ini_value(text, "s", "\xC3\x9A", TextCode::utf8), std::nullopt) << "another letter";
+  EXPECT_EQ(ini_value(text, "s", "\xD0\x96", TextCode::utf8), "2");
+  EXPECT_EQ(ini_value(text, "s", "\xD0\xB6", TextCode::utf8), std::nullopt);
+}
+
+using settings::encoding_of;
+using settings::ini_bytes;
+using settings::ini_text;
+using settings::IniEncoding;
+
+TEST(IniEncoding, is_known_by_the_mark) {
+  EXPECT_EQ(encoding_of(""), IniEncoding::code_page);
+  EXPECT_EQ(encoding_of("[s]"), IniEncoding::code_page);
+  EXPECT_EQ(encoding_of("\xEF\xBB"), IniEncoding::code_page);
+  EXPECT_EQ(encoding_of("\xEF\xBB\xBF"), IniEncoding::utf8);
+  EXPECT_EQ(encoding_of("\xFF\xFE"), IniEncoding::utf16_low_first);
+  EXPECT_EQ(encoding_of("\xFE\xFF"), IniEncoding::utf16_high_first);
+}
+
+TEST(IniEncoding, every_text_comes_back_as_it_was) {
   using namespace std::string_literals;
-  EXPECT_EQ(settings::wide_of_utf8(settings::utf8_of_wide("\xFF\xFE\x00\xD8"s)),
-            "\xFF\xFE\x00\xD8"s);
-  EXPECT_EQ(settings::utf8_of_wide("\xFF\xFE"s + "a"), "");
+  const std::string low = "\xFF\xFE[\0s\0]\0\n\0\xF1\0=\0\x3D\xD8\x00\xDE\xAC\x20"s;
+  std::string high = low;
+  for (std::size_t i = 0; i + 1 < high.size(); i += 2) std::swap(high[i], high[i + 1]);
+  EXPECT_EQ(ini_text(low, IniEncoding::utf16_low_first),
+            "[s]\n\xC3\xB1=\xF0\x9F\x98\x80\xE2\x82\xAC");
+  EXPECT_EQ(ini_text(high, IniEncoding::utf16_high_first),
+            ini_text(low, IniEncoding::utf16_low_first));
+  for (const std::string& bytes :
+       {low, high, "\xEF\xBB\xBF\xC3\xB1 \xFF no text"s, "\xF1=\x80"s, ""s}) {
+    const IniEncoding encoding = encoding_of(bytes);
+    EXPECT_EQ(ini_bytes(ini_text(bytes, encoding), encoding), bytes);
+  }
+}
+
+TEST(IniEncoding, half_a_pair_and_a_cut_unit_are_survived) {
+  using namespace std::string_literals;
+  for (const std::string& bytes :
+       {"\xFF\xFE\x00\xD8"s, "\xFE\xFF\xD8\x00"s, "\xFF\xFE\x00\xDC\x00\xD8"s}) {
+    const IniEncoding encoding = encoding_of(bytes);
+    EXPECT_EQ(ini_bytes(ini_text(bytes, encoding), encoding), bytes);
+  }
+  EXPECT_EQ(ini_text("\xFF\xFE"s + "a", IniEncoding::utf16_low_first), "");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "headless/headless_backend.h"
+#include "support/failing_files.h"
 #include "support/fake_services.h"
 #include "support/memory_files.h"
 #include "ui/window.h"
@@ -20,7 +21,7 @@ struct Reports : ::testing::Test {
 
   // What stands above the rows.
   static std::string head() {
-    return "Fecha: 21/11/2026    Hora: 9:05:07\r\n"
+    return "Fecha: 21/11/2026    Hora: 9:05\r\n"
            " \r\n"
            "3 Archivos\r\n"
            "D:\\Mix\\\r\n"
@@ -95,9 +96,30 @@ TEST_F(Reports, one_that_cannot_be_written_leaves_no_file) {
   EXPECT_THAT(files.contents, IsEmpty());
 }
 
+TEST_F(Reports, a_failed_save_is_told_and_leaves_the_old_report) {
+  list.add("D:\\Mix\\a.wav");
+  files.contents["D:\\a.log"] = "old";
+  FailingFiles failing(files);
+  using Step = FailingFiles::Step;
+  for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
+    failing.failing = step;
+    EXPECT_FALSE(settings::SalvarListados(failing, regional, "D:\\a.log", list, "1", "2"));
+    EXPECT_FALSE(settings::SalvarLog(failing, "D:\\a.log", list));
+    EXPECT_EQ(files.contents["D:\\a.log"], "old");
+    EXPECT_THAT(files.contents, SizeIs(1)) << "no temporary file is left";
+  }
+}
+
 TEST_F(Reports, a_name_with_several_dots_stays_whole) {
   EXPECT_TRUE(save("D:\\Archivos de tema.v2.final.vip.log"));
   EXPECT_TRUE(files.contents.contains("D:\\Archivos de tema.v2.final.vip.log"));
+}
+
+TEST_F(Reports, a_plain_log_saved_twice_is_the_same) {
+  list.add("D:\\Mix\\a.wav");
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(settings::SalvarLog(files, "D:\\a.log", list));
+  EXPECT_EQ(files.contents["D:\\a.log"], "D:\\Mix\\a.wav\r\n");
+  EXPECT_THAT(files.contents, SizeIs(1));
 }
 
 TEST_F(Reports, a_plain_log_has_the_rows_and_nothing_else) {

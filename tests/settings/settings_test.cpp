@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/failing_files.h"
 #include "support/reader_bench.h"
 #include "ui/check_box.h"
 
@@ -71,6 +72,60 @@ TEST_F(SettingsTest, numbers_may_carry_the_systems_decimal_mark) {
   EXPECT_EQ(store.number("Me_Top", 0), -3);
 }
 
+TEST_F(SettingsTest, numbers_are_written_with_the_systems_decimal_mark) {
+  store.set_number("Me_Left", 12.5);
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nMe_Left=12,5\r\n");
+  EXPECT_EQ(store.number("Me_Left", 0), 12.5);
+  regional.mark = '.';
+  store.set_number("Me_Left", 12.5);
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nMe_Left=12.5\r\n");
+  EXPECT_EQ(store.number("Me_Left", 0), 12.5);
+}
+
+TEST_F(SettingsTest, values_that_no_box_has_leave_it_as_designed) {
+  box.set_caption("Auto Play");
+  for (const char* value : {"2", "-1", "0,5", "10", "abc", "", "True", "1x"}) {
+    files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + value + "\r\n";
+    for (const bool designed : {false, true}) {
+      box.set_checked(designed);
+      store.read(box);
+      EXPECT_EQ(box.checked(), designed) << value;
+    }
+  }
+  for (const bool stored : {false, true}) {
+    files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + (stored ? "1" : "0") + "\r\n";
+    box.set_checked(!stored);
+    store.read(box);
+    EXPECT_EQ(box.checked(), stored);
+  }
+}
+
+TEST_F(SettingsTest, a_caption_with_blanks_at_its_end_is_a_key_as_it_stands) {
+  box.set_caption("Unidad: ");
+  for (const bool ticked : {true, false, true}) {
+    box.set_checked(ticked);
+    store.write(box);
+    EXPECT_EQ(files.contents[kFile],
+              std::string("[Settings]\r\nUnidad: =") + (ticked ? "1" : "0") + "\r\n");
+    box.set_checked(!ticked);
+    store.read(box);
+    EXPECT_EQ(box.checked(), ticked);
+  }
+}
+
+TEST_F(SettingsTest, a_volume_label_with_an_equals_sign_keeps_to_its_one_line) {
+  box.set_caption("Unidad: D:\\a=b");
+  for (const bool ticked : {true, false, true}) {
+    box.set_checked(ticked);
+    store.write(box);
+    EXPECT_EQ(files.contents[kFile],
+              std::string("[Settings]\r\nUnidad: D:\\a=b=") + (ticked ? "1" : "0") + "\r\n");
+    box.set_checked(!ticked);
+    store.read(box);
+    EXPECT_EQ(box.checked(), ticked);
+  }
+}
+
 TEST_F(SettingsTest, a_window_is_placed_where_it_was) {
   window.set_position({120, 45});
   store.write_position(window, "Me");
@@ -94,6 +149,62 @@ TEST_F(SettingsTest, a_file_that_cannot_be_read_is_not_written_over) {
   EXPECT_EQ(files.contents[kFile], "[Settings]\r\nA=1\r\n");
 }
 
+TEST_F(SettingsTest, a_failed_write_leaves_the_file_as_it_was) {
+  const std::string old = "[Settings]\r\nA=1\r\n";
+  files.contents[kFile] = old;
+  FailingFiles failing(files);
+  settings::Settings unlucky(failing, regional, kFile);
+  using Step = FailingFiles::Step;
+  for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
+    failing.failing = step;
+    unlucky.GrabarIni(kFile, "A", "2");
+    EXPECT_EQ(files.contents[kFile], old);
+    EXPECT_EQ(files.contents.size(), 1u);
+  }
+}
+
+TEST_F(SettingsTest, a_value_that_stands_there_already_is_not_written_again) {
+  files.contents[kFile] = "[Settings]\r\nA=1\r\n";
+  FailingFiles watched(files);
+  int writes = 0;
+  watched.on_create_new = [&](std::string_view) { ++writes; };
+  settings::Settings watching(watched, regional, kFile);
+  watching.GrabarIni(kFile, "A", "1");
+  EXPECT_EQ(writes, 0);
+  watching.GrabarIni(kFile, "A", "2");
+  EXPECT_EQ(writes, 1);
+}
+
+TEST_F(SettingsTest, settings_that_are_read_only_never_write) {
+  files.contents[kFile] = "[Settings]\r\nAuto Play=1\r\nMe_Left=7\r\n";
+  const auto before = files.contents;
+  store.set_read_only();
+  box.set_caption("Auto Play");
+  store.write(box);
+  store.write_position(window, "Me");
+  store.set_number("Volumen", 3);
+  store.GrabarIni(kFile, "Me_Left", "8");
+  store.GrabarIni("C:\\other.ini", "Me_Left", "8");
+  EXPECT_EQ(files.contents, before);
+  EXPECT_EQ(store.number("Me_Left", 0), 7);
+  store.read(box);
+  EXPECT_TRUE(box.checked());
+}
+
+TEST_F(SettingsTest, without_a_file_everything_stays_as_designed_and_reading_makes_none) {
+  EXPECT_EQ(store.number("Volumen", 40), 40);
+  EXPECT_EQ(store.LeerIni(kFile, "Ruta 1", ""), "");
+  window.set_position({5, 6});
+  store.read_position(window, "Me", {0, 0});
+  EXPECT_EQ(window.position(), (ui::Point{0, 0}));
+  for (const bool designed : {false, true}) {
+    box.set_checked(designed);
+    store.read(box);
+    EXPECT_EQ(box.checked(), designed);
+  }
+  EXPECT_TRUE(files.contents.empty());
+}
+
 TEST_F(SettingsTest, a_million_lines_are_read_through) {
   std::string& text = files.contents[kFile];
   for (int i = 0; i < 1'000'000; ++i) text += "line\r\n";
@@ -111,6 +222,30 @@ TEST_F(SettingsTest, a_file_saved_as_utf16_is_read_and_stays_utf16) {
   EXPECT_EQ(files.contents[kFile],
             "\xFF\xFE[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0"
             "2\0\r\0\n\0"s);
+}
+
+TEST_F(SettingsTest, a_file_saved_as_utf16_high_byte_first_is_read_and_stays_so) {
+  using namespace std::string_literals;
+  files.contents[kFile] =
+      "\xFE\xFF\0[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\0"
+      "1\0\r\0\n"s;
+  EXPECT_EQ(store.LeerIni(kFile, "\xF1", "0"), "1");
+  store.GrabarIni(kFile, "\xF1", "\x80");  // the euro: 20AC
+  EXPECT_EQ(store.LeerIni(kFile, "\xF1", "0"), "\x80");
+  EXPECT_EQ(files.contents[kFile],
+            "\xFE\xFF\0[\0S\0e\0t\0t\0i\0n\0g\0s\0]\0\r\0\n\0\xF1\0=\x20\xAC\0\r\0\n"s);
+}
+
+TEST_F(SettingsTest, a_file_saved_as_utf8_with_its_mark_is_read_and_stays_utf8) {
+  files.contents[kFile] = "\xEF\xBB\xBF[Settings]\r\n\xC3\xB1=1\r\n";
+  EXPECT_EQ(store.LeerIni(kFile, "\xF1", "0"), "1");
+  store.GrabarIni(kFile, "\xF1", "\x80");
+  store.GrabarIni(kFile, "M\xDASICA", "1");
+  EXPECT_EQ(store.LeerIni(kFile, "\xF1", "0"), "\x80");
+  EXPECT_EQ(store.LeerIni(kFile, "m\xFAsica", "0"), "1") << "case is ignored as in other files";
+  EXPECT_EQ(store.LeerIni(kFile, "m\xCAsica", "0"), "0") << "another letter is another key";
+  EXPECT_EQ(files.contents[kFile],
+            "\xEF\xBB\xBF[Settings]\r\n\xC3\xB1=\xE2\x82\xAC\r\nM\xC3\x9ASICA=1\r\n");
 }
 
 }  // namespace

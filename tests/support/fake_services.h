@@ -30,7 +30,7 @@ class FixedRegional final : public system::Regional {
 
   char decimal_mark() override { return mark; }
   std::string short_date() override { return "21/11/2026"; }
-  std::string long_time() override { return "9:05:07"; }
+  std::string short_time() override { return "9:05"; }
 };
 
 // A machine with just the drives that a test puts in; without any at first.

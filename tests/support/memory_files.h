@@ -31,7 +31,7 @@ class MemoryFiles final : public system::FileSystem {
     return info;
   }
 
-  bool each(std::string_view, system::Detail, const Visit&) override { return false; }
+  std::optional<system::FileIdentity> identity(std::string_view) override { return std::nullopt; }
 
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
     const auto found = contents.find(path);
@@ -63,7 +63,15 @@ class MemoryFiles final : public system::FileSystem {
     return std::make_unique<Output>(content);
   }
 
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
+    return contents.contains(path) ? nullptr : create(path);
+  }
+
  private:
+  bool each_entry(std::string_view, system::Detail, const Visit&, const VisitUnnamed&) override {
+    return false;
+  }
+
   class Input final : public system::InputFile {
    public:
     Input(MemoryFiles& files, const std::string& bytes)

@@ -11,6 +11,7 @@
 //   void make_folder(std::string_view);     makes a folder and those on the way, without `files`
 //   void write(std::string_view path, std::string_view bytes);   writes a file, without `files`
 //   void truncate(std::string_view path);   makes a file empty while others have it open
+//   void make_read_only(std::string_view);  makes a file one that may not be written
 //   void write_unnameable();                makes a file in `folder` whose name the code page lacks
 #pragma once
 
@@ -18,11 +19,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "system/file_system.h"
@@ -162,6 +165,43 @@ TYPED_TEST_P(FileSystemContract, names_of_the_code_page_are_bytes_of_it) {
   EXPECT_EQ(info->name, name);
 }
 
+TYPED_TEST_P(FileSystemContract, entries_that_cannot_be_named_are_told_of_beside_the_others) {
+  this->place().write_unnameable();
+  this->place().write(this->path("a.wav"), "x");
+  std::vector<std::string> named;
+  std::vector<system::UnnamedEntry> unnamed;
+  ASSERT_TRUE(this->files().each(
+      this->place().folder(), system::Detail::names,
+      [&](system::FileInfo& entry) {
+        named.push_back(entry.name);
+        return true;
+      },
+      [&](const system::UnnamedEntry& entry) { unnamed.push_back(entry); }));
+  EXPECT_THAT(named, testing::ElementsAre("a.wav"));
+  ASSERT_EQ(unnamed.size(), 1u);
+  EXPECT_FALSE(unnamed[0].folder);
+  EXPECT_NE(unnamed[0].shown.find('?'), std::string::npos) << unnamed[0].shown;
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_has_one_identity_whatever_the_spelling_of_its_path) {
+  this->place().make_folder(this->path("Tomas"));
+  this->place().write(this->path("Tomas\\a.wav"), "x");
+  this->place().write(this->path("Tomas\\b.wav"), "x");
+  const auto identity = this->files().identity(this->path("Tomas\\a.wav"));
+  ASSERT_TRUE(identity);
+  for (const char* spelling : {"TOMAS\\A.WAV", "Tomas/a.wav", "Tomas\\\\a.wav", ".\\Tomas\\a.wav",
+                               "Otro\\..\\Tomas\\a.wav"}) {
+    EXPECT_EQ(this->files().identity(this->path(spelling)), identity) << spelling;
+  }
+  EXPECT_NE(this->files().identity(this->path("Tomas\\b.wav")), identity) << "an equal copy";
+  EXPECT_NE(this->files().identity(this->path("Tomas")), identity);
+  EXPECT_EQ(this->files().identity(this->path("Tomas")),
+            this->files().identity(this->path("tomas\\")));
+  EXPECT_EQ(this->files().identity(this->path("Tomas\\c.wav")), std::nullopt);
+  EXPECT_EQ(this->files().identity(this->path("Tomas\\a.wav\\")), std::nullopt);
+  EXPECT_EQ(this->files().identity(this->path("Tomas\\*.wav")), std::nullopt);
+}
+
 TYPED_TEST_P(FileSystemContract, names_that_the_code_page_lacks_are_left_out) {
   this->place().write(this->path("tema.wav"), "1");
   this->place().write_unnameable();
@@ -291,14 +331,120 @@ TYPED_TEST_P(FileSystemContract, paths_longer_than_260_characters_work) {
   EXPECT_EQ(entries->size(), 1u);
 }
 
+TYPED_TEST_P(FileSystemContract, a_new_file_is_created_where_nothing_has_its_name) {
+  const auto file = this->files().create_new(this->path("nuevo.txt"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->write("uno"));
+  EXPECT_TRUE(file->write("dos"));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(this->whole("nuevo.txt"), "unodos");
+  EXPECT_FALSE(this->files().create_new(this->path("nada\\a.txt")));
+  EXPECT_FALSE(this->files().create_new(this->path("a.txt\\")));
+  EXPECT_FALSE(this->files().create_new("a.txt"));
+  EXPECT_FALSE(this->files().create_new(""));
+}
+
+TYPED_TEST_P(FileSystemContract, a_new_file_is_not_created_over_anything) {
+  this->place().write(this->path("a.txt"), "old");
+  this->place().write(this->path("vacio.txt"), "");
+  this->place().make_folder(this->path("Mix"));
+  for (const char* name : {"a.txt", "A.TXT", "vacio.txt", "Mix", "mix"}) {
+    EXPECT_FALSE(this->files().create_new(this->path(name))) << name;
+  }
+  EXPECT_EQ(this->whole("a.txt"), "old");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 3u);
+}
+
 TYPED_TEST_P(FileSystemContract, a_file_takes_the_place_of_another_in_one_step) {
   this->place().write(this->path("a.ini"), "old");
-  this->place().write(this->path("a.ini.new"), "new");
-  EXPECT_TRUE(this->files().replace(this->path("a.ini.new"), this->path("a.ini")));
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("a.ini")));
   EXPECT_EQ(this->whole("a.ini"), "new");
-  EXPECT_FALSE(this->files().info(this->path("a.ini.new")));
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 1u);
   EXPECT_FALSE(this->files().replace(this->path("nada"), this->path("a.ini")));
   EXPECT_EQ(this->whole("a.ini"), "new");
+}
+
+TYPED_TEST_P(FileSystemContract, others_find_the_old_file_or_the_new_one_and_never_none) {
+  this->place().write(this->path("a.ini"), "0");
+  std::atomic<bool> over = false;
+  int looks = 0;
+  int missing = 0;
+  std::thread other([&] {
+    while (!over) {
+      ++looks;
+      if (!this->files().info(this->path("a.ini"))) ++missing;
+    }
+  });
+  int replaced = 0;
+  for (int i = 0; i < 200; ++i) {
+    this->place().write(this->path("b.tmp"), "1");
+    if (this->files().replace(this->path("b.tmp"), this->path("a.ini"))) ++replaced;
+  }
+  over = true;
+  other.join();
+  EXPECT_EQ(replaced, 200);
+  EXPECT_GT(looks, 0);
+  EXPECT_EQ(missing, 0) << "of " << looks;
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_takes_a_place_where_none_is) {
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("A.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "new");
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("A.ini"));
+}
+
+TYPED_TEST_P(FileSystemContract, a_replaced_file_keeps_the_spelling_of_its_name) {
+  this->place().write(this->path("Tema.INI"), "old");
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("TEMA.ini")));
+  const auto entries = this->files().list(this->place().folder());
+  ASSERT_TRUE(entries);
+  EXPECT_THAT(names_of(*entries), testing::ElementsAre("Tema.INI"));
+  EXPECT_EQ(this->whole("tema.ini"), "new");
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_may_be_empty_before_or_after_it_is_replaced) {
+  this->place().write(this->path("a.ini"), "");
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("a.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "new");
+  this->place().write(this->path("b.tmp"), "");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path("a.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 1u);
+}
+
+TYPED_TEST_P(FileSystemContract, names_of_the_greatest_length_are_replaced) {
+  const std::string name = std::string(251, 'x') + ".log";
+  this->place().write(this->path("b.tmp"), "old");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path(name)));
+  this->place().write(this->path("b.tmp"), "new");
+  EXPECT_TRUE(this->files().replace(this->path("b.tmp"), this->path(name)));
+  EXPECT_EQ(this->whole(name), "new");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 1u);
+}
+
+TYPED_TEST_P(FileSystemContract, what_may_not_be_replaced_stays_and_so_does_the_other) {
+  this->place().write(this->path("a.ini"), "old");
+  this->place().make_read_only(this->path("a.ini"));
+  this->place().make_folder(this->path("Mix"));
+  this->place().write(this->path("b.tmp"), "new");
+  for (const char* name : {"a.ini", "Mix", "mix", "Mix\\", "nada\\a.ini", "c.ini\\", "c*.ini"}) {
+    EXPECT_FALSE(this->files().replace(this->path("b.tmp"), this->path(name))) << name;
+  }
+  EXPECT_FALSE(this->files().replace(this->path("b.tmp"), "a.ini"));
+  EXPECT_FALSE(this->files().replace(this->path("b.tmp"), ""));
+  EXPECT_FALSE(this->files().replace(this->path("Mix"), this->path("c.ini")));
+  EXPECT_EQ(this->whole("a.ini"), "old");
+  EXPECT_EQ(this->whole("b.tmp"), "new");
+  using system::attribute::kReadOnly;
+  EXPECT_TRUE(this->files().info(this->path("a.ini"))->attributes & kReadOnly);
+  EXPECT_FALSE(this->files().info(this->path("b.tmp"))->attributes & kReadOnly);
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 3u);
 }
 
 TYPED_TEST_P(FileSystemContract, a_file_is_removed_and_a_folder_is_not) {
@@ -447,12 +593,18 @@ TYPED_TEST_P(FileSystemContract, thousands_of_entries_all_come) {
 
 REGISTER_TYPED_TEST_SUITE_P(
     FileSystemContract, a_file_takes_the_place_of_another_in_one_step,
-    a_file_is_removed_and_a_folder_is_not, a_file_is_known_with_its_size,
-    a_path_in_another_case_finds_the_name_as_the_disk_has_it,
+    others_find_the_old_file_or_the_new_one_and_never_none,
+    a_new_file_is_created_where_nothing_has_its_name, a_new_file_is_not_created_over_anything,
+    a_file_takes_a_place_where_none_is, a_replaced_file_keeps_the_spelling_of_its_name,
+    a_file_may_be_empty_before_or_after_it_is_replaced, names_of_the_greatest_length_are_replaced,
+    what_may_not_be_replaced_stays_and_so_does_the_other, a_file_is_removed_and_a_folder_is_not,
+    a_file_is_known_with_its_size, a_path_in_another_case_finds_the_name_as_the_disk_has_it,
     a_folder_is_known_as_one_and_has_no_size, what_is_not_there_gives_nothing,
     paths_that_are_not_plain_and_absolute_give_nothing,
     a_folder_with_the_name_of_a_project_is_no_file, a_path_that_ends_in_a_backslash_is_no_file,
     a_blank_or_a_dot_at_the_end_makes_it_another_name, names_of_the_code_page_are_bytes_of_it,
+    entries_that_cannot_be_named_are_told_of_beside_the_others,
+    a_file_has_one_identity_whatever_the_spelling_of_its_path,
     names_that_the_code_page_lacks_are_left_out,
     a_folder_lists_its_entries_in_alphabetical_order_without_case,
     a_folder_may_be_given_with_its_backslash, an_empty_folder_has_no_entries, a_drive_is_a_folder,

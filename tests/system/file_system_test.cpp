@@ -15,12 +15,18 @@ class OneEntry final : public system::FileSystem {
   system::FileInfo entry;
 
   std::optional<system::FileInfo> info(std::string_view) override { return entry; }
-  bool each(std::string_view, system::Detail, const Visit&) override { return false; }
+  std::optional<system::FileIdentity> identity(std::string_view) override { return std::nullopt; }
   std::unique_ptr<system::InputFile> open(std::string_view) override { return nullptr; }
   std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
   bool make_folder(std::string_view) override { return false; }
   bool replace(std::string_view, std::string_view) override { return false; }
   bool remove(std::string_view) override { return false; }
+
+ private:
+  bool each_entry(std::string_view, system::Detail, const Visit&, const VisitUnnamed&) override {
+    return false;
+  }
 };
 
 TEST(LookUp, a_plain_file_is_found_with_what_the_disk_knows_of_it) {

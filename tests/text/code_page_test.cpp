@@ -179,11 +179,21 @@ TEST(CodePage, the_order_ignores_case) {
   EXPECT_TRUE(text::less_ignoring_case("tema", "TEMA2"));
 }
 
-TEST(CodePage, letters_with_accents_come_behind_all_plain_ones) {
-  EXPECT_TRUE(text::less_ignoring_case("zeta", "\xE1rbol"));
+TEST(CodePage, the_order_is_that_of_capital_letters_in_Unicode) {
+  EXPECT_TRUE(text::less_ignoring_case("temaA", "tema_B")) << "A before _, as NTFS lists them";
+  EXPECT_TRUE(text::less_ignoring_case("a", "_"));
+  EXPECT_TRUE(text::less_ignoring_case("zeta", "\xE1rbol")) << "accents after all plain letters";
   EXPECT_TRUE(text::less_ignoring_case("z", "\xC1"));
-  EXPECT_TRUE(text::less_ignoring_case("_", "a")) << "signs between the cases come first";
-  EXPECT_TRUE(text::less_ignoring_case("_", "A"));
+  EXPECT_TRUE(text::less_ignoring_case("\xFE", "\x9A")) << "U+00DE before U+0160";
+  EXPECT_TRUE(text::less_ignoring_case("\xE1", "\xFF")) << "U+00C1 before U+0178";
+  EXPECT_TRUE(text::less_ignoring_case("\xFF", "\x80")) << "U+0178 before U+20AC";
+}
+
+TEST(CodePage, what_the_code_page_lacks_is_shown_by_marks) {
+  EXPECT_EQ(text::from_utf8_with_marks("Canci\xC3\xB3n \xE2\x98\x83.vip"), "Canci\xF3n ?.vip");
+  EXPECT_EQ(text::from_utf8_with_marks("a\xFF"
+                                       "b\xE2\x98"),
+            "a?b??");
 }
 
 TEST(CodePage, trimming_takes_blanks_and_nothing_else) {

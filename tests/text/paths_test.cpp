@@ -89,12 +89,32 @@ TEST(ObtenerNombreArchivo, is_empty_where_no_file_is_named) {
   EXPECT_EQ(Obtener_Nombre_Archivo("C:"), "");
 }
 
-TEST(ObtenerNombreArchivo, is_empty_with_wildcards_or_brackets_anywhere) {
-  for (const char* path :
-       {"D:\\*.wav", "D:\\a?.wav", "D:\\a[1].wav", "D:\\a].wav", "D:\\[x\\a.wav", "D:\\*\\a.wav"}) {
-    EXPECT_EQ(Obtener_Nombre_Archivo(path), "") << path;
+TEST(ObtenerNombreArchivo, keeps_brackets_and_characters_that_no_name_can_hold) {
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\a[1].wav"), "a[1].wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\[2024] Mix\\tema.vip"), "tema.vip");
+  EXPECT_EQ(Obtener_Nombre_Archivo("1 --> D:\\[2024] Mix\\tema [master].vip"), "tema [master].vip");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\a].wav"), "a].wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\*.wav"), "*.wav");
+  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\x?\\a?.wav"), "a?.wav");
+}
+
+TEST(SameFileKey, is_equal_for_the_spellings_of_one_path) {
+  using text::same_file_key;
+  const std::string key = same_file_key("D:\\Mix\\Tomas\\a.wav");
+  for (const char* other :
+       {"d:\\mix\\tomas\\A.WAV", "D:/Mix/Tomas/a.wav", "D:\\Mix\\\\Tomas\\a.wav",
+        "D:\\Mix\\Otro\\..\\Tomas\\a.wav", "D:\\.\\Mix\\Tomas\\.\\a.wav",
+        "D:\\..\\..\\Mix\\Tomas\\a.wav", "D:\\Mix\\Tomas\\a.wav.", "D:\\Mix \\Tomas\\a.wav "}) {
+    EXPECT_EQ(same_file_key(other), key) << other;
   }
-  EXPECT_EQ(Obtener_Nombre_Archivo("D:\\a(1).wav"), "a(1).wav");
+  for (const char* other :
+       {"E:\\Mix\\Tomas\\a.wav", "D:\\Mix\\Tomas\\b.wav", "D:\\Mix\\a.wav", "D:\\MixTomas\\a.wav",
+        "\\\\D\\Mix\\Tomas\\a.wav", "D:\\Mix\\Tomas\\a.wav\\..", ""}) {
+    EXPECT_NE(same_file_key(other), key) << other;
+  }
+  EXPECT_EQ(same_file_key("D:\\CANCI\xD3N.wav"), same_file_key("D:\\canci\xF3n.wav"));
+  EXPECT_EQ(same_file_key("D:\\"), same_file_key("d:"));
+  EXPECT_NE(same_file_key("\\\\server\\a.wav"), same_file_key("\\server\\a.wav"));
 }
 
 TEST(ObtenerNombreArchivo, ends_at_a_NUL) {
@@ -116,8 +136,8 @@ TEST(ObtenerVipPath, is_a_clean_path_out_of_a_row) {
   EXPECT_EQ(Obtener_VipPath("E:\\a\\p.vip"), "E:\\a\\p.vip");
   EXPECT_EQ(Obtener_VipPath("p.vip"), "p.vip");
   EXPECT_EQ(Obtener_VipPath("7 --> E:\\a\\"), "E:\\a\\");
-  EXPECT_EQ(Obtener_VipPath("7 --> E:\\a[1]\\p.vip"), "E:\\a[1]\\")
-      << "a folder with brackets leaves no name";
+  EXPECT_EQ(Obtener_VipPath("7 --> E:\\a[1]\\p.vip"), "E:\\a[1]\\p.vip")
+      << "brackets are part of names like any other character";
   EXPECT_EQ(Obtener_VipPath(""), "");
 }
 

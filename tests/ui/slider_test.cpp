@@ -95,7 +95,7 @@ void set_everything(ui::Slider& slider) {
   slider.set_position(2);
 }
 
-constexpr std::string_view kEverything =
+constexpr std::string_view kWholeSlider =
     "BackColor=0x00030201\nBar=thumb\nBarDown=down\nBarOver=over\nLargeChange=6\nMax=12\n"
     "Min=-60\nMouseIcon=icon\nPictureBack=back\nPictureProgress=progress\nPosition=2\nValue=-30\n";
 
@@ -104,10 +104,10 @@ TEST_F(SliderTest, properties_are_stored_under_their_names_and_come_back) {
   EXPECT_EQ(slider->changed_properties().size(), 12u);
   ui::PropertyBag bag;
   slider->save(bag);
-  EXPECT_EQ(bag.text(), kEverything);
+  EXPECT_EQ(bag.text(), kWholeSlider);
   EXPECT_THAT(slider->changed_properties(), IsEmpty());
   ui::Slider other(window, "other");
-  other.load(ui::PropertyBag::parse(kEverything));
+  other.load(ui::PropertyBag::parse(kWholeSlider));
   EXPECT_THAT(other.changed_properties(), IsEmpty());
   EXPECT_EQ(other.back_color(), ui::rgb(1, 2, 3));
   ui::PropertyBag again;
@@ -465,9 +465,9 @@ TEST_F(SliderTest, every_look_of_the_thumb_falls_back_to_the_plain_one) {
 
 TEST_F(SliderTest, keys_move_the_value_and_raise_change) {
   constexpr int kPageUp = 0x21, kPageDown = 0x22, kEnd = 0x23, kHome = 0x24;
-  constexpr int kLeft = 0x25, kUp = 0x26, kRight = 0x27, kDown = 0x28;
-  for (const int key : {kRight, kUp, kUp, kLeft, kDown, kPageUp, kPageUp, kPageDown, kEnd, kEnd,
-                        kRight, kHome, kHome, kLeft, kPageDown}) {
+  constexpr int kLeftKey = 0x25, kUpKey = 0x26, kRightKey = 0x27, kDownKey = 0x28;
+  for (const int key : {kRightKey, kUpKey, kUpKey, kLeftKey, kDownKey, kPageUp, kPageUp, kPageDown,
+                        kEnd, kEnd, kRightKey, kHome, kHome, kLeftKey, kPageDown}) {
     EXPECT_TRUE(slider->key(key));
   }
   EXPECT_THAT(take(), ElementsAre("Change 1", "Change 2", "Change 3", "Change 2", "Change 1",

@@ -11,7 +11,6 @@
 #include "win32/progress_bar_peer.h"
 #include "win32/screen_scale.h"
 #include "win32/shapes.h"
-#include "win32/win32_regional.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -193,13 +192,6 @@ TEST(CharacterWidths, a_text_is_as_wide_as_its_characters_together) {
     SelectObject(screen, old);
   }
   ReleaseDC(nullptr, screen);
-}
-
-TEST(Regional, the_decimal_mark_is_the_users) {
-  wchar_t mark[8] = {};
-  ASSERT_GT(GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, mark, 8), 0);
-  Win32Regional regional;
-  EXPECT_EQ(static_cast<wchar_t>(regional.decimal_mark()), mark[0]);
 }
 
 }  // namespace

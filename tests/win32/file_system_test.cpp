@@ -19,6 +19,9 @@ class Win32Place {
     write_file(win32::widen(path), bytes);
   }
   void truncate(std::string_view path) { write_file(win32::widen(path), ""); }
+  void make_read_only(std::string_view path) {
+    ASSERT_TRUE(SetFileAttributesW(win32::widen(path).c_str(), FILE_ATTRIBUTE_READONLY));
+  }
   void write_unnameable() { write_file(folder_.path() + L"\\\u0416\u6F22.wav", "1"); }
 
  private:
@@ -84,6 +87,36 @@ TEST_F(Win32Files, a_file_that_stays_open_is_not_replaced_and_both_are_as_they_w
   CloseHandle(looking);
   EXPECT_EQ(files_.info(path("lista.log"))->size, 5u);
   EXPECT_EQ(files_.info(path("lista.log.new"))->size, 6u);
+  EXPECT_EQ(files_.list(place_.folder())->size(), 2u) << "nothing else is left";
+}
+
+TEST_F(Win32Files, hidden_files_and_system_files_are_replaced_and_stay_so) {
+  for (const DWORD kept : {DWORD{FILE_ATTRIBUTE_HIDDEN}, DWORD{FILE_ATTRIBUTE_SYSTEM},
+                           DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM}}) {
+    give("lista.log", kept);
+    if (IsSkipped()) return;
+    const DWORD before = GetFileAttributesW(win32::widen(path("lista.log")).c_str());
+    place_.write(path("b.tmp"), "nuevo!");
+    EXPECT_TRUE(files_.replace(path("b.tmp"), path("lista.log")));
+    EXPECT_EQ(GetFileAttributesW(win32::widen(path("lista.log")).c_str()), before);
+    EXPECT_EQ(files_.info(path("lista.log"))->size, 6u);
+    EXPECT_EQ(files_.list(place_.folder())->size(), 1u);
+    // Windows writes no hidden file anew as a plain one.
+    ASSERT_TRUE(SetFileAttributesW(win32::widen(path("lista.log")).c_str(), FILE_ATTRIBUTE_NORMAL));
+  }
+}
+
+TEST_F(Win32Files, a_file_that_cannot_be_replaced_leaves_the_new_one_its_attributes) {
+  give("lista.log", FILE_ATTRIBUTE_HIDDEN);
+  if (IsSkipped()) return;
+  place_.write(path("b.tmp"), "nuevo!");
+  const DWORD before = GetFileAttributesW(win32::widen(path("b.tmp")).c_str());
+  const HANDLE looking = open_alone(path("lista.log"));
+  ASSERT_NE(looking, INVALID_HANDLE_VALUE);
+  EXPECT_FALSE(files_.replace(path("b.tmp"), path("lista.log")));
+  CloseHandle(looking);
+  EXPECT_EQ(GetFileAttributesW(win32::widen(path("b.tmp")).c_str()), before);
+  EXPECT_EQ(files_.list(place_.folder())->size(), 2u) << "nothing else is left";
 }
 
 TEST_F(Win32Files, a_system_file_is_known_but_not_looked_up) {

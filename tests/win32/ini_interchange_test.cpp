@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
+#include "settings/ini_encoding.h"
 #include "settings/settings.h"
 #include "support/fake_services.h"
 #include "test_disk.h"
@@ -16,9 +18,29 @@ namespace {
 using win32::widen;
 
 struct IniInterchange : ::testing::Test {
+  ~IniInterchange() override { forget(); }
+
   TestDisk disk;
   FixedRegional regional;
   settings::Settings store{disk.files(), regional, disk.path("Config.ini")};
+
+  // Windows keeps a file in memory for a while; this makes it look at the disk again.
+  static void forget() { WritePrivateProfileStringW(nullptr, nullptr, nullptr, nullptr); }
+
+  std::string bytes() {
+    const auto file = disk.files().open(store.RutaConfig);
+    if (!file) return "no file";
+    std::string bytes(static_cast<std::size_t>(file->size()), '\0');
+    file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
+    return bytes;
+  }
+  // Starts again with a file of these bytes; with none where there are none.
+  void begin(const std::string& content) {
+    forget();
+    disk.remove("Config.ini");
+    if (!content.empty()) disk.write("Config.ini", content);
+    forget();
+  }
 
   std::string read(const std::string& key) const {
     wchar_t value[256] = {};
@@ -74,11 +96,82 @@ TEST_F(IniInterchange, foreign_keys_comments_and_order_stay) {
   const std::string foreign = "; mine\r\n[Other]\r\nb=1\r\na=2\r\n[Settings]\r\nz=1\r\n";
   disk.write("Config.ini", foreign);
   store.GrabarIni(store.RutaConfig, "Me_Left", "7");
-  const auto file = disk.files().open(store.RutaConfig);
-  ASSERT_TRUE(file);
-  std::string bytes(static_cast<std::size_t>(file->size()), '\0');
-  file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
-  EXPECT_EQ(bytes, foreign + "Me_Left=7\r\n");
+  EXPECT_EQ(bytes(), foreign + "Me_Left=7\r\n");
+}
+
+// A file with the section and nothing in it, in every encoding; the first makes a new file.
+std::vector<std::string> fresh_files() {
+  using settings::IniEncoding;
+  std::vector<std::string> files = {""};
+  for (const IniEncoding encoding : {IniEncoding::code_page, IniEncoding::utf8,
+                                     IniEncoding::utf16_low_first, IniEncoding::utf16_high_first}) {
+    files.push_back(settings::ini_bytes("[Settings]\r\n", encoding));
+    files.push_back(settings::ini_bytes("; mine\r\n[Other]\r\na=1\r\n", encoding));
+  }
+  return files;
+}
+
+const char* const kOddKeys[] = {
+    "Unidad: ",
+    "a   ",
+    "Borrar lista 4 \"Archivos no utilizados\"",
+    "\"q\"",
+    "Reporducir audio de cada item ->",
+    "Borrar todos los asociados      ------>",
+    "Unidad: D:\\MÚSICA €",
+};
+
+TEST_F(IniInterchange, a_key_is_written_byte_for_byte_as_windows_writes_it) {
+  for (const std::string& fresh : fresh_files()) {
+    for (const char* key : kOddKeys) {
+      begin(fresh);
+      write(key, "D:\\Año");
+      forget();
+      const std::string windows = bytes();
+      begin(fresh);
+      store.GrabarIni(store.RutaConfig, key, "D:\\Año");
+      EXPECT_EQ(bytes(), windows) << key;
+      EXPECT_EQ(read(key), "D:\\Año") << key;
+      EXPECT_EQ(store.LeerIni(store.RutaConfig, key, "?"), "D:\\Año") << key;
+    }
+  }
+}
+
+TEST_F(IniInterchange, a_key_is_changed_in_its_line_in_every_encoding) {
+  for (const std::string& fresh : fresh_files()) {
+    for (const char* key : kOddKeys) {
+      begin(fresh);
+      write(key, "1");
+      forget();
+      store.GrabarIni(store.RutaConfig, key, "22");
+      const std::string once = bytes();
+      EXPECT_EQ(read(key), "22") << key;
+      write(key, "3");
+      forget();
+      EXPECT_EQ(store.LeerIni(store.RutaConfig, key, "?"), "3") << key;
+      // Here Windows' call may drop the blanks at the end of a key that it finds in a file. The
+      // program keeps them: the key goes to the file as it stands, each time.
+      store.GrabarIni(store.RutaConfig, key, "22");
+      EXPECT_EQ(bytes(), once) << key;
+    }
+  }
+}
+
+TEST_F(IniInterchange,
+       a_key_with_an_equals_sign_is_written_alike_and_then_only_the_program_finds_it) {
+  const std::string key = "Unidad: D:\\a=b";
+  write(key, "1");
+  forget();
+  const std::string windows = bytes();
+  begin("");
+  store.GrabarIni(store.RutaConfig, key, "1");
+  EXPECT_EQ(bytes(), windows);
+  // Windows' calls end the key at its first sign and so add a line at every write. One more line
+  // at each close of the program is no good: here it goes its own way.
+  EXPECT_EQ(read(key), "?");
+  EXPECT_EQ(store.LeerIni(store.RutaConfig, key, "?"), "1");
+  store.GrabarIni(store.RutaConfig, key, "0");
+  EXPECT_EQ(bytes(), "[Settings]\r\nUnidad: D:\\a=b=0\r\n");
 }
 
 }  // namespace

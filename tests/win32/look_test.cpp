@@ -132,10 +132,68 @@ TEST_F(LookInside, the_choice_of_a_path_shows_its_rows) {
   EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 3);
 }
 
+TEST_F(LookInside, a_strip_of_many_lines_ends_within_the_window) {
+  std::string hits = "El archivo: toma de guitarra.wav\r\nHa sido encontrado en 198 unidades";
+  for (int i = 1; i <= 198; ++i) {
+    hits += "\r\nE:\\Copia de seguridad\\Estudio " + std::to_string(1800 + i) +
+            "\\toma de guitarra.wav";
+  }
+  program->form.ShowIco.hide();  // as in any state in which files are searched
+  program->form.strip.Alerta(work::kResult, hits, true);
+  take(L"Form1", "strip-many");
+  const HWND strip = control(L"Form1", L"TextDecode");
+  ASSERT_TRUE(strip);
+  EXPECT_EQ(SendMessageW(strip, EM_GETLINECOUNT, 0, 0), 200);
+  SendMessageW(strip, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-100 * WHEEL_DELTA)), 0);
+  take(L"Form1", "strip-many-end");
+}
+
+TEST_F(LookInside, the_strip_of_a_search_leaves_the_clocks_to_be_read) {
+  program->form.ShowIco.hide();
+  program->form.clocks.iniciarCrono();
+  program->form.strip.Alerta(work::kResult,
+                             "El archivo: toma.wav\r\nHa sido encontrado en 4 unidades\r\n"
+                             "D:\\toma.wav\r\nE:\\toma.wav\r\nF:\\toma.wav\r\nG:\\toma.wav",
+                             true);
+  take(L"Form1", "strip-search");
+  RECT strip{};
+  RECT elapsed{};
+  GetWindowRect(control(L"Form1", L"TextDecode"), &strip);
+  GetWindowRect(control(L"Form1", L"TextLapsoTotal"), &elapsed);
+  EXPECT_GE(strip.top, elapsed.bottom);
+}
+
+TEST_F(LookInside, projects_that_count_for_nothing_are_told_of_and_listed) {
+  const std::string folder =
+      "D:\\Grabaciones del estudio grande\\Temporada de otoño con la orquesta entera\\"
+      "Arreglos definitivos para la mezcla\\";
+  for (int i = 1; i <= 14; ++i) {
+    program->work.ProyectosFuera.push_back(
+        {(i % 3 == 0 ? folder : "D:\\Mix\\") + "tema " + std::to_string(i) + ".vip",
+         i % 2 == 0 ? "no se puede leer" : "demasiadas referencias"});
+  }
+  program->form.show_ProyectosFuera();
+  take(L"Form1", "left-out-empty");
+  project::Form1& form = program->form;
+  form.TextNum1.set_visible(false);
+  form.ListProyectosInfo.hide();
+  form.ShowIco.hide();
+  form.lists.head_projects(folder);
+  form.lists.LabelCheck.set_visible(true);
+  take(L"Form1", "left-out-label");
+  SetFocus(control(L"Form1", L"LabelFuera"));
+  take(L"Form1", "left-out-focus");
+  form.LabelFuera_Click();
+  take(L"Fuera", "left-out");
+  EXPECT_EQ(SendMessageW(control(L"Fuera", L"ListFuera"), LB_GETCOUNT, 0, 0), 14);
+}
+
 // Room for the words, and for what stands beside them.
 TEST_F(LookInside, no_caption_of_a_button_or_box_is_wider_than_its_control) {
   constexpr int kBesideWords = 25;  // a box, or the picture of a button, with the gaps
   int looked_at = 0;
+  program->work.ProyectosFuera.resize(9999);
+  program->form.show_ProyectosFuera();
   for (ui::Control* const each : program->form.controls()) {
     const auto* const button = dynamic_cast<ui::Button*>(each);
     const auto* const box = dynamic_cast<ui::CheckBox*>(each);

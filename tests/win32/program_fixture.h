@@ -33,13 +33,8 @@ class CountedFiles final : public system::FileSystem {
   bool slow = false;  // rests a moment now and then, as a disk that has to look
   std::function<void()> on_entry;
 
-  bool each(std::string_view folder, system::Detail detail, const Visit& visit) override {
-    return files_.each(folder, detail, [&](system::FileInfo& entry) {
-      ++seen;
-      if (slow && seen % 100 == 0) Sleep(1);
-      if (on_entry) on_entry();
-      return visit(entry);
-    });
+  std::optional<system::FileIdentity> identity(std::string_view path) override {
+    return files_.identity(path);
   }
   std::optional<system::FileInfo> info(std::string_view path) override { return files_.info(path); }
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
@@ -48,6 +43,9 @@ class CountedFiles final : public system::FileSystem {
   std::unique_ptr<system::OutputFile> create(std::string_view path) override {
     return files_.create(path);
   }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
+    return files_.create_new(path);
+  }
   bool make_folder(std::string_view path) override { return files_.make_folder(path); }
   bool replace(std::string_view from, std::string_view to) override {
     return files_.replace(from, to);
@@ -55,6 +53,17 @@ class CountedFiles final : public system::FileSystem {
   bool remove(std::string_view path) override { return files_.remove(path); }
 
  private:
+  bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                  const VisitUnnamed& unnamed) override {
+    const auto counted = [&](system::FileInfo& entry) {
+      ++seen;
+      if (slow && seen % 100 == 0) Sleep(1);
+      if (on_entry) on_entry();
+      return visit(entry);
+    };
+    return files_.each(folder, detail, counted, unnamed);
+  }
+
   system::FileSystem& files_;
 };
 

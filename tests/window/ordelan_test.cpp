@@ -22,7 +22,7 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 // Between the commands and the buttons of the window's corner: the window has no title to hold.
-constexpr POINT kGroundOfHeader{988, 26};
+constexpr POINT kGroundOfHeader{998, 26};
 
 class Ordelan : public OrdelanTest {
  protected:
@@ -294,6 +294,18 @@ TEST_F(Ordelan, ends_and_finds_everything_as_it_was_left) {
   EXPECT_TRUE(program->checked("CheckLogo"));
   EXPECT_EQ(program->place().left, left.left);
   EXPECT_EQ(program->place().top, left.top);
+}
+
+TEST_F(Ordelan, ends_by_the_word_among_the_labels_too_and_keeps_its_settings) {
+  start();
+  program->click("CheckBAK");
+  program->wait_until("the tick", [&] { return !program->checked("CheckBAK"); });
+  EXPECT_EQ(program->text("cmdSalir"), "Salir");
+  program->click("cmdSalir");
+  EXPECT_EQ(program->wait_for_end(), 0u);
+
+  start();
+  EXPECT_FALSE(program->checked("CheckBAK"));
 }
 
 TEST_F(Ordelan, closes_by_alt_and_f4_in_the_middle_of_a_decode) {

@@ -34,7 +34,7 @@ std::vector<std::string> sections() {
 struct Dress : ::testing::Test {
   Dress() {
     desk.start();
-    for (const char* name : {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca"}) {
+    for (const char* name : {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera"}) {
       windows.push_back(desk.windows.touch(name));
     }
     windows.push_back(&desk.form);
@@ -78,7 +78,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
           << section_of(*control);
     }
   }
-  EXPECT_EQ(buttons, 13);
+  EXPECT_EQ(buttons, 16);
 }
 
 TEST_F(Dress, a_window_has_its_background_and_its_shape) {

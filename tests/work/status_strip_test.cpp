@@ -49,12 +49,12 @@ TEST_F(StatusStripTest, the_strip_shows_its_text_as_high_as_its_lines) {
   EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 136, 1076, 16}));
 }
 
-TEST_F(StatusStripTest, more_lines_than_there_is_room_for_grow_downwards_from_the_header) {
+TEST_F(StatusStripTest, more_lines_than_there_is_room_for_grow_downwards_from_below_the_clocks) {
   strip.TextDecode.set_bounds({12, 136, 1076, 16});
   std::string many = "one";
   for (int i = 0; i < 9; ++i) many += "\r\nmore";
   strip.Alerta(2, many, true);
-  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 56, 1076, 160}));
+  EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 88, 1076, 160}));
   strip.Alerta(2, "one", true);
   EXPECT_EQ(strip.TextDecode.bounds(), (ui::Rect{12, 136, 1076, 16}));
 }
