@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 
 namespace ordelan::test {
 namespace {
@@ -36,6 +37,17 @@ void count_what_happened(const FlowWorld& world, FlowTally& tally) {
                                any_contains(wanted.ListUtilizados, "\\\\"));
   const bool refused = wanted.ListProyectos.empty() && !world.studio.actions.back().items.empty();
   count("refusals", refused);
+  count("lost files", std::any_of(wanted.ListPerdidos.begin(), wanted.ListPerdidos.end(),
+                                  [](const std::string& row) {
+                                    return !reference::contains(row, ">") &&
+                                           !reference::contains(row, "----------");
+                                  }));
+  count("left out", !world.desk.work.ProyectosFuera.empty());
+  count("doubtless reasons", !wanted.refused.empty());
+  const reference::Rows& items = world.studio.actions.back().items;
+  count("slashes", !refused && any_contains(items, "/"));
+  count("long names", any_contains(wanted.ListUtilizados, std::string(200, 'n')) ||
+                          any_contains(wanted.ListBorrar, std::string(200, 'n')));
   count("mixed drops", world.studio.actions.back().kind == Action::Kind::drop &&
                            world.studio.actions.back().items.size() > 1 && !refused);
 }
@@ -101,7 +113,9 @@ DiskInMemory::~DiskInMemory() {
 }
 
 FlowWorld::FlowWorld(std::uint64_t seed, Studio::Plan plan)
-    : studio(seed, plan, desk.disk.native_path("")), wanted(desk.disk.native_path("")) {
+    : studio(seed, plan, desk.disk.native_path("")),
+      wanted(desk.disk.native_path("")),
+      root_(desk.disk.native_path("")) {
   desk.start();
   desk.form.CheckSubPath.set_checked(studio.with_subfolders);
   desk.form.CheckBAK.set_checked(studio.with_backups);
@@ -154,6 +168,7 @@ std::vector<FlowWorld::Field> FlowWorld::fields() const {
       {"LabelAdd", captions(lists.LabelAdd), rows(wanted.LabelAdd)},
       {"ListBorrar", lists.ListBorrar.rows(), wanted.ListBorrar},
       {"LabelErase", captions(lists.LabelErase), rows(wanted.LabelErase)},
+      {"ListPerdidos", desk.program.location.lost_files.TextoPerdidos(), wanted.ListPerdidos},
       {"SalvaListados", shown(form.SalvaListados.visible()), shown(wanted.offers_reports)},
       {"ActualizarVip", shown(form.ActualizarVip.visible()), shown(wanted.offers_reports)},
       {"ZoomListas", shown(form.ZoomListas.visible()), shown(wanted.offers_reports)},
@@ -170,22 +185,73 @@ std::string FlowWorld::first_difference() const {
 FlowWorld::Forbidden FlowWorld::forbidden_offer() const {
   const auto& lists = desk.form.lists;
   const reference::Disk& disk = wanted.disk;
+  struct Used {
+    std::string row;
+    const char* where;
+    std::string path;
+    std::optional<reference::Disk::Identity> identity;
+  };
+  std::vector<Used> all;
+  const auto add = [&](const reference::Rows& rows, const char* where) {
+    for (const std::string& row : rows) {
+      if (reference::contains(row, ">")) continue;
+      all.push_back({row, where, reference::normalised(row), disk.identity(row)});
+    }
+  };
+  if (!lists.ListBorrar.empty()) {
+    add(lists.ListUtilizados.rows(), "ListUtilizados");
+    add(lists.ListVip.rows(), "ListVip");
+    reference::Program shown(root_);
+    shown.CheckBAK = studio.with_backups;
+    shown.ListProyectos = lists.ListProyectos.rows();
+    add(shown.listed_references(), "a listed project");
+  }
   for (const std::string& row : lists.ListBorrar.rows()) {
     if (disk.look_up(row).empty()) return {"an offer of no file", row};
     const auto identity = disk.identity(row);
-    for (const auto* list : {&lists.ListUtilizados, &lists.ListVip}) {
-      const std::string where = list == &lists.ListVip ? "ListVip" : "ListUtilizados";
-      for (const std::string& used : list->rows()) {
-        if (reference::contains(used, ">")) continue;
-        const bool by_path = reference::normalised(used) == reference::normalised(row);
-        if (!by_path && disk.identity(used) != identity) continue;
-        const std::string how = used == row ? "as it is"
-                                : by_path   ? "spelt otherwise"
-                                            : "by a link";
-        return {"an offer that " + where + " uses " + how, row + " is used as " + used};
-      }
+    const std::string path = reference::normalised(row);
+    for (const Used& used : all) {
+      const bool by_path = used.path == path;
+      if (!by_path && used.identity != identity) continue;
+      const char* const how = used.row == row ? "as it is"
+                              : by_path       ? "spelt otherwise"
+                                              : "by a link";
+      return {std::string("an offer that ") + used.where + " uses " + how,
+              row + " is used as " + used.row};
     }
   }
+  return {};
+}
+
+FlowWorld::Forbidden FlowWorld::wrongly_left_out() const {
+  std::map<std::string, std::string> shown;
+  std::size_t unnamed = 0;
+  for (const work::ProyectoFuera& each : desk.work.ProyectosFuera) {
+    if (each.motivo == "su nombre no cabe en la página de códigos") {
+      ++unnamed;
+      continue;
+    }
+    shown[reference::normalised(each.ruta)] = each.motivo;
+  }
+  for (const std::string& path : wanted.projects_in_reach()) {
+    const std::string key = reference::normalised(path);
+    if (!wanted.decoded.contains(key) && !shown.contains(key)) {
+      return {"a project that counts for nothing unseen", path};
+    }
+  }
+  for (const auto& [key, reason] : shown) {
+    // Two spellings of one path may have been dropped, and only one of them be a backup's.
+    const bool both = wanted.refused.contains(key);
+    if (wanted.decoded.contains(key) && !both) return {"a decoded project shown as left out", key};
+  }
+  for (const auto& [key, reason] : wanted.refused) {
+    const auto there = shown.find(key);
+    if (there == shown.end()) return {"a refused project that is not shown", key};
+    // One that was dropped after a folder with projects says that first.
+    if (there->second == "soltado con una carpeta que ya tenía proyectos") continue;
+    if (there->second != reason) return {"another reason", key + ": " + reason};
+  }
+  if (unnamed < wanted.unnamed_in_reach()) return {"an unnamed project that is not shown", ""};
   return {};
 }
 
@@ -198,6 +264,10 @@ std::string FlowWorld::told() const {
     if (same) continue;
     text += field.name + " wanted:\n";
     for (const std::string& row : field.reference) text += "    " + reference::utf8_of(row) + "\n";
+  }
+  text += "ProyectosFuera:\n";
+  for (const work::ProyectoFuera& each : desk.work.ProyectosFuera) {
+    text += "    " + reference::utf8_of(each.ruta + " (" + each.motivo + ")") + "\n";
   }
   return text;
 }
@@ -234,10 +304,13 @@ FlowTally run_flows(Studio::Plan plan) {
       if (!difference.empty()) break;
     }
     const FlowWorld::Forbidden forbidden = world.forbidden_offer();
+    const FlowWorld::Forbidden left_out = world.wrongly_left_out();
     if (!forbidden.kind.empty()) {
       tally.fail(forbidden.kind, headed(seed, forbidden.told, world));
     } else if (!difference.empty()) {
       tally.fail(difference, headed(seed, "", world));
+    } else if (!left_out.kind.empty()) {
+      tally.fail(left_out.kind, headed(seed, left_out.told, world));
     }
     ++tally.worlds;
     count_what_happened(world, tally);

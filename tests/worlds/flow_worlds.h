@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
@@ -44,10 +45,13 @@ class FlowWorld {
   std::string first_difference() const;
   // A row that may not be offered: one that is no file, or a file that is used under any name.
   struct Forbidden {
-    std::string kind;  // empty if there is no such row
+    std::string kind;  // empty if there is none
     std::string told;
   };
   Forbidden forbidden_offer() const;
+  // A project that counts for nothing and is not among those shown as such, or is there with a
+  // wrong reason, or is there although it was decoded. Only after the reference did the same.
+  Forbidden wrongly_left_out() const;
   // The world and both sides of every list, for a person to read.
   std::string told() const;
 
@@ -62,6 +66,8 @@ class FlowWorld {
     reference::Rows reference;
   };
   std::vector<Field> fields() const;
+
+  std::filesystem::path root_;  // what D: stands for
 };
 
 // What happened in many worlds.

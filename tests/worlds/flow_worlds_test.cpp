@@ -27,6 +27,10 @@ void expect_variety(const FlowTally& tally) {
   expect_share(tally, "guarded", 0.02);
   expect_share(tally, "brackets", 0.2);
   expect_share(tally, "frozen", 0.02);
+  expect_share(tally, "lost files", 0.2);
+  expect_share(tally, "left out", 0.2);
+  expect_share(tally, "doubtless reasons", 0.1);
+  expect_share(tally, "long names", 0.02);
   expect_share(tally, "other spellings", 0.1);
   expect_share(tally, "refusals", 0.1);
 }
@@ -56,6 +60,12 @@ TEST(FlowWorlds, a_second_action_begins_afresh) {
   expect_agreement(tally);
   expect_variety(tally);
   expect_share(tally, "mixed drops", 0.15);
+}
+
+TEST(FlowWorlds, slashes_and_the_longest_names_change_nothing) {
+  const FlowTally tally = run_flows(Studio::Plan::odd_paths);
+  expect_agreement(tally);
+  expect_share(tally, "slashes", 0.15);
 }
 
 TEST(FlowWorlds, what_happens_in_the_middle_offers_no_used_file) {

@@ -184,15 +184,17 @@ std::optional<fs::path> Disk::native(const std::string& path) const {
 
   place = root_;
   for (const std::string& name : names) {
-    bool found = false;
-    for (fs::directory_iterator entry(place, failed), end; !failed && entry != end && !found;
+    // Of several that differ by case, the one of just this spelling, or the first by its bytes.
+    std::string found;
+    for (fs::directory_iterator entry(place, failed), end; !failed && entry != end;
          entry.increment(failed)) {
-      const auto there = ansi_of(entry->path().filename().string());
-      if (!there || folded(*there) != folded(name)) continue;
-      place = entry->path();
-      found = true;
+      const std::string there = entry->path().filename().string();
+      const auto ansi = ansi_of(there);
+      if (!ansi || folded(*ansi) != folded(name) || found == utf8_of(name)) continue;
+      if (*ansi == name || found.empty() || there < found) found = there;
     }
-    if (!found) return std::nullopt;
+    if (found.empty()) return std::nullopt;
+    place /= found;
   }
   return fs::exists(place, failed) ? std::optional(place) : std::nullopt;
 }
@@ -228,6 +230,20 @@ std::vector<std::string> Disk::files(const std::string& folder) const {
 
 std::vector<std::string> Disk::folders(const std::string& folder) const {
   return list(folder, true);
+}
+
+std::vector<fs::path> Disk::unnamed(const std::string& folder) const {
+  std::vector<fs::path> places;
+  const auto place = native(folder);
+  if (!place) return places;
+  std::error_code failed;
+  for (fs::directory_iterator entry(*place, failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    std::error_code none;
+    if (ansi_of(entry->path().filename().string()) || entry->is_symlink(none)) continue;
+    places.push_back(entry->path());
+  }
+  return places;
 }
 
 std::vector<std::string> Disk::list(const std::string& folder, bool want_folders) const {

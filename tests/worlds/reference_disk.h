@@ -57,6 +57,8 @@ class Disk {
   // Names in a folder in the order of the disk. Links to folders are in neither list.
   std::vector<std::string> files(const std::string& folder) const;
   std::vector<std::string> folders(const std::string& folder) const;
+  // Files and folders there whose names the code page cannot hold, on the machine. No links.
+  std::vector<std::filesystem::path> unnamed(const std::string& folder) const;
 
  private:
   std::vector<std::string> list(const std::string& folder, bool want_folders) const;

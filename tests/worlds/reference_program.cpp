@@ -45,6 +45,13 @@ std::size_t remove_repeats(Rows& rows, bool headers_stay) {
   return removed;
 }
 
+constexpr const char* kBackup = "copia _BAK, no incluida";
+constexpr const char* kNoAudio = "no se ha encontrado audio en él";
+
+bool is_project(const std::string& name) {
+  return ends_with(folded(name), ".vip");
+}
+
 bool is_audio(const std::string& path) {
   const std::string small = folded(path);
   for (const char* end : {".wav", ".aif", ".mp3", ".ogg", "flac", ".wma", ".m4a"}) {
@@ -72,11 +79,14 @@ void Program::open(const std::string& path) {
   DescodificarProyectos();
   search_unused();
   PrimerProyecto_ = "";
+  LlenarPerdidos();
   offers_reports = true;
 }
 
 void Program::drop(const Rows& items) {
   offers_reports = false;
+  decoded.clear();
+  refused.clear();
   PrimerProyecto_ = "";
   RutaProyectos_ = "";
   if (items.empty()) {
@@ -87,7 +97,7 @@ void Program::drop(const Rows& items) {
   std::size_t number = 1;
   for (const std::string& item : items) {
     const std::string name = disk.look_up(item);
-    if (ends_with(folded(name), ".vip")) {
+    if (is_project(name)) {
       if (!Valido(item)) continue;
       if (first) {
         ListProyectos.clear();
@@ -105,7 +115,9 @@ void Program::drop(const Rows& items) {
     }
   }
   if (PrimerProyecto_.empty()) {
+    const auto why = refused;  // stays to be seen
     reset();
+    refused = why;
   } else {
     RutaProyectos_ = PrimerProyecto_;
     BarrerProyectos();
@@ -114,15 +126,27 @@ void Program::drop(const Rows& items) {
 }
 
 bool Program::Valido(const std::string& path) {
-  if (contains(path, "FreezeData")) return false;
+  if (contains(path, "FreezeData")) {
+    refuse(path, "en una carpeta FreezeData");
+    return false;
+  }
   if (!contains(disk.look_up(path), ".")) return false;
   Rows scratch;
-  return reader_.ExtraerNombres_Archivos(path, scratch, "", false);
+  if (reader_.ExtraerNombres_Archivos(path, scratch, "", false)) return true;
+  refuse(path, kNoAudio);
+  return false;
+}
+
+// The first reason stays.
+void Program::refuse(const std::string& path, const std::string& reason) {
+  if (is_project(path)) refused.try_emplace(normalised(path), reason);
 }
 
 void Program::reset() {
   for (Rows* list : {&ListVip, &ListUtilizados, &ListProyectos, &ListBorrar}) list->clear();
   offers_reports = false;
+  decoded.clear();
+  refused.clear();
 }
 
 void Program::list_flat() {
@@ -132,6 +156,7 @@ void Program::list_flat() {
   }
   std::size_t number = 1;
   for (const std::string& path : List1_) {
+    if (!CheckBAK && contains(path, "_BAK")) refuse(path, kBackup);
     if (!Valido(path) || (!CheckBAK && contains(path, "_BAK"))) continue;
     ListProyectos.push_back(project_row(number, path));
     ++number;
@@ -154,6 +179,7 @@ void Program::list_with_subfolders() {
     const std::string folder = with_backslash(row);
     for (const std::string& name : disk.files(folder)) {
       if (!ends_with(folded(name), "vip")) continue;
+      if (!CheckBAK && contains(name, "_BAK")) refuse(folder + name, kBackup);
       if (!Valido(folder + name) || (!CheckBAK && contains(name, "_BAK"))) continue;
       ++number;
       ListProyectos.push_back(project_row(number, folder + name));
@@ -199,6 +225,7 @@ void Program::BarrerProyectos() {
   decode_into_ListVip(PrimerProyecto_, PrimerProyecto_);
   DescodificarProyectos();
   search_unused();
+  LlenarPerdidos();
 }
 
 void Program::decode_into_ListVip(const std::string& path, const std::string& shown) {
@@ -214,25 +241,33 @@ void Program::decode_into_ListVip(const std::string& path, const std::string& sh
 void Program::DescodificarProyectos() {
   ListUtilizados.clear();
   reader_.TotalArchivosVip = 0;
-  int decoded = 0;
+  int count = 0;
   for (const std::string& row : ListProyectos) {
     const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
     std::string path;
     if (CheckBAK) {
       path = vip_path(row);
     } else {
-      if (contains(row, "_BAK")) continue;
+      if (contains(row, "_BAK")) {
+        refuse(vip_path(row), kBackup);
+        continue;
+      }
       path = behind_arrow(row);
       if (!PrimerProyecto_.empty() && disk.look_up(PrimerProyecto_).empty()) {
         path = RutaProyectos_ + path;
         PrimerProyecto_ = path;
       }
     }
-    if (reader_.ExtraerNombres_Archivos(path, ListUtilizados, prefix + path, true)) ++decoded;
+    if (reader_.ExtraerNombres_Archivos(path, ListUtilizados, prefix + path, true)) {
+      ++count;
+      decoded.insert(normalised(path));
+    } else if (!disk.look_up(path).empty()) {
+      refuse(path, kNoAudio);
+    }
   }
   const int total = reader_.TotalArchivosVip;
   const int duplicates = static_cast<int>(remove_repeats(ListUtilizados, true));
-  LabelAdd = {std::to_string(total) + "  archivos en: " + std::to_string(decoded) + " proyectos, " +
+  LabelAdd = {std::to_string(total) + "  archivos en: " + std::to_string(count) + " proyectos, " +
                   std::to_string(duplicates) +
                   " duplicados; Total: " + std::to_string(total - duplicates),
               RutaProyectos_};
@@ -259,22 +294,64 @@ void Program::search_unused() {
   tally.repeats = remove_repeats(ListBorrar, false);
   const std::string count = "Archivos no utilizados: " + std::to_string(found);
   if (found > 0) {
-    LabelErase[1] = count + "     Duplicados: " + std::to_string(tally.repeats) +
-                    "    Total: " + std::to_string(found - tally.repeats);
+    LabelErase = {"", count + "     Duplicados: " + std::to_string(tally.repeats) +
+                          "    Total: " + std::to_string(found - tally.repeats)};
   } else {
     LabelErase = {"No se han encontrado archivos no utilizados", count};
   }
 }
 
-void Program::ListarArchivosCarpetas() {
+Rows Program::project_folders() const {
   Rows folders;
   for (const std::string& row : ListProyectos) {
     const std::string path = row.substr(row.find(':') - 1);
     folders.push_back(path.substr(0, path.size() - disk.look_up(path).size()));
   }
   remove_repeats(folders, false);
+  return folders;
+}
+
+Rows Program::projects_in_reach() const {
+  Rows found;
+  for (const std::string& folder : project_folders()) {
+    Rows folders;
+    list_folder(folder, folders);
+    for (const std::string& each : folders) {
+      for (const std::string& name : disk.files(each)) {
+        if (is_project(name)) found.push_back(with_backslash(each) + name);
+      }
+    }
+  }
+  return found;
+}
+
+std::size_t Program::unnamed_in_reach() const {
+  std::set<std::filesystem::path> found;
+  for (const std::string& folder : project_folders()) {
+    Rows folders;
+    list_folder(folder, folders);
+    for (const std::string& each : folders) {
+      for (const std::filesystem::path& place : disk.unnamed(each)) {
+        const bool counts = std::filesystem::is_directory(place) || place.extension() == ".vip";
+        if (counts) found.insert(place);
+      }
+    }
+  }
+  return found.size();
+}
+
+Rows Program::listed_references() const {
+  Rows references;
+  for (const std::string& row : ListProyectos) {
+    if (!CheckBAK && contains(row, "_BAK")) continue;
+    Reader(disk).ExtraerNombres_Archivos(behind_arrow(row), references, "", true);
+  }
+  return references;
+}
+
+void Program::ListarArchivosCarpetas() {
   List1_.clear();
-  for (const std::string& folder : folders) {
+  for (const std::string& folder : project_folders()) {
     for (const char* extension :
          {"wav", "h2",  "hdp", "mp3", "hm2", "hmp", "aif", "ha2", "hap", "ogg",
           "hg2", "hgp", "fla", "hf2", "hfp", "cue", "hz",  "wma", "m4a", "hs"}) {
@@ -309,6 +386,20 @@ void Program::strike() {
   }
 }
 
+void Program::LlenarPerdidos() {
+  ListPerdidos.clear();
+  for (std::size_t i = 0; i < ListUtilizados.size(); ++i) {
+    const std::string& row = ListUtilizados[i];
+    if (is_header(row)) {
+      if (i > 0) ListPerdidos.push_back(std::string(100, '-'));
+      ListPerdidos.push_back(row);
+    } else if (disk.look_up(row).empty()) {
+      ListPerdidos.push_back(row);
+    }
+  }
+  remove_repeats(ListPerdidos, true);
+}
+
 Program::UsedFiles Program::used_files() const {
   UsedFiles used;
   for (const Rows* list : {&ListUtilizados, &ListVip}) {
@@ -317,9 +408,19 @@ Program::UsedFiles Program::used_files() const {
       used.paths.push_back(normalised(row));
       const auto identity = disk.identity(row);
       if (identity) used.identities.push_back(*identity);
+      if (const auto place = place_of(row)) used.names.insert(*place);
     }
   }
   return used;
+}
+
+// The folder, however it is reached, and the name in it.
+std::optional<std::pair<Disk::Identity, std::string>> Program::place_of(
+    const std::string& row) const {
+  const std::string path = normalised(row);
+  const auto folder = disk.identity(path.substr(0, path.rfind('\\') + 1));
+  if (!folder) return std::nullopt;
+  return std::pair(*folder, name_of(path));
 }
 
 // Whether a candidate is one of the used files, however a project spells it.
@@ -328,6 +429,8 @@ bool Program::is_used(const std::string& row, const UsedFiles& used) const {
   for (const std::string& each : used.paths) {
     if (each == path) return true;
   }
+  const auto place = place_of(row);
+  if (place && used.names.contains(*place)) return true;
   const auto identity = disk.identity(row);
   for (const Disk::Identity& each : used.identities) {
     if (identity == each) return true;

@@ -4,7 +4,11 @@
 
 #include <array>
 #include <filesystem>
+#include <map>
+#include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "worlds/reference_disk.h"
@@ -31,6 +35,7 @@ class Program {
   Rows ListVip;
   Rows ListUtilizados;
   Rows ListBorrar;
+  Rows ListPerdidos;
   std::array<std::string, 2> LabelCheck;
   std::array<std::string, 2> LabelCount;
   std::array<std::string, 2> LabelAdd;
@@ -48,8 +53,22 @@ class Program {
 
   const Disk disk;
 
+  // What the last work made of single projects, by normalised path: whose references were found for
+  // ListUtilizados; and why others count for nothing, where there is no doubt about it.
+  std::set<std::string> decoded;
+  std::map<std::string, std::string> refused;
+
+  // Every project file in the folders that are searched for unused files.
+  Rows projects_in_reach() const;
+  // How many projects and folders there have names that the code page cannot hold.
+  std::size_t unnamed_in_reach() const;
+
+  // The references of every project that is to be decoded, read from the files themselves.
+  Rows listed_references() const;
+
  private:
   bool Valido(const std::string& path);
+  void refuse(const std::string& path, const std::string& reason);
   void reset();
   void list_flat();
   void list_with_subfolders();
@@ -60,16 +79,21 @@ class Program {
   void decode_into_ListVip(const std::string& path, const std::string& shown);
   void DescodificarProyectos();
   void search_unused();
+  Rows project_folders() const;
   void ListarArchivosCarpetas();
   void BuscarArchivosAPI(const std::string& folder, const std::string& extension);
   void strike();
+  void LlenarPerdidos();
 
   // Every file that a shown project uses: in one spelling, and by its place on the volume.
   struct UsedFiles {
     Rows paths;
     std::vector<Disk::Identity> identities;
+    std::set<std::pair<Disk::Identity, std::string>>
+        names;  // a folder, and a name in small letters
   };
   UsedFiles used_files() const;
+  std::optional<std::pair<Disk::Identity, std::string>> place_of(const std::string& row) const;
   bool is_used(const std::string& row, const UsedFiles& used) const;
 
   Reader reader_{disk};

@@ -4,7 +4,6 @@
 #include <fstream>
 #include <utility>
 
-#include "support/small_project.h"
 #include "worlds/reference_disk.h"
 
 namespace ordelan::test {
@@ -15,10 +14,10 @@ using reference::folded;
 using reference::utf8_of;
 
 // Names are code-page text.
-constexpr const char* kFolders[] = {"Mix",        "Mix",        "Copia", "Tomas",   "FreezeData",
-                                    "freezedata", "Mix_BAK",    "Otro",  "[Demo]",  "Tomas [2]",
-                                    "temaA",      "tema_B",     "temaB", "Canción", "p.vip",
-                                    "v1.wave",    "tomaza.wav", "Š um",  "Dos"};
+constexpr const char* kFolders[] = {
+    "Mix",        "Mix",       "Copia", "Tomas",  "FreezeData", "freezedata", "Mix_BAK", "Otro",
+    "[Demo]",     "Tomas [2]", "temaA", "tema_B", "temaB",      "Canción",    "p.vip",   "v1.wave",
+    "tomaza.wav", "Š um",      "Dos",   "µ",      "ƒ",          "ÿ",          "þ"};
 
 constexpr const char* kNames[] = {"toma.wav",       "toma.wav",
                                   "Toma.wav",       "toma2.wav",
@@ -41,12 +40,19 @@ constexpr const char* kNames[] = {"toma.wav",       "toma.wav",
                                   "FreezeData.wav", "uno ----------.wav",
                                   "€uro.wav",       "œuf.wav",
                                   "šum.wav",        "zum.wav",
-                                  "toma.wav.wav",   "ÿz.ogg"};
+                                  "toma.wav.wav",   "ÿz.ogg",
+                                  "µ.wav",          "ƒ.wav",
+                                  "×.wav",          "Ÿ.mp3",
+                                  "ßa.ogg"};
 
 constexpr const char* kProjects[] = {
     "tema.vip",   "tema.vip",     "Tema.VIP",     "temaA.vip",   "tema_B.vip",   "temaC.vip",
     "mezcla.vip", "tema_BAK.vip", "otro_bak.vip", "[tema].vip",  "tema [2].vip", "canción.vip",
-    "raro.vipx",  "raro.xvip",    "p.q.vip",      "sinpuntovip", "tema.vip.vip"};
+    "raro.vipx",  "raro.xvip",    "p.q.vip",      "sinpuntovip", "tema.vip.vip", "ÿ.vip",
+    "µ.vip",      "ƒ.vip",        "Š.vip"};
+
+// In bytes, on the disks of the machine.
+constexpr std::size_t kLongestName = 255;
 
 template <std::size_t N>
 std::string one_of(Dice& dice, const char* const (&table)[N]) {
@@ -68,12 +74,16 @@ std::string listed(const std::vector<std::string>& rows) {
 }  // namespace
 
 Studio::Studio(std::uint64_t seed, Plan plan, fs::path root)
-    : dice_(seed * kPlans + static_cast<std::uint64_t>(plan)), root_(std::move(root)) {
+    : dice_(seed * kPlans + static_cast<std::uint64_t>(plan)),
+      root_(std::move(root)),
+      odd_(plan == Plan::odd_paths) {
   for (auto count = 2 + dice_.below(4); count > 0; --count) {
     pool_.push_back(one_of(dice_, kNames));
   }
+  if (one_in(20)) pool_.push_back(long_name(".wav", kLongestName));
   add_folders();
   add_files();
+  add_twins();
   add_links();
   add_projects();
   choose_actions(plan);
@@ -118,8 +128,9 @@ void Studio::add_files() {
     }
   }
   if (one_in(12)) {
+    constexpr const char* kUnnamed[] = {".wav", "/toma.wav", ".vip"};
     const fs::path snow =
-        native(folder()) / ("nieve\xE2\x98\x83" + std::string(one_in(2) ? ".wav" : "/toma.wav"));
+        native(folder()) / (std::string("nieve\xE2\x98\x83") + one_of(dice_, kUnnamed));
     fs::create_directories(snow.parent_path());
     std::ofstream(snow) << "1";
     tell(snow.lexically_relative(root_).string() + " (not in the code page)");
@@ -131,6 +142,17 @@ std::string Studio::some_file() {
   std::string file = files_[dice_.below(files_.size())];
   for (int i = 0; i < 3 && !is_read(file); ++i) file = files_[dice_.below(files_.size())];
   return file;
+}
+
+// Files whose names differ by case alone: Windows has them on disks that Linux wrote.
+void Studio::add_twins() {
+  if (!one_in(12)) return;
+  const std::string file = files_[dice_.below(files_.size())];
+  const std::size_t name = file.rfind('\\') + 1;
+  std::string twin = file.substr(0, name) + recased(file.substr(name));
+  if (twin == file) return;
+  write(twin, content());
+  files_.push_back(twin);
 }
 
 void Studio::add_links() {
@@ -180,6 +202,22 @@ std::string Studio::recased(std::string path) {
     }
   }
   return path;
+}
+
+// The path with one backslash or all of them as slashes.
+std::string Studio::slashed(std::string path) {
+  const bool all = one_in(3);
+  for (std::size_t i = path.size(); i-- > 0;) {
+    if (path[i] != '\\') continue;
+    path[i] = '/';
+    if (!all) break;
+  }
+  return path;
+}
+
+// A name of at most that many bytes, and of a few less at least.
+std::string Studio::long_name(const std::string& extension, std::size_t longest) {
+  return std::string(longest - dice_.below(16) - extension.size(), 'n') + extension;
 }
 
 // Another spelling of the same path.
@@ -251,8 +289,11 @@ void Studio::write_project(const std::string& path, const std::vector<std::strin
 }
 
 void Studio::add_projects() {
+  // The last letter of the longest names gets lost where a path is put together from its parts.
+  const std::size_t longest = odd_ ? kLongestName : kLongestName - 1;
   for (auto count = 1 + dice_.below(4); count > 0; --count) {
-    const std::string path = folder() + one_of(dice_, kProjects);
+    const std::string path =
+        folder() + (one_in(odd_ ? 8 : 40) ? long_name(".vip", longest) : one_of(dice_, kProjects));
     if (!take(path)) continue;
     std::vector<std::string> references;
     if (!one_in(10)) references.resize(1 + dice_.below(5));
@@ -273,7 +314,9 @@ void Studio::add_projects() {
 void Studio::add_project() {
   const std::string path = folder() + "nuevo.vip";
   if (!take(path)) return;
-  write(path, project_of(files_));
+  std::string bytes = std::string(96, 'x') + "cabecera" + '\0';
+  for (const std::string& file : files_) bytes += file + '\0';
+  write(path, bytes + std::string("    LIST\0\1\2\3mdrl", 16));
   tell("   uses: " + listed(files_));
 }
 
@@ -290,6 +333,7 @@ Action Studio::some_open() {
   if (!promising_.empty() && !one_in(4)) path = promising_[dice_.below(promising_.size())];
   if (one_in(40) && !files_.empty()) path = files_[dice_.below(files_.size())];
   if (one_in(40)) path.clear();  // the dialog is cancelled
+  if (one_in(30)) path = slashed(path);
   return {Action::Kind::open, {one_in(12) ? recased(path) : path}};
 }
 
@@ -318,6 +362,7 @@ Action Studio::some_drop() {
       default:
         if (!projects.empty()) item = projects[dice_.below(projects.size())];
     }
+    if (odd_ && one_in(3)) item = slashed(item);
     action.items.push_back(one_in(15) ? recased(item) : item);
   }
   return action;
@@ -332,6 +377,8 @@ void Studio::choose_actions(Plan plan) {
     for (int i = plan == Plan::two_actions ? 0 : 1; i < 2; ++i) {
       actions.push_back(one_in(2) ? some_open() : some_drop());
     }
+  } else if (plan == Plan::odd_paths) {
+    actions = {one_in(4) ? some_open() : some_drop()};
   } else {
     actions = {some_open()};
   }

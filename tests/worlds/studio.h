@@ -20,8 +20,8 @@ struct Action {
 
 class Studio {
  public:
-  enum class Plan { open_folder, open_tree, drop, two_actions, interrupted };
-  static constexpr std::uint64_t kPlans = 5;
+  enum class Plan { open_folder, open_tree, drop, two_actions, interrupted, odd_paths };
+  static constexpr std::uint64_t kPlans = 6;
 
   // Writes the studio of that seed into `root`, which stands for D: and is empty.
   Studio(std::uint64_t seed, Plan plan, std::filesystem::path root);
@@ -57,6 +57,9 @@ class Studio {
   std::string reference();
   std::string respelt(std::string path);
   std::string recased(std::string path);
+  std::string slashed(std::string path);
+  std::string long_name(const std::string& extension, std::size_t longest);
+  void add_twins();
   std::string project_bytes(const std::vector<std::string>& references);
 
   // Whether nothing of that name is there yet, case ignored; it is taken from then on.
@@ -74,6 +77,7 @@ class Studio {
   std::vector<std::string> links_;      // of links to folders, with a backslash at the end
   std::vector<std::string> pool_;       // the file names of this studio: few, so that many meet
   std::set<std::string> taken_;
+  bool odd_;  // dropped paths have slashes, projects the longest names
   std::string told_;
 };
 
