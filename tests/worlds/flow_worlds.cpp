@@ -61,9 +61,12 @@ std::string headed(std::uint64_t seed, const std::string& forbidden, const FlowW
          world.told();
 }
 
+constexpr const char* kGoneBefore = "project gone before the search";
+
 // Does the action, and something else in the pump of that number. Gives what was done there.
 std::string disturb(FlowWorld& world, const Action& action, std::uint64_t pump) {
   constexpr const char* kKinds[] = {"cancel", "reset", "project gone", "project come"};
+  bool before = false;  // the projects are still being decoded
   const std::uint64_t kind = world.studio.roll(4);
   bool done = false;
   std::uint64_t seen = 0;
@@ -75,6 +78,7 @@ std::string disturb(FlowWorld& world, const Action& action, std::uint64_t pump) 
     } else if (kind == 1) {
       world.desk.form.cmdReset_Click();
     } else if (kind == 2) {
+      before = !world.desk.form.lists.LabelAdd[0].visible();
       world.studio.remove_project();
     } else {
       world.studio.add_project();
@@ -82,6 +86,7 @@ std::string disturb(FlowWorld& world, const Action& action, std::uint64_t pump) 
   };
   world.act(action);
   world.desk.backend.on_pump = nullptr;
+  if (before) return kGoneBefore;
   return done ? kKinds[kind] : "";
 }
 
@@ -223,6 +228,19 @@ FlowWorld::Forbidden FlowWorld::forbidden_offer() const {
   return {};
 }
 
+FlowWorld::Forbidden FlowWorld::offer_out_of_reach() const {
+  reference::Program shown(root_);
+  shown.ListProyectos = desk.form.lists.ListProyectos.rows();
+  const reference::Rows folders = shown.project_folders();
+  for (const std::string& row : desk.form.lists.ListBorrar.rows()) {
+    const bool reached =
+        std::any_of(folders.begin(), folders.end(),
+                    [&](const std::string& folder) { return row.starts_with(folder); });
+    if (!reached) return {"an offer out of the projects' folders", row};
+  }
+  return {};
+}
+
 FlowWorld::Forbidden FlowWorld::wrongly_left_out() const {
   std::map<std::string, std::string> shown;
   std::size_t unnamed = 0;
@@ -339,7 +357,8 @@ FlowTally run_interrupted_flows() {
     if (happened.empty()) continue;
     ++tally.counts[happened];
 
-    const FlowWorld::Forbidden forbidden = world.forbidden_offer();
+    FlowWorld::Forbidden forbidden = world.forbidden_offer();
+    if (forbidden.kind.empty() && happened == kGoneBefore) forbidden = world.offer_out_of_reach();
     const std::string told = happened + " " + headed(seed, forbidden.told, world);
     const auto& offered = world.desk.form.lists.ListBorrar.rows();
     if (!forbidden.kind.empty()) {

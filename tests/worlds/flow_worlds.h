@@ -49,6 +49,8 @@ class FlowWorld {
     std::string told;
   };
   Forbidden forbidden_offer() const;
+  // An offered file that lies in no folder of a listed project that exists.
+  Forbidden offer_out_of_reach() const;
   // A project that counts for nothing and is not among those shown as such, or is there with a
   // wrong reason, or is there although it was decoded. Only after the reference did the same.
   Forbidden wrongly_left_out() const;

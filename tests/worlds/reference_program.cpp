@@ -408,19 +408,9 @@ Program::UsedFiles Program::used_files() const {
       used.paths.push_back(normalised(row));
       const auto identity = disk.identity(row);
       if (identity) used.identities.push_back(*identity);
-      if (const auto place = place_of(row)) used.names.insert(*place);
     }
   }
   return used;
-}
-
-// The folder, however it is reached, and the name in it.
-std::optional<std::pair<Disk::Identity, std::string>> Program::place_of(
-    const std::string& row) const {
-  const std::string path = normalised(row);
-  const auto folder = disk.identity(path.substr(0, path.rfind('\\') + 1));
-  if (!folder) return std::nullopt;
-  return std::pair(*folder, name_of(path));
 }
 
 // Whether a candidate is one of the used files, however a project spells it.
@@ -429,8 +419,6 @@ bool Program::is_used(const std::string& row, const UsedFiles& used) const {
   for (const std::string& each : used.paths) {
     if (each == path) return true;
   }
-  const auto place = place_of(row);
-  if (place && used.names.contains(*place)) return true;
   const auto identity = disk.identity(row);
   for (const Disk::Identity& each : used.identities) {
     if (identity == each) return true;

@@ -5,10 +5,8 @@
 #include <array>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "worlds/reference_disk.h"
@@ -58,6 +56,9 @@ class Program {
   std::set<std::string> decoded;
   std::map<std::string, std::string> refused;
 
+  // The folders that are searched for unused files. Of a project that has gone it is the project's
+  // own path, where nothing is.
+  Rows project_folders() const;
   // Every project file in the folders that are searched for unused files.
   Rows projects_in_reach() const;
   // How many projects and folders there have names that the code page cannot hold.
@@ -79,7 +80,6 @@ class Program {
   void decode_into_ListVip(const std::string& path, const std::string& shown);
   void DescodificarProyectos();
   void search_unused();
-  Rows project_folders() const;
   void ListarArchivosCarpetas();
   void BuscarArchivosAPI(const std::string& folder, const std::string& extension);
   void strike();
@@ -89,11 +89,8 @@ class Program {
   struct UsedFiles {
     Rows paths;
     std::vector<Disk::Identity> identities;
-    std::set<std::pair<Disk::Identity, std::string>>
-        names;  // a folder, and a name in small letters
   };
   UsedFiles used_files() const;
-  std::optional<std::pair<Disk::Identity, std::string>> place_of(const std::string& row) const;
   bool is_used(const std::string& row, const UsedFiles& used) const;
 
   Reader reader_{disk};

@@ -151,6 +151,7 @@ void Studio::add_twins() {
   const std::size_t name = file.rfind('\\') + 1;
   std::string twin = file.substr(0, name) + recased(file.substr(name));
   if (twin == file) return;
+  twins_ = true;
   write(twin, content());
   files_.push_back(twin);
 }
@@ -170,7 +171,8 @@ void Studio::add_links() {
       tell(utf8_of(path) + (hard ? " = " : " -> ") + utf8_of(target));
     }
   }
-  if (one_in(7)) {
+  // Where a folder has two names, it is open which of the twins in it a path means.
+  if (!twins_ && one_in(7)) {
     const std::string path = folder() + "Puente";
     const std::string target = folder();
     if (take(path)) {

@@ -77,7 +77,8 @@ class Studio {
   std::vector<std::string> links_;      // of links to folders, with a backslash at the end
   std::vector<std::string> pool_;       // the file names of this studio: few, so that many meet
   std::set<std::string> taken_;
-  bool odd_;  // dropped paths have slashes, projects the longest names
+  bool twins_ = false;  // there are names that differ by case alone
+  bool odd_;            // dropped paths have slashes, projects the longest names
   std::string told_;
 };
 
