@@ -53,6 +53,7 @@ TEST(FlowWorlds, a_drop_sweeps_what_was_dropped) {
   expect_agreement(tally);
   expect_variety(tally);
   expect_share(tally, "mixed drops", 0.3);
+  expect_share(tally, "dropped too late", 0.01);
 }
 
 TEST(FlowWorlds, a_second_action_begins_afresh) {

@@ -1,5 +1,7 @@
 #include "worlds/reference_program.h"
 
+#include <algorithm>
+
 namespace ordelan::test::reference {
 namespace {
 
@@ -95,7 +97,8 @@ void Program::drop(const Rows& items) {
   }
   bool first = true;  // no valid project has been met yet
   std::size_t number = 1;
-  for (const std::string& item : items) {
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const std::string& item = items[i];
     const std::string name = disk.look_up(item);
     if (is_project(name)) {
       if (!Valido(item)) continue;
@@ -109,6 +112,7 @@ void Program::drop(const Rows& items) {
       List1_.push_back(item);
       ++number;
     } else if (BuscarVips(item, first)) {
+      refuse_undropped(item, Rows(items.begin() + static_cast<std::ptrdiff_t>(i), items.end()));
       BarrerProyectos();
       offers_reports = true;
       return;
@@ -123,6 +127,19 @@ void Program::drop(const Rows& items) {
     BarrerProyectos();
   }
   offers_reports = true;
+}
+
+// The projects that were dropped with a folder that ended the drop before their turn.
+void Program::refuse_undropped(const std::string& folder, const Rows& items) {
+  for (const std::string& item : items) {
+    const std::string path = normalised(item);
+    const bool swept = path.starts_with(normalised(folder) + "\\");
+    const bool listed = std::any_of(List1_.begin(), List1_.end(), [&](const std::string& each) {
+      return normalised(each) == path;
+    });
+    if (swept || listed || disk.look_up(item).empty()) continue;
+    refuse(item, "soltado con una carpeta que ya tenía proyectos");
+  }
 }
 
 bool Program::Valido(const std::string& path) {

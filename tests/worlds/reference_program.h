@@ -69,6 +69,7 @@ class Program {
 
  private:
   bool Valido(const std::string& path);
+  void refuse_undropped(const std::string& folder, const Rows& items);
   void refuse(const std::string& path, const std::string& reason);
   void reset();
   void list_flat();
