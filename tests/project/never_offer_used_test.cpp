@@ -391,6 +391,7 @@ TEST_F(ProjectsLeftOut, a_refused_project_is_told_with_its_reason_on_the_empty_w
   EXPECT_THAT(left_out(), ElementsAre(disk.path("midi.vip") + ": no se ha encontrado audio en él"));
   drop({"midi.vip"});
   EXPECT_THAT(left_out(), ElementsAre(disk.path("midi.vip") + ": no se ha encontrado audio en él"));
+  disk.remove("midi.vip");
   open("Mix\\a.vip");
   EXPECT_THAT(left_out(), IsEmpty());
 }

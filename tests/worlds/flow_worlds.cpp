@@ -257,7 +257,14 @@ FlowWorld::Forbidden FlowWorld::wrongly_left_out() const {
   }
   for (const std::string& path : wanted.projects_in_reach()) {
     const std::string key = reference::normalised(path);
-    if (!wanted.decoded.contains(key) && !shown.contains(key)) {
+    // A link to a listed project is that project.
+    const auto place = wanted.disk.native(path);
+    const bool listed = std::any_of(
+        wanted.ListProyectos.begin(), wanted.ListProyectos.end(), [&](const std::string& row) {
+          const auto other = wanted.disk.native(row.substr(row.find('>') + 2));
+          return place && other && std::filesystem::equivalent(*place, *other);
+        });
+    if (!listed && !wanted.decoded.contains(key) && !shown.contains(key)) {
       return {"a project that counts for nothing unseen", path};
     }
   }
