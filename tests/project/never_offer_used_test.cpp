@@ -3,8 +3,12 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <map>
 
 #include "project/main_window.h"
+#include "project/memory_folders.h"
+#include "project/side_files.h"
+#include "project/used_guard.h"
 #include "support/desk.h"
 
 namespace ordelan::test {
@@ -260,12 +264,11 @@ TEST_F(NeverOfferUsed, nested_project_folders_offer_no_used_file_in_another_case
 TEST_F(NeverOfferUsed, what_a_backup_opened_by_hand_uses_is_not_offered) {
   form.CheckBAK.set_checked(false);
   project("p.vip", {"a.wav"});
-  project("p_BAK.vip", {"b.wav"});
+  project("p_BAK.vip", {"m.wav"});
   for (const char* file : {"a.wav", "b.wav", "m.wav", "z.wav"}) disk.write(file, file);
   open("p_BAK.vip");
-  EXPECT_THAT(form.lists.ListVip.rows(), ElementsAre(disk.path("b.wav")));
-  EXPECT_THAT(offered(), Not(Contains(disk.path("b.wav"))));
-  EXPECT_THAT(offered(), Contains(disk.path("z.wav")));
+  EXPECT_THAT(form.lists.ListVip.rows(), ElementsAre(disk.path("m.wav")));
+  EXPECT_THAT(offered(), ElementsAre(disk.path("z.wav"))) << "b is the neighbour of a used file";
 }
 
 TEST_F(NeverOfferUsed, the_project_is_decoded_under_the_path_that_was_picked) {
@@ -470,6 +473,182 @@ TEST_F(SideFilesOfADrop, a_cancel_during_the_search_removes_nothing) {
   drop_and_confirm({"Viejo"});
   EXPECT_TRUE(there("Viejo\\libre.wma"));
   EXPECT_TRUE(there("Viejo\\x.cue"));
+}
+
+// --- the last look alone, on disks whose listings tell no numbers of files
+
+class WithoutNumbers final : public system::FileSystem {
+ public:
+  explicit WithoutNumbers(system::FileSystem& files) : files_(files) {}
+  std::map<std::string, std::string> short_names;  // what the disk finds a path by
+
+  std::optional<system::FileInfo> info(std::string_view path) override {
+    auto found = files_.info(long_path(path));
+    if (found) found->number = 0;
+    return found;
+  }
+  std::optional<system::FileIdentity> identity(std::string_view path) override {
+    return files_.identity(long_path(path));
+  }
+  std::unique_ptr<system::InputFile> open(std::string_view path) override {
+    return files_.open(path);
+  }
+  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
+  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
+  bool make_folder(std::string_view) override { return false; }
+  bool replace(std::string_view, std::string_view) override { return false; }
+  bool remove(std::string_view) override { return false; }
+
+ private:
+  bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                  const VisitUnnamed& unnamed) override {
+    return files_.each(
+        folder, detail,
+        [&](system::FileInfo& entry) {
+          entry.number = 0;
+          return visit(entry);
+        },
+        unnamed);
+  }
+  std::string long_path(std::string_view path) const {
+    const auto found = short_names.find(std::string(path));
+    return found == short_names.end() ? std::string(path) : found->second;
+  }
+
+  system::FileSystem& files_;
+};
+
+struct LastLook : ::testing::Test {
+  TestDisk disk;
+  WithoutNumbers files{disk.files()};
+  project::FolderTree tree{files};
+
+  // Which of the offered files are used, with the folders of the offered ones searched before.
+  std::vector<bool> same(const std::vector<std::string>& offered,
+                         const std::vector<std::string>& used) {
+    std::vector<std::string> rows;
+    for (const std::string& file : offered) rows.push_back(disk.path(file));
+    tree.walk(disk.path("x\\"), [](const auto&, const auto&) { return true; });
+    std::vector<std::string> names;
+    for (const std::string& file : used) {
+      names.push_back(file.find(':') == std::string::npos ? disk.path(file) : file);
+    }
+    return project::same_as_used(rows, {&names}, files, tree, [] { return true; });
+  }
+  bool make_link(const std::string& target, const std::string& link, bool folder) {
+    std::error_code failed;
+    disk.make_folder("enlaces");
+    if (folder) {
+      std::filesystem::create_directory_symlink(disk.native_path(target), disk.native_path(link),
+                                                failed);
+    } else {
+      std::filesystem::create_symlink(disk.native_path(target), disk.native_path(link), failed);
+    }
+    return !failed;
+  }
+};
+
+TEST_F(LastLook, sees_a_used_link_to_an_offered_file_listed_or_not) {
+  disk.write("x\\a.wav", "a");
+  disk.write("x\\b.wav", "b");
+  disk.write("x\\c.wav", "c");
+  if (!make_link("x\\a.wav", "x\\otra a.wav", false)) GTEST_SKIP() << "this system makes no links";
+  make_link("x\\b.wav", "enlaces\\otra b.wav", false);
+  EXPECT_THAT(same({"x\\a.wav", "x\\b.wav", "x\\c.wav"}, {"x\\otra a.wav", "enlaces\\otra b.wav"}),
+              ElementsAre(true, true, false));
+}
+
+TEST_F(LastLook, sees_an_offered_link_to_a_used_file) {
+  disk.write("x\\a.wav", "a");
+  disk.write("x\\c.wav", "c");
+  if (!make_link("x\\a.wav", "x\\otra a.wav", false)) GTEST_SKIP() << "this system makes no links";
+  EXPECT_THAT(same({"x\\otra a.wav", "x\\c.wav"}, {"x\\a.wav"}), ElementsAre(true, false));
+}
+
+TEST_F(LastLook, sees_a_used_file_through_another_way_to_its_folder) {
+  std::vector<std::string> offered;
+  std::vector<std::string> used;
+  for (int i = 0; i < 40; ++i) {
+    const std::string name = "Tomas\\n" + std::to_string(i) + ".wav";
+    disk.write("x\\" + name, "x");
+    offered.push_back("x\\" + name);
+    used.push_back("enlaces\\X\\TOMAS\\N" + std::to_string(i) + ".wav");
+  }
+  disk.write("x\\libre.wav", "x");
+  offered.push_back("x\\libre.wav");
+  if (!make_link("x", "enlaces\\X", true)) GTEST_SKIP() << "this system makes no links";
+  std::vector<bool> wanted(40, true);
+  wanted.push_back(false);
+  EXPECT_EQ(same(offered, used), wanted) << "a folder worth a listing";
+  tree.forget();
+  EXPECT_EQ(same({"x\\Tomas\\n3.wav", "x\\libre.wav"}, {used[3]}), std::vector<bool>({true, false}))
+      << "a folder that is asked for single files";
+}
+
+TEST_F(LastLook, sees_a_used_folder_that_was_searched_in_two_ways) {
+  disk.write("x\\a.wav", "a");
+  if (!make_link("x", "enlaces\\X", true)) GTEST_SKIP() << "this system makes no links";
+  tree.listing(disk.path("enlaces\\X\\"));
+  EXPECT_THAT(same({"enlaces\\X\\a.wav"}, {"x\\a.wav"}), ElementsAre(true));
+}
+
+TEST_F(LastLook, sees_a_used_file_by_its_short_name) {
+  disk.write("x\\una toma larga.wav", "a");
+  disk.write("x\\b.wav", "b");
+  files.short_names[disk.path("x\\UNATOM~1.WAV")] = disk.path("x\\una toma larga.wav");
+  EXPECT_THAT(same({"x\\una toma larga.wav", "x\\b.wav"}, {"x\\UNATOM~1.WAV"}),
+              ElementsAre(true, false));
+}
+
+TEST_F(LastLook, passes_over_titles) {
+  disk.write("x\\a.wav", "a");
+  EXPECT_THAT(same({"x\\a.wav"}, {"1 --> " + disk.path("x\\a.wav")}), ElementsAre(false));
+}
+
+// --- what the side files of a drop are kept for
+
+TEST_F(SideFilesOfADrop, that_are_hidden_stay) {
+  // Nothing is hidden on every system: the search alone is asked.
+  MemoryFolders files;
+  files.add_folder("D:\\v");
+  files.add_file("D:\\v\\a.cue", "x", true);
+  files.add_file("D:\\v\\b.cue", "x");
+  project::FolderTree tree(files);
+  const auto side = project::side_files_of("D:\\v\\", {}, files, tree, [] { return true; });
+  EXPECT_THAT(side.removable, ElementsAre("b.cue"));
+}
+
+TEST_F(SideFilesOfADrop, that_are_audio_stay_where_a_project_is_locked) {
+  for (const bool locked : {false, true}) {
+    MemoryFolders files;
+    files.add_folder("D:\\v");
+    files.add_folder("D:\\v\\sub");
+    files.add_file("D:\\v\\a.wma", "x");
+    files.add_file("D:\\v\\b.cue", "x");
+    files.add_file("D:\\v\\sub\\p.vip", "nada", false, locked);
+    project::FolderTree tree(files);
+    const auto side = project::side_files_of("D:\\v\\", {}, files, tree, [] { return true; });
+    EXPECT_EQ(side.kept.size(), locked ? 1u : 0u);
+    EXPECT_EQ(side.unreadable, locked ? "D:\\v\\sub\\p.vip" : "");
+    EXPECT_EQ(side.removable.size(), locked ? 1u : 2u);
+  }
+}
+
+TEST_F(SideFilesOfADrop, are_not_removed_once_the_job_has_ended_while_the_box_was_up) {
+  dialogs.on_dialog = [&] { form.cmdReset_Click(); };
+  drop_and_confirm({"Viejo"});
+  EXPECT_TRUE(there("Viejo\\x.cue"));
+}
+
+TEST_F(NeverOfferUsed, a_used_file_that_goes_during_the_search_still_protects_its_name) {
+  // Listed, then gone: as a lost file it strikes out every file of its name without a comparison.
+  project("x\\p.vip", {"x\\Tomas\\a.wav"});
+  disk.write("x\\Tomas\\a.wav", "audio");
+  disk.write("x\\Copia\\a.wav", "otro");
+  in_the_middle([&] { return form.strip.TextDecode.text() == "Buscando archivos no utilizados "; },
+                [&] { disk.remove("x\\Tomas\\a.wav"); });
+  open("x\\p.vip");
+  EXPECT_THAT(offered(), Not(Contains(disk.path("x\\Copia\\a.wav"))));
 }
 
 }  // namespace
