@@ -52,4 +52,8 @@ void LeftOut::add(const std::string& path, WhyOut why) {
   }
 }
 
+bool LeftOut::holds(const std::string& path) const {
+  return seen_.contains(text::same_file_key(path));
+}
+
 }  // namespace ordelan::project

@@ -40,6 +40,7 @@ class LeftOut {
 
   // Adds a path with its reason, unless the path is there already: the first reason stays.
   void add(const std::string& path, WhyOut why);
+  bool holds(const std::string& path) const;
 
  private:
   work::WorkInHand& work_;

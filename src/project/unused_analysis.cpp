@@ -58,9 +58,10 @@ void UnusedAnalysis::ListarArchivosCarpetas() {
 
 // Whether a project is one of the rows under another path: through a link or a substituted drive.
 bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
-                                         const std::vector<std::string>& projects) {
+                                         const std::vector<std::string>& projects, Loop& loop) {
   if (listed_.empty()) {
     for (const std::string& row : projects) {
+      if (!loop.turn()) return true;  // nothing of this will be used
       const auto identity = platform_.files.identity(text::behind_arrow(row));
       if (identity) listed_.push_back(*identity);
     }
@@ -82,7 +83,8 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
     for (const FolderTree::Entry& file : tree_.listing(folder).files) {
       if (!is_project_name(file.name)) continue;
       const std::string path = folder + file.name;
-      if (listed.contains(text::same_file_key(path)) || is_listed_elsewhere(path, projects)) {
+      if (listed.contains(text::same_file_key(path)) || left_out_.holds(path) ||
+          is_listed_elsewhere(path, projects, loop)) {
         continue;
       }
       const bool frozen = path.find("FreezeData") != std::string::npos;

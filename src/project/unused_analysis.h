@@ -54,7 +54,8 @@ class UnusedAnalysis {
 
   bool search_folder(const std::string& Ruta, std::vector<std::string>& Lista, Loop& loop);
   void note_projects_left_out(const std::vector<std::string>& projects, Loop& loop);
-  bool is_listed_elsewhere(const std::string& path, const std::vector<std::string>& projects);
+  bool is_listed_elsewhere(const std::string& path, const std::vector<std::string>& projects,
+                           Loop& loop);
   bool exists(const std::string& path);
   bool equal(const std::string& used, const std::string& candidate);
   void offer_unused(const std::vector<const std::vector<std::string>*>& used,

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -181,12 +184,16 @@ TEST_F(Attack, the_reports_of_an_empty_window_are_not_told_as_failures) {
   EXPECT_THAT(form.strip.TextDecode.text(), Not(HasSubstr("\r\nListados\\")));
 }
 
-// The same disk with some of its files hidden, which is reached as a share of the network too.
+// The same disk with some of its files hidden, locked or damaged, which is reached as a share of
+// the network too.
 class HidingFiles final : public system::FileSystem {
  public:
   explicit HidingFiles(system::FileSystem& files) : files_(files) {}
-  std::set<std::string> hidden;  // names
-  std::string folder;            // what the share "\\\\nas\\datos\\" leads to
+  std::set<std::string> hidden;      // names of files
+  std::set<std::string> locked;      // paths of files that cannot be opened
+  std::set<std::string> damaged;     // paths of files that cannot be read after their first bytes
+  std::set<std::string> unreadable;  // folders that cannot be listed, with their backslash
+  std::string folder;                // what the share "\\\\nas\\datos\\" leads to
 
   std::optional<system::FileInfo> info(std::string_view path) override {
     auto found = files_.info(local(path));
@@ -197,7 +204,10 @@ class HidingFiles final : public system::FileSystem {
     return files_.identity(local(path));
   }
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
-    return files_.open(local(path));
+    if (locked.contains(std::string(path))) return nullptr;
+    auto file = files_.open(local(path));
+    if (!file || !damaged.contains(std::string(path))) return file;
+    return std::make_unique<Damaged>(std::move(file));
   }
   std::unique_ptr<system::OutputFile> create(std::string_view path) override {
     return files_.create(local(path));
@@ -212,8 +222,23 @@ class HidingFiles final : public system::FileSystem {
   bool remove(std::string_view path) override { return files_.remove(local(path)); }
 
  private:
+  class Damaged final : public system::InputFile {
+   public:
+    explicit Damaged(std::unique_ptr<system::InputFile> file) : file_(std::move(file)) {}
+    std::uint64_t size() const override { return file_->size(); }
+    std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
+      constexpr std::uint64_t kSound = 400'000;
+      if (offset + buffer.size() > kSound) return std::nullopt;
+      return file_->read(offset, buffer);
+    }
+
+   private:
+    std::unique_ptr<system::InputFile> file_;
+  };
+
   bool each_entry(std::string_view folder_path, system::Detail detail, const Visit& visit,
                   const VisitUnnamed& unnamed) override {
+    if (unreadable.contains(std::string(folder_path))) return false;
     return files_.each(
         local(folder_path), detail,
         [&](system::FileInfo& entry) {
@@ -250,6 +275,106 @@ TEST_F(Attack, a_project_of_a_share_is_read_from_its_own_beginning) {
     EXPECT_THAT(other.form.lists.ListBorrar.rows(), Not(Contains(disk.path("Mix\\m.wav"))))
         << backups;
   }
+}
+
+// The program on such a disk.
+struct OnADamagedDisk : Attack {
+  HidingFiles files{disk.files()};
+  system::Platform damaged{files, dialogs, backend, clock, regional, drives, shell};
+  app::Program other{backend, damaged, settings};
+
+  OnADamagedDisk() { other.start(); }
+  void open_there(const std::string& below) {
+    dialogs.files.push_back({disk.path(below)});
+    other.form.AbrirFichero_Click();
+  }
+  std::vector<std::string> told() const {
+    std::vector<std::string> rows;
+    for (const auto& each : other.work.ProyectosFuera)
+      rows.push_back(each.ruta + ": " + each.motivo);
+    return rows;
+  }
+};
+
+TEST_F(OnADamagedDisk, locked_hidden_and_broken_projects_and_folders_are_told_with_their_reason) {
+  for (const char* name : {"p", "bloqueado", "oculto"}) {
+    project("Mix\\" + std::string(name) + ".vip", {"Mix\\a.wav"});
+  }
+  // One reference stands at the beginning, and the marker after the damage.
+  disk.write("Mix\\roto.vip", project_of({disk.path("Mix\\a.wav")}, 900'000));
+  project("Mix\\Cerrada\\q.vip", {"Mix\\a.wav"});
+  files.locked = {disk.path("Mix\\bloqueado.vip")};
+  files.hidden = {"oculto.vip"};
+  files.damaged = {disk.path("Mix\\roto.vip")};
+  files.unreadable = {disk.path("Mix\\Cerrada\\")};
+  const std::vector<std::string> all = {
+      disk.path("Mix\\bloqueado.vip") + ": no se puede leer: bloqueado o sin permiso",
+      disk.path("Mix\\oculto.vip") + ": oculto o de sistema",
+      disk.path("Mix\\roto.vip") + ": no se ha podido leer entero",
+      disk.path("Mix\\Cerrada\\") + ": no se puede leer: bloqueado o sin permiso"};
+  open_there("Mix\\p.vip");
+  EXPECT_THAT(told(), ::testing::UnorderedElementsAreArray(all));
+  other.form.lists.ListProyectos.on_drop({disk.path("Mix")});
+  EXPECT_THAT(told(), ::testing::UnorderedElementsAreArray(all));
+}
+
+TEST_F(OnADamagedDisk, audio_stays_where_a_subfolder_cannot_be_listed) {
+  disk.write("Viejo\\toma.wma", "t");
+  disk.write("Viejo\\x.cue", "t");
+  disk.make_folder("Viejo\\Cerrada");
+  files.unreadable = {disk.path("Viejo\\Cerrada\\")};
+  remove_side_files_of_drops();
+  other.form.lists.ListProyectos.on_drop({disk.path("Viejo")});
+  EXPECT_TRUE(there("Viejo\\toma.wma"));
+  EXPECT_FALSE(there("Viejo\\x.cue"));
+}
+
+TEST_F(Attack, audio_that_a_project_dropped_from_elsewhere_names_stays) {
+  project("Otra\\p.vip", {"Mix\\Audio\\u.wav", "Mix\\Audio\\toma.wma"});
+  disk.write("Mix\\Audio\\toma.wma", "t");
+  remove_side_files_of_drops();
+  drop({"Otra\\p.vip", "Mix\\Audio"});
+  EXPECT_TRUE(there("Mix\\Audio\\toma.wma"));
+}
+
+TEST_F(Attack, a_name_does_not_begin_in_one_project_and_end_in_another) {
+  disk.write("Viejo\\toma.wma", "t");
+  disk.write("Viejo\\a.vip", "to");
+  disk.write("Viejo\\b.vip", "ma.wma");
+  remove_side_files_of_drops();
+  drop({"Viejo"});
+  EXPECT_FALSE(there("Viejo\\toma.wma"));
+}
+
+TEST_F(Attack, files_read_for_the_last_look_alone_are_not_counted) {
+  form.CheckBAK.set_checked(false);
+  project("Uno\\a.vip", {"Uno\\u.wav"});
+  project("Dos\\b.vip", {"Dos\\u.wav"});
+  in_the_middle([&] { return form.lists.ListVip.visible(); }, [&] { disk.remove("Uno\\a.vip"); });
+  drop({"Uno\\a.vip", "Dos\\b.vip"});
+  EXPECT_THAT(form.lists.LabelAdd[0].caption(),
+              ::testing::StartsWith("1  archivos en: 1 proyectos"));
+}
+
+TEST_F(Attack, a_row_that_was_chosen_is_chosen_again_after_the_reports) {
+  project("p.vip", {"a.wav", "b.wav"});
+  open("p.vip");
+  form.lists.ListVip.set_current(1);
+  form.SalvaListados.on_click();
+  EXPECT_EQ(form.lists.ListVip.current(), 1);
+}
+
+TEST_F(Attack, a_cancel_at_the_last_item_of_a_drop_sweeps_nothing) {
+  project("p.vip", {"a.wav"});
+  disk.write("q.vip", project_of({disk.path("z.wav")}, 3'000'000));
+  for (const char* file : {"a.wav", "b.wav", "z.wav"}) disk.write(file, file);
+  int pumps = 0;
+  backend.on_pump = [&] {
+    if (++pumps == 1) form.cmdCancelar_Click();
+  };
+  drop({"p.vip", "q.vip"});
+  EXPECT_THAT(offered(), IsEmpty());
+  EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
 }
 
 TEST_F(Attack, a_hidden_project_among_the_dropped_ones_is_told) {
