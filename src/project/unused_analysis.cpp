@@ -96,7 +96,6 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
       }
     }
   };
-  std::set<std::string> above;
   for (const std::string& folder : searched_) {
     const FolderTree::Listing& found = tree_.listing(folder);
     if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
@@ -105,7 +104,12 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
       if (entry.folder) left_out_.add(folder + entry.shown + "\\", WhyOut::unnamed);
     }
     note_files(folder, WhyOut::not_listed);
-    for (std::string& around : folders_around(folder)) {
+    if (!loop.turn()) return;
+  }
+  std::set<std::string> above;
+  for (const std::string& row : projects) {
+    const std::string path(text::behind_arrow(row));
+    for (std::string& around : folders_around(text::getPath(path, "\\"))) {
       if (!searched_.contains(around)) above.insert(std::move(around));
     }
     if (!loop.turn()) return;
