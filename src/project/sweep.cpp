@@ -225,7 +225,11 @@ Form1::Dropped Form1::drop_folder(const std::vector<std::string>& items) {
   work_.RutaVip = folder;
   PrepararBarrido();
   const bool found = location_->BuscarVips(folder);
-  if (work_.superseded(job)) return Dropped::ended;
+  if (work_.superseded(job)) {
+    // A cancel in the search itself has already emptied the window, which is the one newer job.
+    if (work_.Cancelar && work_.current_job() == job + 1) show_swept();
+    return Dropped::ended;
+  }
   if (work_.Cancelar) {
     end_empty_drop();
     return Dropped::ended;

@@ -297,6 +297,7 @@ TEST_F(SweepInterrupted, a_cancel_at_any_turn_ends_the_sweep_and_offers_no_used_
     EXPECT_FALSE(work.Descodificando) << turn;
     if (turns >= turn) {
       EXPECT_TRUE(is_empty_window()) << "a sweep that was cancelled is put away, at turn " << turn;
+      EXPECT_TRUE(form.SalvaListados.visible()) << "the last step of every drop, at turn " << turn;
     }
     for (const std::string& offered : form.lists.ListBorrar.rows()) {
       EXPECT_FALSE(offered.ends_with("u.wav")) << offered << " at turn " << turn;

@@ -30,13 +30,13 @@ const Names kEmptyWindow = {"AbrirFichero",  "cmdReset",     "Configurar",    "A
 
 // With one: headings can be pressed, and the clocks can be read. The fourth list has one of
 // its two headings, by what was found.
-const Names kDecodedWindow = {"AbrirFichero",  "cmdReset",      "cmdPerdidos",    "SalvaListados",
-                              "Configurar",    "AcercaDe",      "cmdSalir",       "cmdMinimizar",
-                              "Salir",         "TimeDeco",      "TextLapsoTotal", "LabelCheck(0)",
-                              "LabelCheck(1)", "ListProyectos", "LabelCount(0)",  "LabelCount(1)",
-                              "ListVip",       "LabelAdd(0)",   "LabelAdd(1)",    "ListUtilizados",
-                              "LabelErase(1)", "ListBorrar",    "CheckSubPath",   "CheckBAK",
-                              "CheckToolTips", "CheckPlayer",   "CheckDragDrop",  "CheckLogo"};
+const Names kDecodedWindow = {
+    "AbrirFichero",   "cmdReset",      "cmdPerdidos",   "SalvaListados", "Configurar",
+    "AcercaDe",       "cmdSalir",      "cmdMinimizar",  "Salir",         "TimeDeco",
+    "TextLapsoTotal", "LabelCheck(0)", "LabelCheck(1)", "LabelFuera",    "ListProyectos",
+    "LabelCount(0)",  "LabelCount(1)", "ListVip",       "LabelAdd(0)",   "LabelAdd(1)",
+    "ListUtilizados", "LabelErase(1)", "ListBorrar",    "CheckSubPath",  "CheckBAK",
+    "CheckToolTips",  "CheckPlayer",   "CheckDragDrop", "CheckLogo"};
 
 Names all_names() {
   Names names;

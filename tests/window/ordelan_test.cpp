@@ -33,7 +33,8 @@ class Ordelan : public OrdelanTest {
     wait_shown(shown);
   }
 
-  void expect_empty_window() {
+  // `dropped`: a drop has put the window away, and the entries of every drop stand on it.
+  void expect_empty_window(bool dropped = false) {
     EXPECT_TRUE(program->visible("ListProyectos"));
     EXPECT_THAT(program->rows("ListProyectos"), IsEmpty());
     for (int i = 0; i < 4; ++i) {
@@ -42,11 +43,13 @@ class Ordelan : public OrdelanTest {
     for (const char* shown : {"CheckDragDrop", "CheckLogo", "AbrirFichero", "cmdReset"}) {
       EXPECT_TRUE(program->visible(shown)) << shown;
     }
-    for (const char* hidden :
-         {"ListVip", "ListUtilizados", "ListBorrar", "LabelCheck(0)", "LabelCount(0)", "TextDecode",
-          "LabelAviso", "XP_ProgressBar1", "cmdCancelar", "cmdPerdidos", "CommandBorrado",
-          "SalvaListados", "ActualizarVip", "ZoomListas", "ListPath"}) {
+    for (const char* hidden : {"ListVip", "ListUtilizados", "ListBorrar", "LabelCheck(0)",
+                               "LabelCount(0)", "TextDecode", "LabelAviso", "XP_ProgressBar1",
+                               "cmdCancelar", "cmdPerdidos", "CommandBorrado", "ListPath"}) {
       EXPECT_FALSE(program->visible(hidden)) << hidden;
+    }
+    for (const char* entry : {"SalvaListados", "ActualizarVip", "ZoomListas"}) {
+      EXPECT_EQ(program->visible(entry), dropped) << entry;
     }
   }
 };
@@ -211,12 +214,14 @@ TEST_F(Ordelan, a_dropped_folder_is_cancelled_while_its_projects_are_still_gathe
   const auto took = std::chrono::steady_clock::now() - before;
   std::cout << "from the order to click until the gathering had ended: "
             << std::chrono::duration_cast<std::chrono::milliseconds>(took).count() << " ms\n";
-  program->wait_until("the empty window", [&] { return program->visible("TextNum1(0)"); });
-  expect_empty_window();
+  program->wait_until("the empty window", [&] {
+    return program->visible("TextNum1(0)") && program->visible("ZoomListas");
+  });
+  expect_empty_window(true);
   EXPECT_FALSE(program->message_shown());
 
   program->drop("ListProyectos", {"D:\\Mix\\Canción del Año"});
-  wait_decoded();
+  program->wait_until("the project", [&] { return program->visible("cmdPerdidos"); });
   EXPECT_THAT(program->rows("ListProyectos"), SizeIs(1));
 }
 
