@@ -83,9 +83,17 @@ Program::Program(ProgramOptions options) {
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   const auto begin = std::chrono::steady_clock::now();
-  if (!CreateProcessW(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                      &startup, &process_)) {
-    throw std::runtime_error("cannot start " + bytes(path));
+  // Wine now and then refuses a start that succeeds a moment later.
+  constexpr int kTries = 10;
+  for (int tries = 1; !CreateProcessW(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0,
+                                      nullptr, nullptr, &startup, &process_);
+       ++tries) {
+    const DWORD error = GetLastError();
+    if (tries < kTries) {
+      Sleep(200);
+      continue;
+    }
+    throw std::runtime_error("cannot start " + bytes(path) + ": error " + std::to_string(error));
   }
   try {
     use_window(options.main_window);
