@@ -43,7 +43,7 @@ inline constexpr int kRefused = 1;  // nothing decoded or found, or not saved; `
 inline constexpr int kMisused = 2;  // wrong use, or nothing to read; a line for each in `error`
 
 // Runs one command line (UTF-8, without the program's name) and gives the exit code. Settings are
-// read and never written; a named configuration that cannot be read is told in `error`, and the
+// read and never written; a named configuration that cannot be read is reported in `error`, and the
 // defaults count in its place.
 int run_console(const std::vector<std::string>& arguments, const ConsoleHost& host,
                 std::ostream& output, std::ostream& error);

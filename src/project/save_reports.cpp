@@ -81,7 +81,7 @@ void Form1::show_again(const ShownProject& shown) {
   }
 }
 
-// A report that could not be written is told on the strip, without a box to be closed.
+// Reports that could not be written are named on the strip, without a message box.
 void Form1::tell_unsaved(const std::vector<std::string>& failed) {
   if (failed.empty()) return;
   std::string text = " >>> AVISO <<<   No se ha podido salvar:";

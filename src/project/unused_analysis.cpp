@@ -71,7 +71,7 @@ bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
 }
 
 // Projects among the searched files that have no row: in subfolders that are not included, beside a
-// dropped one, hidden, or such that nobody can name.
+// dropped one, hidden, or with names outside the code page.
 void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects, Loop& loop) {
   listed_.clear();
   std::unordered_set<std::string> listed;

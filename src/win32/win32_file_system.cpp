@@ -291,7 +291,7 @@ bool Win32FileSystem::each_entry(std::string_view folder, Detail detail, const V
 std::optional<system::FileIdentity> Win32FileSystem::identity(std::string_view path) {
   const auto extended = extended_path(path);
   if (!extended) return std::nullopt;
-  // Attributes may be read whoever has the file open; folders need the backup flag.
+  // Attributes can be read while another program has the file open; folders need the backup flag.
   const FileHandle file(CreateFileW(extended->c_str(), FILE_READ_ATTRIBUTES,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));

@@ -12,7 +12,7 @@ class Reader {
  public:
   explicit Reader(const Disk& disk) : disk_(disk) {}
 
-  // Position behind the header text of the project read last: a project without such a text is read
+  // Position after the header text of the last project read: a project without such a text is read
   // from the place of the one before it.
   long PosInicioVip = 0;
   int TotalArchivosVip = 0;
