@@ -25,24 +25,11 @@ using ::testing::Not;
 struct Attack : ::testing::Test, Desk {
   Attack() { start(); }
 
-  void drop(const std::vector<std::string>& below) {
-    std::vector<std::string> items;
-    for (const std::string& item : below) items.push_back(disk.path(item));
-    form.lists.ListProyectos.on_drop(items);
-  }
-  // A project that uses files below the disk's folder.
-  void project(const std::string& below, const std::vector<std::string>& used) {
-    std::vector<std::string> paths;
-    for (const std::string& file : used) paths.push_back(disk.path(file));
-    disk.write(below, project_of(paths));
-  }
-  const std::vector<std::string>& offered() const { return form.lists.ListBorrar.rows(); }
   std::vector<std::string> left_out() const {
     std::vector<std::string> paths;
     for (const auto& project : work.ProyectosFuera) paths.push_back(project.ruta);
     return paths;
   }
-  bool there(const std::string& below) { return disk.files().info(disk.path(below)).has_value(); }
   void remove_side_files_of_drops() {
     settings.GrabarIni(settings.RutaConfig, "Borrar todos los asociados      ------>", "1");
     dialogs.answers.push_back(system::Answer::ok);

@@ -15,10 +15,6 @@ using ::testing::SizeIs;
 struct MainWindow : ::testing::Test, Desk {
   MainWindow() { start(); }
 
-  std::string row(int number, const std::string& below) const {
-    return std::to_string(number) + " --> " + disk.path(below);
-  }
-
   void expect_empty_state() {
     EXPECT_FALSE(work.Descodificando);
     EXPECT_TRUE(form.lists.ListProyectos.visible());

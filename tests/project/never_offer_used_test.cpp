@@ -24,21 +24,6 @@ using ::testing::UnorderedElementsAre;
 struct NeverOfferUsed : ::testing::Test, Desk {
   NeverOfferUsed() { start(); }
 
-  std::string row(int number, const std::string& below) const {
-    return std::to_string(number) + " --> " + disk.path(below);
-  }
-  void drop(const std::vector<std::string>& below) {
-    std::vector<std::string> items;
-    for (const std::string& item : below) items.push_back(disk.path(item));
-    form.lists.ListProyectos.on_drop(items);
-  }
-  // A project that uses files below the disk's folder.
-  void project(const std::string& below, const std::vector<std::string>& used) {
-    std::vector<std::string> paths;
-    for (const std::string& file : used) paths.push_back(disk.path(file));
-    disk.write(below, project_of(paths));
-  }
-  const std::vector<std::string>& offered() const { return form.lists.ListBorrar.rows(); }
   const std::vector<std::string>& projects() const { return form.lists.ListProyectos.rows(); }
   std::vector<std::string> left_out() const {
     std::vector<std::string> rows;
@@ -47,7 +32,6 @@ struct NeverOfferUsed : ::testing::Test, Desk {
     }
     return rows;
   }
-  bool there(const std::string& below) { return disk.files().info(disk.path(below)).has_value(); }
   void remember_side_files() {
     settings.GrabarIni(settings.RutaConfig, "Borrar todos los asociados      ------>", "1");
   }

@@ -14,23 +14,10 @@ using ::testing::SizeIs;
 struct Sweep : ::testing::Test, Desk {
   Sweep() { start(); }
 
-  std::string row(int number, const std::string& below) const {
-    return std::to_string(number) + " --> " + disk.path(below);
-  }
-  void drop(const std::vector<std::string>& below) {
-    std::vector<std::string> items;
-    for (const std::string& item : below) items.push_back(disk.path(item));
-    form.lists.ListProyectos.on_drop(items);
-  }
-  void double_click(int index) {
-    form.lists.ListProyectos.chosen(index);
-    form.lists.ListProyectos.on_double_click();
-  }
   void remember_side_files(bool remove) {
     settings.GrabarIni(settings.RutaConfig, "Borrar todos los asociados      ------>",
                        remove ? "1" : "0");
   }
-  bool there(const std::string& below) { return disk.files().info(disk.path(below)).has_value(); }
   bool is_empty_window() {
     return form.lists.empty() && form.TextNum1[0].visible() && !work.Descodificando;
   }

@@ -20,15 +20,6 @@ struct WindowSteps : ::testing::Test, Desk {
       disk.write(file, file);
     }
   }
-  void drop(const std::vector<std::string>& below) {
-    std::vector<std::string> items;
-    for (const std::string& item : below) items.push_back(disk.path(item));
-    form.lists.ListProyectos.on_drop(items);
-  }
-  void double_click(int index) {
-    form.lists.ListProyectos.chosen(index);
-    form.lists.ListProyectos.on_double_click();
-  }
 };
 
 TEST_F(WindowSteps, a_double_click_does_nothing_while_a_decode_or_a_removal_runs) {

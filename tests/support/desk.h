@@ -54,6 +54,30 @@ class Desk : public Computer {
     form.AbrirFichero_Click();
   }
 
+  // Drops projects and folders below the disk's folder on the list of projects.
+  void drop(const std::vector<std::string>& below) {
+    std::vector<std::string> items;
+    for (const std::string& item : below) items.push_back(disk.path(item));
+    form.lists.ListProyectos.on_drop(items);
+  }
+  // Double-clicks a row of the list of projects.
+  void double_click(int index) {
+    form.lists.ListProyectos.chosen(index);
+    form.lists.ListProyectos.on_double_click();
+  }
+  // A project that uses files below the disk's folder.
+  void project(const std::string& below, const std::vector<std::string>& used) {
+    std::vector<std::string> paths;
+    for (const std::string& file : used) paths.push_back(disk.path(file));
+    disk.write(below, project_of(paths));
+  }
+  // A project's row; whether there is such a file or folder; what list 4 offers.
+  std::string row(int number, const std::string& below) const {
+    return std::to_string(number) + " --> " + disk.path(below);
+  }
+  bool there(const std::string& below) { return disk.files().info(disk.path(below)).has_value(); }
+  const std::vector<std::string>& offered() const { return form.lists.ListBorrar.rows(); }
+
   // Runs `action` in the pump at which `when` first holds.
   template <class Condition, class Action>
   void in_the_middle(Condition when, Action action) {
