@@ -10,7 +10,7 @@
 #include "app/program.h"
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
-#include "location/drive_boxes.h"
+#include "location/drive_window.h"
 #include "location/search_window.h"
 #include "settings/settings.h"
 #include "text/code_page.h"
@@ -114,7 +114,7 @@ std::optional<std::string> unreadable(const ArgumentPath& project, const Console
   return std::nullopt;
 }
 
-void set_boxes(project::Form1& form, const Options& options) {
+void set_boxes(main_window::Form1& form, const Options& options) {
   if (options.subfolders) form.CheckSubPath.set_checked(*options.subfolders);
   if (options.backups) form.CheckBAK.set_checked(*options.backups);
 }
@@ -144,7 +144,7 @@ int open_project(const Options& options, bool save_reports, const ConsoleHost& h
   }
 
   Session session(host, options, error);
-  project::Form1& form = session.program.form;
+  main_window::Form1& form = session.program.form;
   set_boxes(form, options);
   session.dialogs.files.push_back({*project.path});
   form.AbrirFichero_Click();
@@ -179,7 +179,7 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
   }
   if (items.empty()) return kMisused;
   Session session(host, options, error);
-  project::Form1& form = session.program.form;
+  main_window::Form1& form = session.program.form;
   set_boxes(form, options);
   form.ListProyectos_Drop(items);
   report(session, options, output);
@@ -197,7 +197,7 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
 
 // Ticks the boxes of the drives that the options name, and those alone. Gives a complaint about one
 // that has no box.
-std::optional<std::string> tick(location::DriveBoxes& boxes, const Options& options) {
+std::optional<std::string> tick(location::UnidadesBuscar& boxes, const Options& options) {
   if (options.where.empty()) return std::nullopt;
   for (auto& box : boxes.Check1) box->set_checked(false);
   for (const std::string& drive : options.where) {
@@ -226,13 +226,13 @@ int search(const Options& options, const ConsoleHost& host, std::ostream& output
   }
   Session session(host, options, error);
   work::WindowDirectory& windows = session.program.windows;
-  auto& boxes = *windows.touch_as<location::DriveBoxes>("UnidadesBuscar");
+  auto& boxes = *windows.touch<location::UnidadesBuscar>();
   if (const auto complaint = tick(boxes, options)) {
     error << "ordelan: " << text::to_utf8(*complaint) << "\n";
     return kMisused;
   }
-  project::Form1& form = session.program.form;
-  auto& buscar = *windows.touch_as<location::Buscar>("Buscar");
+  main_window::Form1& form = session.program.form;
+  auto& buscar = *windows.touch<location::Buscar>();
   const bool found = buscar.BuscarEnTodasUnidades(*name.path, form.lists.ListUtilizados);
   print_search(output, {found, session.program.work.ArchivoActual, form.strip.TextDecode.text()},
                buscar.List2, options.json);

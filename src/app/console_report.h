@@ -16,7 +16,7 @@ class ConsoleReport {
   // Both must outlive the report.
   ConsoleReport(const Program& program, const std::vector<system::Message>& messages)
       : form_(program.form),
-        lost_(program.location.lost_files),
+        lost_(program.form.lost_files()),
         work_(program.work),
         messages_(messages) {}
 
@@ -27,7 +27,7 @@ class ConsoleReport {
   void print_json(std::ostream& output) const;
   void print_text(std::ostream& output) const;
 
-  const project::Form1& form_;
+  const main_window::Form1& form_;
   const location::LostFiles& lost_;
   const work::WorkInHand& work_;
   const std::vector<system::Message>& messages_;

@@ -4,15 +4,12 @@ namespace ordelan::app {
 
 Program::Program(ui::Backend& backend, const system::Platform& platform,
                  settings::Settings& settings)
-    : form(backend, platform, work, windows, settings),
-      location({backend, platform, work, windows, settings, form.pieces()}, ORDELAN_VERSION) {
-  form.use(location);
-}
+    : form(backend, platform, work, windows, settings) {}
 
 // The other windows work with pieces of the main one: they go first.
 Program::~Program() {
   windows.close_all();
-  windows.bury();
+  windows.free_closed();
 }
 
 }  // namespace ordelan::app

@@ -1,8 +1,7 @@
 // The whole program, tied together: the one place that knows everybody.
 #pragma once
 
-#include "location/location.h"
-#include "project/main_window.h"
+#include "main_window/main_window.h"
 #include "settings/settings.h"
 #include "system/platform.h"
 #include "ui/backend.h"
@@ -24,8 +23,7 @@ class Program {
 
   work::WorkInHand work;
   work::WindowDirectory windows;
-  project::Form1 form;
-  location::Location location;
+  main_window::Form1 form;
 };
 
 }  // namespace ordelan::app

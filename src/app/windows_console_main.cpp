@@ -8,11 +8,11 @@
 
 #include "app/console.h"
 #include "win32/ansi_text.h"
-#include "win32/win32_clock.h"
-#include "win32/win32_drives.h"
-#include "win32/win32_file_system.h"
-#include "win32/win32_regional.h"
-#include "win32/win32_shell.h"
+#include "win32/ports/win32_clock.h"
+#include "win32/ports/win32_drives.h"
+#include "win32/ports/win32_file_system.h"
+#include "win32/ports/win32_regional.h"
+#include "win32/ports/win32_shell.h"
 
 namespace {
 

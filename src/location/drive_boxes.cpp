@@ -1,6 +1,7 @@
-#include "location/drive_boxes.h"
-
+// The boxes of the drives: where each stands, and how high the window is.
 #include <algorithm>
+
+#include "location/drive_window.h"
 
 namespace ordelan::location {
 namespace {
@@ -24,17 +25,11 @@ int box_width(const std::string& text) {
 
 }  // namespace
 
-DriveBoxes::DriveBoxes(ui::Window& window)
-    : Check1(window, "Check1", 1), Label2(window, "Label2"), window_(window) {
-  Check1[0].set_caption("Unidad: ");
-  connect(Check1[0]);
-}
-
-void DriveBoxes::connect(ui::CheckBox& box) {
+void UnidadesBuscar::connect(ui::CheckBox& box) {
   box.on_click = [this] { redraw(); };
 }
 
-void DriveBoxes::CrearCheckBox(int Indice, const std::string& Texto) {
+void UnidadesBuscar::CrearCheckBox(int Indice, const std::string& Texto) {
   if (Indice >= Check1.size()) connect(Check1.load());
   ui::CheckBox& box = Check1[Indice];
   box.set_caption(Texto);
@@ -46,7 +41,7 @@ void DriveBoxes::CrearCheckBox(int Indice, const std::string& Texto) {
   if (box_width(Texto) > kWideBox) {
     // The text's part is divided, not multiplied: the window has one wide size, whatever the label.
     const int width = kWideWindow + (static_cast<int>(Texto.size()) + 5) / kCharacter;
-    window_.set_size({pixels(width), window_.size().height});
+    set_size({pixels(width), size().height});
   }
   ui::Rect below = Label2.bounds();
   below.top = bounds.top + pixels(kBoxDistance);
@@ -54,7 +49,7 @@ void DriveBoxes::CrearCheckBox(int Indice, const std::string& Texto) {
   fit_window();
 }
 
-void DriveBoxes::name(int index, const std::string& caption, const std::string& root) {
+void UnidadesBuscar::name_box(int index, const std::string& caption, const std::string& root) {
   ui::CheckBox& box = Check1[index];
   box.set_caption(caption);
   box.set_tag(root);
@@ -63,7 +58,7 @@ void DriveBoxes::name(int index, const std::string& caption, const std::string& 
   box.set_bounds(bounds);
 }
 
-void DriveBoxes::keep(int count) {
+void UnidadesBuscar::keep(int count) {
   while (Check1.size() > std::max(count, 1)) Check1.unload();
   const ui::Rect& last = Check1[Check1.size() - 1].bounds();
   ui::Rect below = Label2.bounds();
@@ -72,12 +67,12 @@ void DriveBoxes::keep(int count) {
   fit_window();
 }
 
-int DriveBoxes::ticked() const {
+int UnidadesBuscar::ticked() const {
   return static_cast<int>(
       std::count_if(Check1.begin(), Check1.end(), [](const auto& box) { return box->checked(); }));
 }
 
-void DriveBoxes::redraw() {
+void UnidadesBuscar::redraw() {
   std::string drives;
   for (const auto& box : Check1) {
     if (box->checked()) drives += (drives.empty() ? "" : ", ") + box->tag();
@@ -86,9 +81,9 @@ void DriveBoxes::redraw() {
                                     : "Se buscará en: " + drives);
 }
 
-void DriveBoxes::fit_window() {
+void UnidadesBuscar::fit_window() {
   const ui::Rect& below = Label2.bounds();
-  window_.set_size({window_.size().width, below.top + below.height + kMargin});
+  set_size({size().width, below.top + below.height + kMargin});
 }
 
 }  // namespace ordelan::location

@@ -5,16 +5,23 @@
 #include "skin/drive_window_layout.h"
 #include "work/arrange.h"
 #include "work/dress.h"
+#include "work/stored_state.h"
 
 namespace ordelan::location {
 
-UnidadesBuscar::UnidadesBuscar(const Context& context, std::function<void()> UnidadesDisponibles)
-    : ui::Window(context.backend, "UnidadesBuscar"),
-      DriveBoxes(static_cast<ui::Window&>(*this)),
+UnidadesBuscar::UnidadesBuscar(const work::Context& context,
+                               std::function<void()> UnidadesDisponibles,
+                               std::function<void(int)> on_chosen)
+    : ui::Window(context.backend, kName),
+      Check1(*this, "Check1", 1),
+      Label2(*this, "Label2"),
       Label1(*this, "Label1"),
       cmdSalir(*this, "cmdSalir"),
       context_(context),
-      UnidadesDisponibles_(std::move(UnidadesDisponibles)) {
+      UnidadesDisponibles_(std::move(UnidadesDisponibles)),
+      on_chosen_(std::move(on_chosen)) {
+  Check1[0].set_caption("Unidad: ");
+  connect(Check1[0]);
   set_title("Unidades en las que buscar");
   set_size({skin::kDriveWindowWidth, skin::kDriveWindowHeight});
   set_position({120, 120});
@@ -26,24 +33,24 @@ UnidadesBuscar::UnidadesBuscar(const Context& context, std::function<void()> Uni
   work::arrange(*this, skin::kDriveWindow);
   work::dress(*this);
   on_load = [this] { Form_Load(); };
-  on_close = [this] { context_.windows.close("UnidadesBuscar"); };
+  on_close = [this] { context_.windows.close<UnidadesBuscar>(); };
   cmdSalir.on_click = on_close;
   on_query_unload = [this] { return Form_QueryUnload(); };
-  on_drag_end = [this] { context_.settings.write_position(*this, "UnidadesBuscar"); };
+  on_drag_end = [this] { work::write_place(context_.settings, *this, kName); };
 }
 
 void UnidadesBuscar::Form_Load() {
-  context_.settings.read_position(*this, "UnidadesBuscar", position());
+  work::read_place(context_.settings, *this, kName, position());
   UnidadesDisponibles_();
-  for (auto& box : Check1) context_.settings.read(*box);
+  for (auto& box : Check1) work::read_box(context_.settings, *box);
   redraw();
 }
 
 bool UnidadesBuscar::Form_QueryUnload() {
   hide();
-  context_.settings.write_position(*this, "UnidadesBuscar");
-  for (const auto& box : Check1) context_.settings.write(*box);
-  context_.main.ActualizarVip.set_visible(ticked() > 0);
+  work::write_place(context_.settings, *this, kName);
+  for (const auto& box : Check1) work::write_box(context_.settings, *box);
+  on_chosen_(ticked());
   return false;
 }
 

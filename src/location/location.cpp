@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "location/about_window.h"
 #include "location/drive_window.h"
 #include "location/lost_file_window.h"
 #include "location/path_choice_window.h"
@@ -10,38 +9,40 @@
 
 namespace ordelan::location {
 
-Location::Location(const Context& context, const std::string& version)
+Location::Location(const work::Context& context, project::VipReader& reader,
+                   project::LeftOut& left_out, const Listener& listener)
     : lost_files(context), context_(context) {
-  context_.windows.add("Buscar", [this] { return std::make_unique<Buscar>(context_); });
-  context_.windows.add("UnidadesBuscar", [this] {
+  work::WindowDirectory& windows = context.windows;
+  windows.add<Buscar>([context, &reader, &left_out, listener] {
+    return std::make_unique<Buscar>(context, reader, left_out, listener.cmdReset_Click);
+  });
+  windows.add<UnidadesBuscar>([context, listener] {
     return std::make_unique<UnidadesBuscar>(
-        context_, [this] { context_.windows.touch_as<Buscar>("Buscar")->UnidadesDisponibles(); });
+        context, [context] { context.windows.touch<Buscar>()->UnidadesDisponibles(); },
+        listener.on_drives_chosen);
   });
-  context_.windows.add("ElegirRuta", [this] { return std::make_unique<ElegirRuta>(context_); });
-  context_.windows.add("Perdidos", [this] {
+  windows.add<ElegirRuta>([context] { return std::make_unique<ElegirRuta>(context); });
+  windows.add<Perdidos>([this] {
     return std::make_unique<Perdidos>(context_,
-                                      [this](LostFileList& list) { lost_files.show_in(list); });
+                                      [this](Perdidos& window) { lost_files.show_in(window); });
   });
-  context_.windows.add("Acerca",
-                       [this, version] { return std::make_unique<Acerca>(context_, version); });
 }
 
 int Location::UnidadesDisponibles() {
   // The window makes its boxes, and ticks them, when it is loaded.
-  const auto* const boxes = context_.windows.touch_as<DriveBoxes>("UnidadesBuscar");
-  context_.windows.hide("UnidadesBuscar");
-  return boxes->ticked();
+  const auto* const drives = context_.windows.touch<UnidadesBuscar>();
+  context_.windows.hide<UnidadesBuscar>();
+  return drives->ticked();
 }
 
 bool Location::BuscarVips(const std::string& folder) {
-  auto* const buscar = context_.windows.touch_as<Buscar>("Buscar");
+  auto* const buscar = context_.windows.touch<Buscar>();
   buscar->Text1.set_text(folder);
   return buscar->BuscarVips();
 }
 
 bool Location::has_report() {
-  const auto* const list = context_.windows.touch_as<LostFileList>("Perdidos");
-  return !list->ListPerdidos.empty();
+  return !context_.windows.touch<Perdidos>()->ListPerdidos.empty();
 }
 
 }  // namespace ordelan::location

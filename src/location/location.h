@@ -1,31 +1,45 @@
-// This floor as the main window sees it: its windows, in the directory, and what it asks of them.
+// The search for files as the main window uses it: its windows are in the directory.
 #pragma once
 
+#include <functional>
 #include <string>
 
-#include "location/context.h"
 #include "location/lost_files.h"
-#include "project/file_location.h"
+#include "project/left_out.h"
+#include "project/vip_reader.h"
+#include "work/context.h"
 
 namespace ordelan::location {
 
-class Location final : public project::FileLocation {
+// What the searches tell the main window.
+struct Listener {
+  std::function<void()> cmdReset_Click;       // a cancelled search empties the window
+  std::function<void(int)> on_drives_chosen;  // how many drives the user has left ticked
+};
+
+class Location {
  public:
-  // Tells the directory how the windows of this floor are made. `version` is the program's.
-  Location(const Context& context, const std::string& version);
+  // Adds the windows of this room to the directory. What is given must outlive them.
+  Location(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
+           const Listener& listener);
   Location(const Location&) = delete;
   Location& operator=(const Location&) = delete;
 
-  int UnidadesDisponibles() override;
-  bool BuscarVips(const std::string& folder) override;
-  void LlenarPerdidos(project::FolderTree& listed) override { lost_files.LlenarPerdidos(listed); }
-  void cmdPerdidos_Click() override { lost_files.cmdPerdidos_Click(); }
-  bool has_report() override;
+  // Makes the boxes of the drives, ticked as they were left, and gives how many are ticked.
+  int UnidadesDisponibles();
+
+  // Adds the valid projects in `folder` and below to ListProyectos, and their bare paths to List1;
+  // the first project of a drop empties both lists before. Whether there is any. A stop leaves what
+  // was found so far.
+  bool BuscarVips(const std::string& folder);
+
+  // Whether the report of lost files holds a row.
+  bool has_report();
 
   LostFiles lost_files;
 
  private:
-  Context context_;
+  work::Context context_;
 };
 
 }  // namespace ordelan::location

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "location/path_choice.h"
+#include "location/path_choice_window.h"
 #include "location/search_window.h"
 #include "location/under_way.h"
 #include "text/code_page.h"
@@ -12,7 +12,6 @@
 namespace ordelan::location {
 namespace {
 
-constexpr const char* kChoice = "ElegirRuta";
 constexpr const char* kLine = "\r\n";
 
 std::string replaced(std::string text, const std::string& what, const std::string& by) {
@@ -25,13 +24,13 @@ std::string replaced(std::string text, const std::string& what, const std::strin
 }  // namespace
 
 bool Buscar::BuscarOtraLetra(const std::string& Ruta) {
-  DriveBoxes* const drives = boxes();
+  UnidadesBuscar* const drives = boxes();
   const std::string raiz = Ruta.substr(0, 3);
   if (drives == nullptr || raiz.find(":\\") == std::string::npos) return false;
   bool found = false;
   for (const auto& box : drives->Check1) {
     if (!box->checked()) continue;
-    context_.main.strip.Alerta(
+    context_.strip.Alerta(
         work::kWaiting, "Buscando: " + Ruta + kLine + "En la " + box->caption() + kLine + "ESPERAR",
         true);
     const std::string candidato = replaced(Ruta, raiz, box->tag());
@@ -53,7 +52,7 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
     context_.work.Cancelar = false;
     // A job that was cancelled and has not looked yet must not take this for leave to go on.
     context_.work.begin_job();
-    context_.main.strip.LabelAviso.hide();
+    context_.strip.LabelAviso.hide();
   }
   const auto job = context_.work.current_job();
   const bool found = search(std::string(Archivo), job);
@@ -74,31 +73,31 @@ bool Buscar::search(const std::string& file, work::JobNumber job) {
   List1.clear();
   const bool silent = context_.work.ModoPosiciones;
   if (!silent) {
-    context_.main.clocks.TextLapsoTotal.set_back_color(ui::Color{0x8080FF});
-    context_.main.clocks.iniciarCrono();
+    context_.clocks.TextLapsoTotal.set_back_color(ui::Color{0x8080FF});
+    context_.clocks.iniciarCrono();
   }
 
   bool found = false;
   if (BuscarOtraLetra(file)) {
-    context_.main.strip.Alerta(work::kResult,
-                               "El archivo: " + file + kLine + "Ha sido encontrado en " + kLine +
-                                   context_.work.ArchivoActual,
-                               true);
+    context_.strip.Alerta(work::kResult,
+                          "El archivo: " + file + kLine + "Ha sido encontrado en " + kLine +
+                              context_.work.ArchivoActual,
+                          true);
     found = true;
   } else {
-    const DriveBoxes* const drives = boxes();
+    const UnidadesBuscar* const drives = boxes();
     if (drives == nullptr || drives->ticked() == 0) {
-      context_.main.strip.Alerta(work::kWarning,
-                                 std::string("AVISO ") + kLine + "NO HAY NIGUNA UNIDAD DE DISCO" +
-                                     kLine + "Seleccionada para buscar este archivo",
-                                 true);
+      context_.strip.Alerta(work::kWarning,
+                            std::string("AVISO ") + kLine + "NO HAY NIGUNA UNIDAD DE DISCO" +
+                                kLine + "Seleccionada para buscar este archivo",
+                            true);
       stop_clock();
       return false;
     }
     found = find_everywhere(name, job);
     if (context_.work.superseded(job)) return false;
     if (context_.work.Cancelar) {
-      context_.main.strip.Alerta(work::kProgress, ": ", false);
+      context_.strip.Alerta(work::kProgress, ": ", false);
       found = false;
     } else if (found = tell(file); found && silent && List2.count() > 1) {
       found = choose(job);
@@ -107,7 +106,7 @@ bool Buscar::search(const std::string& file, work::JobNumber job) {
   }
   if (!silent) {
     stop_clock();
-    context_.main.clocks.ShowLapso();
+    context_.clocks.ShowLapso();
   }
   return found;
 }
@@ -115,10 +114,10 @@ bool Buscar::search(const std::string& file, work::JobNumber job) {
 // Walks the ticked drives. False when it was stopped.
 bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
   const std::string what = replaced(name, ";", "?");
-  for (int i = 0; const DriveBoxes* const drives = boxes(); ++i) {
+  for (int i = 0; const UnidadesBuscar* const drives = boxes(); ++i) {
     if (i >= drives->Check1.size()) break;
     const ui::CheckBox& box = drives->Check1[i];
-    context_.main.strip.Alerta(
+    context_.strip.Alerta(
         work::kWaiting, "Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR",
         true);
     cFind_InitSearch();
@@ -130,34 +129,34 @@ bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
 
 // Says what was found. Whether anything was.
 bool Buscar::tell(const std::string& file) {
-  context_.main.lists.ListProyectos.window().set_waiting(false);
+  context_.lists.ListProyectos.window().set_waiting(false);
   const std::string head = "El archivo: ";
   const std::size_t count = List2.count();
   if (count == 0) {
-    context_.main.strip.Alerta(
-        work::kWarning, head + kLine + file + kLine + "No existe" + kLine + "En ninguna unidad",
-        true);
+    context_.strip.Alerta(work::kWarning,
+                          head + kLine + file + kLine + "No existe" + kLine + "En ninguna unidad",
+                          true);
     return false;
   }
   context_.work.ArchivoActual = List2.row(0);
   if (context_.work.ModoPosiciones) return true;
   if (count == 1) {
-    context_.main.strip.Alerta(
-        work::kResult, head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0),
-        true);
+    context_.strip.Alerta(work::kResult,
+                          head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0),
+                          true);
     return true;
   }
   std::string text =
       head + file + kLine + "Ha sido encontrado en " + std::to_string(count) + " unidades";
   for (const std::string& row : List2.rows()) text.append(kLine).append(row);
-  context_.main.strip.Alerta(work::kResult, text, true);
+  context_.strip.Alerta(work::kResult, text, true);
   return true;
 }
 
 // Waits for the user's choice among the hits. False when the job has ended meanwhile, or the
 // program has.
 bool Buscar::choose(work::JobNumber job) {
-  auto* choice = context_.windows.touch_as<PathChoice>(kChoice);
+  ElegirRuta* choice = context_.windows.touch<ElegirRuta>();
   if (choice == nullptr) return true;
   choice->Elegido = false;
   choice->ListElegirRuta.clear();
@@ -166,16 +165,16 @@ bool Buscar::choose(work::JobNumber job) {
   system::EventPump& pump = context_.platform.pump;
   while (choice != nullptr && !choice->Elegido && !pump.ended() && !context_.work.superseded(job)) {
     pump.wait();
-    choice = context_.windows.find_as<PathChoice>(kChoice);
+    choice = context_.windows.find<ElegirRuta>();
   }
   const bool chosen = choice != nullptr && choice->Elegido;
-  context_.windows.close(kChoice);
+  context_.windows.close<ElegirRuta>();
   return chosen;
 }
 
 void Buscar::stop_clock() {
-  context_.main.clocks.TimerLap.stop();
-  context_.main.clocks.TextLapsoTotal.set_back_color(ui::Color::window_background);
+  context_.clocks.TimerLap.stop();
+  context_.clocks.TextLapsoTotal.set_back_color(ui::Color::window_background);
 }
 
 }  // namespace ordelan::location

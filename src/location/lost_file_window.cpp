@@ -6,12 +6,14 @@
 #include "skin/lost_file_layout.h"
 #include "work/arrange.h"
 #include "work/dress.h"
+#include "work/stored_state.h"
 
 namespace ordelan::location {
 
-Perdidos::Perdidos(const Context& context, std::function<void(LostFileList&)> fill)
-    : ui::Window(context.backend, "Perdidos"),
-      LostFileList(static_cast<ui::Window&>(*this)),
+Perdidos::Perdidos(const work::Context& context, std::function<void(Perdidos&)> fill)
+    : ui::Window(context.backend, kName),
+      ListPerdidos(*this, "ListPerdidos"),
+      TextEncontrados(*this, "TextEncontrados"),
       Label1(*this, "Label1"),
       Button2(*this, "Button2"),
       Salir(*this, "Salir"),
@@ -38,7 +40,7 @@ Perdidos::Perdidos(const Context& context, std::function<void(LostFileList&)> fi
   work::dress(*this);
   on_load = [this, fill = std::move(fill)] {
     set_topmost(true);
-    context_.settings.read_position(*this, "Perdidos", position());
+    work::read_place(context_.settings, *this, "Perdidos", position());
     fill(*this);
   };
   on_close = [this] { Salir_Click(); };
@@ -54,12 +56,12 @@ void Perdidos::cmdLog_Click() {
 }
 
 bool Perdidos::SalvarLog(const std::string& Archivo) {
-  return settings::SalvarLog(context_.platform.files, Archivo, ListPerdidos);
+  return settings::SalvarLog(context_.platform.files, Archivo, ListPerdidos.rows());
 }
 
 void Perdidos::Salir_Click() {
-  context_.settings.write_position(*this, "Perdidos");
-  context_.windows.close("Perdidos");
+  work::write_place(context_.settings, *this, "Perdidos");
+  context_.windows.close<Perdidos>();
 }
 
 }  // namespace ordelan::location

@@ -4,19 +4,23 @@
 #include <functional>
 #include <string>
 
-#include "location/context.h"
-#include "location/lost_file_list.h"
 #include "ui/button.h"
 #include "ui/label.h"
+#include "ui/list_box.h"
 #include "ui/window.h"
+#include "work/context.h"
 
 namespace ordelan::location {
 
-class Perdidos final : public ui::Window, public LostFileList {
+class Perdidos final : public ui::Window {
  public:
-  // `fill` puts the present report into the list; it is called when the window is loaded.
-  Perdidos(const Context& context, std::function<void(LostFileList&)> fill);
+  static constexpr const char* kName = "Perdidos";
 
+  // `fill` puts the present report into the list; it is called when the window is loaded.
+  Perdidos(const work::Context& context, std::function<void(Perdidos&)> fill);
+
+  ui::ListBox ListPerdidos;
+  ui::Label TextEncontrados;  // how many rows there are
   ui::Label Label1;
   ui::Button Button2;  // minimises
   ui::Button Salir;
@@ -31,7 +35,7 @@ class Perdidos final : public ui::Window, public LostFileList {
   void Salir_Click();
 
  private:
-  Context context_;
+  work::Context context_;
 };
 
 }  // namespace ordelan::location

@@ -7,11 +7,11 @@
 #include "project/repeated_rows.h"
 #include "text/rows.h"
 #include "ui/list_width.h"
+#include "work/stored_state.h"
 
 namespace ordelan::location {
 namespace {
 
-constexpr const char* kWindow = "Perdidos";
 constexpr std::size_t kRule = 100;  // hyphens of a separator
 
 // From so many used files on, a folder is listed once rather than asked for each of them.
@@ -47,24 +47,22 @@ bool LostFiles::is_lost(const std::string& row) const {
 void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
   const auto job = context_.work.current_job();
   TextoPerdidos_.clear();
-  if (auto* const list = context_.windows.find_as<LostFileList>(kWindow))
-    list->ListPerdidos.clear();
+  if (auto* const list = context_.windows.find<Perdidos>()) list->ListPerdidos.clear();
   std::vector<std::string> rows = collect(listed);
   if (context_.work.superseded(job)) return;
   if (!context_.work.Cancelar) strike_out_repeats(rows);
   TextoPerdidos_ = std::move(rows);
-  if (auto* const list = context_.windows.find_as<LostFileList>(kWindow)) {
+  if (auto* const list = context_.windows.find<Perdidos>()) {
     show_in(*list);
   } else {
-    context_.windows.touch(kWindow);  // it fills itself when it is made
+    context_.windows.touch<Perdidos>();  // it fills itself when it is made
   }
-  if (TextoPerdidos_.size() >= 2) context_.main.cmdPerdidos.show();
 }
 
 // Projects that have lost nothing keep their titles, so that one sees that they were looked at.
 std::vector<std::string> LostFiles::collect(project::FolderTree& folders) const {
   const auto job = context_.work.current_job();
-  const auto used = context_.main.lists.ListUtilizados.kept_rows();
+  const auto used = context_.lists.ListUtilizados.kept_rows();
   system::Pacer pacer(context_.platform.pump, context_.platform.clock);
   const Crowd crowd = crowd_of(*used, pacer);
   std::vector<std::string> rows;
@@ -94,7 +92,7 @@ void LostFiles::strike_out_repeats(std::vector<std::string>& rows) {
   rows.resize(kept);
 }
 
-void LostFiles::show_in(LostFileList& target) const {
+void LostFiles::show_in(Perdidos& target) const {
   target.ListPerdidos.hide();
   target.ListPerdidos.clear();
   target.ListPerdidos.add(TextoPerdidos_);
@@ -105,15 +103,15 @@ void LostFiles::show_in(LostFileList& target) const {
                                      " archivos perdidos o desubicados");
 }
 
-bool LostFiles::HayPerdidos() {
-  const ui::ListBox& shown = context_.main.lists.ListVip;
+bool LostFiles::HayPerdidos() const {
+  const ui::ListBox& shown = context_.lists.ListVip;
   for (const std::string& row : shown.rows()) {
     if (is_lost(row)) return true;
   }
   // The place of a row comes from one list and its text from the other. So a sweep of more files
   // than the shown project has counts as having lost some, and an update of the projects looks
   // at every one of them rather than at none.
-  const ui::ListBox& used = context_.main.lists.ListUtilizados;
+  const ui::ListBox& used = context_.lists.ListUtilizados;
   for (std::size_t i = 0; i < used.count(); ++i) {
     if (!is_title(used.row(i)) && is_lost(shown.row(i))) return true;
   }
@@ -122,16 +120,15 @@ bool LostFiles::HayPerdidos() {
 
 void LostFiles::cmdPerdidos_Click() {
   if (context_.work.Borrando) return;
-  ui::Window* const window = context_.windows.touch(kWindow);
-  auto* const list = context_.windows.find_as<LostFileList>(kWindow);
-  if (window == nullptr || list == nullptr) return;
+  Perdidos* const window = context_.windows.touch<Perdidos>();
+  if (window == nullptr) return;
   if (window->visible()) {
     window->hide();
-    context_.settings.write_position(*window, kWindow);
+    work::write_place(context_.settings, *window, Perdidos::kName);
     return;
   }
-  show_in(*list);
-  context_.settings.read_position(*window, kWindow, window->position());
+  show_in(*window);
+  work::read_place(context_.settings, *window, Perdidos::kName, window->position());
   window->set_minimized(false);
   window->show();
 }

@@ -3,6 +3,7 @@
 #include "skin/path_choice_layout.h"
 #include "work/arrange.h"
 #include "work/dress.h"
+#include "work/stored_state.h"
 
 namespace ordelan::location {
 namespace {
@@ -11,9 +12,9 @@ constexpr int kEnter = 13;
 
 }  // namespace
 
-ElegirRuta::ElegirRuta(const Context& context)
-    : ui::Window(context.backend, "ElegirRuta"),
-      PathChoice(static_cast<ui::Window&>(*this)),
+ElegirRuta::ElegirRuta(const work::Context& context)
+    : ui::Window(context.backend, kName),
+      ListElegirRuta(*this, "ListElegirRuta"),
       Label1(*this, "Label1"),
       context_(context) {
   set_title("Elegir la ruta");
@@ -26,11 +27,11 @@ ElegirRuta::ElegirRuta(const Context& context)
   work::arrange(*this, skin::kPathChoice);
   work::dress(*this);
   on_load = [this] {
-    context_.settings.read_position(*this, "ElegirRuta", {0, 0});
+    work::read_place(context_.settings, *this, kName, {0, 0});
     set_topmost(true);
     show();
   };
-  on_unload = [this] { context_.settings.write_position(*this, "ElegirRuta"); };
+  on_unload = [this] { work::write_place(context_.settings, *this, kName); };
   ListElegirRuta.on_click = [this] { ListElegirRuta_Click(); };
   // A click below the rows is a choice as well, of no path: it leaves the place empty.
   ListElegirRuta.on_click_below = [this] { choose(""); };

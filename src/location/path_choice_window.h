@@ -3,18 +3,22 @@
 
 #include <string>
 
-#include "location/context.h"
-#include "location/path_choice.h"
 #include "ui/label.h"
+#include "ui/list_box.h"
 #include "ui/window.h"
+#include "work/context.h"
 
 namespace ordelan::location {
 
-class ElegirRuta final : public ui::Window, public PathChoice {
+class ElegirRuta final : public ui::Window {
  public:
-  explicit ElegirRuta(const Context& context);
+  static constexpr const char* kName = "ElegirRuta";
 
+  explicit ElegirRuta(const work::Context& context);
+
+  ui::ListBox ListElegirRuta;
   ui::Label Label1;
+  bool Elegido = false;  // whether the user has chosen
 
   // A click with the mouse chooses; the keys move from row to row, and Enter chooses.
   void ListElegirRuta_Click();
@@ -23,7 +27,7 @@ class ElegirRuta final : public ui::Window, public PathChoice {
  private:
   void choose(const std::string& row);
 
-  Context context_;
+  work::Context context_;
 };
 
 }  // namespace ordelan::location

@@ -8,13 +8,16 @@
 
 namespace ordelan::location {
 
-Buscar::Buscar(const Context& context)
-    : ui::Window(context.backend, "Buscar"),
+Buscar::Buscar(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
+               std::function<void()> cmdReset_Click)
+    : ui::Window(context.backend, kName),
       List1(*this, "List1"),
       List2(*this, "List2"),
       Text1(*this, "Text1"),
       context_(context),
-      validator_(context.platform.files, context_.main.reader, List1) {
+      left_out_(left_out),
+      cmdReset_Click_(std::move(cmdReset_Click)),
+      gate_(context.platform.files, reader, List1) {
   on_load = [this] { cFind_ = new_finder(); };
 }
 
@@ -48,7 +51,7 @@ std::string Buscar::ElegirCarpeta(const std::string& Titulo) {
 }
 
 bool Buscar::Valido(const std::string& Ruta) {
-  return validator_.Valido(Ruta);
+  return gate_.Valido(Ruta);
 }
 
 // Runs one search; it ends as soon as the job that it belongs to has to.
@@ -67,12 +70,11 @@ bool Buscar::BuscarVips() {
   std::string folder = Text1.text();
   if (folder.ends_with('\\')) folder.pop_back();
   List2.clear();
-  project::LeftOut& left_out = context_.main.left_out;
-  cFind_->on_unseen = [&left_out](const std::string& path, cFindFiles::Unseen why) {
+  cFind_->on_unseen = [this](const std::string& path, cFindFiles::Unseen why) {
     if (!path.ends_with('\\') && !project::is_project_name(path)) return;
-    left_out.add(path, why == cFindFiles::Unseen::unnamed  ? project::WhyOut::unnamed
-                       : why == cFindFiles::Unseen::linked ? project::WhyOut::linked
-                                                           : project::WhyOut::unreadable);
+    left_out_.add(path, why == cFindFiles::Unseen::unnamed  ? project::WhyOut::unnamed
+                        : why == cFindFiles::Unseen::linked ? project::WhyOut::linked
+                                                            : project::WhyOut::unreadable);
   };
   run(folder, "*.vip");
   if (context_.work.superseded(job)) return false;
@@ -85,14 +87,14 @@ bool Buscar::BuscarVips() {
     if (context_.work.superseded(job)) return false;
     if (usable) {
       valid.push_back(path);
-    } else if (const auto why = validator_.refusal(); why && project::is_project_name(path)) {
-      left_out.add(path, *why);
+    } else if (const auto why = gate_.refusal(); why && project::is_project_name(path)) {
+      left_out_.add(path, *why);
     }
     pacer.turn();
     if (context_.work.superseded(job)) return false;
     if (context_.work.Cancelar) break;
   }
-  work::WorkLists& lists = context_.main.lists;
+  work::WorkLists& lists = context_.lists;
   const bool any = !valid.empty();
   if (any && context_.work.PrimerProyecto.empty()) {
     // The first project of the drop: until now the lists held what was shown before.
@@ -106,7 +108,7 @@ bool Buscar::BuscarVips() {
 }
 
 void Buscar::UnidadesDisponibles() {
-  DriveBoxes* const drives = boxes();
+  UnidadesBuscar* const drives = boxes();
   if (drives == nullptr) return;
   int index = 0;
   for (const std::string& root : cFind_->ColDrives()) {
@@ -117,18 +119,18 @@ void Buscar::UnidadesDisponibles() {
     const auto volume = cFind_->GetDriveInfo(root);
     const std::string caption = "Unidad: " + root + (volume ? volume->label : "");
     if (index > 0) drives->CrearCheckBox(index, caption);
-    drives->name(index, caption, root);
+    drives->name_box(index, caption, root);
     ++index;
   }
   drives->keep(index);
 }
 
-DriveBoxes* Buscar::boxes() {
-  return context_.windows.touch_as<DriveBoxes>("UnidadesBuscar");
+UnidadesBuscar* Buscar::boxes() {
+  return context_.windows.touch<UnidadesBuscar>();
 }
 
 void Buscar::cFind_InitSearch() {
-  context_.main.clocks.iniciarCrono();
+  context_.clocks.iniciarCrono();
 }
 
 void Buscar::cFind_EndSearch(const cFindFiles& finder) {
@@ -141,7 +143,7 @@ void Buscar::cFind_EndSearch(const cFindFiles& finder) {
       hits.push_back(path);
     }
     if (context_.work.Cancelar) {
-      context_.main.cmdReset_Click();
+      cmdReset_Click_();
       break;
     }
   }

@@ -5,19 +5,24 @@
 #include <memory>
 #include <string>
 
-#include "location/context.h"
-#include "location/drive_boxes.h"
+#include "location/drive_window.h"
 #include "location/file_finder.h"
-#include "project/valido.h"
+#include "project/project_gate.h"
 #include "ui/list_box.h"
 #include "ui/text_box.h"
 #include "ui/window.h"
+#include "work/context.h"
 
 namespace ordelan::location {
 
 class Buscar final : public ui::Window {
  public:
-  explicit Buscar(const Context& context);
+  static constexpr const char* kName = "Buscar";
+
+  // What is given must outlive the window. `cmdReset_Click` empties the main window: a cancelled
+  // search asks for it.
+  Buscar(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
+         std::function<void()> cmdReset_Click);
 
   ui::ListBox List1;  // scratch
   ui::ListBox List2;  // the hits of a search, a full path a row
@@ -55,7 +60,7 @@ class Buscar final : public ui::Window {
 
  private:
   std::shared_ptr<cFindFiles> new_finder();
-  DriveBoxes* boxes();
+  UnidadesBuscar* boxes();
   bool search(const std::string& file, work::JobNumber job);
   bool find_everywhere(const std::string& file, work::JobNumber job);
   bool tell(const std::string& file);
@@ -65,8 +70,10 @@ class Buscar final : public ui::Window {
   void cFind_InitSearch();
   void cFind_EndSearch(const cFindFiles& finder);
 
-  Context context_;
-  project::Validator validator_;
+  work::Context context_;
+  project::LeftOut& left_out_;
+  std::function<void()> cmdReset_Click_;
+  project::ProjectGate gate_;
   std::shared_ptr<cFindFiles> cFind_;
   std::string asked_;  // the name that hits must have; empty for any
   bool searching_ = false;

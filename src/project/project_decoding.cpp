@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "project/project_gate.h"
 #include "project/repeated_rows.h"
-#include "project/valido.h"
 #include "text/paths.h"
 #include "text/rows.h"
 

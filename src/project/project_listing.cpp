@@ -33,8 +33,8 @@ class WaitCursor {
 }  // namespace
 
 bool ProjectListing::accepts(const std::string& path) {
-  if (validator_.Valido(path)) return true;
-  const auto why = validator_.refusal();
+  if (gate_.Valido(path)) return true;
+  const auto why = gate_.refusal();
   if (why && is_project_name(path)) left_out_.add(path, *why);
   return false;
 }

@@ -5,7 +5,7 @@
 
 #include "project/folder_tree.h"
 #include "project/left_out.h"
-#include "project/valido.h"
+#include "project/project_gate.h"
 #include "system/platform.h"
 #include "work/work_in_hand.h"
 #include "work/work_lists.h"
@@ -16,11 +16,11 @@ class ProjectListing {
  public:
   // What is given must outlive the listing.
   ProjectListing(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
-                 Validator& validator, FolderTree& tree, LeftOut& left_out)
+                 ProjectGate& validator, FolderTree& tree, LeftOut& left_out)
       : platform_(platform),
         work_(work),
         lists_(lists),
-        validator_(validator),
+        gate_(validator),
         tree_(tree),
         left_out_(left_out) {}
 
@@ -45,7 +45,7 @@ class ProjectListing {
   const system::Platform& platform_;
   work::WorkInHand& work_;
   work::WorkLists& lists_;
-  Validator& validator_;
+  ProjectGate& gate_;
   FolderTree& tree_;
   LeftOut& left_out_;
 };

@@ -14,27 +14,28 @@ bool is_title(const std::string& row) {
 }  // namespace
 
 bool SalvarListados(system::FileSystem& files, system::Regional& regional,
-                    const std::string& Archivo, const ui::ListBox& Lista, const std::string& Texto1,
-                    const std::string& Texto2) {
+                    const std::string& Archivo, const std::vector<std::string>& Lista,
+                    const std::string& Texto1, const std::string& Texto2) {
   if (Archivo.empty()) return false;
   const std::string rule = std::string(66, '-') + kLineEnd;
   std::string report = "Fecha: " + regional.short_date() + "    Hora: " + regional.short_time();
   report += kLineEnd;
   report += std::string(" ") + kLineEnd + Texto1 + kLineEnd + Texto2 + kLineEnd;
   report += rule + " " + kLineEnd;
-  for (std::size_t r = 0; r < Lista.count(); ++r) {
-    report += Lista.row(r) + kLineEnd;
-    if (is_title(Lista.row(r + 1))) report += rule;
-    if (is_title(Lista.row(r))) report += std::string(" ") + kLineEnd;
+  for (std::size_t r = 0; r < Lista.size(); ++r) {
+    report += Lista[r] + kLineEnd;
+    if (r + 1 < Lista.size() && is_title(Lista[r + 1])) report += rule;
+    if (is_title(Lista[r])) report += std::string(" ") + kLineEnd;
   }
 
   return system::write_whole(files, Archivo, report);
 }
 
-bool SalvarLog(system::FileSystem& files, const std::string& Archivo, const ui::ListBox& Lista) {
+bool SalvarLog(system::FileSystem& files, const std::string& Archivo,
+               const std::vector<std::string>& Lista) {
   if (Archivo.empty()) return false;
   std::string lines;
-  for (const std::string& row : Lista.rows()) lines.append(row).append(kLineEnd);
+  for (const std::string& row : Lista) lines.append(row).append(kLineEnd);
   return system::write_whole(files, Archivo, lines);
 }
 

@@ -1,7 +1,6 @@
 #include "settings/settings.h"
 
 #include <algorithm>
-#include <cmath>
 #include <new>
 #include <span>
 
@@ -25,11 +24,6 @@ TextCode code_of(IniEncoding encoding) {
 // The program's code-page text in such a code.
 std::string in_code(std::string_view text, TextCode code) {
   return code == TextCode::utf8 ? text::to_utf8(text) : std::string(text);
-}
-
-int whole(double value) {
-  constexpr double kFarthest = 1e6;  // no screen is that wide
-  return static_cast<int>(std::lround(std::clamp(value, -kFarthest, kFarthest)));
 }
 
 }  // namespace
@@ -92,26 +86,6 @@ double Settings::number(std::string_view key, double fallback) const {
 
 void Settings::set_number(std::string_view key, double value) {
   GrabarIni(RutaConfig, key, text::number(value, regional_.decimal_mark()));
-}
-
-void Settings::read(ui::CheckBox& box) const {
-  const double value = number(box.caption(), box.checked() ? 1 : 0);
-  if (value == 0 || value == 1) box.set_checked(value == 1);
-}
-
-void Settings::write(const ui::CheckBox& box) {
-  GrabarIni(RutaConfig, box.caption(), box.checked() ? "1" : "0");
-}
-
-void Settings::read_position(ui::Window& window, const std::string& name,
-                             ui::Point fallback) const {
-  window.set_position(
-      {whole(number(name + "_Left", fallback.x)), whole(number(name + "_Top", fallback.y))});
-}
-
-void Settings::write_position(const ui::Window& window, const std::string& name) {
-  set_number(name + "_Left", window.position().x);
-  set_number(name + "_Top", window.position().y);
 }
 
 }  // namespace ordelan::settings

@@ -7,8 +7,6 @@
 
 #include "system/file_system.h"
 #include "system/regional.h"
-#include "ui/check_box.h"
-#include "ui/window.h"
 
 namespace ordelan::settings {
 
@@ -42,15 +40,6 @@ class Settings {
   // A number under a key. The default stands in for a missing key and for text that is no number.
   double number(std::string_view key, double fallback) const;
   void set_number(std::string_view key, double value);
-
-  // A check box is kept under its caption: the captions are part of the file's format. The box's
-  // own value is the default, also where the file has another value than 0 or 1.
-  void read(ui::CheckBox& box) const;
-  void write(const ui::CheckBox& box);
-
-  // A window's place is kept under "<name>_Left" and "<name>_Top".
-  void read_position(ui::Window& window, const std::string& name, ui::Point fallback) const;
-  void write_position(const ui::Window& window, const std::string& name);
 
  private:
   std::string load(std::string_view path) const;

@@ -4,10 +4,6 @@
 
 namespace ordelan::work {
 
-void WindowDirectory::add(const std::string& name, Maker maker) {
-  makers_[name] = std::move(maker);
-}
-
 ui::Window* WindowDirectory::touch(const std::string& name) {
   if (ui::Window* there = find(name)) return there;
   const auto maker = makers_.find(name);
@@ -25,7 +21,7 @@ ui::Window* WindowDirectory::find(const std::string& name) const {
 }
 
 bool WindowDirectory::visible(const std::string& name) const {
-  const ui::Window* window = find(name);
+  const ui::Window* const window = find(name);
   return window != nullptr && window->visible();
 }
 

@@ -18,19 +18,28 @@ Names operator+(Names names, const Names& more) {
 // The floors that each floor may use beside itself.
 const std::map<std::string, Names, std::less<>>& floors_below() {
   static const auto table = [] {
-    const Names work = {"ui", "system", "text", "skin"};
-    const Names settings = work + Names{"work"};
-    const Names project = settings + Names{"settings"};
+    const Names settings = {"system", "text"};
+    const Names work = settings + Names{"settings", "ui", "skin"};
+    const Names project = work + Names{"work"};
     const Names location = project + Names{"project"};
-    const Names top = location + Names{"location"};
+    const Names audio = location + Names{"location"};
+    const Names removal = audio + Names{"audio"};
+    const Names relink = removal + Names{"removal"};
+    const Names main_window = relink + Names{"relink"};
     const Names machine = {"ui", "system", "text"};
+    const Names paint = machine + Names{"win32"};
+    const Names peers = paint + Names{"win32/paint"};
     const Names everything =
-        top + Names{"relink", "removal", "audio", "headless", "posix", "win32"};
+        main_window + peers +
+        Names{"main_window", "headless", "posix", "win32/ports", "win32/peers"};
     return std::map<std::string, Names, std::less<>>{
-        {"text", {}},       {"skin", {}},           {"system", {"text"}}, {"ui", {"text"}},
-        {"work", work},     {"settings", settings}, {"project", project}, {"location", location},
-        {"relink", top},    {"removal", top},       {"audio", top},       {"headless", machine},
-        {"posix", machine}, {"win32", machine},     {"app", everything}};
+        {"text", {}},           {"skin", {}},           {"system", {"text"}},
+        {"ui", {"text"}},       {"settings", settings}, {"work", work},
+        {"project", project},   {"location", location}, {"audio", audio},
+        {"removal", removal},   {"relink", relink},     {"main_window", main_window},
+        {"headless", machine},  {"posix", machine},     {"win32", machine},
+        {"win32/ports", paint}, {"win32/paint", paint}, {"win32/peers", peers},
+        {"app", everything}};
   }();
   return table;
 }
@@ -122,8 +131,9 @@ std::vector<Include> includes_of(std::string_view content) {
   return includes;
 }
 
+// A room inside another room is one of its own.
 std::string floor_of(std::string_view name) {
-  const auto slash = name.find('/');
+  const auto slash = name.rfind('/');
   return std::string(slash == std::string_view::npos ? "" : name.substr(0, slash));
 }
 
@@ -187,7 +197,8 @@ std::vector<std::string> misplaced_system_headers(const Sources& sources) {
       std::regex::icase);
   std::vector<std::string> complaints;
   for (const auto& [name, content] : sources) {
-    const bool windows = floor_of(name) == "win32" || std::regex_match(name, windows_main);
+    const bool windows =
+        floor_of(name).starts_with("win32") || std::regex_match(name, windows_main);
     const bool posix = floor_of(name) == "posix" || std::regex_match(name, posix_main);
     for (const Include& include : includes_of(content)) {
       if (!include.system || everywhere.count(include.name) != 0) continue;

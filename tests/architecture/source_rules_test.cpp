@@ -72,19 +72,24 @@ TEST_P(WrongArrow, is_complained_of) {
 
 INSTANTIATE_TEST_SUITE_P(
     Floors, WrongArrow,
-    ::testing::Values(std::pair{"text/a.h", "skin/a.h"}, std::pair{"text/a.h", "system/a.h"},
-                      std::pair{"skin/a.h", "text/a.h"}, std::pair{"system/a.h", "ui/a.h"},
-                      std::pair{"ui/a.h", "system/a.h"}, std::pair{"ui/a.h", "skin/a.h"},
-                      std::pair{"work/a.h", "settings/a.h"}, std::pair{"work/a.h", "posix/a.h"},
-                      std::pair{"settings/a.h", "project/a.h"},
-                      std::pair{"project/a.h", "location/a.h"},
-                      std::pair{"project/a.h", "headless/a.h"},
-                      std::pair{"location/a.h", "relink/a.h"},
-                      std::pair{"relink/a.h", "removal/a.h"}, std::pair{"removal/a.h", "audio/a.h"},
-                      std::pair{"audio/a.h", "relink/a.h"}, std::pair{"audio/a.h", "win32/a.h"},
-                      std::pair{"headless/a.h", "work/a.h"}, std::pair{"posix/a.h", "headless/a.h"},
-                      std::pair{"win32/a.h", "posix/a.h"}, std::pair{"win32/a.h", "skin/a.h"},
-                      std::pair{"location/a.h", "app/a.h"}, std::pair{"win32/a.h", "app/a.h"}));
+    ::testing::Values(
+        std::pair{"text/a.h", "skin/a.h"}, std::pair{"text/a.h", "system/a.h"},
+        std::pair{"skin/a.h", "text/a.h"}, std::pair{"system/a.h", "ui/a.h"},
+        std::pair{"ui/a.h", "system/a.h"}, std::pair{"ui/a.h", "skin/a.h"},
+        std::pair{"settings/a.h", "ui/a.h"}, std::pair{"settings/a.h", "work/a.h"},
+        std::pair{"work/a.h", "project/a.h"}, std::pair{"work/a.h", "posix/a.h"},
+        std::pair{"project/a.h", "main_window/a.h"}, std::pair{"project/a.h", "location/a.h"},
+        std::pair{"project/a.h", "headless/a.h"}, std::pair{"location/a.h", "relink/a.h"},
+        std::pair{"removal/a.h", "relink/a.h"}, std::pair{"audio/a.h", "removal/a.h"},
+        std::pair{"relink/a.h", "main_window/a.h"}, std::pair{"audio/a.h", "relink/a.h"},
+        std::pair{"audio/a.h", "win32/a.h"}, std::pair{"headless/a.h", "work/a.h"},
+        std::pair{"posix/a.h", "headless/a.h"}, std::pair{"win32/a.h", "posix/a.h"},
+        std::pair{"win32/a.h", "skin/a.h"}, std::pair{"win32/a.h", "win32/ports/a.h"},
+        std::pair{"win32/paint/a.h", "win32/peers/a.h"},
+        std::pair{"win32/ports/a.h", "win32/paint/a.h"},
+        std::pair{"win32/ports/a.h", "win32/peers/a.h"},
+        std::pair{"win32/peers/a.h", "win32/ports/a.h"}, std::pair{"main_window/a.h", "win32/a.h"},
+        std::pair{"location/a.h", "app/a.h"}, std::pair{"win32/a.h", "app/a.h"}));
 
 TEST(SourceRules, an_include_that_names_no_floor_or_no_file_is_complained_of) {
   EXPECT_THAT(upward_includes({{"text/a.h", including({"b.h"})}}), SizeIs(1));

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "support/desk.h"
+#include "support/program_bench.h"
 
 namespace ordelan::test {
 namespace {
@@ -11,64 +11,62 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 struct DriveWindow : ::testing::Test {
-  DriveWindow() { desk.drives.drives.clear(); }
+  DriveWindow() { bench.drives.drives.clear(); }
 
   // Starts the program with just this configuration.
   void start(const std::string& configuration = "") {
-    desk.disk.write("Config.ini", "[Settings]\r\n" + configuration);
-    desk.start();
+    bench.disk.write("Config.ini", "[Settings]\r\n" + configuration);
+    bench.start();
   }
-  location::UnidadesBuscar& window() {
-    return *desk.windows.touch_as<location::UnidadesBuscar>("UnidadesBuscar");
-  }
+  location::UnidadesBuscar& window() { return *bench.windows.touch<location::UnidadesBuscar>(); }
   std::vector<std::string> captions() {
     std::vector<std::string> all;
-    for (const auto& box : desk.boxes().Check1) all.push_back(box->caption());
+    for (const auto& box : bench.boxes().Check1) all.push_back(box->caption());
     return all;
   }
 
-  Desk desk;
+  ProgramBench bench;
 };
 
 TEST_F(DriveWindow, fixed_and_removable_drives_have_a_box_and_no_others) {
-  desk.drives.add("A:\\", system::DriveType::removable);
-  desk.drives.add("C:\\", system::DriveType::fixed, "Sistema");
-  desk.drives.add("D:\\", system::DriveType::cdrom, "CD");
-  desk.drives.add("E:\\", system::DriveType::remote, "Red");
-  desk.drives.add("F:\\", system::DriveType::ramdisk);
-  desk.drives.add("G:\\", system::DriveType::removable, "TARJETA");
+  bench.drives.add("A:\\", system::DriveType::removable);
+  bench.drives.add("C:\\", system::DriveType::fixed, "Sistema");
+  bench.drives.add("D:\\", system::DriveType::cdrom, "CD");
+  bench.drives.add("E:\\", system::DriveType::remote, "Red");
+  bench.drives.add("F:\\", system::DriveType::ramdisk);
+  bench.drives.add("G:\\", system::DriveType::removable, "TARJETA");
   start();
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\Sistema", "Unidad: G:\\TARJETA"));
-  EXPECT_EQ(desk.boxes().Check1[1].tag(), "G:\\");
+  EXPECT_EQ(bench.boxes().Check1[1].tag(), "G:\\");
 }
 
 TEST_F(DriveWindow, a_removable_drive_without_a_medium_has_its_box) {
-  desk.drives.add("C:\\");
-  desk.drives.add("G:\\", system::DriveType::removable, "TARJETA").medium = false;
+  bench.drives.add("C:\\");
+  bench.drives.add("G:\\", system::DriveType::removable, "TARJETA").medium = false;
   start();
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\", "Unidad: G:\\"));
 }
 
 TEST_F(DriveWindow, one_drive_takes_the_box_that_is_there) {
-  desk.drives.add("C:\\", system::DriveType::fixed, "Sistema");
+  bench.drives.add("C:\\", system::DriveType::fixed, "Sistema");
   start();
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\Sistema"));
 }
 
 TEST_F(DriveWindow, a_floppy_alone_leaves_the_box_as_it_was_designed) {
-  desk.drives.add("A:\\", system::DriveType::removable);
+  bench.drives.add("A:\\", system::DriveType::removable);
   start();
   EXPECT_THAT(captions(), ElementsAre("Unidad: "));
-  EXPECT_EQ(desk.boxes().Check1[0].tag(), "");
-  EXPECT_EQ(desk.boxes().ticked(), 0);
+  EXPECT_EQ(bench.boxes().Check1[0].tag(), "");
+  EXPECT_EQ(bench.boxes().ticked(), 0);
 }
 
 TEST_F(DriveWindow, boxes_stand_twenty_pixels_apart_with_the_label_below_and_the_window_around) {
-  desk.drives.add("C:\\");
-  desk.drives.add("D:\\", system::DriveType::fixed, "Audio");
-  desk.drives.add("E:\\");
+  bench.drives.add("C:\\");
+  bench.drives.add("D:\\", system::DriveType::fixed, "Audio");
+  bench.drives.add("E:\\");
   start();
-  auto& boxes = desk.boxes();
+  auto& boxes = bench.boxes();
   const ui::Rect first = boxes.Check1[0].bounds();
   EXPECT_EQ(boxes.Check1[1].bounds().top, first.top + 20);
   EXPECT_EQ(boxes.Check1[2].bounds().top, first.top + 40);
@@ -83,28 +81,28 @@ TEST_F(DriveWindow, boxes_stand_twenty_pixels_apart_with_the_label_below_and_the
 // The number of characters is divided where it was meant to be multiplied; wide labels have always
 // had this one width.
 TEST_F(DriveWindow, a_wide_label_gives_the_window_its_one_wide_size) {
-  desk.drives.add("C:\\");
-  desk.drives.add("D:\\", system::DriveType::fixed, std::string(32, 'x'));
+  bench.drives.add("C:\\");
+  bench.drives.add("D:\\", system::DriveType::fixed, std::string(32, 'x'));
   start();
   EXPECT_EQ(window().size().width, 4770 / 15);
 }
 
 TEST_F(DriveWindow, boxes_come_ticked_as_they_were_left) {
-  desk.drives.add("C:\\", system::DriveType::fixed, "Sistema");
-  desk.drives.add("D:\\", system::DriveType::fixed, "Audio");
+  bench.drives.add("C:\\", system::DriveType::fixed, "Sistema");
+  bench.drives.add("D:\\", system::DriveType::fixed, "Audio");
   start("Unidad: D:\\Audio=1\r\nUnidad: C:\\Otro=1\r\n");
-  EXPECT_FALSE(desk.boxes().Check1[0].checked());
-  EXPECT_TRUE(desk.boxes().Check1[1].checked());
-  EXPECT_EQ(desk.boxes().Label2.caption(), "Se buscará en: D:\\");
-  EXPECT_THAT(desk.dialogs.messages, IsEmpty());
+  EXPECT_FALSE(bench.boxes().Check1[0].checked());
+  EXPECT_TRUE(bench.boxes().Check1[1].checked());
+  EXPECT_EQ(bench.boxes().Label2.caption(), "Se buscará en: D:\\");
+  EXPECT_THAT(bench.dialogs.messages, IsEmpty());
   EXPECT_FALSE(window().visible());
 }
 
 TEST_F(DriveWindow, a_start_with_no_ticked_drive_warns_and_shows_the_drives) {
-  desk.drives.add("C:\\");
+  bench.drives.add("C:\\");
   start();
-  ASSERT_EQ(desk.dialogs.messages.size(), 1u);
-  const system::Message& box = desk.dialogs.messages[0];
+  ASSERT_EQ(bench.dialogs.messages.size(), 1u);
+  const system::Message& box = bench.dialogs.messages[0];
   EXPECT_EQ(box.title, "Configuración");
   EXPECT_EQ(box.icon, system::Icon::critical);
   EXPECT_EQ(box.text,
@@ -116,87 +114,87 @@ TEST_F(DriveWindow, a_start_with_no_ticked_drive_warns_and_shows_the_drives) {
 }
 
 TEST_F(DriveWindow, a_click_on_a_box_says_anew_what_is_ticked) {
-  desk.drives.add("C:\\");
-  desk.drives.add("D:\\");
+  bench.drives.add("C:\\");
+  bench.drives.add("D:\\");
   start();
-  EXPECT_EQ(desk.boxes().Label2.caption(), "No se buscará en ninguna unidad.");
-  desk.boxes().Check1[0].toggle();
-  desk.boxes().Check1[1].toggle();
-  EXPECT_EQ(desk.boxes().Label2.caption(), "Se buscará en: C:\\, D:\\");
+  EXPECT_EQ(bench.boxes().Label2.caption(), "No se buscará en ninguna unidad.");
+  bench.boxes().Check1[0].toggle();
+  bench.boxes().Check1[1].toggle();
+  EXPECT_EQ(bench.boxes().Label2.caption(), "Se buscará en: C:\\, D:\\");
 }
 
 TEST_F(DriveWindow, closing_hides_the_window_and_keeps_its_boxes_and_their_ticks) {
-  desk.drives.add("C:\\", system::DriveType::fixed, "Sistema");
-  desk.drives.add("D:\\");
+  bench.drives.add("C:\\", system::DriveType::fixed, "Sistema");
+  bench.drives.add("D:\\");
   start();
   window().set_position({40, 50});
-  desk.boxes().Check1[0].toggle();
+  bench.boxes().Check1[0].toggle();
   const ui::Window* const before = &window();
   window().on_close();
   EXPECT_FALSE(window().visible());
   EXPECT_EQ(&window(), before);
-  EXPECT_EQ(desk.boxes().Check1.size(), 2);
-  EXPECT_EQ(desk.settings.number("Unidad: C:\\Sistema", -1), 1);
-  EXPECT_EQ(desk.settings.number("Unidad: D:\\", -1), 0);
-  EXPECT_EQ(desk.settings.number("UnidadesBuscar_Left", -1), 40);
-  EXPECT_EQ(desk.settings.number("UnidadesBuscar_Top", -1), 50);
+  EXPECT_EQ(bench.boxes().Check1.size(), 2);
+  EXPECT_EQ(bench.settings.number("Unidad: C:\\Sistema", -1), 1);
+  EXPECT_EQ(bench.settings.number("Unidad: D:\\", -1), 0);
+  EXPECT_EQ(bench.settings.number("UnidadesBuscar_Left", -1), 40);
+  EXPECT_EQ(bench.settings.number("UnidadesBuscar_Top", -1), 50);
 }
 
 TEST_F(DriveWindow, its_button_closes_it) {
-  desk.drives.add("C:\\");
+  bench.drives.add("C:\\");
   start("Unidad: C:\\=1\r\n");
-  desk.form.Configurar.on_click();
+  bench.form.Configurar.on_click();
   window().cmdSalir.on_click();
   EXPECT_FALSE(window().visible());
 }
 
 TEST_F(DriveWindow, whoever_closes_it_only_hides_it) {
-  desk.drives.add("C:\\");
+  bench.drives.add("C:\\");
   start();
   const ui::Window* const before = &window();
-  desk.windows.close("UnidadesBuscar");
-  EXPECT_EQ(desk.windows.find("UnidadesBuscar"), before);
+  bench.windows.close("UnidadesBuscar");
+  EXPECT_EQ(bench.windows.find("UnidadesBuscar"), before);
   EXPECT_FALSE(window().visible());
 }
 
 TEST_F(DriveWindow, ActualizarVip_is_there_only_with_a_ticked_drive) {
-  desk.drives.add("C:\\");
+  bench.drives.add("C:\\");
   start();
-  desk.form.ActualizarVip.show();
+  bench.form.ActualizarVip.show();
   window().on_close();
-  EXPECT_FALSE(desk.form.ActualizarVip.visible());
-  desk.boxes().Check1[0].toggle();
+  EXPECT_FALSE(bench.form.ActualizarVip.visible());
+  bench.boxes().Check1[0].toggle();
   window().on_close();
-  EXPECT_TRUE(desk.form.ActualizarVip.visible());
+  EXPECT_TRUE(bench.form.ActualizarVip.visible());
 }
 
 TEST_F(DriveWindow, its_place_is_kept_when_it_is_dragged_and_taken_up_at_the_next_start) {
-  desk.drives.add("C:\\");
+  bench.drives.add("C:\\");
   start("UnidadesBuscar_Left=31\r\nUnidadesBuscar_Top=32\r\n");
   EXPECT_EQ(window().position(), (ui::Point{31, 32}));
   window().moved_to({60, 70});
   window().on_drag_end();
-  EXPECT_EQ(desk.settings.number("UnidadesBuscar_Left", -1), 60);
+  EXPECT_EQ(bench.settings.number("UnidadesBuscar_Left", -1), 60);
 }
 
 TEST_F(DriveWindow, Configurar_shows_it) {
-  desk.drives.add("C:\\");
+  bench.drives.add("C:\\");
   start("Unidad: C:\\=1\r\n");
   EXPECT_FALSE(window().visible());
-  desk.form.Configurar.on_click();
+  bench.form.Configurar.on_click();
   EXPECT_TRUE(window().visible());
 }
 
 TEST_F(DriveWindow, a_drive_that_is_gone_loses_its_box) {
-  desk.drives.add("C:\\");
-  desk.drives.add("D:\\");
+  bench.drives.add("C:\\");
+  bench.drives.add("D:\\");
   start();
-  EXPECT_EQ(desk.boxes().Check1.size(), 2);
-  desk.drives.drives.erase("D:\\");
+  EXPECT_EQ(bench.boxes().Check1.size(), 2);
+  bench.drives.drives.erase("D:\\");
   // The drives are looked up anew with each new finder.
-  desk.buscar().Text1.set_text(desk.disk.path("nada"));
-  desk.buscar().BuscarVips();
-  desk.buscar().UnidadesDisponibles();
+  bench.buscar().Text1.set_text(bench.disk.path("nada"));
+  bench.buscar().BuscarVips();
+  bench.buscar().UnidadesDisponibles();
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\"));
 }
 

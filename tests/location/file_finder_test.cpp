@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "support/desk.h"
+#include "support/program_bench.h"
 
 namespace ordelan::test {
 namespace {
@@ -21,19 +21,19 @@ struct FileFinder : ::testing::Test {
 
   std::vector<std::string> find(const std::string& extensions, const std::string& name = "",
                                 int mode = 1) {
-    finder.Find(desk.disk.folder(), extensions, name, mode);
+    finder.Find(bench.disk.folder(), extensions, name, mode);
     return finder.ColFiles();
   }
-  std::string path(const std::string& below) const { return desk.disk.path(below); }
+  std::string path(const std::string& below) const { return bench.disk.path(below); }
 
-  Desk desk;
-  cFindFiles finder{desk.platform};
+  ProgramBench bench;
+  cFindFiles finder{bench.platform};
   std::vector<std::string> events;
 };
 
 TEST_F(FileFinder, an_empty_list_of_extensions_finds_every_file) {
-  desk.disk.write("b.wav", "1");
-  desk.disk.write("sin punto", "12");
+  bench.disk.write("b.wav", "1");
+  bench.disk.write("sin punto", "12");
   EXPECT_THAT(find(""), ElementsAre(path("b.wav"), path("sin punto")));
   EXPECT_THAT(finder.ColExtensions(), ElementsAre("*.*"));
   EXPECT_EQ(finder.FilesCount(), 2);
@@ -41,10 +41,10 @@ TEST_F(FileFinder, an_empty_list_of_extensions_finds_every_file) {
 }
 
 TEST_F(FileFinder, several_extensions_are_compared_without_their_stars_and_without_case) {
-  desk.disk.write("a.MP3", "");
-  desk.disk.write("b.wav", "");
-  desk.disk.write("c.flac", "");
-  desk.disk.write("d.wave", "");
+  bench.disk.write("a.MP3", "");
+  bench.disk.write("b.wav", "");
+  bench.disk.write("c.flac", "");
+  bench.disk.write("d.wave", "");
   EXPECT_THAT(find("mp3;wav;"), ElementsAre(path("a.MP3"), path("b.wav")));
   EXPECT_THAT(finder.ColExtensions(), ElementsAre("mp3", "wav"));
   EXPECT_THAT(find("*.mp3;*.wav"), ElementsAre(path("a.MP3"), path("b.wav")));
@@ -52,16 +52,16 @@ TEST_F(FileFinder, several_extensions_are_compared_without_their_stars_and_witho
 }
 
 TEST_F(FileFinder, one_piece_without_a_wildcard_is_a_whole_name_in_every_folder) {
-  desk.disk.write("Mix\\toma.wav", "");
-  desk.disk.write("Mix\\Viejo\\Toma.WAV", "");
-  desk.disk.write("Mix\\otra toma.wav", "");
-  desk.disk.write("toma.wave", "");
+  bench.disk.write("Mix\\toma.wav", "");
+  bench.disk.write("Mix\\Viejo\\Toma.WAV", "");
+  bench.disk.write("Mix\\otra toma.wav", "");
+  bench.disk.write("toma.wave", "");
   EXPECT_THAT(find("toma.wav"), ElementsAre(path("Mix\\toma.wav"), path("Mix\\Viejo\\Toma.WAV")));
 }
 
 TEST_F(FileFinder, files_come_ahead_of_subfolders_each_in_alphabetical_order) {
   for (const char* name : {"b\\2.wav", "b\\1.wav", "a\\z\\3.wav", "a\\4.wav", "c.wav", "B2.wav"}) {
-    desk.disk.write(name, "");
+    bench.disk.write(name, "");
   }
   EXPECT_THAT(find("*.wav"), ElementsAre(path("B2.wav"), path("c.wav"), path("a\\4.wav"),
                                          path("a\\z\\3.wav"), path("b\\1.wav"), path("b\\2.wav")));
@@ -69,32 +69,32 @@ TEST_F(FileFinder, files_come_ahead_of_subfolders_each_in_alphabetical_order) {
 }
 
 TEST_F(FileFinder, without_subfolders_none_is_searched_or_counted) {
-  desk.disk.write("a.wav", "");
-  desk.disk.write("b\\c.wav", "");
+  bench.disk.write("a.wav", "");
+  bench.disk.write("b\\c.wav", "");
   finder.SearchSubDirs = false;
   EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav")));
   EXPECT_EQ(finder.DirCount(), 0);
 }
 
 TEST_F(FileFinder, an_empty_path_searches_all_drives_in_their_order) {
-  desk.drives.drives.clear();
-  desk.add_drive("dos");
-  desk.add_drive("uno", system::DriveType::cdrom);
-  cFindFiles everywhere(desk.platform);
+  bench.drives.drives.clear();
+  bench.add_drive("dos");
+  bench.add_drive("uno", system::DriveType::cdrom);
+  cFindFiles everywhere(bench.platform);
   EXPECT_THAT(everywhere.ColDrives(), ElementsAre(path("dos\\"), path("uno\\")));
-  desk.disk.write("uno\\a.wav", "");
-  desk.disk.write("dos\\a.wav", "");
-  desk.disk.write("tres\\a.wav", "");
+  bench.disk.write("uno\\a.wav", "");
+  bench.disk.write("dos\\a.wav", "");
+  bench.disk.write("tres\\a.wav", "");
   everywhere.Find("", "a.wav", "", 1);
   EXPECT_THAT(everywhere.ColFiles(), ElementsAre(path("dos\\a.wav"), path("uno\\a.wav")));
 }
 
 TEST_F(FileFinder, a_name_with_a_colon_ends_at_once_and_the_search_is_never_begun) {
-  desk.disk.write("a.wav", "");
+  bench.disk.write("a.wav", "");
   EXPECT_THAT(find("*.wav", "D:a"), IsEmpty());
   EXPECT_THAT(events, ElementsAre("EndSearch"));
-  ASSERT_EQ(desk.dialogs.messages.size(), 1u);
-  const system::Message& box = desk.dialogs.messages[0];
+  ASSERT_EQ(bench.dialogs.messages.size(), 1u);
+  const system::Message& box = bench.dialogs.messages[0];
   EXPECT_EQ(box.title, "Error en nombre de archivo");
   EXPECT_EQ(
       box.text,
@@ -111,15 +111,15 @@ TEST_F(FileFinder, every_forbidden_character_of_a_name_is_refused) {
 }
 
 TEST_F(FileFinder, what_was_found_last_stays_when_a_name_is_refused) {
-  desk.disk.write("a.wav", "");
+  bench.disk.write("a.wav", "");
   find("*.wav");
   EXPECT_THAT(find("*.wav", "a?"), ElementsAre(path("a.wav")));
 }
 
 TEST_F(FileFinder, limits_of_the_size_let_files_of_just_that_size_pass) {
-  desk.disk.write("99.wav", std::string(99, 'x'));
-  desk.disk.write("100.wav", std::string(100, 'x'));
-  desk.disk.write("101.wav", std::string(101, 'x'));
+  bench.disk.write("99.wav", std::string(99, 'x'));
+  bench.disk.write("100.wav", std::string(100, 'x'));
+  bench.disk.write("101.wav", std::string(101, 'x'));
   finder.set_MaxFileSize(100);
   EXPECT_THAT(find("*.wav"), ElementsAre(path("100.wav"), path("99.wav")));
   finder.set_MinFileSize(100);
@@ -129,7 +129,7 @@ TEST_F(FileFinder, limits_of_the_size_let_files_of_just_that_size_pass) {
 
 // Limits were always compared with 32 bits of the size; a maximum lets the very large pass.
 TEST_F(FileFinder, a_file_over_two_gibibytes_counts_as_one_of_a_negative_size) {
-  desk.disk.write_sparse("grande.wav", 0x8000'0000u);
+  bench.disk.write_sparse("grande.wav", 0x8000'0000u);
   finder.set_MaxFileSize(10);
   EXPECT_THAT(find("*.wav"), ElementsAre(path("grande.wav")));
   EXPECT_EQ(finder.TotalSize(), -2147483648.0);
@@ -141,10 +141,10 @@ TEST_F(FileFinder, a_minimum_above_the_maximum_is_refused_and_goes_back_to_none)
   finder.set_MinFileSize(101);
   EXPECT_EQ(finder.MinFileSize(), 0);
   EXPECT_EQ(finder.MaxFileSize(), 100);
-  ASSERT_EQ(desk.dialogs.messages.size(), 1u);
-  EXPECT_EQ(desk.dialogs.messages[0].text,
+  ASSERT_EQ(bench.dialogs.messages.size(), 1u);
+  EXPECT_EQ(bench.dialogs.messages[0].text,
             "El valor mínimo no puede ser mayor al valor máximo. Cambie el valor de MaxFileSize.");
-  EXPECT_EQ(desk.dialogs.messages[0].icon, system::Icon::exclamation);
+  EXPECT_EQ(bench.dialogs.messages[0].icon, system::Icon::exclamation);
 }
 
 TEST_F(FileFinder, a_maximum_below_the_minimum_is_refused_in_the_same_way) {
@@ -152,15 +152,15 @@ TEST_F(FileFinder, a_maximum_below_the_minimum_is_refused_in_the_same_way) {
   finder.set_MaxFileSize(99);
   EXPECT_EQ(finder.MaxFileSize(), 0);
   EXPECT_EQ(finder.MinFileSize(), 100);
-  ASSERT_EQ(desk.dialogs.messages.size(), 1u);
-  EXPECT_EQ(desk.dialogs.messages[0].icon, system::Icon::exclamation);
+  ASSERT_EQ(bench.dialogs.messages.size(), 1u);
+  EXPECT_EQ(bench.dialogs.messages[0].icon, system::Icon::exclamation);
   finder.set_MaxFileSize(100);
   EXPECT_EQ(finder.MaxFileSize(), 100);
 }
 
 TEST_F(FileFinder, attributes_must_be_equal_as_a_whole) {
-  desk.disk.write("a.wav", "");
-  const auto there = desk.disk.files().info(path("a.wav"));
+  bench.disk.write("a.wav", "");
+  const auto there = bench.disk.files().info(path("a.wav"));
   finder.Attributes = static_cast<std::int32_t>(there->attributes);
   EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav")));
   finder.Attributes ^= 0x2000;
@@ -168,7 +168,7 @@ TEST_F(FileFinder, attributes_must_be_equal_as_a_whole) {
 }
 
 TEST_F(FileFinder, limits_of_the_date_look_at_the_day_alone) {
-  desk.disk.write("a.wav", "");
+  bench.disk.write("a.wav", "");
   const auto dates = finder.GetFileDateTime(path("a.wav"));
   ASSERT_TRUE(dates);
   const double today = static_cast<double>(static_cast<int>(dates->LastModified));
@@ -183,9 +183,9 @@ TEST_F(FileFinder, limits_of_the_date_look_at_the_day_alone) {
 }
 
 TEST_F(FileFinder, the_name_is_looked_for_in_what_stands_ahead_of_the_extension) {
-  desk.disk.write("toma 1.wav", "");
-  desk.disk.write("La Toma.mp3", "");
-  desk.disk.write("otra.toma", "");
+  bench.disk.write("toma 1.wav", "");
+  bench.disk.write("La Toma.mp3", "");
+  bench.disk.write("otra.toma", "");
   EXPECT_THAT(find("", "TOMA"), ElementsAre(path("La Toma.mp3"), path("toma 1.wav")));
   EXPECT_THAT(find("", "toma 1", 0), ElementsAre(path("toma 1.wav")));
   EXPECT_THAT(find("", " Toma 1 ", 2), ElementsAre(path("toma 1.wav")));
@@ -193,7 +193,7 @@ TEST_F(FileFinder, the_name_is_looked_for_in_what_stands_ahead_of_the_extension)
 }
 
 TEST_F(FileFinder, a_stop_ends_the_search_at_once_and_is_forgotten_at_its_end) {
-  for (const char* name : {"a.wav", "b.wav", "c\\d.wav"}) desk.disk.write(name, "");
+  for (const char* name : {"a.wav", "b.wav", "c\\d.wav"}) bench.disk.write(name, "");
   finder.GetFile = [this](const std::string& hit) {
     events.push_back(hit);
     finder.StopSearch();
@@ -205,15 +205,15 @@ TEST_F(FileFinder, a_stop_ends_the_search_at_once_and_is_forgotten_at_its_end) {
 }
 
 TEST_F(FileFinder, a_search_asked_for_during_a_search_does_nothing) {
-  desk.disk.write("a.wav", "");
-  desk.disk.write("b.mp3", "");
-  finder.GetFile = [this](const std::string&) { finder.Find(desk.disk.folder(), "*.mp3", "", 1); };
+  bench.disk.write("a.wav", "");
+  bench.disk.write("b.mp3", "");
+  finder.GetFile = [this](const std::string&) { finder.Find(bench.disk.folder(), "*.mp3", "", 1); };
   EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav")));
   EXPECT_THAT(events, ElementsAre("InitSearch", "EndSearch"));
 }
 
 TEST_F(FileFinder, a_search_that_fails_ends_without_a_word_and_can_be_repeated) {
-  desk.disk.write("a.wav", "");
+  bench.disk.write("a.wav", "");
   finder.GetFile = [](const std::string&) { throw std::runtime_error("no"); };
   find("*.wav");
   EXPECT_THAT(events, ElementsAre("InitSearch"));
@@ -222,23 +222,23 @@ TEST_F(FileFinder, a_search_that_fails_ends_without_a_word_and_can_be_repeated) 
 }
 
 TEST_F(FileFinder, a_folder_that_vanishes_during_the_search_is_an_empty_one) {
-  desk.disk.write("a.wav", "");
-  desk.disk.write("b\\c.wav", "");
-  desk.disk.write("d\\e.wav", "");
-  finder.GetFile = [this](const std::string&) { desk.disk.remove("b"); };
+  bench.disk.write("a.wav", "");
+  bench.disk.write("b\\c.wav", "");
+  bench.disk.write("d\\e.wav", "");
+  finder.GetFile = [this](const std::string&) { bench.disk.remove("b"); };
   EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav"), path("d\\e.wav")));
 }
 
 TEST_F(FileFinder, trees_deeper_than_any_path_used_to_be_are_searched_to_their_ends) {
   std::string deep;
   for (int i = 0; i < 40; ++i) deep += "carpeta profunda\\";
-  desk.disk.write(deep + "a.wav", "");
+  bench.disk.write(deep + "a.wav", "");
   EXPECT_THAT(find("a.wav"), ElementsAre(path(deep + "a.wav")));
   EXPECT_EQ(finder.DirCount(), 40);
 }
 
 TEST_F(FileFinder, the_window_has_its_turns_and_may_stop_the_search_in_them) {
-  for (int i = 0; i < 50; ++i) desk.disk.write(std::to_string(i) + "\\a.wav", "");
+  for (int i = 0; i < 50; ++i) bench.disk.write(std::to_string(i) + "\\a.wav", "");
   int turns = 0;
   finder.on_turn = [&] {
     if (++turns == 10) finder.StopSearch();
@@ -250,11 +250,11 @@ TEST_F(FileFinder, the_window_has_its_turns_and_may_stop_the_search_in_them) {
 }
 
 TEST_F(FileFinder, questions_about_a_path_tell_files_from_folders) {
-  desk.disk.write("a.wav", "");
+  bench.disk.write("a.wav", "");
   EXPECT_TRUE(finder.FileExist(path("a.wav")));
-  EXPECT_TRUE(finder.FileExist(desk.disk.folder()));
+  EXPECT_TRUE(finder.FileExist(bench.disk.folder()));
   EXPECT_FALSE(finder.FileExist(path("b.wav")));
-  EXPECT_TRUE(finder.IsDirectory(desk.disk.folder()));
+  EXPECT_TRUE(finder.IsDirectory(bench.disk.folder()));
   EXPECT_FALSE(finder.IsDirectory(path("a.wav")));
 }
 
@@ -266,9 +266,9 @@ TEST_F(FileFinder, helpers_cut_paths) {
 }
 
 TEST_F(FileFinder, helpers_know_the_drives) {
-  auto& removable = desk.drives.add("F:\\", system::DriveType::removable, "TARJETA");
+  auto& removable = bench.drives.add("F:\\", system::DriveType::removable, "TARJETA");
   removable.space = {1000, 300};
-  desk.drives.add("G:\\", system::DriveType::removable).medium = false;
+  bench.drives.add("G:\\", system::DriveType::removable).medium = false;
   const system::DriveType kinds[] = {system::DriveType::unknown,   system::DriveType::no_root_dir,
                                      system::DriveType::removable, system::DriveType::fixed,
                                      system::DriveType::remote,    system::DriveType::cdrom,
@@ -276,7 +276,7 @@ TEST_F(FileFinder, helpers_know_the_drives) {
   const char* names[] = {"DRIVE_UNKNOWN", "DRIVE_NO_ROOT_DIR", "DRIVE_REMOVABLE", "DRIVE_FIXED",
                          "DRIVE_REMOTE",  "DRIVE_CDROM",       "DRIVE_RAMDISK"};
   for (int i = 0; i < 7; ++i) {
-    desk.drives.add("H:\\", kinds[i]);
+    bench.drives.add("H:\\", kinds[i]);
     EXPECT_EQ(finder.GetDriveType("H"), names[i]);
   }
   EXPECT_EQ(finder.GetDriveType("Z:\\"), "DRIVE_NO_ROOT_DIR");
@@ -296,10 +296,10 @@ TEST_F(FileFinder, sizes_are_written_with_two_decimals) {
 }
 
 TEST_F(FileFinder, the_desktop_is_asked_for_kinds_programs_icons_and_folders) {
-  desk.shell.types["D:\\a.wav"] = "Sonido";
-  desk.shell.executables["D:\\a.wav"] = "C:\\player.exe";
-  desk.shell.icons["D:\\a.wav"] = {1, 1, {0xFF00FF00}};
-  desk.dialogs.folders.push_back("D:\\Copia");
+  bench.shell.types["D:\\a.wav"] = "Sonido";
+  bench.shell.executables["D:\\a.wav"] = "C:\\player.exe";
+  bench.shell.icons["D:\\a.wav"] = {1, 1, {0xFF00FF00}};
+  bench.dialogs.folders.push_back("D:\\Copia");
   EXPECT_EQ(finder.GetFileType("D:\\a.wav"), "Sonido");
   EXPECT_EQ(finder.GetExecutable("D:\\a.wav"), "C:\\player.exe");
   const auto icon = finder.LoadIcon("D:\\a.wav");
@@ -308,7 +308,7 @@ TEST_F(FileFinder, the_desktop_is_asked_for_kinds_programs_icons_and_folders) {
   EXPECT_EQ(finder.BrowseForFolder("Elige"), "D:\\Copia");
   EXPECT_EQ(finder.BrowseForFolder("Elige"), "");
 
-  ui::Window window(desk.backend, "W");
+  ui::Window window(bench.backend, "W");
   ui::Image image(window, "Icono");
   cFindFiles::DrawIcon(*icon, image);
   EXPECT_EQ(image.pixels().argb, icon->argb);

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "support/desk.h"
+#include "support/program_bench.h"
 
 namespace ordelan::test {
 namespace {
@@ -10,12 +10,12 @@ namespace {
 using ::testing::ElementsAre;
 
 struct SearchWindow : ::testing::Test {
-  Desk desk;
+  ProgramBench bench;
 };
 
 TEST_F(SearchWindow, cuts_paths) {
-  desk.start();
-  const location::Buscar& buscar = desk.buscar();
+  bench.start();
+  const location::Buscar& buscar = bench.buscar();
   EXPECT_EQ(buscar.Obtener_Nombre_Archivo("D:\\Mix\\toma.wav"), "toma.wav");
   EXPECT_EQ(buscar.Obtener_Nombre_Path("12 --> D:\\Mix\\toma.wav", true), "D:\\Mix\\");
   EXPECT_EQ(buscar.Obtener_Nombre_Path("12 --> D:\\Mix\\toma.wav", false), "D:\\Mix");
@@ -24,45 +24,45 @@ TEST_F(SearchWindow, cuts_paths) {
 }
 
 TEST_F(SearchWindow, asks_for_a_folder) {
-  desk.start();
-  desk.dialogs.folders.push_back("D:\\Copia");
-  EXPECT_EQ(desk.buscar().ElegirCarpeta("Elige una carpeta"), "D:\\Copia");
-  EXPECT_THAT(desk.dialogs.folder_titles, ElementsAre("Elige una carpeta"));
+  bench.start();
+  bench.dialogs.folders.push_back("D:\\Copia");
+  EXPECT_EQ(bench.buscar().ElegirCarpeta("Elige una carpeta"), "D:\\Copia");
+  EXPECT_THAT(bench.dialogs.folder_titles, ElementsAre("Elige una carpeta"));
 }
 
 TEST_F(SearchWindow, is_never_shown) {
-  desk.start();
-  desk.buscar();
-  EXPECT_FALSE(desk.windows.visible("Buscar"));
+  bench.start();
+  bench.buscar();
+  EXPECT_FALSE(bench.windows.visible("Buscar"));
 }
 
 TEST_F(SearchWindow, refuses_a_project_among_frozen_tracks_without_reading_it) {
-  desk.disk.write("FreezeData\\tema.vip", project_of({"D:\\a.wav"}));
-  desk.disk.write("Mix\\tema.vip", project_of({"D:\\a.wav"}));
-  desk.disk.write("Mix\\midi.vip", project_of({}));
-  desk.start();
-  EXPECT_FALSE(desk.buscar().Valido(desk.disk.path("FreezeData\\tema.vip")));
-  EXPECT_TRUE(desk.buscar().Valido(desk.disk.path("Mix\\tema.vip")));
-  EXPECT_FALSE(desk.buscar().Valido(desk.disk.path("Mix\\midi.vip")));
-  EXPECT_FALSE(desk.buscar().Valido(desk.disk.path("Mix\\nada.vip")));
+  bench.disk.write("FreezeData\\tema.vip", project_of({"D:\\a.wav"}));
+  bench.disk.write("Mix\\tema.vip", project_of({"D:\\a.wav"}));
+  bench.disk.write("Mix\\midi.vip", project_of({}));
+  bench.start();
+  EXPECT_FALSE(bench.buscar().Valido(bench.disk.path("FreezeData\\tema.vip")));
+  EXPECT_TRUE(bench.buscar().Valido(bench.disk.path("Mix\\tema.vip")));
+  EXPECT_FALSE(bench.buscar().Valido(bench.disk.path("Mix\\midi.vip")));
+  EXPECT_FALSE(bench.buscar().Valido(bench.disk.path("Mix\\nada.vip")));
 }
 
 TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
   const std::string audio = project_of({"D:\\a.wav"});
-  desk.disk.write("Mix\\b.vip", audio);
-  desk.disk.write("Mix\\Viejo\\a.VIP", audio);
-  desk.disk.write("Mix\\midi.vip", project_of({}));
-  desk.disk.write("Otra\\c.vip", audio);
-  desk.start();
-  location::Buscar& buscar = desk.buscar();
-  buscar.Text1.set_text(desk.disk.path("Mix\\"));
+  bench.disk.write("Mix\\b.vip", audio);
+  bench.disk.write("Mix\\Viejo\\a.VIP", audio);
+  bench.disk.write("Mix\\midi.vip", project_of({}));
+  bench.disk.write("Otra\\c.vip", audio);
+  bench.start();
+  location::Buscar& buscar = bench.buscar();
+  buscar.Text1.set_text(bench.disk.path("Mix\\"));
   EXPECT_TRUE(buscar.BuscarVips());
   EXPECT_THAT(buscar.List2.rows(),
-              ElementsAre(desk.disk.path("Mix\\b.vip"), desk.disk.path("Mix\\midi.vip"),
-                          desk.disk.path("Mix\\Viejo\\a.VIP")));
-  EXPECT_THAT(desk.form.lists.ListProyectos.rows(),
-              ElementsAre(desk.disk.path("Mix\\b.vip"), desk.disk.path("Mix\\Viejo\\a.VIP")));
-  buscar.Text1.set_text(desk.disk.path("nada"));
+              ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\midi.vip"),
+                          bench.disk.path("Mix\\Viejo\\a.VIP")));
+  EXPECT_THAT(bench.form.lists.ListProyectos.rows(),
+              ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\Viejo\\a.VIP")));
+  buscar.Text1.set_text(bench.disk.path("nada"));
   EXPECT_FALSE(buscar.BuscarVips());
 }
 

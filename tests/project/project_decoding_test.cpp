@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "project/literal_analysis.h"
-#include "support/desk.h"
 #include "support/hostile_bytes.h"
+#include "support/program_bench.h"
 #include "support/work_bench.h"
 #include "text/rows.h"
 

@@ -6,14 +6,14 @@
 #include <string>
 
 #include "settings/ini_text.h"
-#include "support/desk.h"
+#include "support/program_bench.h"
 
 namespace ordelan::test {
 namespace {
 
 using ::testing::SizeIs;
 
-struct FirstStart : ::testing::Test, Desk {
+struct FirstStart : ::testing::Test, ProgramBench {
   std::map<std::string, bool> boxes_of_form() const {
     std::map<std::string, bool> ticks;
     for (const ui::CheckBox* box : {&form.CheckToolTips, &form.CheckPlayer, &form.CheckSubPath,

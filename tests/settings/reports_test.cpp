@@ -16,7 +16,7 @@ using ::testing::SizeIs;
 
 struct Reports : ::testing::Test {
   bool save(const std::string& name) {
-    return settings::SalvarListados(files, regional, name, list, "3 Archivos", "D:\\Mix\\");
+    return settings::SalvarListados(files, regional, name, list.rows(), "3 Archivos", "D:\\Mix\\");
   }
 
   // What stands above the rows.
@@ -103,8 +103,8 @@ TEST_F(Reports, a_failed_save_is_told_and_leaves_the_old_report) {
   using Step = FailingFiles::Step;
   for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
     failing.failing = step;
-    EXPECT_FALSE(settings::SalvarListados(failing, regional, "D:\\a.log", list, "1", "2"));
-    EXPECT_FALSE(settings::SalvarLog(failing, "D:\\a.log", list));
+    EXPECT_FALSE(settings::SalvarListados(failing, regional, "D:\\a.log", list.rows(), "1", "2"));
+    EXPECT_FALSE(settings::SalvarLog(failing, "D:\\a.log", list.rows()));
     EXPECT_EQ(files.contents["D:\\a.log"], "old");
     EXPECT_THAT(files.contents, SizeIs(1)) << "no temporary file is left";
   }
@@ -117,7 +117,7 @@ TEST_F(Reports, a_name_with_several_dots_stays_whole) {
 
 TEST_F(Reports, a_plain_log_saved_twice_is_the_same) {
   list.add("D:\\Mix\\a.wav");
-  for (int i = 0; i < 2; ++i) EXPECT_TRUE(settings::SalvarLog(files, "D:\\a.log", list));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(settings::SalvarLog(files, "D:\\a.log", list.rows()));
   EXPECT_EQ(files.contents["D:\\a.log"], "D:\\Mix\\a.wav\r\n");
   EXPECT_THAT(files.contents, SizeIs(1));
 }
@@ -125,9 +125,9 @@ TEST_F(Reports, a_plain_log_saved_twice_is_the_same) {
 TEST_F(Reports, a_plain_log_has_the_rows_and_nothing_else) {
   list.add("1 --> D:\\Mix\\tema.vip");
   list.add("D:\\Mix\\a.wav");
-  EXPECT_TRUE(settings::SalvarLog(files, "D:\\a.log", list));
+  EXPECT_TRUE(settings::SalvarLog(files, "D:\\a.log", list.rows()));
   EXPECT_EQ(files.contents["D:\\a.log"], "1 --> D:\\Mix\\tema.vip\r\nD:\\Mix\\a.wav\r\n");
-  EXPECT_FALSE(settings::SalvarLog(files, "", list));
+  EXPECT_FALSE(settings::SalvarLog(files, "", list.rows()));
   EXPECT_THAT(files.contents, SizeIs(1));
 }
 

@@ -5,6 +5,7 @@
 #include "support/failing_files.h"
 #include "support/reader_bench.h"
 #include "ui/check_box.h"
+#include "work/stored_state.h"
 
 namespace ordelan::test {
 namespace {
@@ -43,10 +44,10 @@ TEST_F(SettingsTest, a_value_is_cut_at_255_characters) {
 TEST_F(SettingsTest, a_box_is_kept_under_its_caption) {
   box.set_caption("Borrar lista 4 \"Archivos no utilizados\"");
   box.set_checked(true);
-  store.write(box);
+  work::write_box(store, box);
   EXPECT_EQ(files.contents[kFile], "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
   box.set_checked(false);
-  store.read(box);
+  work::read_box(store, box);
   EXPECT_TRUE(box.checked());
 }
 
@@ -54,7 +55,7 @@ TEST_F(SettingsTest, a_box_without_a_key_stays_as_designed) {
   box.set_caption("Auto Play");
   for (const bool designed : {false, true}) {
     box.set_checked(designed);
-    store.read(box);
+    work::read_box(store, box);
     EXPECT_EQ(box.checked(), designed);
   }
 }
@@ -88,14 +89,14 @@ TEST_F(SettingsTest, values_that_no_box_has_leave_it_as_designed) {
     files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + value + "\r\n";
     for (const bool designed : {false, true}) {
       box.set_checked(designed);
-      store.read(box);
+      work::read_box(store, box);
       EXPECT_EQ(box.checked(), designed) << value;
     }
   }
   for (const bool stored : {false, true}) {
     files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + (stored ? "1" : "0") + "\r\n";
     box.set_checked(!stored);
-    store.read(box);
+    work::read_box(store, box);
     EXPECT_EQ(box.checked(), stored);
   }
 }
@@ -104,11 +105,11 @@ TEST_F(SettingsTest, a_caption_with_blanks_at_its_end_is_a_key_as_it_stands) {
   box.set_caption("Unidad: ");
   for (const bool ticked : {true, false, true}) {
     box.set_checked(ticked);
-    store.write(box);
+    work::write_box(store, box);
     EXPECT_EQ(files.contents[kFile],
               std::string("[Settings]\r\nUnidad: =") + (ticked ? "1" : "0") + "\r\n");
     box.set_checked(!ticked);
-    store.read(box);
+    work::read_box(store, box);
     EXPECT_EQ(box.checked(), ticked);
   }
 }
@@ -117,28 +118,28 @@ TEST_F(SettingsTest, a_volume_label_with_an_equals_sign_keeps_to_its_one_line) {
   box.set_caption("Unidad: D:\\a=b");
   for (const bool ticked : {true, false, true}) {
     box.set_checked(ticked);
-    store.write(box);
+    work::write_box(store, box);
     EXPECT_EQ(files.contents[kFile],
               std::string("[Settings]\r\nUnidad: D:\\a=b=") + (ticked ? "1" : "0") + "\r\n");
     box.set_checked(!ticked);
-    store.read(box);
+    work::read_box(store, box);
     EXPECT_EQ(box.checked(), ticked);
   }
 }
 
 TEST_F(SettingsTest, a_window_is_placed_where_it_was) {
   window.set_position({120, 45});
-  store.write_position(window, "Me");
+  work::write_place(store, window, "Me");
   window.set_position({0, 0});
-  store.read_position(window, "Me", {1, 1});
+  work::read_place(store, window, "Me", {1, 1});
   EXPECT_EQ(window.position(), (ui::Point{120, 45}));
-  store.read_position(window, "Zoom", {7, 8});
+  work::read_place(store, window, "Zoom", {7, 8});
   EXPECT_EQ(window.position(), (ui::Point{7, 8}));
 }
 
 TEST_F(SettingsTest, places_beyond_all_measure_do_no_harm) {
   files.contents[kFile] = "[Settings]\r\nMe_Left=1e300\r\nMe_Top=-99999999999999\r\n";
-  store.read_position(window, "Me", {0, 0});
+  work::read_place(store, window, "Me", {0, 0});
   EXPECT_EQ(window.position(), (ui::Point{1'000'000, -1'000'000}));
 }
 
@@ -180,14 +181,14 @@ TEST_F(SettingsTest, settings_that_are_read_only_never_write) {
   const auto before = files.contents;
   store.set_read_only();
   box.set_caption("Auto Play");
-  store.write(box);
-  store.write_position(window, "Me");
+  work::write_box(store, box);
+  work::write_place(store, window, "Me");
   store.set_number("Volumen", 3);
   store.GrabarIni(kFile, "Me_Left", "8");
   store.GrabarIni("C:\\other.ini", "Me_Left", "8");
   EXPECT_EQ(files.contents, before);
   EXPECT_EQ(store.number("Me_Left", 0), 7);
-  store.read(box);
+  work::read_box(store, box);
   EXPECT_TRUE(box.checked());
 }
 
@@ -195,11 +196,11 @@ TEST_F(SettingsTest, without_a_file_everything_stays_as_designed_and_reading_mak
   EXPECT_EQ(store.number("Volumen", 40), 40);
   EXPECT_EQ(store.LeerIni(kFile, "Ruta 1", ""), "");
   window.set_position({5, 6});
-  store.read_position(window, "Me", {0, 0});
+  work::read_place(store, window, "Me", {0, 0});
   EXPECT_EQ(window.position(), (ui::Point{0, 0}));
   for (const bool designed : {false, true}) {
     box.set_checked(designed);
-    store.read(box);
+    work::read_box(store, box);
     EXPECT_EQ(box.checked(), designed);
   }
   EXPECT_TRUE(files.contents.empty());

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "win32/extended_path.h"
+#include "win32/ports/extended_path.h"
 
 namespace ordelan::win32 {
 namespace {

@@ -11,8 +11,8 @@
 
 #include "ui/window.h"
 #include "win32/own_windows.h"
-#include "win32/screen_scale.h"
-#include "win32/win32_backend.h"
+#include "win32/paint/screen_scale.h"
+#include "win32/peers/win32_backend.h"
 
 namespace ordelan::test {
 

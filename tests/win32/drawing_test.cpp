@@ -6,11 +6,11 @@
 
 #include "win32/ansi_text.h"
 #include "win32/backend_fixture.h"
-#include "win32/canvas.h"
-#include "win32/drawing_tools.h"
-#include "win32/progress_bar_peer.h"
-#include "win32/screen_scale.h"
-#include "win32/shapes.h"
+#include "win32/paint/canvas.h"
+#include "win32/paint/drawing_tools.h"
+#include "win32/paint/screen_scale.h"
+#include "win32/paint/shapes.h"
+#include "win32/peers/progress_bar_peer.h"
 
 namespace ordelan::win32 {
 namespace {

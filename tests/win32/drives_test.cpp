@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "system/drives_contract.h"
-#include "win32/win32_drives.h"
+#include "win32/ports/win32_drives.h"
 
 namespace ordelan::test {
 namespace {

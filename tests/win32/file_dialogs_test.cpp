@@ -10,8 +10,8 @@
 #include "ui/timer.h"
 #include "win32/ansi_text.h"
 #include "win32/backend_fixture.h"
+#include "win32/ports/win32_dialogs.h"
 #include "win32/temporary_folder.h"
-#include "win32/win32_dialogs.h"
 
 namespace ordelan::test {
 namespace {
@@ -45,7 +45,7 @@ class FileDialogs : public BackendTest {
     };
     timer.attach(backend);
     timer.start();
-    win32::Win32Dialogs dialogs(backend);
+    win32::Win32Dialogs dialogs([&] { return backend.owner(); });
     return ask(dialogs);
   }
 

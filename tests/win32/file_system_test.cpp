@@ -4,8 +4,8 @@
 
 #include "system/file_system_contract.h"
 #include "win32/ansi_text.h"
+#include "win32/ports/win32_file_system.h"
 #include "win32/temporary_folder.h"
-#include "win32/win32_file_system.h"
 
 namespace ordelan::test {
 namespace {

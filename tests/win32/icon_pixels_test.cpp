@@ -1,4 +1,4 @@
-#include "win32/icon_pixels.h"
+#include "win32/ports/icon_pixels.h"
 
 #include <windows.h>
 

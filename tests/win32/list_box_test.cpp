@@ -11,7 +11,7 @@
 #include "ui/list_width.h"
 #include "win32/ansi_text.h"
 #include "win32/backend_fixture.h"
-#include "win32/list_box_peer.h"
+#include "win32/peers/list_box_peer.h"
 
 namespace ordelan::test {
 namespace {

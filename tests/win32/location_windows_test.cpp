@@ -9,8 +9,8 @@
 #include <iostream>
 #include <utility>
 
-#include "location/drive_boxes.h"
-#include "location/path_choice.h"
+#include "location/drive_window.h"
+#include "location/path_choice_window.h"
 #include "location/search_window.h"
 #include "screen_picture.h"
 #include "ui/timer.h"
@@ -56,7 +56,7 @@ class LocationWindows : public ProgramTest {
   }
 
   bool search(const std::string& file) {
-    return program->windows.touch_as<location::Buscar>("Buscar")->BuscarEnTodasUnidades(
+    return program->windows.touch<location::Buscar>()->BuscarEnTodasUnidades(
         file, program->form.lists.ListVip);
   }
 
@@ -204,14 +204,15 @@ TEST_F(LocationWindows, a_second_search_asked_for_during_the_first_harms_nothing
   EXPECT_THAT(second, testing::Optional(false));
   EXPECT_LT(seen_then, LargeTree::kAll) << "it was asked for during the walk";
   EXPECT_EQ(program->work.ArchivoActual, e + "primera.wav");
-  EXPECT_THAT(program->windows.touch_as<location::Buscar>("Buscar")->List2.rows(),
+  EXPECT_THAT(program->windows.touch<location::Buscar>()->List2.rows(),
               ElementsAre(e + "primera.wav"));
 }
 
 // A window of the directory that tells when it is freed.
 class Mortal final : public ui::Window {
  public:
-  Mortal(ui::Backend& backend, bool& freed) : ui::Window(backend, "Mortal"), freed_(freed) {}
+  static constexpr const char* kName = "Mortal";
+  Mortal(ui::Backend& backend, bool& freed) : ui::Window(backend, kName), freed_(freed) {}
   ~Mortal() override { freed_ = true; }
 
  private:
@@ -220,9 +221,9 @@ class Mortal final : public ui::Window {
 
 TEST_F(LocationWindows, a_closed_window_is_freed_between_events_and_not_before) {
   start({folder_as_drive("d")});
-  backend.between_events = [&] { program->windows.bury(); };
+  backend.between_events = [&] { program->windows.free_closed(); };
   bool freed = false;
-  program->windows.add("Mortal", [&] { return std::make_unique<Mortal>(backend, freed); });
+  program->windows.add<Mortal>([&] { return std::make_unique<Mortal>(backend, freed); });
   bool freed_inside = true;
   bool closed = false;
   AtEachTick act(program->form, backend, [&] {
@@ -230,8 +231,8 @@ TEST_F(LocationWindows, a_closed_window_is_freed_between_events_and_not_before) 
       backend.end();
       return true;
     }
-    program->windows.touch("Mortal");
-    program->windows.close("Mortal");
+    program->windows.touch<Mortal>();
+    program->windows.close<Mortal>();
     backend.pump();
     freed_inside = freed;
     closed = true;

@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
-#include "location/path_choice.h"
+#include "location/path_choice_window.h"
 #include "screen_picture.h"
 #include "ui/list_width.h"
-#include "win32/drawing_tools.h"
+#include "win32/paint/drawing_tools.h"
+#include "win32/paint/screen_scale.h"
 #include "win32/program_fixture.h"
-#include "win32/screen_scale.h"
 
 namespace ordelan::test {
 namespace {
@@ -73,7 +73,7 @@ struct StripColor {
 class LookOfStrip : public LookInside, public testing::WithParamInterface<StripColor> {};
 
 TEST_P(LookOfStrip, shows_two_lines_in_its_colour_above_the_headings) {
-  project::Form1& form = program->form;
+  main_window::Form1& form = program->form;
   form.ShowIco.hide();
   form.strip.Alerta(GetParam().code, GetParam().text, true);
   take(L"Form1", "strip-" + GetParam().name);
@@ -117,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& each) { return each.param.name; });
 
 TEST_F(LookInside, the_choice_of_a_path_shows_its_rows) {
-  auto* const choice = program->windows.touch_as<location::PathChoice>("ElegirRuta");
+  auto* const choice = program->windows.touch<location::ElegirRuta>();
   ASSERT_TRUE(choice);
   for (const char* row : {"D:\\Mix\\Canción del Año\\toma.wav",
                           "E:\\Copia de seguridad\\Estudio 2019\\Grabaciones del verano con la "
@@ -174,7 +174,7 @@ TEST_F(LookInside, projects_that_count_for_nothing_are_told_of_and_listed) {
   }
   program->form.show_ProyectosFuera();
   take(L"Form1", "left-out-empty");
-  project::Form1& form = program->form;
+  main_window::Form1& form = program->form;
   form.TextNum1.set_visible(false);
   form.ListProyectosInfo.hide();
   form.ShowIco.hide();

@@ -1,5 +1,5 @@
 // The program's own pictures, as they are in its resources.
-#include "win32/picture_store.h"
+#include "win32/paint/picture_store.h"
 
 #include <windows.h>
 
@@ -14,8 +14,8 @@
 #include "skin/lost_file_layout.h"
 #include "skin/main_window_layout.h"
 #include "skin/palette.h"
-#include "win32/canvas.h"
-#include "win32/drawing_tools.h"
+#include "win32/paint/canvas.h"
+#include "win32/paint/drawing_tools.h"
 
 namespace ordelan::test {
 namespace {

@@ -16,11 +16,11 @@
 #include "support/fake_services.h"
 #include "test_disk.h"
 #include "win32/own_windows.h"
-#include "win32/win32_backend.h"
-#include "win32/win32_clock.h"
-#include "win32/win32_dialogs.h"
-#include "win32/win32_regional.h"
-#include "win32/win32_shell.h"
+#include "win32/peers/win32_backend.h"
+#include "win32/ports/win32_clock.h"
+#include "win32/ports/win32_dialogs.h"
+#include "win32/ports/win32_regional.h"
+#include "win32/ports/win32_shell.h"
 
 namespace ordelan::test {
 
@@ -95,7 +95,7 @@ class ProgramTest : public testing::Test {
   FakeDrives drives;
   win32::Win32Shell shell;
   win32::Win32Backend backend{GetModuleHandleW(nullptr)};
-  win32::Win32Dialogs dialogs{backend};
+  win32::Win32Dialogs dialogs{[this] { return backend.owner(); }};
   system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
   settings::Settings settings{files, regional, disk.path("Config.ini")};
   std::optional<app::Program> program;

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "win32/ansi_text.h"
-#include "win32/win32_regional.h"
+#include "win32/ports/win32_regional.h"
 
 namespace ordelan::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "win32/scroll_bar.h"
+#include "win32/peers/scroll_bar.h"
 
 #include <windows.h>
 

@@ -7,8 +7,8 @@
 
 #include "text/code_page.h"
 #include "win32/ansi_text.h"
+#include "win32/ports/win32_shell.h"
 #include "win32/temporary_folder.h"
-#include "win32/win32_shell.h"
 
 namespace ordelan::test {
 namespace {

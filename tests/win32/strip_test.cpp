@@ -5,8 +5,8 @@
 
 #include <string>
 
+#include "win32/peers/scroll_bar.h"
 #include "win32/program_fixture.h"
-#include "win32/scroll_bar.h"
 
 namespace ordelan::test {
 namespace {

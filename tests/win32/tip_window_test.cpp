@@ -1,4 +1,4 @@
-#include "win32/tip_window.h"
+#include "win32/peers/tip_window.h"
 
 #include <windows.h>
 
@@ -10,7 +10,7 @@
 #include "ui/balloon.h"
 #include "ui/label.h"
 #include "win32/backend_fixture.h"
-#include "win32/drawing_tools.h"
+#include "win32/paint/drawing_tools.h"
 
 namespace ordelan::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "win32/window_shape.h"
+#include "win32/paint/window_shape.h"
 
 #include <windows.h>
 
@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "win32/picture_store.h"
+#include "win32/paint/picture_store.h"
 
 namespace ordelan::test {
 namespace {

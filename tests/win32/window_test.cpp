@@ -12,7 +12,7 @@
 #include "ui/list_box.h"
 #include "ui/timer.h"
 #include "win32/backend_fixture.h"
-#include "win32/win32_dialogs.h"
+#include "win32/ports/win32_dialogs.h"
 
 namespace ordelan::test {
 namespace {
@@ -444,7 +444,7 @@ class MessageBoxes : public RealWindow {
     };
     timer.attach(backend);
     timer.start();
-    win32::Win32Dialogs dialogs(backend);
+    win32::Win32Dialogs dialogs([&] { return backend.owner(); });
     return dialogs.message({"T\xEDtulo", "\xBFSeguir?", system::Icon::question, buttons});
   }
 

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "skin/look.h"
-#include "support/desk.h"
+#include "support/program_bench.h"
 #include "ui/button.h"
 #include "ui/property_bag.h"
 
@@ -33,14 +33,14 @@ std::vector<std::string> sections() {
 
 struct Dress : ::testing::Test {
   Dress() {
-    desk.start();
+    bench.start();
     for (const char* name : {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera"}) {
-      windows.push_back(desk.windows.touch(name));
+      windows.push_back(bench.windows.touch(name));
     }
-    windows.push_back(&desk.form);
+    windows.push_back(&bench.form);
   }
 
-  Desk desk;
+  ProgramBench bench;
   std::vector<const ui::Window*> windows;
 };
 
@@ -82,10 +82,10 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
 }
 
 TEST_F(Dress, a_window_has_its_background_and_its_shape) {
-  EXPECT_EQ(desk.form.background(), "fondo_principal");
-  EXPECT_EQ(desk.form.shape().picture, "fondo_principal");
-  EXPECT_EQ(desk.form.shape().mask, ui::Color{0xFF00FF});
-  EXPECT_EQ(desk.windows.find("UnidadesBuscar")->background(), "");
+  EXPECT_EQ(bench.form.background(), "fondo_principal");
+  EXPECT_EQ(bench.form.shape().picture, "fondo_principal");
+  EXPECT_EQ(bench.form.shape().mask, ui::Color{0xFF00FF});
+  EXPECT_EQ(bench.windows.find("UnidadesBuscar")->background(), "");
 }
 
 TEST_F(Dress, controls_of_one_window_do_not_cover_each_other_unless_they_take_turns) {

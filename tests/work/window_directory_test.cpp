@@ -25,9 +25,24 @@ struct Diary : ui::Window {
   std::vector<std::string>& log;
 };
 
+struct ZoomDiary final : Diary {
+  static constexpr const char* kName = "Zoom";
+  using Diary::Diary;
+};
+struct SecondDiary final : Diary {
+  static constexpr const char* kName = "Second";
+  using Diary::Diary;
+};
+
+// A window that a test gives its handlers.
+struct Plain final : ui::Window {
+  static constexpr const char* kName = "Plain";
+  explicit Plain(ui::Backend& used) : ui::Window(used, kName) {}
+};
+
 struct WindowDirectoryTest : ::testing::Test {
   WindowDirectoryTest() {
-    windows.add("Zoom", [this] { return std::make_unique<Diary>(backend, log); });
+    windows.add<ZoomDiary>([this] { return std::make_unique<ZoomDiary>(backend, log); });
   }
 
   HandClock clock;
@@ -73,7 +88,7 @@ TEST_F(WindowDirectoryTest, a_hidden_window_keeps_its_state) {
   EXPECT_EQ(made->title(), "state");
 }
 
-TEST_F(WindowDirectoryTest, the_touch_behind_a_close_makes_a_new_window) {
+TEST_F(WindowDirectoryTest, the_touch_after_a_close_makes_a_new_window) {
   ui::Window* first = windows.touch("Zoom");
   first->set_title("state");
   windows.close("Zoom");
@@ -85,19 +100,19 @@ TEST_F(WindowDirectoryTest, the_touch_behind_a_close_makes_a_new_window) {
   EXPECT_THAT(log, ElementsAre("made", "loaded", "made", "loaded"));
 }
 
-TEST_F(WindowDirectoryTest, a_closed_window_is_freed_when_it_is_buried) {
+TEST_F(WindowDirectoryTest, a_closed_window_is_freed_later) {
   windows.touch("Zoom");
-  windows.bury();
+  windows.free_closed();
   EXPECT_THAT(log, ElementsAre("made", "loaded")) << "an open one is not";
   windows.close("Zoom");
   windows.close("Zoom");
   EXPECT_THAT(log, ElementsAre("made", "loaded"));
-  windows.bury();
+  windows.free_closed();
   EXPECT_THAT(log, ElementsAre("made", "loaded", "freed"));
 }
 
 TEST_F(WindowDirectoryTest, a_window_may_close_itself_inside_one_of_its_own_handlers) {
-  auto* made = dynamic_cast<Diary*>(windows.touch("Zoom"));
+  auto* made = windows.touch<ZoomDiary>();
   ASSERT_NE(made, nullptr);
   made->button.on_click = [this, made] {
     windows.close("Zoom");
@@ -107,28 +122,28 @@ TEST_F(WindowDirectoryTest, a_window_may_close_itself_inside_one_of_its_own_hand
   made->button.on_click();
   EXPECT_THAT(log, ElementsAre("made", "loaded", "the handler goes on"));
   EXPECT_EQ(windows.find("Zoom"), nullptr);
-  windows.bury();
+  windows.free_closed();
   EXPECT_EQ(log.back(), "freed");
 }
 
 TEST_F(WindowDirectoryTest, a_window_that_closes_itself_while_it_loads_is_not_given) {
-  windows.add("Shy", [this] {
-    auto window = std::make_unique<ui::Window>(backend, "Shy");
-    window->on_load = [this] { windows.close("Shy"); };
+  windows.add<Plain>([this] {
+    auto window = std::make_unique<Plain>(backend);
+    window->on_load = [this] { windows.close<Plain>(); };
     return window;
   });
-  EXPECT_EQ(windows.touch("Shy"), nullptr);
-  EXPECT_EQ(windows.find("Shy"), nullptr);
+  EXPECT_EQ(windows.touch<Plain>(), nullptr);
+  EXPECT_EQ(windows.find<Plain>(), nullptr);
 }
 
 TEST_F(WindowDirectoryTest, a_window_that_asks_for_itself_while_it_loads_gets_itself) {
   ui::Window* seen = nullptr;
-  windows.add("Vain", [this, &seen] {
-    auto window = std::make_unique<ui::Window>(backend, "Vain");
-    window->on_load = [this, &seen] { seen = windows.touch("Vain"); };
+  windows.add<Plain>([this, &seen] {
+    auto window = std::make_unique<Plain>(backend);
+    window->on_load = [this, &seen] { seen = windows.touch<Plain>(); };
     return window;
   });
-  ui::Window* made = windows.touch("Vain");
+  ui::Window* made = windows.touch<Plain>();
   EXPECT_NE(made, nullptr);
   EXPECT_EQ(seen, made);
 }
@@ -136,11 +151,11 @@ TEST_F(WindowDirectoryTest, a_window_that_asks_for_itself_while_it_loads_gets_it
 TEST_F(WindowDirectoryTest, what_is_left_goes_with_the_directory) {
   {
     work::WindowDirectory other;
-    other.add("a", [this] { return std::make_unique<Diary>(backend, log); });
-    other.add("b", [this] { return std::make_unique<Diary>(backend, log); });
-    other.touch("a");
-    other.touch("b");
-    other.close("a");
+    other.add<ZoomDiary>([this] { return std::make_unique<ZoomDiary>(backend, log); });
+    other.add<SecondDiary>([this] { return std::make_unique<SecondDiary>(backend, log); });
+    other.touch<ZoomDiary>();
+    other.touch<SecondDiary>();
+    other.close<ZoomDiary>();
     log.clear();
   }
   EXPECT_THAT(log, ElementsAre("freed", "freed"));
@@ -148,49 +163,45 @@ TEST_F(WindowDirectoryTest, what_is_left_goes_with_the_directory) {
 
 TEST_F(WindowDirectoryTest, a_window_may_refuse_to_be_closed) {
   bool refuses = true;
-  windows.add("Stubborn", [this, &refuses] {
-    auto window = std::make_unique<ui::Window>(backend, "Stubborn");
+  windows.add<Plain>([this, &refuses] {
+    auto window = std::make_unique<Plain>(backend);
     window->on_query_unload = [&refuses] { return !refuses; };
     return window;
   });
-  const ui::Window* const made = windows.touch("Stubborn");
-  windows.close("Stubborn");
-  EXPECT_EQ(windows.find("Stubborn"), made);
+  const ui::Window* const made = windows.touch<Plain>();
+  windows.close<Plain>();
+  EXPECT_EQ(windows.find<Plain>(), made);
   EXPECT_TRUE(made->loaded());
   refuses = false;
-  windows.close("Stubborn");
-  EXPECT_EQ(windows.find("Stubborn"), nullptr);
+  windows.close<Plain>();
+  EXPECT_EQ(windows.find<Plain>(), nullptr);
 }
 
 TEST_F(WindowDirectoryTest, at_the_end_all_windows_go_whether_they_refuse_or_not) {
-  windows.add("a", [this] { return std::make_unique<Diary>(backend, log); });
-  windows.add("Stubborn", [this] {
-    auto window = std::make_unique<ui::Window>(backend, "Stubborn");
+  windows.add<Plain>([this] {
+    auto window = std::make_unique<Plain>(backend);
     window->on_query_unload = [] { return false; };
     return window;
   });
-  windows.touch("a");
-  windows.touch("Stubborn");
+  windows.touch<ZoomDiary>();
+  windows.touch<Plain>();
   windows.close_all();
-  EXPECT_EQ(windows.find("a"), nullptr);
-  EXPECT_EQ(windows.find("Stubborn"), nullptr);
+  EXPECT_EQ(windows.find<ZoomDiary>(), nullptr);
+  EXPECT_EQ(windows.find<Plain>(), nullptr);
 }
 
-struct Drawer {
-  int things = 3;
-};
-struct Desktop final : ui::Window, Drawer {
-  explicit Desktop(ui::Backend& backend) : ui::Window(backend, "Desktop") {}
-};
-
-TEST_F(WindowDirectoryTest, a_window_is_given_as_the_piece_that_it_has) {
-  windows.add("Desktop", [this] { return std::make_unique<Desktop>(backend); });
-  windows.add("Plain", [this] { return std::make_unique<ui::Window>(backend, "Plain"); });
-  EXPECT_EQ(windows.find_as<Drawer>("Desktop"), nullptr) << "not there yet";
-  ASSERT_NE(windows.touch_as<Drawer>("Desktop"), nullptr);
-  EXPECT_EQ(windows.find_as<Drawer>("Desktop")->things, 3);
-  EXPECT_EQ(windows.touch_as<Drawer>("Plain"), nullptr);
-  EXPECT_EQ(windows.touch_as<Drawer>("Nobody"), nullptr);
+TEST_F(WindowDirectoryTest, a_window_is_given_as_its_own_class) {
+  EXPECT_EQ(windows.find<ZoomDiary>(), nullptr) << "finding makes none";
+  ZoomDiary* const made = windows.touch<ZoomDiary>();
+  ASSERT_NE(made, nullptr);
+  EXPECT_EQ(made, windows.find("Zoom"));
+  EXPECT_EQ(windows.find<ZoomDiary>(), made);
+  made->show();
+  windows.hide<ZoomDiary>();
+  EXPECT_FALSE(made->visible());
+  windows.close<ZoomDiary>();
+  EXPECT_EQ(windows.find<ZoomDiary>(), nullptr);
+  EXPECT_EQ(windows.touch<SecondDiary>(), nullptr) << "nobody said how it is made";
 }
 
 }  // namespace

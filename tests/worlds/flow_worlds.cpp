@@ -42,7 +42,7 @@ void count_what_happened(const FlowWorld& world, FlowTally& tally) {
                                     return !reference::contains(row, ">") &&
                                            !reference::contains(row, "----------");
                                   }));
-  count("left out", !world.desk.work.ProyectosFuera.empty());
+  count("left out", !world.bench.work.ProyectosFuera.empty());
   count("doubtless reasons", !wanted.refused.empty());
   count("dropped too late",
         std::any_of(wanted.refused.begin(), wanted.refused.end(), [](const auto& each) {
@@ -74,22 +74,22 @@ std::string disturb(FlowWorld& world, const Action& action, std::uint64_t pump) 
   const std::uint64_t kind = world.studio.roll(4);
   bool done = false;
   std::uint64_t seen = 0;
-  world.desk.backend.on_pump = [&] {
+  world.bench.backend.on_pump = [&] {
     if (seen++ != pump) return;
     done = true;
     if (kind == 0) {
-      world.desk.form.cmdCancelar_Click();
+      world.bench.form.cmdCancelar_Click();
     } else if (kind == 1) {
-      world.desk.form.cmdReset_Click();
+      world.bench.form.cmdReset_Click();
     } else if (kind == 2) {
-      before = !world.desk.form.lists.LabelAdd[0].visible();
+      before = !world.bench.form.lists.LabelAdd[0].visible();
       world.studio.remove_project();
     } else {
       world.studio.add_project();
     }
   };
   world.act(action);
-  world.desk.backend.on_pump = nullptr;
+  world.bench.backend.on_pump = nullptr;
   if (before) return kGoneBefore;
   return done ? kKinds[kind] : "";
 }
@@ -122,15 +122,15 @@ DiskInMemory::~DiskInMemory() {
 }
 
 FlowWorld::FlowWorld(std::uint64_t seed, Studio::Plan plan)
-    : studio(seed, plan, desk.disk.native_path("")),
-      wanted(desk.disk.native_path("")),
-      root_(desk.disk.native_path("")) {
-  desk.start();
-  desk.form.CheckSubPath.set_checked(studio.with_subfolders);
-  desk.form.CheckBAK.set_checked(studio.with_backups);
+    : studio(seed, plan, bench.disk.native_path("")),
+      wanted(bench.disk.native_path("")),
+      root_(bench.disk.native_path("")) {
+  bench.start();
+  bench.form.CheckSubPath.set_checked(studio.with_subfolders);
+  bench.form.CheckBAK.set_checked(studio.with_backups);
   wanted.CheckSubPath = studio.with_subfolders;
   wanted.CheckBAK = studio.with_backups;
-  const auto& lists = desk.form.lists;
+  const auto& lists = bench.form.lists;
   for (int i = 0; i < 2; ++i) {
     const auto k = static_cast<std::size_t>(i);
     wanted.LabelCheck[k] = lists.LabelCheck[i].caption();
@@ -142,12 +142,12 @@ FlowWorld::FlowWorld(std::uint64_t seed, Studio::Plan plan)
 
 void FlowWorld::act(const Action& action) {
   if (action.kind == Action::Kind::drop) {
-    desk.form.lists.ListProyectos.on_drop(action.items);
+    bench.form.lists.ListProyectos.on_drop(action.items);
     return;
   }
   const std::string& picked = action.items.front();
-  desk.dialogs.files.push_back(picked.empty() ? std::vector<std::string>() : action.items);
-  desk.form.AbrirFichero_Click();
+  bench.dialogs.files.push_back(picked.empty() ? std::vector<std::string>() : action.items);
+  bench.form.AbrirFichero_Click();
 }
 
 void FlowWorld::act_in_reference(const Action& action) {
@@ -159,7 +159,7 @@ void FlowWorld::act_in_reference(const Action& action) {
 }
 
 std::vector<FlowWorld::Field> FlowWorld::fields() const {
-  const project::Form1& form = desk.form;
+  const main_window::Form1& form = bench.form;
   const auto& lists = form.lists;
   const auto captions = [](const auto& labels) {
     return reference::Rows{labels[0].caption(), labels[1].caption()};
@@ -177,7 +177,7 @@ std::vector<FlowWorld::Field> FlowWorld::fields() const {
       {"LabelAdd", captions(lists.LabelAdd), rows(wanted.LabelAdd)},
       {"ListBorrar", lists.ListBorrar.rows(), wanted.ListBorrar},
       {"LabelErase", captions(lists.LabelErase), rows(wanted.LabelErase)},
-      {"ListPerdidos", desk.program.location.lost_files.TextoPerdidos(), wanted.ListPerdidos},
+      {"ListPerdidos", bench.form.lost_files().TextoPerdidos(), wanted.ListPerdidos},
       {"SalvaListados", shown(form.SalvaListados.visible()), shown(wanted.offers_reports)},
       {"ActualizarVip", shown(form.ActualizarVip.visible()), shown(wanted.offers_reports)},
       {"ZoomListas", shown(form.ZoomListas.visible()), shown(wanted.offers_reports)},
@@ -192,7 +192,7 @@ std::string FlowWorld::first_difference() const {
 }
 
 FlowWorld::Forbidden FlowWorld::forbidden_offer() const {
-  const auto& lists = desk.form.lists;
+  const auto& lists = bench.form.lists;
   const reference::Disk& disk = wanted.disk;
   struct Used {
     std::string row;
@@ -234,9 +234,9 @@ FlowWorld::Forbidden FlowWorld::forbidden_offer() const {
 
 FlowWorld::Forbidden FlowWorld::offer_out_of_reach() const {
   reference::Program shown(root_);
-  shown.ListProyectos = desk.form.lists.ListProyectos.rows();
+  shown.ListProyectos = bench.form.lists.ListProyectos.rows();
   const reference::Rows folders = shown.project_folders();
-  for (const std::string& row : desk.form.lists.ListBorrar.rows()) {
+  for (const std::string& row : bench.form.lists.ListBorrar.rows()) {
     const bool reached =
         std::any_of(folders.begin(), folders.end(),
                     [&](const std::string& folder) { return row.starts_with(folder); });
@@ -248,7 +248,7 @@ FlowWorld::Forbidden FlowWorld::offer_out_of_reach() const {
 FlowWorld::Forbidden FlowWorld::wrongly_left_out() const {
   std::map<std::string, std::string> shown;
   std::size_t unnamed = 0;
-  for (const work::ProyectoFuera& each : desk.work.ProyectosFuera) {
+  for (const work::ProyectoFuera& each : bench.work.ProyectosFuera) {
     if (each.motivo == "su nombre no cabe en la página de códigos") {
       ++unnamed;
       continue;
@@ -293,7 +293,7 @@ std::string FlowWorld::told() const {
     for (const std::string& row : field.reference) text += "    " + reference::utf8_of(row) + "\n";
   }
   text += "ProyectosFuera:\n";
-  for (const work::ProyectoFuera& each : desk.work.ProyectosFuera) {
+  for (const work::ProyectoFuera& each : bench.work.ProyectosFuera) {
     text += "    " + reference::utf8_of(each.ruta + " (" + each.motivo + ")") + "\n";
   }
   return text;
@@ -352,7 +352,7 @@ FlowTally run_interrupted_flows() {
     const std::uint64_t pumps = [&] {
       FlowWorld undisturbed(seed, Studio::Plan::interrupted);
       std::uint64_t count = 0;
-      undisturbed.desk.backend.on_pump = [&] { ++count; };
+      undisturbed.bench.backend.on_pump = [&] { ++count; };
       undisturbed.act(undisturbed.studio.actions.front());
       return count;
     }();
@@ -369,7 +369,7 @@ FlowTally run_interrupted_flows() {
     FlowWorld::Forbidden forbidden = world.forbidden_offer();
     if (forbidden.kind.empty() && happened == kGoneBefore) forbidden = world.offer_out_of_reach();
     const std::string told = happened + " " + headed(seed, forbidden.told, world);
-    const auto& offered = world.desk.form.lists.ListBorrar.rows();
+    const auto& offered = world.bench.form.lists.ListBorrar.rows();
     if (!forbidden.kind.empty()) {
       tally.fail(forbidden.kind, told);
     } else if (happened == "reset" && !offered.empty()) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "support/desk.h"
+#include "support/program_bench.h"
 #include "worlds/reference_program.h"
 #include "worlds/studio.h"
 
@@ -57,7 +57,7 @@ class FlowWorld {
   // The world and both sides of every list, for a person to read.
   std::string told() const;
 
-  Desk desk;
+  ProgramBench bench;
   Studio studio;
   reference::Program wanted;
 

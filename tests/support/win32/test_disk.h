@@ -9,7 +9,7 @@
 
 #include "support/disk_folder.h"
 #include "win32/ansi_text.h"
-#include "win32/win32_file_system.h"
+#include "win32/ports/win32_file_system.h"
 
 // The program has functions of these names, which Windows' headers give another ending.
 #undef DrawIcon

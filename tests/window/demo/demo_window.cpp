@@ -16,8 +16,8 @@
 #include "ui/text_box.h"
 #include "ui/timer.h"
 #include "ui/window.h"
-#include "win32/win32_backend.h"
-#include "win32/win32_dialogs.h"
+#include "win32/peers/win32_backend.h"
+#include "win32/ports/win32_dialogs.h"
 
 namespace {
 
@@ -132,7 +132,7 @@ class DemoWindow : public ui::Window {
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int) {
   win32::Win32Backend backend(instance);
-  win32::Win32Dialogs dialogs(backend);
+  win32::Win32Dialogs dialogs([&] { return backend.owner(); });
   DemoWindow window(backend, dialogs);
   window.load();
   return backend.run();

@@ -1,0 +1,257 @@
+#include "main_window/main_window.h"
+
+#include "location/drive_window.h"
+#include "main_window/about_window.h"
+#include "main_window/projects_left_out_window.h"
+#include "skin/main_window_layout.h"
+#include "work/arrange.h"
+#include "work/dress.h"
+#include "work/stored_state.h"
+
+namespace ordelan::main_window {
+
+Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
+             work::WindowDirectory& windows, settings::Settings& settings)
+    : ui::Window(backend, "Form1"),
+      lists(*this),
+      strip(*this),
+      clocks(*this, platform.regional),
+      path_strip(*this),
+      AbrirFichero(*this, "AbrirFichero"),
+      cmdReset(*this, "cmdReset"),
+      cmdCancelar(*this, "cmdCancelar"),
+      CommandBorrado(*this, "CommandBorrado"),
+      cmdPerdidos(*this, "cmdPerdidos"),
+      cmdMinimizar(*this, "cmdMinimizar"),
+      Salir(*this, "Salir"),
+      SalvaListados(*this, "SalvaListados"),
+      ActualizarVip(*this, "ActualizarVip"),
+      Configurar(*this, "Configurar"),
+      AcercaDe(*this, "AcercaDe"),
+      cmdSalir(*this, "cmdSalir"),
+      LabelFuera(*this, "LabelFuera"),
+      CheckSubPath(*this, "CheckSubPath"),
+      CheckBAK(*this, "CheckBAK"),
+      CheckToolTips(*this, "CheckToolTips"),
+      CheckPlayer(*this, "CheckPlayer"),
+      CheckDragDrop(*this, "CheckDragDrop"),
+      CheckLogo(*this, "CheckLogo"),
+      ZoomListas(*this, "ZoomListas"),
+      TextNum1(*this, "TextNum1", 4),
+      ImagePaso(*this, "ImagePaso", 4),
+      ListProyectosInfo(*this, "ListProyectosInfo"),
+      ShowIco(*this, "ShowIco"),
+      reader(platform, work, strip.XP_ProgressBar1),
+      platform_(platform),
+      work_(work),
+      windows_(windows),
+      settings_(settings),
+      context_{backend, platform, work, windows, settings, lists, strip, clocks},
+      left_out_(work),
+      gate_(platform.files, reader, lists.List1),
+      tree_(platform.files),
+      listing_(platform, work, lists, gate_, tree_, left_out_),
+      decoding_(platform, work, lists, strip, reader, left_out_),
+      analysis_(platform, work, lists, strip, tree_, left_out_),
+      location_(context_, reader, left_out_,
+                {[this] { cmdReset_Click(); },
+                 [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}) {
+  set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
+  set_borderless(true);
+  set_minimizable(true);
+  set_drag_by_background(true);
+  work::arrange(*this, skin::kMainWindow);
+  name_controls();
+  work::dress(*this);
+  wire();
+  windows_.add<Fuera>([this] { return std::make_unique<Fuera>(context_); });
+  windows_.add<Acerca>([this] { return std::make_unique<Acerca>(context_); });
+}
+
+void Form1::name_controls() {
+  set_title("Ordelan");
+  AbrirFichero.set_caption("Abrir proyecto...");
+  AbrirFichero.set_tip("Elegir un proyecto y descodificar su carpeta");
+  cmdReset.set_caption("Vaciar");
+  cmdReset.set_tip("Volver a la ventana vacía");
+  cmdCancelar.set_caption("Cancelar");
+  cmdCancelar.set_tip("Parar lo que está en marcha");
+  CommandBorrado.set_caption("Borrar archivos...");
+  cmdPerdidos.set_caption("Archivos perdidos");
+  cmdPerdidos.set_tip("Ver los archivos que no están donde dicen los proyectos");
+  cmdMinimizar.set_description("Minimizar");
+  cmdMinimizar.set_tip("Minimizar a barra de tareas");
+  Salir.set_description("Salir");
+  Salir.set_tip("Cerrar la aplicación");
+  SalvaListados.set_caption("Salvar listados");
+  ActualizarVip.set_caption("Actualizar Vip's");
+  Configurar.set_caption("Configurar");
+  Configurar.set_tip("Elegir las unidades en las que se buscan archivos");
+  AcercaDe.set_caption("Acerca de");
+  cmdSalir.set_caption("Salir");
+  cmdSalir.set_tip(Salir.tip());
+  LabelFuera.set_tip("Ver qué proyectos no cuentan y por qué");
+  ZoomListas.set_caption("Ampliar listas");
+  // What these lead to is not there yet: they stand in their places and cannot be pressed.
+  for (ui::Control* pending :
+       std::initializer_list<ui::Control*>{&CommandBorrado, &ActualizarVip, &ZoomListas}) {
+    pending->set_enabled(false);
+  }
+
+  // These captions are also the keys under which the boxes are remembered.
+  CheckSubPath.set_caption("Incluir subcarpetas");
+  CheckBAK.set_caption("Incluir Vip_BAK");
+  CheckToolTips.set_caption("Ver tooltips de listas");
+  CheckPlayer.set_caption("Player automático");
+  CheckDragDrop.set_caption("Ver Info de esta ventana al inicio");
+  CheckLogo.set_caption("Ver Logo al inicio");
+  for (ui::CheckBox* box :
+       {&CheckSubPath, &CheckBAK, &CheckToolTips, &CheckPlayer, &CheckDragDrop, &CheckLogo}) {
+    box->set_checked(true);
+  }
+
+  TextNum1[0].set_caption(
+      "Pulsa «Abrir proyecto...» y elige uno: aquí se listan todos los de su carpeta.");
+  TextNum1[1].set_caption("Los archivos de audio que utiliza el proyecto abierto.");
+  TextNum1[2].set_caption("Los archivos que utilizan todos los proyectos de la carpeta.");
+  TextNum1[3].set_caption("Los archivos que no utiliza ninguno: los que se pueden borrar.");
+  ListProyectosInfo.set_caption("Suelta aquí proyectos Vip o carpetas");
+  for (int i = 0; i < ImagePaso.size(); ++i) {
+    ImagePaso[i].set_description("Paso " + std::to_string(i + 1));
+  }
+  ShowIco.set_description("Ordelan");
+}
+
+void Form1::wire() {
+  on_load = [this] { Form_Load(); };
+  on_close = [this] { Salir_Click(); };
+  AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
+  cmdReset.on_click = [this] { cmdReset_Click(); };
+  cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
+  SalvaListados.on_click = [this] { SalvaListados_Click(); };
+  lists.ListProyectos.on_drop = [this](const auto& items) { ListProyectos_Drop(items); };
+  lists.ListProyectos.on_double_click = [this] { ListProyectos_DblClick(); };
+  lists.ListProyectos.on_click = [this] { ListProyectos_Click(); };
+  cmdPerdidos.on_click = [this] { location_.lost_files.cmdPerdidos_Click(); };
+  Configurar.on_click = [this] { Configurar_Click(); };
+  AcercaDe.on_click = [this] { windows_.touch<Acerca>(); };
+  cmdMinimizar.on_click = [this] { set_minimized(true); };
+  Salir.on_click = [this] { Salir_Click(); };
+  cmdSalir.on_click = [this] { Salir_Click(); };
+  LabelFuera.on_click = [this] { LabelFuera_Click(); };
+  CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };
+  CheckLogo.on_click = [this] { CheckLogo_Click(); };
+  ListProyectosInfo.on_mouse_move = [this](ui::Point) { ListProyectosInfo.hide(); };
+  // A heading that the window cuts off can be read in full on the strip.
+  for (auto* headings :
+       {&lists.LabelAdd, &lists.LabelCheck, &lists.LabelCount, &lists.LabelErase}) {
+    for (auto& heading : *headings) {
+      heading->on_click = [this, label = heading.get()] {
+        path_strip.MostrarPath(label->caption());
+      };
+    }
+  }
+}
+
+void Form1::Form_Load() {
+  work::read_place(settings_, *this, "Me", {0, 0});
+  for (ui::CheckBox* box :
+       {&CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckDragDrop, &CheckLogo}) {
+    work::read_box(settings_, *box);
+  }
+  cmdReset_Click();
+  SalvaListados.hide();
+  ActualizarVip.hide();
+  work_.ModoPosiciones = false;
+  show();
+  if (location_.UnidadesDisponibles() == 0) warn_of_no_drive();
+  work_.ClickEnLista = true;
+}
+
+void Form1::warn_of_no_drive() {
+  platform_.dialogs.message(
+      {.title = "Configuración",
+       .text = "No hay ninguna unidad de disco seleccionada para la búsqueda de archivos.\r\n\r\n"
+               "Esto anula la función de \"Actualizar Vip's\"\r\n"
+               "Tampoco permite que al clicar un item de audio de las listas\r\n"
+               "el programa busque audios desubicados.",
+       .icon = system::Icon::critical});
+  Configurar_Click();
+}
+
+void Form1::Configurar_Click() {
+  auto* const drives = windows_.touch<location::UnidadesBuscar>();
+  if (drives == nullptr) return;
+  drives->show();
+  drives->bring_to_front();
+}
+
+void Form1::cmdReset_Click() {
+  if (work_.Borrando) return;
+  work_.begin_job();
+  left_out_.clear();
+  show_ProyectosFuera();
+  shown_before_reports_.reset();
+  set_waiting(false);
+  for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
+  clocks.reset();
+
+  strip.XP_ProgressBar1.hide();
+  CheckDragDrop.show();
+  CheckLogo.show();
+  strip.TextDecode.set_text("");
+  strip.TextDecode.hide();
+  strip.LabelAviso.hide();
+  lists.LabelCount.set_visible(false);
+
+  lists.ListVip.clear();
+  lists.ListVip.hide();
+  lists.LabelAdd.set_visible(false);
+  lists.ListUtilizados.clear();
+  lists.ListUtilizados.hide();
+  lists.ListProyectos.clear();
+  ListProyectosInfo.set_visible(CheckDragDrop.checked());
+  lists.ListBorrar.clear();
+  lists.ListBorrar.hide();
+  lists.LabelCheck.set_visible(false);
+  lists.LabelErase.set_visible(false);
+  lists.ListProyectos.show();  // empty, as the place where projects are dropped
+
+  cmdCancelar.hide();
+  cmdPerdidos.hide();
+  CommandBorrado.hide();
+  path_strip.hide();
+  TextNum1.set_visible(true);
+  work_.Descodificando = false;
+
+  SalvaListados.hide();
+  ActualizarVip.hide();
+  work_.ModoPosiciones = false;
+  ZoomListas.hide();
+  ShowIco.set_visible(CheckLogo.checked());
+}
+
+void Form1::cmdCancelar_Click() {
+  if (work_.Borrando) return;
+  work_.Cancelar = true;
+  work_.Descodificando = false;
+  cmdReset.show();
+  for (const char* window : {"Player", "Zoom", "SA"}) windows_.close(window);
+}
+
+void Form1::Salir_Click() {
+  for (const char* window : {"Player", "Zoom"}) windows_.close(window);
+  work_.begin_job();
+  work::write_place(settings_, *this, "Me");
+  for (const ui::CheckBox* box :
+       {&CheckDragDrop, &CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckLogo}) {
+    work::write_box(settings_, *box);
+  }
+  backend().end();
+}
+
+void Form1::CheckLogo_Click() {
+  if (lists.empty()) ShowIco.set_visible(CheckLogo.checked());
+}
+
+}  // namespace ordelan::main_window

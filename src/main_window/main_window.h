@@ -1,0 +1,179 @@
+// The main window: it owns the work in hand, and its life is the life of the program.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "location/location.h"
+#include "project/folder_tree.h"
+#include "project/project_decoding.h"
+#include "project/project_gate.h"
+#include "project/project_listing.h"
+#include "project/unused_analysis.h"
+#include "project/vip_reader.h"
+#include "settings/settings.h"
+#include "system/platform.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/control_array.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/window.h"
+#include "work/clocks.h"
+#include "work/context.h"
+#include "work/path_strip.h"
+#include "work/status_strip.h"
+#include "work/window_directory.h"
+#include "work/work_in_hand.h"
+#include "work/work_lists.h"
+
+namespace ordelan::main_window {
+
+class Form1 final : public ui::Window {
+ public:
+  // Everything given must outlive the window. `load` starts it.
+  Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
+        work::WindowDirectory& windows, settings::Settings& settings);
+
+  // Picks a project in the file dialog and opens it: its folder's projects are listed and it is
+  // decoded into ListVip.
+  void AbrirFichero_Click();
+  // Projects and folders dropped on ListProyectos: the projects, or all those of the first folder
+  // that holds some, are listed and decoded.
+  void ListProyectos_Drop(const std::vector<std::string>& dropped);
+  // Decodes one row of ListProyectos into ListVip; the other lists stay.
+  void ListProyectos_Decode(std::size_t Indice);
+  void ListProyectos_DblClick();
+  void ListProyectos_Click();
+  // Sweeps the projects that List1 holds: lists them, decodes the first into ListVip and all into
+  // ListUtilizados, and works out what none of them uses. Does nothing, and leaves Descodificando
+  // as it is, while RutaProyectos is in a folder of frozen tracks. False if something newer took
+  // its place on the way.
+  bool BarrerProyectos();
+  // How many of the listed projects the last opening or sweep has decoded; a reset leaves it.
+  std::size_t decoded_projects() const { return decoding_.decoded(); }
+  // Saves the lists as reports, one for each project and two for all.
+  void SalvaListados_Click();
+  // Back to the empty window. A job that runs ends at its next look.
+  void cmdReset_Click();
+  void Inicio() { cmdReset_Click(); }
+  // Asks the running job to stop. What is on screen stays.
+  void cmdCancelar_Click();
+  // Shows the window in which the drives are ticked.
+  void Configurar_Click();
+  // Ends the program, without a question.
+  void Salir_Click();
+  // Shows how many projects count for nothing, as the work in hand has them now. The window that
+  // lists them follows where it is open, and is closed when there are none.
+  void show_ProyectosFuera();
+  // Opens the window that lists those projects, or closes it.
+  void LabelFuera_Click();
+
+  work::WorkLists lists;
+  work::StatusStrip strip;
+  work::Clocks clocks;
+  work::PathStrip path_strip;
+
+  ui::Button AbrirFichero;
+  ui::Button cmdReset;
+  ui::Button cmdCancelar;
+  ui::Button CommandBorrado;
+  ui::Button cmdPerdidos;
+  ui::Button cmdMinimizar;
+  ui::Button Salir;
+  ui::Label SalvaListados;
+  ui::Label ActualizarVip;
+  ui::Label Configurar;
+  ui::Label AcercaDe;
+  ui::Label cmdSalir;    // ends the program too: in words, among the labels
+  ui::Label LabelFuera;  // how many projects count for nothing
+  ui::CheckBox CheckSubPath;
+  ui::CheckBox CheckBAK;
+  ui::CheckBox CheckToolTips;
+  ui::CheckBox CheckPlayer;
+  ui::CheckBox CheckDragDrop;
+  ui::CheckBox CheckLogo;
+  ui::CheckBox ZoomListas;
+  ui::ControlArray<ui::Label> TextNum1;
+  ui::ControlArray<ui::Image> ImagePaso;  // the numbers of the four steps, one a list
+  ui::Label ListProyectosInfo;
+  ui::Image ShowIco;
+
+  project::VipReader reader;
+  // The report of lost files.
+  location::LostFiles& lost_files() { return location_.lost_files; }
+  const location::LostFiles& lost_files() const { return location_.lost_files; }
+
+ private:
+  void Form_Load();
+  void CheckLogo_Click();
+  void warn_of_no_drive();
+  void wire();
+  void name_controls();
+
+  // The steps of AbrirFichero behind the choice of a project.
+  void open_project(const std::string& path);
+  void list_projects();
+  void decode_picked_project(const std::string& display_path);
+  void show_decoded();
+
+  // What opening, sweeping and decoding one project have in common.
+  void show_progress();
+  void hide_progress();
+  // Reads a project into ListVip and heads the list; `shown` is the path that the headings tell.
+  void decode_into_ListVip(const std::string& path, const std::string& shown);
+  void LlenarListUtilizados();
+  void LlenarListBorrar();
+  // Works out the report of lost files, and shows cmdPerdidos if it has two rows or more.
+  void LlenarPerdidos();
+  void show_CommandBorrado();
+  bool forget_tree();
+
+  // What the window shows of the decoded project.
+  struct ShownProject {
+    struct Heading {
+      std::string caption;
+      bool visible;
+    };
+    std::vector<std::string> rows;
+    bool visible;
+    int current;
+    std::string NombreProyecto;
+    std::vector<Heading> headings;
+  };
+  ShownProject shown_project() const;
+  void show_again(const ShownProject& shown);
+  void tell_unsaved(const std::vector<std::string>& failed);
+
+  // A sweep: from a filled List1 to decoded projects.
+  void PrepararBarrido();
+  // How a dropped item ended.
+  enum class Dropped { taken, nothing, swept, ended };
+  // The first of the items; the others are those dropped after it.
+  Dropped drop_item(const std::vector<std::string>& items);
+  Dropped drop_folder(const std::vector<std::string>& items);
+  void leave_out_undropped(const std::vector<std::string>& items);
+  void end_empty_drop();
+  void ask_to_remove_side_files(const std::string& folder);
+  void tell_kept_side_files();
+  bool removes_side_files() const;
+  void show_swept();
+
+  const system::Platform& platform_;
+  work::WorkInHand& work_;
+  work::WindowDirectory& windows_;
+  settings::Settings& settings_;
+  work::Context context_;
+  project::LeftOut left_out_;
+  project::ProjectGate gate_;
+  project::FolderTree tree_;
+  project::ProjectListing listing_;
+  project::ProjectDecoding decoding_;
+  project::UnusedAnalysis analysis_;
+  location::Location location_;
+  std::optional<ShownProject> shown_before_reports_;  // while reports are saved
+  std::vector<std::string> kept_side_files_;          // of this drop, to be told at its end
+};
+
+}  // namespace ordelan::main_window

@@ -1,0 +1,93 @@
+// Saving the lists as reports, in a folder beside the projects.
+#include "main_window/main_window.h"
+#include "settings/reports.h"
+#include "text/paths.h"
+#include "ui/list_width.h"
+
+namespace ordelan::main_window {
+
+void Form1::SalvaListados_Click() {
+  if (work_.Borrando || work_.Descodificando) return;
+  if (work_.RutaProyectos.empty()) return;  // after a drop of nothing: there is nothing to save
+  const auto job = work_.begin_job();
+  work_.Cancelar = false;
+  const std::string folder = work_.RutaProyectos + "Listados\\";
+  if (!platform_.files.info(folder)) platform_.files.make_folder(folder);
+  CheckDragDrop.hide();
+  CheckLogo.hide();
+  lists.ListProyectos.hide();
+
+  std::vector<std::string> failed;
+  const auto save = [&](const std::string& name, const ui::ListBox& list,
+                        const ui::ControlArray<ui::Label>& headings) {
+    const bool saved =
+        settings::SalvarListados(platform_.files, platform_.regional, folder + name, list.rows(),
+                                 headings[0].caption(), headings[1].caption());
+    if (!saved) failed.push_back(folder + name);
+  };
+  // Begun again in the middle of itself, the reports still put back what stood before the first.
+  if (!shown_before_reports_) shown_before_reports_ = shown_project();
+  system::Pacer pacer(platform_.pump, platform_.clock);
+  work_.Descodificando = true;
+  for (std::size_t i = 0; i < lists.ListProyectos.count(); ++i) {
+    const std::string row = lists.ListProyectos.row(i);
+    ListProyectos_Decode(i);
+    if (work_.superseded(job)) return;
+    if (work_.Cancelar) break;
+    save("Archivos de " + text::Obtener_Nombre_Archivo(row) + ".log", lists.ListVip,
+         lists.LabelCount);
+    // Small projects are read too quickly to give the window a turn.
+    pacer.turn();
+    if (work_.superseded(job)) return;
+  }
+  work_.Cancelar = false;
+  if (shown_before_reports_) show_again(*shown_before_reports_);
+  shown_before_reports_.reset();
+  work_.Descodificando = false;
+  strip.XP_ProgressBar1.hide();
+  lists.ListProyectos.show();
+  CheckDragDrop.show();
+  CheckLogo.show();
+  save("Archivos Totales.log", lists.ListUtilizados, lists.LabelAdd);
+  save("Archivos a Borrar.log", lists.ListBorrar, lists.LabelErase);
+  tell_unsaved(failed);
+}
+
+// What the window shows of the decoded project. It is put back as it stood, not decoded anew: the
+// project may be no row of the list (a backup opened by hand), stand there in another case, or have
+// changed on the disk since.
+Form1::ShownProject Form1::shown_project() const {
+  ShownProject shown{lists.ListVip.rows(),
+                     lists.ListVip.visible(),
+                     lists.ListVip.current(),
+                     work_.NombreProyecto,
+                     {}};
+  for (const auto& heading : lists.LabelCount) {
+    shown.headings.push_back({heading->caption(), heading->visible()});
+  }
+  return shown;
+}
+
+void Form1::show_again(const ShownProject& shown) {
+  lists.ListVip.clear();
+  lists.ListVip.add(shown.rows);
+  ui::ListaAncho(lists.ListVip);
+  lists.ListVip.set_visible(shown.visible);
+  lists.ListVip.set_current(shown.current);
+  work_.NombreProyecto = shown.NombreProyecto;
+  for (std::size_t i = 0; i < shown.headings.size(); ++i) {
+    ui::Label& heading = lists.LabelCount[static_cast<int>(i)];
+    heading.set_caption(shown.headings[i].caption);
+    heading.set_visible(shown.headings[i].visible);
+  }
+}
+
+// Reports that could not be written are named on the strip, without a message box.
+void Form1::tell_unsaved(const std::vector<std::string>& failed) {
+  if (failed.empty()) return;
+  std::string text = " >>> AVISO <<<   No se ha podido salvar:";
+  for (const std::string& path : failed) text += "\r\n" + path;
+  strip.Alerta(work::kWarning, text, true);
+}
+
+}  // namespace ordelan::main_window

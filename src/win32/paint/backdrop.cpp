@@ -1,0 +1,79 @@
+#include "win32/paint/backdrop.h"
+
+#include <algorithm>
+
+#include "ui/window.h"
+
+namespace ordelan::win32 {
+namespace {
+
+// A context that a bitmap is painted on, or from.
+class BitmapContext {
+ public:
+  BitmapContext(HDC like, HBITMAP bitmap)
+      : context_(CreateCompatibleDC(like)), old_(SelectObject(context_, bitmap)) {}
+  ~BitmapContext() {
+    SelectObject(context_, old_);
+    DeleteDC(context_);
+  }
+  BitmapContext(const BitmapContext&) = delete;
+  BitmapContext& operator=(const BitmapContext&) = delete;
+
+  HDC get() const { return context_; }
+
+ private:
+  HDC context_;
+  HGDIOBJ old_;
+};
+
+// All colours are kept exactly, whatever the screen has.
+HBITMAP exact_bitmap(int width, int height) {
+  BITMAPINFO format{};
+  format.bmiHeader.biSize = sizeof format.bmiHeader;
+  format.bmiHeader.biWidth = width;
+  format.bmiHeader.biHeight = -height;  // from the top
+  format.bmiHeader.biPlanes = 1;
+  format.bmiHeader.biBitCount = 32;
+  format.bmiHeader.biCompression = BI_RGB;
+  void* bits = nullptr;
+  return CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+}
+
+}  // namespace
+
+void Backdrop::paint(HDC context, const RECT& area, POINT origin, const ui::Window& window,
+                     int dpi) {
+  make_ready(window, dpi);
+  const LONG width = std::min(area.right - area.left, size_.cx - origin.x);
+  const LONG height = std::min(area.bottom - area.top, size_.cy - origin.y);
+  if (!bitmap_ || width < area.right - area.left || height < area.bottom - area.top) {
+    FillRect(context, &area, tools_.brush(window.back_color()));
+  }
+  if (!bitmap_ || width <= 0 || height <= 0) return;
+  const BitmapContext picture(context, bitmap_);
+  BitBlt(context, area.left, area.top, width, height, picture.get(), origin.x, origin.y, SRCCOPY);
+}
+
+void Backdrop::make_ready(const ui::Window& window, int dpi) {
+  const auto wanted = std::tuple(window.background(), dpi, color_of(window.back_color()));
+  if (made_for_ == wanted) return;
+  forget();
+  made_for_ = wanted;
+  const ui::Pixels pixels = pictures_.pixels(window.background(), dpi);
+  if (pixels.argb.empty()) return;
+  bitmap_ = exact_bitmap(pixels.width, pixels.height);
+  if (!bitmap_) return;
+  size_ = {pixels.width, pixels.height};
+  const RECT all{0, 0, pixels.width, pixels.height};
+  const BitmapContext context(nullptr, bitmap_);
+  FillRect(context.get(), &all, tools_.brush(window.back_color()));
+  pictures_.paint(context.get(), all, pixels);
+}
+
+void Backdrop::forget() {
+  if (bitmap_) DeleteObject(bitmap_);
+  bitmap_ = nullptr;
+  size_ = {};
+}
+
+}  // namespace ordelan::win32

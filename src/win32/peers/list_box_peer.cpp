@@ -1,0 +1,381 @@
+#include "win32/peers/list_box_peer.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "win32/ansi_text.h"
+#include "win32/paint/canvas.h"
+#include "win32/paint/screen_scale.h"
+#include "win32/paint/shapes.h"
+#include "win32/peers/handlers.h"
+#include "win32/peers/window_peer.h"
+
+namespace ordelan::win32 {
+namespace {
+
+constexpr DWORD kStyle = LBS_NODATA | LBS_OWNERDRAWFIXED | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
+                         WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
+constexpr int kTextIndent = 4;  // at 96 dots per inch
+constexpr int kRowAir = 4;      // above and below the text together
+constexpr UINT kAnswerTimeout = 10000;
+
+// Characters that go to another process in one message.
+constexpr std::size_t kLargestPiece = 64 * 1024;
+
+UINT rows_message() {
+  static const UINT message = RegisterWindowMessageW(kRowsMessage);
+  return message;
+}
+
+}  // namespace
+
+ListBoxPeer::ListBoxPeer(WindowPeer& parent, ui::ListBox& list)
+    : ControlPeer(parent, list, L"LISTBOX", kStyle,
+                  list.accepts_drops() ? DWORD{WS_EX_ACCEPTFILES} : 0),
+      list_(list) {}
+
+void ListBoxPeer::update(const Marks& marks) {
+  if (marks.has(ui::Aspect::font)) {
+    send(LB_SETITEMHEIGHT, 0,
+         registry().tools().line_height(list_.font(), dpi()) + to_pixels(kRowAir, dpi()));
+  }
+  if (marks.has(ui::Aspect::rows) || marks.has(ui::Aspect::current_row)) {
+    show_rows(!marks.has(ui::Aspect::current_row));
+  }
+  if (marks.has(ui::Aspect::extent)) {
+    // Measured at the program's one density, painted at this window's.
+    const int extent = MulDiv(list_.horizontal_extent(), dpi(), registry().measure_dpi());
+    const int indent = list_.horizontal_extent() > 0 ? 2 * to_pixels(kTextIndent, dpi()) : 0;
+    send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent + indent));
+  }
+}
+
+void ListBoxPeer::show_rows(bool keep_place) {
+  const LRESULT top = send(LB_GETTOPINDEX);
+  send(WM_SETREDRAW, FALSE);
+  if (send(LB_GETCOUNT) != static_cast<LRESULT>(list_.count())) {
+    send(LB_SETCOUNT, static_cast<WPARAM>(list_.count()));
+  }
+  // Choosing a row brings it into sight, which only a new choice may do.
+  if (send(LB_GETCURSEL) != list_.current()) {
+    send(LB_SETCURSEL, static_cast<WPARAM>(list_.current()));
+  } else {
+    keep_place = true;
+  }
+  if (keep_place && !list_.empty()) {
+    const auto last = static_cast<LRESULT>(list_.count()) - 1;
+    send(LB_SETTOPINDEX, static_cast<WPARAM>(std::min(top, last)));
+  }
+  send(WM_SETREDRAW, TRUE);
+  repaint();
+}
+
+void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
+  RECT visible = item.rcItem;
+  RECT client{};
+  GetClientRect(handle(), &client);
+  // A list that is scrolled sideways may have moved the whole context instead of the item.
+  DPtoLP(item.hDC, reinterpret_cast<POINT*>(&client), 2);
+  visible.left = client.left;
+  visible.right = client.right;
+  if (visible.right <= visible.left || visible.bottom <= visible.top) return;
+
+  const Canvas canvas(item.hDC, visible);
+  const HDC context = canvas.context();
+  colors(context);
+  const bool selected = (item.itemState & ODS_SELECTED) != 0;
+  const bool focused = GetFocus() == handle();
+  if (selected) {
+    SetTextColor(context, color_of(focused ? palette().chosen_text : palette().text));
+    SetBkColor(context, color_of(focused ? palette().chosen : palette().raised));
+  } else if (!list_.enabled()) {
+    SetTextColor(context, color_of(palette().text_off));
+  }
+  const bool is_row = item.itemID != static_cast<UINT>(-1);
+  const std::wstring text = is_row ? widen(list_.row(item.itemID)) : std::wstring();
+  const HGDIOBJ old = SelectObject(context, font());
+  // The item begins left of what is visible when the list is scrolled sideways.
+  ExtTextOutW(context, item.rcItem.left + to_pixels(kTextIndent, dpi()),
+              item.rcItem.top + to_pixels(kRowAir, dpi()) / 2, ETO_OPAQUE | ETO_CLIPPED, &visible,
+              text.data(), static_cast<UINT>(text.size()), nullptr);
+  SelectObject(context, old);
+  if (focused && is_row && (item.itemState & ODS_FOCUS) != 0) {
+    square_edge(context, visible, registry().tools().brush(palette().accent), line_width(dpi()));
+  }
+  canvas.show();
+}
+
+std::optional<LRESULT> ListBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  if (message == rows_message()) return answer_rows(w, reinterpret_cast<HWND>(l));
+  const std::weak_ptr<void> still = alive();
+  switch (message) {
+    case WM_ERASEBKGND:
+      erase_below(reinterpret_cast<HDC>(w));
+      return 1;
+    case WM_DROPFILES:
+      dropped(reinterpret_cast<HDROP>(w));
+      return 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      if (row_at(GET_Y_LPARAM(l)) >= 0) return std::nullopt;
+      press_below();
+      return 0;
+    case WM_RBUTTONDOWN:
+      right_button(GET_Y_LPARAM(l));
+      return 0;
+    case WM_KEYDOWN:
+      raise(list_.on_key, static_cast<int>(w));
+      if (still.expired()) return 0;
+      return std::nullopt;
+    case WM_CHAR:
+      return 0;  // the real list would look for a row by letters that it does not have
+    default:
+      return ControlPeer::incoming(message, w, l);
+  }
+}
+
+LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_NCCALCSIZE:
+      return shrink_client(w, l);
+    case WM_NCPAINT:
+      frame_.paint(handle(), GetFocus() == handle(), list_.back_color(), dpi(), registry().tools());
+      return 0;
+    case WM_PAINT:
+      if (!list_.empty()) break;
+      paint_empty();
+      return 0;
+    case WM_NCHITTEST:
+      // What is not the rows' is the line, never one of the bars that nobody sees.
+      return standard(message, w, l) == HTCLIENT ? HTCLIENT : HTBORDER;
+    default:
+      break;
+  }
+  const LRESULT result = standard(message, w, l);
+  show_bars();
+  switch (message) {
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      focus_changed(message == WM_SETFOCUS);
+      break;
+    case WM_LBUTTONDOWN:
+      // Choosing the chosen row again is a choice too.
+      chosen_ = true;
+      by_mouse_ = true;
+      break;
+    case WM_LBUTTONDBLCLK:
+      chosen_ = false;
+      double_clicked_ = true;
+      break;
+    case WM_GETDLGCODE: {
+      const auto* key = reinterpret_cast<const MSG*>(l);
+      const bool tab = key && key->message == WM_KEYDOWN && key->wParam == VK_TAB;
+      return tab ? result : result | DLGC_WANTALLKEYS;
+    }
+    default:
+      break;
+  }
+  return result;
+}
+
+void ListBoxPeer::command(WORD code) {
+  if (code == LBN_SELCHANGE && !flushing()) chosen_ = true;
+}
+
+void ListBoxPeer::deliver() {
+  // While the button is down the choice may still change, and the mouse belongs to the list.
+  if (GetCapture() == handle()) return;
+  const bool clicked = std::exchange(chosen_, false);
+  const bool twice = std::exchange(double_clicked_, false);
+  const bool by_key = !std::exchange(by_mouse_, false);
+  if (!clicked && !twice) return;
+  list_.chosen(static_cast<int>(send(LB_GETCURSEL)), by_key);
+  raise(twice ? list_.on_double_click : list_.on_click);
+}
+
+void ListBoxPeer::erase_below(HDC context) {
+  // Rows paint their own ground; only what lies below the last needs any.
+  RECT rest{};
+  GetClientRect(handle(), &rest);
+  const LRESULT shown = static_cast<LRESULT>(list_.count()) - send(LB_GETTOPINDEX);
+  const LRESULT height = send(LB_GETITEMHEIGHT);
+  rest.top =
+      static_cast<LONG>(std::min<LRESULT>(rest.bottom, std::max<LRESULT>(0, shown) * height));
+  if (rest.top < rest.bottom)
+    FillRect(context, &rest, registry().tools().brush(list_.back_color()));
+}
+
+// The real list would show its focus round a row that it does not have.
+void ListBoxPeer::paint_empty() {
+  PAINTSTRUCT painting{};
+  const HDC context = BeginPaint(handle(), &painting);
+  if (context) FillRect(context, &painting.rcPaint, registry().tools().brush(list_.back_color()));
+  EndPaint(handle(), &painting);
+}
+
+int ListBoxPeer::row_at(int y) const {
+  // LB_ITEMFROMPOINT has only 16 bits for the row.
+  const LRESULT height = send(LB_GETITEMHEIGHT);
+  if (y < 0 || height <= 0) return -1;
+  const LRESULT row = send(LB_GETTOPINDEX) + y / height;
+  return row < static_cast<LRESULT>(list_.count()) ? static_cast<int>(row) : -1;
+}
+
+void ListBoxPeer::right_button(int y) {
+  SetFocus(handle());
+  const int row = row_at(y);
+  if (row >= 0) {
+    send(LB_SETCURSEL, static_cast<WPARAM>(row));
+    list_.chosen(row);
+  }
+  raise(list_.on_right_click);
+}
+
+// The real control hears nothing of it: some would choose the row that is nearest.
+void ListBoxPeer::press_below() {
+  const std::weak_ptr<void> still = alive();
+  SetFocus(handle());
+  if (!still.expired()) raise(list_.on_click_below);
+}
+
+void ListBoxPeer::dropped(HDROP drop) {
+  std::vector<std::string> paths;
+  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+  for (UINT i = 0; i < count; ++i) {
+    std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+    DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size()) + 1);
+    // What the code page cannot name could only be mistaken for something else.
+    if (auto name = narrow(path)) paths.push_back(*std::move(name));
+  }
+  DragFinish(drop);
+  raise(list_.on_drop, std::move(paths));
+}
+
+LRESULT ListBoxPeer::answer_rows(WPARAM row, HWND asker) {
+  std::string text;
+  if (row == static_cast<WPARAM>(-1)) {
+    for (const std::string& each : list_.rows()) text.append(each).push_back('\n');
+    if (!text.empty()) text.pop_back();
+  } else {
+    text = list_.row(row);
+  }
+  std::wstring wide = widen(text);
+  // At least one piece, also of no text: it tells how many rows there are.
+  for (std::size_t at = 0; at == 0 || at < wide.size(); at += kLargestPiece) {
+    const std::size_t size = std::min(kLargestPiece, wide.size() - at);
+    COPYDATASTRUCT data{};
+    data.dwData = list_.count();
+    data.cbData = static_cast<DWORD>(size * sizeof(wchar_t));
+    data.lpData = wide.data() + at;
+    DWORD_PTR taken = FALSE;
+    SendMessageTimeoutW(asker, WM_COPYDATA, reinterpret_cast<WPARAM>(handle()),
+                        reinterpret_cast<LPARAM>(&data), SMTO_ABORTIFHUNG, kAnswerTimeout, &taken);
+    if (!taken) return 0;
+  }
+  return 1;
+}
+
+// Within the line round the list, and up to bars as thin as ours.
+LRESULT ListBoxPeer::shrink_client(WPARAM w, LPARAM l) const {
+  // With either parameter, what is to become the client area comes first.
+  RECT& area = *reinterpret_cast<RECT*>(l);
+  const RECT inside = frame_.inside(area, dpi());
+  area = inside;
+  const LRESULT result = standard(WM_NCCALCSIZE, w, l);
+  const int width = to_pixels(kScrollBarWidth, dpi());
+  if (area.right < inside.right) area.right = std::max(inside.left, inside.right - width);
+  if (area.bottom < inside.bottom) area.bottom = std::max(inside.top, inside.bottom - width);
+  return result;
+}
+
+void ListBoxPeer::focus_changed(bool focused) {
+  frame_.paint(handle(), focused, list_.back_color(), dpi(), registry().tools());
+  if (list_.empty()) repaint();
+  // The chosen row has other colours now.
+  RECT row{};
+  const LRESULT current = send(LB_GETCURSEL);
+  if (current < 0 || send(LB_GETITEMRECT, static_cast<WPARAM>(current),
+                          reinterpret_cast<LPARAM>(&row)) == LB_ERR) {
+    return;
+  }
+  InvalidateRect(handle(), &row, FALSE);
+}
+
+// Any message may have scrolled the list, moved it, or changed what it can be scrolled to.
+void ListBoxPeer::show_bars() {
+  if (showing_bars_) return;
+  showing_bars_ = true;
+  RECT client{};
+  GetClientRect(handle(), &client);
+  MapWindowPoints(handle(), parent().handle(), reinterpret_cast<POINT*>(&client), 2);
+  RECT whole{};
+  GetWindowRect(handle(), &whole);
+  MapWindowPoints(nullptr, parent().handle(), reinterpret_cast<POINT*>(&whole), 2);
+  const RECT inside = frame_.inside(whole, dpi());
+  // They take the list's line in: a real bar is as wide as the system wants it, and would paint
+  // over that. The bar on the right fills the corner between the two as well.
+  RECT right{client.right, client.top, inside.right, inside.bottom};
+  RECT bottom{client.left, client.bottom, client.right, inside.bottom};
+  const bool both = !IsRectEmpty(&right) && !IsRectEmpty(&bottom);
+  if (!IsRectEmpty(&right)) right.right = whole.right;
+  if (!IsRectEmpty(&bottom)) bottom.bottom = whole.bottom;
+  if (both) right.bottom = whole.bottom;
+  const auto cut_of = [&whole](RECT area) {
+    OffsetRect(&area, -whole.left, -whole.top);
+    return area;
+  };
+  cut_from_ = SIZE{whole.right - whole.left, whole.bottom - whole.top};
+  cut_out(cut_of(right), cut_of(bottom));
+  show_bar(vertical_, SB_VERT, right, client.bottom - client.top, handle());
+  const HWND ahead = vertical_ && vertical_->handle() ? vertical_->handle() : handle();
+  show_bar(horizontal_, SB_HORZ, bottom, client.right - client.left, ahead);
+  showing_bars_ = false;
+}
+
+void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const RECT& area, int track,
+                           HWND ahead) {
+  const bool seen = (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (!seen || IsRectEmpty(&area)) {
+    if (bar) bar->hide();
+    return;
+  }
+  if (!bar) {
+    bar = std::make_unique<ScrollBar>(handle(), which == SB_VERT, registry().tools());
+    bar->on_scroll = [this, which](int place) { scroll_to(which, place); };
+  }
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  GetScrollInfo(handle(), which, &info);
+  bar->show(area, track, Scroll{info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos},
+            {ControlFrame::line(GetFocus() == handle()), line_width(dpi())}, ahead);
+}
+
+void ListBoxPeer::scroll_to(int which, int place) const {
+  if (which == SB_VERT) {
+    send(LB_SETTOPINDEX, static_cast<WPARAM>(place));
+  } else {
+    constexpr int kFarthest = 0xFFFF;  // the message has no more room
+    send(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, std::min(place, kFarthest)));
+  }
+}
+
+// Takes the places of the real bars out of the list's outline: nothing is painted there by the
+// list, and no press of the mouse arrives.
+void ListBoxPeer::cut_out(const RECT& right, const RECT& bottom) {
+  if (EqualRect(&right, &right_cut_) && EqualRect(&bottom, &bottom_cut_)) return;
+  right_cut_ = right;
+  bottom_cut_ = bottom;
+  const HRGN outline = CreateRectRgn(0, 0, cut_from_.cx, cut_from_.cy);
+  for (const RECT* const cut : {&right_cut_, &bottom_cut_}) {
+    const HRGN part = CreateRectRgnIndirect(cut);
+    CombineRgn(outline, outline, part, RGN_DIFF);
+    DeleteObject(part);
+  }
+  // The system takes the outline over, if it is one.
+  if (SetWindowRgn(handle(), outline, TRUE) == 0) DeleteObject(outline);
+}
+
+}  // namespace ordelan::win32

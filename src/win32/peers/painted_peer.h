@@ -1,0 +1,33 @@
+// A control that we paint ourselves, and whose presses of the mouse become clicks here.
+#pragma once
+
+#include "win32/peers/control_peer.h"
+
+namespace ordelan::win32 {
+
+class PaintedPeer : public ControlPeer {
+ public:
+  bool is_background() const override;
+
+ protected:
+  // `can_be_pressed`: it is a button to the keys and to screen readers.
+  PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed = false);
+
+  // Paints all of `area`, which begins at the control's top left corner. The painting is shown at
+  // once when it is done.
+  virtual void paint(HDC context, const RECT& area) = 0;
+
+  void update(const Marks& marks) override;
+  std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
+  LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
+  void deliver() override;
+
+ private:
+  void press_window(UINT message, WPARAM w, LPARAM l) const;
+
+  bool pressed_ = false;
+  bool clicked_ = false;
+  bool double_clicked_ = false;
+};
+
+}  // namespace ordelan::win32

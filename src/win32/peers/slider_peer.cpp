@@ -1,0 +1,148 @@
+#include "win32/peers/slider_peer.h"
+
+#include <commctrl.h>
+
+#include "win32/paint/mouse_pointers.h"
+#include "win32/paint/picture_store.h"
+#include "win32/paint/screen_scale.h"
+#include "win32/paint/shapes.h"
+#include "win32/peers/mouse_message.h"
+#include "win32/peers/window_peer.h"
+
+namespace ordelan::win32 {
+namespace {
+
+// The plain groove is as broad as this part of the slider.
+constexpr int kGroovePart = 3;
+
+// The middle of an area that lies along the slider.
+RECT groove_of(RECT area, bool vertical) {
+  if (vertical) {
+    const LONG margin = (area.right - area.left) / kGroovePart;
+    area.left += margin;
+    area.right -= margin;
+  } else {
+    const LONG margin = (area.bottom - area.top) / kGroovePart;
+    area.top += margin;
+    area.bottom -= margin;
+  }
+  return area;
+}
+
+}  // namespace
+
+SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
+    : DressedPeer(parent, slider, TRACKBAR_CLASSW, TBS_NOTICKS | WS_TABSTOP), slider_(slider) {
+  slider_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
+  slider_.picture_size = [this](const std::string& picture) {
+    return registry().pictures().size(picture).value_or(ui::Size{});
+  };
+}
+
+void SliderPeer::update(const Marks& marks) {
+  if (!marks.has(ui::Aspect::look) && !marks.has(ui::Aspect::bounds) &&
+      !marks.has(ui::Aspect::enabled)) {
+    return;
+  }
+  send(TBM_SETRANGEMIN, FALSE, slider_.min());
+  send(TBM_SETRANGEMAX, FALSE, slider_.max());
+  const bool moved = send(TBM_GETPOS) != slider_.value();
+  send(TBM_SETPOS, FALSE, slider_.value());
+  if (moved) NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, handle(), OBJID_CLIENT, CHILDID_SELF);
+  repaint();
+}
+
+std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
+  const ui::Mouse mouse = mouse_of(message, w, l, dpi());
+  // Any of these may raise an event, after which nothing of the peer is touched.
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:  // two quick presses are two presses
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+      if (mouse.button == ui::kLeftButton) {
+        SetFocus(handle());
+        SetCapture(handle());
+        holding_ = true;
+      }
+      slider_.mouse_down(mouse);
+      return 0;
+    case WM_MOUSEMOVE:
+      slider_.mouse_move(mouse);
+      return 0;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+      if (mouse.button == ui::kLeftButton && holding_) {
+        holding_ = false;
+        ReleaseCapture();
+      }
+      slider_.mouse_up(mouse);
+      return 0;
+    case WM_CAPTURECHANGED:
+      if (holding_) {
+        holding_ = false;
+        slider_.press_lost();
+      }
+      return 0;
+    case WM_KEYDOWN:
+      if (slider_.key(static_cast<int>(w))) return 0;
+      return std::nullopt;
+    case TBM_SETPOS:  // from another program, unless it is our own news to the real slider
+      if (flushing()) return std::nullopt;
+      slider_.choose(static_cast<LONG>(l));
+      return 0;
+    case WM_MOUSEWHEEL:  // would move the real slider alone
+      return DefWindowProcW(handle(), message, w, l);
+    case WM_GETDLGCODE:
+      return DLGC_WANTARROWS;
+    case WM_SETCURSOR:
+      if (const HCURSOR pointer = registry().pointers().find(
+              MousePointers::kOwn, slider_.properties().mouse_icon, dpi())) {
+        SetCursor(pointer);
+        return TRUE;
+      }
+      return std::nullopt;
+    default:
+      return DressedPeer::incoming(message, w, l);
+  }
+}
+
+void SliderPeer::paint(HDC context, const RECT& area) {
+  DrawingTools& tools = registry().tools();
+  const ui::SliderProperties& look = slider_.properties();
+  FillRect(context, &area, tools.brush(slider_.back_color()));
+  const RECT track = to_pixels(slider_.track_place(), dpi());
+  if (!show(context, track, track, look.picture_back)) {
+    const RECT groove = groove_of(track, slider_.vertical());
+    FillRect(context, &groove, tools.brush(palette().line));
+  }
+  // The fill is as long as the track, and shows as far as the thumb has come.
+  const RECT fill = to_pixels(slider_.fill_place(), dpi());
+  if (!show(context, track, fill, look.picture_progress)) {
+    const RECT groove = groove_of(fill, slider_.vertical());
+    FillRect(context, &groove, tools.brush(palette().accent));
+  }
+  const RECT thumb = to_pixels(slider_.thumb_place(), dpi());
+  if (!show(context, thumb, thumb, slider_.thumb_picture())) {
+    const bool plain = slider_.thumb_look() == ui::ThumbLook::normal;
+    FillRect(context, &thumb, tools.brush(plain ? palette().raised : palette().raised_over));
+    square_edge(context, thumb, tools.brush(palette().text), line_width(dpi()));
+  }
+  if (has_focus()) {
+    square_edge(context, area, tools.brush(palette().accent), line_width(dpi()));
+  }
+}
+
+// Paints what lies within `seen` of a picture at its place. False when there is no such picture.
+bool SliderPeer::show(HDC context, const RECT& place, const RECT& seen,
+                      const std::string& picture) {
+  if (picture.empty()) return false;
+  const int saved = SaveDC(context);
+  IntersectClipRect(context, seen.left, seen.top, seen.right, seen.bottom);
+  const bool shown = registry().pictures().paint(context, place, picture, dpi());
+  RestoreDC(context, saved);
+  return shown;
+}
+
+}  // namespace ordelan::win32

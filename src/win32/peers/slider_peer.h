@@ -1,0 +1,28 @@
+// The real slider behind a ui::Slider: to others it is the system's own, with our looks, mouse and
+// keys.
+#pragma once
+
+#include <optional>
+
+#include "ui/slider.h"
+#include "win32/peers/dressed_peer.h"
+
+namespace ordelan::win32 {
+
+class SliderPeer final : public DressedPeer {
+ public:
+  SliderPeer(WindowPeer& parent, ui::Slider& slider);
+
+ protected:
+  void update(const Marks& marks) override;
+  std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
+  void paint(HDC context, const RECT& area) override;
+
+ private:
+  bool show(HDC context, const RECT& place, const RECT& seen, const std::string& picture);
+
+  ui::Slider& slider_;
+  bool holding_ = false;  // the mouse, for a press
+};
+
+}  // namespace ordelan::win32
