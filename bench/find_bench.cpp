@@ -125,10 +125,10 @@ void lost_file_report(benchmark::State& state) {
   program.start();
   program.form.lists.ListUtilizados.add(used_rows());
   for (auto _ : state) {
-    project::FolderTree tree(machine.files);
-    program.location.LlenarPerdidos(tree);
+    auto job = work::Job::begin(program.work, machine.platform);
+    program.form.lost_files().LlenarPerdidos(job);
   }
-  const auto& rows = program.location.lost_files.TextoPerdidos();
+  const auto& rows = program.form.lost_files().TextoPerdidos();
   state.counters["lost"] = static_cast<double>(std::count_if(
       rows.begin(), rows.end(), [](const auto& row) { return text::is_file_row(row); }));
 }

@@ -47,11 +47,11 @@ void candidates(benchmark::State& state) {
   work::StatusStrip strip(machine.window);
   std::size_t rows = 0;
   for (auto _ : state) {
-    project::FolderTree tree(machine.files);
+    auto job = work::Job::begin(machine.work, machine.platform);
     project::LeftOut left_out(machine.work);
-    project::UnusedAnalysis analysis(machine.platform, machine.work, lists, strip, tree, left_out);
+    project::UnusedAnalysis analysis(machine.platform, lists, strip, left_out);
     std::vector<std::string> found;
-    analysis.BuscarArchivosAPI("D:\\Mix", found);
+    analysis.BuscarArchivosAPI("D:\\Mix", found, job);
     rows = found.size();
   }
   state.counters["rows"] = static_cast<double>(rows);

@@ -35,10 +35,10 @@ int Location::UnidadesDisponibles() {
   return drives->ticked();
 }
 
-bool Location::BuscarVips(const std::string& folder) {
+bool Location::BuscarVips(const std::string& folder, work::Job& job) {
   auto* const buscar = context_.windows.touch<Buscar>();
   buscar->Text1.set_text(folder);
-  return buscar->BuscarVips();
+  return buscar->BuscarVips(job);
 }
 
 bool Location::has_report() {

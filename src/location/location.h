@@ -31,7 +31,7 @@ class Location {
   // Adds the valid projects in `folder` and below to ListProyectos, and their bare paths to List1;
   // the first project of a drop empties both lists before. Whether there is any. A stop leaves what
   // was found so far.
-  bool BuscarVips(const std::string& folder);
+  bool BuscarVips(const std::string& folder, work::Job& job);
 
   // Whether the report of lost files holds a row.
   bool has_report();

@@ -54,13 +54,13 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
     context_.work.begin_job();
     context_.strip.LabelAviso.hide();
   }
-  const auto job = context_.work.current_job();
+  work::Job job = work::Job::join(context_.work, context_.platform);
   const bool found = search(std::string(Archivo), job);
   asked_.clear();
-  return found && !context_.work.superseded(job);
+  return found && !job.superseded();
 }
 
-bool Buscar::search(const std::string& file, work::JobNumber job) {
+bool Buscar::search(const std::string& file, work::Job& job) {
   const bool is_path = file.find(':') != std::string::npos;
   const std::string name = is_path ? Obtener_Nombre_Archivo(file) : file;
   if (name.empty()) return false;
@@ -95,13 +95,13 @@ bool Buscar::search(const std::string& file, work::JobNumber job) {
       return false;
     }
     found = find_everywhere(name, job);
-    if (context_.work.superseded(job)) return false;
+    if (job.superseded()) return false;
     if (context_.work.Cancelar) {
       context_.strip.Alerta(work::kProgress, ": ", false);
       found = false;
     } else if (found = tell(file); found && silent && List2.count() > 1) {
       found = choose(job);
-      if (context_.work.superseded(job)) return false;
+      if (job.superseded()) return false;
     }
   }
   if (!silent) {
@@ -112,7 +112,7 @@ bool Buscar::search(const std::string& file, work::JobNumber job) {
 }
 
 // Walks the ticked drives. False when it was stopped.
-bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
+bool Buscar::find_everywhere(const std::string& name, work::Job& job) {
   const std::string what = replaced(name, ";", "?");
   for (int i = 0; const UnidadesBuscar* const drives = boxes(); ++i) {
     if (i >= drives->Check1.size()) break;
@@ -121,8 +121,8 @@ bool Buscar::find_everywhere(const std::string& name, work::JobNumber job) {
         work::kWaiting, "Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR",
         true);
     cFind_InitSearch();
-    if (box.checked()) run(std::string(box.tag()), what);
-    if (context_.work.must_stop(job)) return false;
+    if (box.checked()) run(std::string(box.tag()), what, job);
+    if (job.must_stop()) return false;
   }
   return true;
 }
@@ -155,7 +155,7 @@ bool Buscar::tell(const std::string& file) {
 
 // Waits for the user's choice among the hits. False when the job has ended meanwhile, or the
 // program has.
-bool Buscar::choose(work::JobNumber job) {
+bool Buscar::choose(work::Job& job) {
   ElegirRuta* choice = context_.windows.touch<ElegirRuta>();
   if (choice == nullptr) return true;
   choice->Elegido = false;
@@ -163,7 +163,7 @@ bool Buscar::choose(work::JobNumber job) {
   choice->ListElegirRuta.add(List2.rows());
   ui::ListaAncho(choice->ListElegirRuta);
   system::EventPump& pump = context_.platform.pump;
-  while (choice != nullptr && !choice->Elegido && !pump.ended() && !context_.work.superseded(job)) {
+  while (choice != nullptr && !choice->Elegido && !pump.ended() && !job.superseded()) {
     pump.wait();
     choice = context_.windows.find<ElegirRuta>();
   }

@@ -28,11 +28,11 @@ std::string_view folder_of(std::string_view path) {
 // How many used files each folder has.
 using Crowd = std::unordered_map<std::string_view, int>;
 
-Crowd crowd_of(const std::vector<std::string>& rows, system::Pacer& pacer) {
+Crowd crowd_of(const std::vector<std::string>& rows, work::Job& job) {
   Crowd crowd;
   for (const std::string& row : rows) {
     if (!is_title(row)) ++crowd[folder_of(row)];
-    pacer.turn();
+    job.turn();
   }
   return crowd;
 }
@@ -44,13 +44,12 @@ bool LostFiles::is_lost(const std::string& row) const {
   return !context_.platform.files.look_up(row);
 }
 
-void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
-  const auto job = context_.work.current_job();
+void LostFiles::LlenarPerdidos(work::Job& job) {
   TextoPerdidos_.clear();
   if (auto* const list = context_.windows.find<Perdidos>()) list->ListPerdidos.clear();
-  std::vector<std::string> rows = collect(listed);
-  if (context_.work.superseded(job)) return;
-  if (!context_.work.Cancelar) strike_out_repeats(rows);
+  std::vector<std::string> rows = collect(job);
+  if (job.superseded()) return;
+  if (!job.cancelled()) strike_out_repeats(rows);
   TextoPerdidos_ = std::move(rows);
   if (auto* const list = context_.windows.find<Perdidos>()) {
     show_in(*list);
@@ -60,11 +59,10 @@ void LostFiles::LlenarPerdidos(project::FolderTree& listed) {
 }
 
 // Projects that have lost nothing keep their titles, so that one sees that they were looked at.
-std::vector<std::string> LostFiles::collect(project::FolderTree& folders) const {
-  const auto job = context_.work.current_job();
+std::vector<std::string> LostFiles::collect(work::Job& job) const {
+  work::FolderTree& folders = job.folders();
   const auto used = context_.lists.ListUtilizados.kept_rows();
-  system::Pacer pacer(context_.platform.pump, context_.platform.clock);
-  const Crowd crowd = crowd_of(*used, pacer);
+  const Crowd crowd = crowd_of(*used, job);
   std::vector<std::string> rows;
   for (const std::string& row : *used) {
     if (is_title(row)) {
@@ -76,8 +74,7 @@ std::vector<std::string> LostFiles::collect(project::FolderTree& folders) const 
       const auto held = listed ? folders.holds_plain_file(row) : std::nullopt;
       if (held ? !*held : is_lost(row)) rows.push_back(row);
     }
-    pacer.turn();
-    if (context_.work.must_stop(job)) break;
+    if (!job.turn()) break;
   }
   return rows;
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "location/lost_file_window.h"
-#include "project/folder_tree.h"
 #include "work/context.h"
+#include "work/job.h"
 
 namespace ordelan::location {
 
@@ -16,9 +16,9 @@ class LostFiles {
 
   // Fills ListPerdidos with the title of every project of ListUtilizados and, under it, its files
   // that are not on the disk: each lost file once, under the first project that uses it. A cancel
-  // leaves the list as far as it got; a reset leaves it empty. What `listed` knows of the disk is
-  // not asked again, and it learns more.
-  void LlenarPerdidos(project::FolderTree& listed);
+  // leaves the list as far as it got; a reset leaves it empty. Folders that
+  // `job` has listed are not asked again.
+  void LlenarPerdidos(work::Job& job);
 
   // Whether any used file is missing, as quickly as that can be said.
   bool HayPerdidos() const;
@@ -35,7 +35,7 @@ class LostFiles {
 
  private:
   bool is_lost(const std::string& row) const;
-  std::vector<std::string> collect(project::FolderTree& folders) const;
+  std::vector<std::string> collect(work::Job& job) const;
   static void strike_out_repeats(std::vector<std::string>& rows);
 
   work::Context context_;

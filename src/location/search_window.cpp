@@ -55,16 +55,15 @@ bool Buscar::Valido(const std::string& Ruta) {
 }
 
 // Runs one search; it ends as soon as the job that it belongs to has to.
-void Buscar::run(const std::string& folder, const std::string& what) {
+void Buscar::run(const std::string& folder, const std::string& what, work::Job& job) {
   const std::shared_ptr<cFindFiles> finder = cFind_;
-  finder->on_turn = [this, it = finder.get(), job = context_.work.current_job()] {
-    if (context_.work.must_stop(job)) it->StopSearch();
+  finder->on_turn = [this, it = finder.get(), number = job.number()] {
+    if (context_.work.must_stop(number)) it->StopSearch();
   };
   finder->Find(folder, what, "", 1);
 }
 
-bool Buscar::BuscarVips() {
-  const auto job = context_.work.current_job();
+bool Buscar::BuscarVips(work::Job& job) {
   cFind_ = new_finder();
   asked_.clear();
   std::string folder = Text1.text();
@@ -76,22 +75,21 @@ bool Buscar::BuscarVips() {
                         : why == cFindFiles::Unseen::linked ? project::WhyOut::linked
                                                             : project::WhyOut::unreadable);
   };
-  run(folder, "*.vip");
-  if (context_.work.superseded(job)) return false;
+  run(folder, "*.vip", job);
+  if (job.superseded()) return false;
 
   std::vector<std::string> valid;
-  system::Pacer pacer(context_.platform.pump, context_.platform.clock);
   const auto found = List2.kept_rows();
   for (const std::string& path : *found) {
     const bool usable = Valido(path);
-    if (context_.work.superseded(job)) return false;
+    if (job.superseded()) return false;
     if (usable) {
       valid.push_back(path);
     } else if (const auto why = gate_.refusal(); why && project::is_project_name(path)) {
       left_out_.add(path, *why);
     }
-    pacer.turn();
-    if (context_.work.superseded(job)) return false;
+    job.turn();
+    if (job.superseded()) return false;
     if (context_.work.Cancelar) break;
   }
   work::WorkLists& lists = context_.lists;

@@ -12,6 +12,7 @@
 #include "ui/text_box.h"
 #include "ui/window.h"
 #include "work/context.h"
+#include "work/job.h"
 
 namespace ordelan::location {
 
@@ -42,7 +43,7 @@ class Buscar final : public ui::Window {
   // Adds the valid projects in the folder of Text1 and below to ListProyectos, and their bare paths
   // to List1; the first project of a drop empties both lists before. Whether there is any. The
   // others are left out with their reason.
-  bool BuscarVips();
+  bool BuscarVips(work::Job& job);
 
   // Finds where a file is now: at the same path on a ticked drive, or anywhere on the ticked
   // drives. Whether it was found; ArchivoActual is then its path, and the strip says how it went.
@@ -61,12 +62,12 @@ class Buscar final : public ui::Window {
  private:
   std::shared_ptr<cFindFiles> new_finder();
   UnidadesBuscar* boxes();
-  bool search(const std::string& file, work::JobNumber job);
-  bool find_everywhere(const std::string& file, work::JobNumber job);
+  bool search(const std::string& file, work::Job& job);
+  bool find_everywhere(const std::string& file, work::Job& job);
   bool tell(const std::string& file);
-  bool choose(work::JobNumber job);
+  bool choose(work::Job& job);
   void stop_clock();
-  void run(const std::string& folder, const std::string& what);
+  void run(const std::string& folder, const std::string& what, work::Job& job);
   void cFind_InitSearch();
   void cFind_EndSearch(const cFindFiles& finder);
 

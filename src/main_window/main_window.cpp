@@ -49,10 +49,9 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       context_{backend, platform, work, windows, settings, lists, strip, clocks},
       left_out_(work),
       gate_(platform.files, reader, lists.List1),
-      tree_(platform.files),
-      listing_(platform, work, lists, gate_, tree_, left_out_),
+      listing_(platform, work, lists, gate_, left_out_),
       decoding_(platform, work, lists, strip, reader, left_out_),
-      analysis_(platform, work, lists, strip, tree_, left_out_),
+      analysis_(platform, lists, strip, left_out_),
       location_(context_, reader, left_out_,
                 {[this] { cmdReset_Click(); },
                  [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}) {
@@ -160,9 +159,6 @@ void Form1::Form_Load() {
     work::read_box(settings_, *box);
   }
   cmdReset_Click();
-  SalvaListados.hide();
-  ActualizarVip.hide();
-  work_.ModoPosiciones = false;
   show();
   if (location_.UnidadesDisponibles() == 0) warn_of_no_drive();
   work_.ClickEnLista = true;
@@ -193,42 +189,16 @@ void Form1::cmdReset_Click() {
   show_ProyectosFuera();
   shown_before_reports_.reset();
   set_waiting(false);
-  for (const char* window : {"Zoom", "SA", "Player", "ListasZoom"}) windows_.close(window);
+  close_windows({kZoom, kSA, kPlayer, kListasZoom});
   clocks.reset();
-
-  strip.XP_ProgressBar1.hide();
-  CheckDragDrop.show();
-  CheckLogo.show();
   strip.TextDecode.set_text("");
-  strip.TextDecode.hide();
-  strip.LabelAviso.hide();
-  lists.LabelCount.set_visible(false);
-
-  lists.ListVip.clear();
-  lists.ListVip.hide();
-  lists.LabelAdd.set_visible(false);
-  lists.ListUtilizados.clear();
-  lists.ListUtilizados.hide();
-  lists.ListProyectos.clear();
-  ListProyectosInfo.set_visible(CheckDragDrop.checked());
-  lists.ListBorrar.clear();
-  lists.ListBorrar.hide();
-  lists.LabelCheck.set_visible(false);
-  lists.LabelErase.set_visible(false);
-  lists.ListProyectos.show();  // empty, as the place where projects are dropped
-
-  cmdCancelar.hide();
-  cmdPerdidos.hide();
-  CommandBorrado.hide();
-  path_strip.hide();
-  TextNum1.set_visible(true);
+  for (ui::ListBox* list :
+       {&lists.ListVip, &lists.ListUtilizados, &lists.ListProyectos, &lists.ListBorrar}) {
+    list->clear();
+  }
   work_.Descodificando = false;
-
-  SalvaListados.hide();
-  ActualizarVip.hide();
   work_.ModoPosiciones = false;
-  ZoomListas.hide();
-  ShowIco.set_visible(CheckLogo.checked());
+  show_empty();
 }
 
 void Form1::cmdCancelar_Click() {
@@ -236,11 +206,11 @@ void Form1::cmdCancelar_Click() {
   work_.Cancelar = true;
   work_.Descodificando = false;
   cmdReset.show();
-  for (const char* window : {"Player", "Zoom", "SA"}) windows_.close(window);
+  close_windows({kPlayer, kZoom, kSA});
 }
 
 void Form1::Salir_Click() {
-  for (const char* window : {"Player", "Zoom"}) windows_.close(window);
+  close_windows({kPlayer, kZoom});
   work_.begin_job();
   work::write_place(settings_, *this, "Me");
   for (const ui::CheckBox* box :
@@ -248,6 +218,10 @@ void Form1::Salir_Click() {
     work::write_box(settings_, *box);
   }
   backend().end();
+}
+
+void Form1::close_windows(std::initializer_list<const char*> names) {
+  for (const char* const name : names) windows_.close(name);
 }
 
 void Form1::CheckLogo_Click() {

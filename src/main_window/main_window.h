@@ -1,12 +1,12 @@
 // The main window: it owns the work in hand, and its life is the life of the program.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "location/location.h"
-#include "project/folder_tree.h"
 #include "project/project_decoding.h"
 #include "project/project_gate.h"
 #include "project/project_listing.h"
@@ -22,6 +22,7 @@
 #include "ui/window.h"
 #include "work/clocks.h"
 #include "work/context.h"
+#include "work/job.h"
 #include "work/path_strip.h"
 #include "work/status_strip.h"
 #include "work/window_directory.h"
@@ -29,6 +30,13 @@
 #include "work/work_lists.h"
 
 namespace ordelan::main_window {
+
+// The windows of sound, by their names in the directory. They are closed where the work in hand
+// changes.
+inline constexpr const char* kPlayer = "Player";
+inline constexpr const char* kSA = "SA";
+inline constexpr const char* kZoom = "Zoom";
+inline constexpr const char* kListasZoom = "ListasZoom";
 
 class Form1 final : public ui::Window {
  public:
@@ -42,15 +50,15 @@ class Form1 final : public ui::Window {
   // Projects and folders dropped on ListProyectos: the projects, or all those of the first folder
   // that holds some, are listed and decoded.
   void ListProyectos_Drop(const std::vector<std::string>& dropped);
-  // Decodes one row of ListProyectos into ListVip; the other lists stay.
-  void ListProyectos_Decode(std::size_t Indice);
+  // Decodes one row of ListProyectos into ListVip, as a part of `job`; the other lists stay.
+  void ListProyectos_Decode(work::Job& job, std::size_t Indice);
   void ListProyectos_DblClick();
   void ListProyectos_Click();
   // Sweeps the projects that List1 holds: lists them, decodes the first into ListVip and all into
   // ListUtilizados, and works out what none of them uses. Does nothing, and leaves Descodificando
-  // as it is, while RutaProyectos is in a folder of frozen tracks. False if something newer took
-  // its place on the way.
-  bool BarrerProyectos();
+  // as it is, while RutaProyectos is in a folder of frozen tracks. False if a newer job took the
+  // place of `job` on the way.
+  bool BarrerProyectos(work::Job& job);
   // How many of the listed projects the last opening or sweep has decoded; a reset leaves it.
   std::size_t decoded_projects() const { return decoding_.decoded(); }
   // Saves the lists as reports, one for each project and two for all.
@@ -112,23 +120,39 @@ class Form1 final : public ui::Window {
   void wire();
   void name_controls();
 
-  // The steps of AbrirFichero behind the choice of a project.
-  void open_project(const std::string& path);
-  void list_projects();
-  void decode_picked_project(const std::string& display_path);
-  void show_decoded();
-
-  // What opening, sweeping and decoding one project have in common.
+  // The states of the window, each in one place: view_states.cpp.
+  void show_empty();
+  void show_choosing();
+  void show_opening();
+  void show_dropping();
+  void show_sweeping();
+  void show_projects();
   void show_progress();
   void hide_progress();
-  // Reads a project into ListVip and heads the list; `shown` is the path that the headings tell.
-  void decode_into_ListVip(const std::string& path, const std::string& shown);
-  void LlenarListUtilizados();
-  void LlenarListBorrar();
-  // Works out the report of lost files, and shows cmdPerdidos if it has two rows or more.
-  void LlenarPerdidos();
+  void show_opened();
+  void show_swept();
+  void show_commands();
+  void show_decoding_row();
+  void show_decoded_row();
+  void show_saving_reports();
+  void show_reports_saved();
   void show_CommandBorrado();
-  bool forget_tree();
+
+  // The steps of AbrirFichero after the choice of a project.
+  void open_project(const std::string& path);
+  void decode_folder(work::Job& job, const std::string& path);
+  void list_projects(work::Job& job);
+  void decode_picked_project(work::Job& job, const std::string& display_path);
+
+  // What opening, sweeping and decoding one project have in common.
+  // Reads a project into ListVip and heads the list; `shown` is the path that the headings show.
+  void decode_into_ListVip(work::Job& job, const std::string& path, const std::string& shown);
+  void LlenarListUtilizados(work::Job& job);
+  void LlenarListBorrar(work::Job& job);
+  // Works out the report of lost files, and shows cmdPerdidos if it has two rows or more.
+  void LlenarPerdidos(work::Job& job);
+  bool removes_side_files() const;
+  void close_windows(std::initializer_list<const char*> names);
 
   // What the window shows of the decoded project.
   struct ShownProject {
@@ -151,14 +175,12 @@ class Form1 final : public ui::Window {
   // How a dropped item ended.
   enum class Dropped { taken, nothing, swept, ended };
   // The first of the items; the others are those dropped after it.
-  Dropped drop_item(const std::vector<std::string>& items);
-  Dropped drop_folder(const std::vector<std::string>& items);
+  Dropped drop_item(work::Job& job, const std::vector<std::string>& items);
+  Dropped drop_folder(work::Job& job, const std::vector<std::string>& items);
   void leave_out_undropped(const std::vector<std::string>& items);
   void end_empty_drop();
-  void ask_to_remove_side_files(const std::string& folder);
+  void ask_to_remove_side_files(work::Job& job, const std::string& folder);
   void tell_kept_side_files();
-  bool removes_side_files() const;
-  void show_swept();
 
   const system::Platform& platform_;
   work::WorkInHand& work_;
@@ -167,7 +189,6 @@ class Form1 final : public ui::Window {
   work::Context context_;
   project::LeftOut left_out_;
   project::ProjectGate gate_;
-  project::FolderTree tree_;
   project::ProjectListing listing_;
   project::ProjectDecoding decoding_;
   project::UnusedAnalysis analysis_;

@@ -9,13 +9,11 @@ namespace ordelan::main_window {
 void Form1::SalvaListados_Click() {
   if (work_.Borrando || work_.Descodificando) return;
   if (work_.RutaProyectos.empty()) return;  // after a drop of nothing: there is nothing to save
-  const auto job = work_.begin_job();
+  auto job = work::Job::begin(work_, platform_);
   work_.Cancelar = false;
   const std::string folder = work_.RutaProyectos + "Listados\\";
   if (!platform_.files.info(folder)) platform_.files.make_folder(folder);
-  CheckDragDrop.hide();
-  CheckLogo.hide();
-  lists.ListProyectos.hide();
+  show_saving_reports();
 
   std::vector<std::string> failed;
   const auto save = [&](const std::string& name, const ui::ListBox& list,
@@ -27,27 +25,23 @@ void Form1::SalvaListados_Click() {
   };
   // Begun again in the middle of itself, the reports still put back what stood before the first.
   if (!shown_before_reports_) shown_before_reports_ = shown_project();
-  system::Pacer pacer(platform_.pump, platform_.clock);
-  work_.Descodificando = true;
+  job.set_busy();
   for (std::size_t i = 0; i < lists.ListProyectos.count(); ++i) {
     const std::string row = lists.ListProyectos.row(i);
-    ListProyectos_Decode(i);
-    if (work_.superseded(job)) return;
-    if (work_.Cancelar) break;
+    ListProyectos_Decode(job, i);
+    if (job.superseded()) return;
+    if (job.cancelled()) break;
     save("Archivos de " + text::Obtener_Nombre_Archivo(row) + ".log", lists.ListVip,
          lists.LabelCount);
     // Small projects are read too quickly to give the window a turn.
-    pacer.turn();
-    if (work_.superseded(job)) return;
+    job.turn();
+    if (job.superseded()) return;
   }
   work_.Cancelar = false;
   if (shown_before_reports_) show_again(*shown_before_reports_);
   shown_before_reports_.reset();
-  work_.Descodificando = false;
-  strip.XP_ProgressBar1.hide();
-  lists.ListProyectos.show();
-  CheckDragDrop.show();
-  CheckLogo.show();
+  job.set_idle();
+  show_reports_saved();
   save("Archivos Totales.log", lists.ListUtilizados, lists.LabelAdd);
   save("Archivos a Borrar.log", lists.ListBorrar, lists.LabelErase);
   tell_unsaved(failed);

@@ -9,9 +9,7 @@
 
 namespace ordelan::project {
 
-void ProjectDecoding::DescodificarProyectos(bool with_backups) {
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
+void ProjectDecoding::DescodificarProyectos(work::Job& job, bool with_backups) {
   lists_.LabelAdd[0].hide();
   strip_.TextDecode.show();
   decoded_ = 0;
@@ -21,17 +19,17 @@ void ProjectDecoding::DescodificarProyectos(bool with_backups) {
   const auto projects = lists_.ListProyectos.kept_rows();
   const auto maximum = static_cast<std::int64_t>(projects->size());
   for (std::size_t i = 0; i < projects->size(); ++i) {
-    decode_row((*projects)[i], with_backups);
-    if (work_.superseded(job)) return;
-    pacer.turn();
-    if (work_.superseded(job)) return;
+    decode_row(job, (*projects)[i], with_backups);
+    if (job.superseded()) return;
+    job.turn();
+    if (job.superseded()) return;
     // The reader has used the bar for its own file.
     strip_.XP_ProgressBar1.set_range(0, maximum);
     strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
-    if (work_.Cancelar) break;
+    if (job.cancelled()) break;
   }
-  if (!work_.Cancelar) duplicates = strike_out_repeats(pacer);
-  if (work_.superseded(job)) return;
+  if (!job.cancelled()) duplicates = strike_out_repeats(job);
+  if (job.superseded()) return;
 
   strip_.TextDecode.hide();
   lists_.LabelAdd.set_visible(false);
@@ -43,8 +41,7 @@ void ProjectDecoding::DescodificarProyectos(bool with_backups) {
   lists_.LabelAdd.set_visible(true);
 }
 
-void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
-  const auto job = work_.current_job();
+void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool with_backups) {
   if (!with_backups && row.find("_BAK") != std::string::npos) {
     left_out_.add(text::Obtener_VipPath(row), WhyOut::backup);
     return;
@@ -68,7 +65,7 @@ void ProjectDecoding::decode_row(const std::string& row, bool with_backups) {
   // The folder is put before rows that are names alone, and before whole paths as well, which are
   // then not found; and of a row on a network share the number stays before the path, which is then
   // read from the wrong place. What those projects use must not be offered.
-  if (path != own_path && !work_.superseded(job)) read_misread(own_path);
+  if (path != own_path && !job.superseded()) read_misread(own_path);
 }
 
 void ProjectDecoding::read_misread(const std::string& path) {
@@ -79,13 +76,12 @@ void ProjectDecoding::read_misread(const std::string& path) {
 
 // Two files are the same only if their full paths are, letter for letter; the first stays, so that
 // a shared file stands under the first project that uses it.
-std::size_t ProjectDecoding::strike_out_repeats(system::Pacer& pacer) {
+std::size_t ProjectDecoding::strike_out_repeats(work::Job& job) {
   ui::ListBox& list = lists_.ListUtilizados;
-  const auto job = work_.current_job();
   auto rows = list.kept_rows();
   const auto repeated = repeated_rows(
-      *rows, [](const std::string& row) { return !text::is_file_row(row); }, [&] { pacer.turn(); });
-  if (work_.superseded(job)) return 0;
+      *rows, [](const std::string& row) { return !text::is_file_row(row); }, [&] { job.turn(); });
+  if (job.superseded()) return 0;
   std::size_t count = 0;
   std::string last;
   for (std::size_t i = 0; i < repeated.size(); ++i) {

@@ -8,6 +8,7 @@
 #include "project/left_out.h"
 #include "project/vip_reader.h"
 #include "system/platform.h"
+#include "work/job.h"
 #include "work/status_strip.h"
 #include "work/work_in_hand.h"
 #include "work/work_lists.h"
@@ -34,7 +35,7 @@ class ProjectDecoding {
   // projects whose row holds "_BAK" are passed over. A cancel ends the decoding, and repeats are
   // struck out of what there is only when it was not cancelled. Projects that were passed over, or
   // of which no audio was read, are left out with their reason.
-  void DescodificarProyectos(bool with_backups);
+  void DescodificarProyectos(work::Job& job, bool with_backups);
 
   // How many projects the last decoding has read audio from; 0 before the first.
   std::size_t decoded() const { return decoded_; }
@@ -44,9 +45,9 @@ class ProjectDecoding {
   std::shared_ptr<const std::vector<std::string>> also_used() const { return misread_.kept_rows(); }
 
  private:
-  void decode_row(const std::string& row, bool with_backups);
+  void decode_row(work::Job& job, const std::string& row, bool with_backups);
   void read_misread(const std::string& path);
-  std::size_t strike_out_repeats(system::Pacer& pacer);
+  std::size_t strike_out_repeats(work::Job& job);
 
   const system::Platform& platform_;
   work::WorkInHand& work_;

@@ -39,9 +39,9 @@ bool ProjectListing::accepts(const std::string& path) {
   return false;
 }
 
-void ProjectListing::list_flat(bool with_backups) {
+void ProjectListing::list_flat(work::Job& job, bool with_backups) {
   std::vector<std::string> candidates;
-  for (const auto& entry : tree_.listing(work_.RutaProyectos).files) {
+  for (const auto& entry : job.folders().listing(work_.RutaProyectos).files) {
     if (entry.plain && text::matches("*.vip", entry.name)) {
       candidates.push_back(work_.RutaProyectos + entry.name);
     }
@@ -50,8 +50,6 @@ void ProjectListing::list_flat(bool with_backups) {
   lists_.List1.add(candidates);
 
   lists_.ListProyectos.hide();
-  system::Pacer pacer(platform_.pump, platform_.clock);
-  const auto job = work_.current_job();
   std::size_t number = 1;
   for (const std::string& path : candidates) {
     if (!with_backups && is_backup(path)) {
@@ -59,54 +57,51 @@ void ProjectListing::list_flat(bool with_backups) {
       continue;
     }
     const bool valid = accepts(path);
-    if (work_.superseded(job)) return;
+    if (job.superseded()) return;
     if (valid) lists_.ListProyectos.add(text::project_row(number++, path));
-    pacer.turn();
-    if (work_.superseded(job)) return;
+    job.turn();
+    if (job.superseded()) return;
   }
 }
 
-void ProjectListing::ListarCarpetas() {
+void ProjectListing::ListarCarpetas(work::Job& job) {
   const WaitCursor waiting(lists_.ListProyectos.window());
   platform_.pump.pump();
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
   const std::string root = system::with_backslash(text::trim(work_.RutaProyectos));
   std::vector<std::string> folders = {std::string(text::trim(work_.RutaProyectos))};
-  tree_.walk(root, [&](const std::string& folder, const FolderTree::Listing& listing) {
-    if (folder != root) folders.push_back(folder.substr(0, folder.size() - 1));
-    if (folder == root && !listing.readable && !platform_.files.info(root)) {
-      platform_.dialogs.message({.title = "", .text = "No se ha encontrado la ruta de acceso"});
-    }
-    return !(pacer.turn() && work_.must_stop(job));
-  });
-  if (work_.superseded(job)) return;
+  job.folders().walk(
+      root, [&](const std::string& folder, const work::FolderTree::Listing& listing) {
+        if (folder != root) folders.push_back(folder.substr(0, folder.size() - 1));
+        if (folder == root && !listing.readable && !platform_.files.info(root)) {
+          platform_.dialogs.message({.title = "", .text = "No se ha encontrado la ruta de acceso"});
+        }
+        return job.turn();
+      });
+  if (job.superseded()) return;
   lists_.List1.clear();
   lists_.List1.add(std::move(folders));
 }
 
-void ProjectListing::ListarProyectosCarpetas(bool with_backups) {
+void ProjectListing::ListarProyectosCarpetas(work::Job& job, bool with_backups) {
   lists_.ListProyectos.clear();
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
   std::size_t number = 0;
   const auto folders = lists_.List1.kept_rows();
   for (const std::string& row : *folders) {
     const std::string folder = system::with_backslash(row);
-    for (const auto& entry : tree_.listing(folder).files) {
+    for (const auto& entry : job.folders().listing(folder).files) {
       if (!ends_in_vip(entry.name)) continue;
       if (!with_backups && is_backup(entry.name)) {
         if (is_project_name(entry.name)) left_out_.add(folder + entry.name, WhyOut::backup);
         continue;
       }
       const bool valid = accepts(folder + entry.name);
-      if (work_.superseded(job)) return;
+      if (job.superseded()) return;
       if (valid) lists_.ListProyectos.add(text::project_row(++number, folder + entry.name));
-      pacer.turn();
-      if (work_.superseded(job)) return;
+      job.turn();
+      if (job.superseded()) return;
     }
-    pacer.turn();
-    if (work_.superseded(job)) return;
+    job.turn();
+    if (job.superseded()) return;
   }
 }
 

@@ -51,9 +51,9 @@ class ProjectSearch {
   void search(const std::string& path) {
     if (unreadable_.empty() && !search_file(files_, path, names_, go_on_)) unreadable_ = path;
   }
-  void search(const std::string& folder, const FolderTree::Listing& listing) {
+  void search(const std::string& folder, const work::FolderTree::Listing& listing) {
     if (!listing.readable) unreadable_ = folder;
-    for (const FolderTree::Entry& file : listing.files) {
+    for (const work::FolderTree::Entry& file : listing.files) {
       if (may_be_project(file.name)) search(folder + file.name);
     }
     for (const system::UnnamedEntry& entry : listing.unnamed) {
@@ -61,7 +61,7 @@ class ProjectSearch {
     }
   }
   // Its subfolders should be searched too: these cannot be.
-  void miss_subfolders(const std::string& folder, const FolderTree::Listing& listing) {
+  void miss_subfolders(const std::string& folder, const work::FolderTree::Listing& listing) {
     for (const std::string& link : listing.links) unreadable_ = folder + link;
     for (const system::UnnamedEntry& entry : listing.unnamed) {
       if (entry.folder) unreadable_ = folder + entry.shown;
@@ -78,15 +78,15 @@ class ProjectSearch {
 // Searches all projects that may name files of the folder. Gives what could not be searched, empty
 // if nothing.
 std::string search_projects(const std::string& folder, const std::vector<std::string>& projects,
-                            system::FileSystem& files, FolderTree& tree, NameSearch& names,
+                            system::FileSystem& files, work::FolderTree& tree, NameSearch& names,
                             const std::function<bool()>& go_on) {
   ProjectSearch search(files, names, go_on);
   for (const std::string& project : projects) search.search(project);
   // Audio often lies in a folder of its own below its project.
-  for (const std::string& around : folders_around(folder)) {
+  for (const std::string& around : work::folders_around(folder)) {
     search.search(around, tree.listing(around));
   }
-  tree.walk(folder, [&](const std::string& here, const FolderTree::Listing& listing) {
+  tree.walk(folder, [&](const std::string& here, const work::FolderTree::Listing& listing) {
     search.search(here, listing);
     search.miss_subfolders(here, listing);
     return search.unreadable().empty() && go_on();
@@ -97,7 +97,7 @@ std::string search_projects(const std::string& folder, const std::vector<std::st
 }  // namespace
 
 SideFiles side_files_of(const std::string& folder, const std::vector<std::string>& projects,
-                        system::FileSystem& files, FolderTree& tree,
+                        system::FileSystem& files, work::FolderTree& tree,
                         const std::function<bool()>& go_on) {
   struct SideFile {
     std::string name;
@@ -106,7 +106,7 @@ SideFiles side_files_of(const std::string& folder, const std::vector<std::string
   std::vector<SideFile> found;
   std::vector<std::string> audio;
   for (const char* kind : kSideKinds) {
-    for (const FolderTree::Entry& file : tree.listing(folder).files) {
+    for (const work::FolderTree::Entry& file : tree.listing(folder).files) {
       if (!file.plain || text::lower(text::Obtener_Extension(file.name)) != kind) continue;
       found.push_back({file.name, is_audio(kind)});
       if (is_audio(kind)) audio.push_back(file.name);

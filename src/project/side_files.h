@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "project/folder_tree.h"
 #include "system/file_system.h"
+#include "work/folder_tree.h"
 
 namespace ordelan::project {
 
@@ -24,7 +24,7 @@ struct SideFiles {
 // one are kept; all of them where one cannot be read, or where a link leads to folders that are not
 // searched. `go_on` is called now and then; when it gives false nothing may be removed.
 SideFiles side_files_of(const std::string& folder, const std::vector<std::string>& projects,
-                        system::FileSystem& files, FolderTree& tree,
+                        system::FileSystem& files, work::FolderTree& tree,
                         const std::function<bool()>& go_on);
 
 }  // namespace ordelan::project

@@ -17,20 +17,7 @@
 
 namespace ordelan::project {
 
-struct UnusedAnalysis::Loop {
-  Loop(const system::Platform& platform, work::WorkInHand& in_hand)
-      : pacer(platform.pump, platform.clock), work(in_hand), job(in_hand.current_job()) {}
-
-  // Gives the window its turn. False once the job has to end.
-  bool turn() { return !(pacer.turn() && work.must_stop(job)); }
-
-  system::Pacer pacer;
-  work::WorkInHand& work;
-  work::JobNumber job;
-};
-
-void UnusedAnalysis::ListarArchivosCarpetas() {
-  Loop loop(platform_, work_);
+void UnusedAnalysis::ListarArchivosCarpetas(work::Job& job) {
   const auto projects = lists_.ListProyectos.kept_rows();
   std::vector<std::string> folders;
   for (const std::string& row : *projects) {
@@ -40,28 +27,28 @@ void UnusedAnalysis::ListarArchivosCarpetas() {
     // which is not there.
     if (platform_.files.look_up(folder)) folder = text::getPath(folder, "\\");
     folders.push_back(std::move(folder));
-    if (!loop.turn()) break;
+    if (!job.turn()) break;
   }
   const auto repeated = repeated_rows(folders);
 
   std::vector<std::string> candidates;
   searched_.clear();
-  for (std::size_t i = 0; i < folders.size() && !work_.must_stop(loop.job); ++i) {
-    if (!repeated[i] && !search_folder(folders[i], candidates, loop)) break;
+  for (std::size_t i = 0; i < folders.size() && !job.must_stop(); ++i) {
+    if (!repeated[i] && !BuscarArchivosAPI(folders[i], candidates, job)) break;
   }
-  if (work_.superseded(loop.job)) return;
-  if (!work_.Cancelar) note_projects_left_out(*projects, loop);
-  if (work_.superseded(loop.job)) return;
+  if (job.superseded()) return;
+  if (!job.cancelled()) note_projects_left_out(*projects, job);
+  if (job.superseded()) return;
   lists_.List1.clear();
   lists_.List1.add(std::move(candidates));
 }
 
 // Whether a project is one of the rows under another path: through a link or a substituted drive.
 bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
-                                         const std::vector<std::string>& projects, Loop& loop) {
+                                         const std::vector<std::string>& projects, work::Job& job) {
   if (listed_.empty()) {
     for (const std::string& row : projects) {
-      if (!loop.turn()) return true;  // nothing of this will be used
+      if (!job.turn()) return true;  // nothing of this will be used
       const auto identity = platform_.files.identity(text::behind_arrow(row));
       if (identity) listed_.push_back(*identity);
     }
@@ -72,94 +59,91 @@ bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
 
 // Projects among the searched files that have no row: in subfolders that are not included, beside a
 // dropped one, hidden, or with names outside the code page.
-void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects, Loop& loop) {
+void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects,
+                                            work::Job& job) {
   listed_.clear();
   std::unordered_set<std::string> listed;
   for (const std::string& row : projects) {
     listed.insert(text::same_file_key(text::behind_arrow(row)));
-    if (!loop.turn()) return;
+    if (!job.turn()) return;
   }
   const auto note_files = [&](const std::string& folder, WhyOut why) {
-    for (const FolderTree::Entry& file : tree_.listing(folder).files) {
+    for (const work::FolderTree::Entry& file : job.folders().listing(folder).files) {
       if (!is_project_name(file.name)) continue;
       const std::string path = folder + file.name;
       if (listed.contains(text::same_file_key(path)) || left_out_.holds(path) ||
-          is_listed_elsewhere(path, projects, loop)) {
+          is_listed_elsewhere(path, projects, job)) {
         continue;
       }
       const bool frozen = path.find("FreezeData") != std::string::npos;
       left_out_.add(path, frozen ? WhyOut::frozen : !file.plain ? WhyOut::hidden : why);
     }
-    for (const system::UnnamedEntry& entry : tree_.listing(folder).unnamed) {
+    for (const system::UnnamedEntry& entry : job.folders().listing(folder).unnamed) {
       if (!entry.folder && is_project_name(entry.shown)) {
         left_out_.add(folder + entry.shown, WhyOut::unnamed);
       }
     }
   };
   for (const std::string& folder : searched_) {
-    const FolderTree::Listing& found = tree_.listing(folder);
+    const work::FolderTree::Listing& found = job.folders().listing(folder);
     if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
     for (const std::string& link : found.links) left_out_.add(folder + link + "\\", WhyOut::linked);
     for (const system::UnnamedEntry& entry : found.unnamed) {
       if (entry.folder) left_out_.add(folder + entry.shown + "\\", WhyOut::unnamed);
     }
     note_files(folder, WhyOut::not_listed);
-    if (!loop.turn()) return;
+    if (!job.turn()) return;
   }
   std::set<std::string> above;
   for (const std::string& row : projects) {
     const std::string path(text::behind_arrow(row));
-    for (std::string& around : folders_around(text::getPath(path, "\\"))) {
+    for (std::string& around : work::folders_around(text::getPath(path, "\\"))) {
       if (!searched_.contains(around)) above.insert(std::move(around));
     }
-    if (!loop.turn()) return;
+    if (!job.turn()) return;
   }
   for (const std::string& folder : above) {
     note_files(folder, WhyOut::above);
-    if (!loop.turn()) return;
+    if (!job.turn()) return;
   }
 }
 
-bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista) {
-  Loop loop(platform_, work_);
-  return search_folder(Ruta, Lista, loop);
-}
-
-bool UnusedAnalysis::search_folder(const std::string& Ruta, std::vector<std::string>& Lista,
-                                   Loop& loop) {
+bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista,
+                                       work::Job& job) {
   std::array<std::vector<std::string>, kPatterns.size()> found;
-  const bool whole = tree_.walk(system::with_backslash(Ruta),
-                                [&](const std::string& folder, const FolderTree::Listing& listing) {
-                                  searched_.insert(folder);
-                                  for (const FolderTree::Entry& file : listing.files) {
-                                    if (const auto kind = kind_of(file.name))
-                                      found[*kind].push_back(folder + file.name);
-                                  }
-                                  return loop.turn();
-                                });
+  const bool whole =
+      job.folders().walk(system::with_backslash(Ruta),
+                         [&](const std::string& folder, const work::FolderTree::Listing& listing) {
+                           searched_.insert(folder);
+                           for (const work::FolderTree::Entry& file : listing.files) {
+                             if (const auto kind = kind_of(file.name))
+                               found[*kind].push_back(folder + file.name);
+                           }
+                           return job.turn();
+                         });
   for (auto& rows : found) {
     for (std::string& row : rows) {
       Lista.push_back(std::move(row));
-      loop.turn();
+      job.turn();
     }
     rows = {};
   }
-  return whole && !work_.must_stop(loop.job);
+  return whole && !job.must_stop();
 }
 
-bool UnusedAnalysis::exists(const std::string& path) {
-  const FolderTree::Entry* known = tree_.known_file(path);
+bool UnusedAnalysis::exists(const std::string& path, const work::FolderTree& folders) const {
+  const work::FolderTree::Entry* const known = folders.known_file(path);
   return known != nullptr ? known->plain : platform_.files.look_up(path).has_value();
 }
 
 // Whether a candidate goes because its content is that of a used file of the same name. Also where
 // one of the two has gone since the folders were listed: a file that was moved is not offered.
-bool UnusedAnalysis::equal(const std::string& used, const std::string& candidate) {
-  return ComparaFiles(used, candidate) || !platform_.files.look_up(used) ||
+bool UnusedAnalysis::equal(const std::string& used, const std::string& candidate, work::Job& job) {
+  return ComparaFiles(used, candidate, job) || !platform_.files.look_up(used) ||
          !platform_.files.look_up(candidate);
 }
 
-void UnusedAnalysis::BuscarNoUtilizados(const std::vector<std::string>& also_used) {
+void UnusedAnalysis::BuscarNoUtilizados(work::Job& job, const std::vector<std::string>& also_used) {
   if (lists_.ListUtilizados.empty()) return;
   lists_.ListBorrar.hide();
   strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
@@ -169,52 +153,50 @@ void UnusedAnalysis::BuscarNoUtilizados(const std::vector<std::string>& also_use
   std::vector<std::string> candidates = lists_.List1.take();
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used->size()));
 
-  Loop loop(platform_, work_);
   const DiskQuestions disk = {
-      [this](const std::string& path) { return exists(path); },
-      [this](const std::string& a, const std::string& b) { return equal(a, b); }};
+      [&](const std::string& path) { return exists(path, job.folders()); },
+      [&](const std::string& a, const std::string& b) { return equal(a, b, job); }};
   const auto struck = strike_used(*used, candidates, disk, [&](std::size_t i) {
-    if (loop.pacer.turn()) strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
-    return !work_.must_stop(loop.job);
+    return job.turn([&] { strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i)); });
   });
-  if (work_.superseded(loop.job)) return;
+  if (job.superseded()) return;
   std::vector<std::string> left;
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     if (!struck[i]) left.push_back(std::move(candidates[i]));
-    if (work_.must_stop(loop.job)) break;
-    loop.turn();
+    if (job.must_stop()) break;
+    job.turn();
   }
   candidates = {};
-  if (!work_.Cancelar) offer_unused({used.get(), shown.get(), &also_used}, left, loop);
-  if (work_.superseded(loop.job)) return;
-  if (work_.Cancelar) offer_nothing();
+  if (!job.cancelled()) offer_unused({used.get(), shown.get(), &also_used}, left, job);
+  if (job.superseded()) return;
+  if (job.cancelled()) offer_nothing();
   lists_.List1.clear();
   lists_.List1.add(std::move(left));
 }
 
 // Fills ListBorrar, unless the job has to end first.
 void UnusedAnalysis::offer_unused(const std::vector<const std::vector<std::string>*>& used,
-                                  const std::vector<std::string>& left, Loop& loop) {
+                                  const std::vector<std::string>& left, work::Job& job) {
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(left.size()));
   std::vector<std::string> audio;
   for (std::size_t i = 0; i < left.size(); ++i) {
     if (is_offered(left[i]) && left[i].find("FreezeData") == std::string::npos) {
       audio.push_back(left[i]);
     }
-    if (loop.pacer.turn()) strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i));
-    if (work_.must_stop(loop.job)) return;
+    if (!job.turn([&] { strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i)); })) return;
   }
   // The strike compares names and paths letter for letter, and may pass over a row that was listed
   // twice. A file that a project names is not offered for all that.
-  const auto same = same_as_used(audio, used, platform_.files, tree_, [&] { return loop.turn(); });
-  if (work_.must_stop(loop.job)) return;
+  const auto same =
+      same_as_used(audio, used, platform_.files, job.folders(), [&] { return job.turn(); });
+  if (job.must_stop()) return;
   std::vector<std::string> unused;
   for (std::size_t i = 0; i < audio.size(); ++i) {
     if (!same[i]) unused.push_back(std::move(audio[i]));
   }
   const auto none_exempt = [](const std::string&) { return false; };
-  const auto repeated = repeated_rows(unused, none_exempt, [&] { loop.turn(); });
-  if (work_.must_stop(loop.job)) return;
+  const auto repeated = repeated_rows(unused, none_exempt, [&] { job.turn(); });
+  if (job.must_stop()) return;
 
   const std::size_t total = unused.size();
   std::vector<std::string> kept;
@@ -252,7 +234,8 @@ void UnusedAnalysis::head_unused(std::size_t found, std::size_t duplicates) {
   headings[1].set_visible(found > 0);
 }
 
-bool UnusedAnalysis::ComparaFiles(const std::string& Archivo1, const std::string& Archivo2) {
+bool UnusedAnalysis::ComparaFiles(const std::string& Archivo1, const std::string& Archivo2,
+                                  work::Job& job) {
   if (Archivo1.empty() || Archivo2.empty()) return false;
   const auto first = platform_.files.open(Archivo1);
   const auto second = platform_.files.open(Archivo2);
@@ -262,8 +245,6 @@ bool UnusedAnalysis::ComparaFiles(const std::string& Archivo1, const std::string
   const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, first->size()));
   std::vector<std::uint8_t> a(size);
   std::vector<std::uint8_t> b(size);
-  const auto job = work_.current_job();
-  system::Pacer pacer(platform_.pump, platform_.clock);
   for (std::uint64_t at = 0; at < first->size(); at += size) {
     const auto left = static_cast<std::size_t>(std::min<std::uint64_t>(size, first->size() - at));
     const auto from_a = first->read(at, std::span(a).first(left));
@@ -272,7 +253,7 @@ bool UnusedAnalysis::ComparaFiles(const std::string& Archivo1, const std::string
     if (!std::equal(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(left), b.begin())) {
       return false;
     }
-    if (pacer.turn() && work_.must_stop(job)) return false;
+    if (!job.turn()) return false;
   }
   return true;
 }

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "project/folder_tree.h"
 #include "project/left_out.h"
 #include "system/platform.h"
+#include "work/job.h"
 #include "work/status_strip.h"
 #include "work/work_in_hand.h"
 #include "work/work_lists.h"
@@ -17,57 +17,46 @@ namespace ordelan::project {
 class UnusedAnalysis {
  public:
   // What is given must outlive the analysis.
-  UnusedAnalysis(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
-                 work::StatusStrip& strip, FolderTree& tree, LeftOut& left_out)
-      : platform_(platform),
-        work_(work),
-        lists_(lists),
-        strip_(strip),
-        tree_(tree),
-        left_out_(left_out) {}
+  UnusedAnalysis(const system::Platform& platform, work::WorkLists& lists, work::StatusStrip& strip,
+                 LeftOut& left_out)
+      : platform_(platform), lists_(lists), strip_(strip), left_out_(left_out) {}
 
   // List1 becomes every file of the twenty kinds in the folders of the listed projects and below:
   // folder by folder, within it pattern by pattern, and within that each folder ahead of its own
   // subfolders. A folder inside another project's folder is listed with both. Projects in those
   // folders that are no rows of ListProyectos are left out with their reason: what they use is
   // looked for among files that may be offered.
-  void ListarArchivosCarpetas();
+  void ListarArchivosCarpetas(work::Job& job);
 
   // Strikes from List1 what ListUtilizados uses, moves what is left and is audio to ListBorrar
   // without repeats, and heads that list with the totals. Never offers a file that a row of
   // ListUtilizados, of ListVip or of `also_used` names, whatever the spelling. Does nothing where
   // nothing is used. A cancel leaves ListBorrar empty: a list that was only half worked out would
   // offer used files.
-  void BuscarNoUtilizados(const std::vector<std::string>& also_used = {});
+  void BuscarNoUtilizados(work::Job& job, const std::vector<std::string>& also_used = {});
 
-  // Whether two files are there with the same length and the same bytes.
-  bool ComparaFiles(const std::string& Archivo1, const std::string& Archivo2);
+  // Whether two files exist with the same length and the same bytes.
+  bool ComparaFiles(const std::string& Archivo1, const std::string& Archivo2, work::Job& job);
 
   // Adds to `Lista` every file in `Ruta` and below that fits one of the twenty patterns: pattern by
   // pattern, each folder ahead of its own subfolders. The folders are walked once for all patterns.
   // False when it was stopped in the middle.
-  bool BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista);
+  bool BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista, work::Job& job);
 
  private:
-  // A loop of one job, with its turns for the window.
-  struct Loop;
-
-  bool search_folder(const std::string& Ruta, std::vector<std::string>& Lista, Loop& loop);
-  void note_projects_left_out(const std::vector<std::string>& projects, Loop& loop);
+  void note_projects_left_out(const std::vector<std::string>& projects, work::Job& job);
   bool is_listed_elsewhere(const std::string& path, const std::vector<std::string>& projects,
-                           Loop& loop);
-  bool exists(const std::string& path);
-  bool equal(const std::string& used, const std::string& candidate);
+                           work::Job& job);
+  bool exists(const std::string& path, const work::FolderTree& folders) const;
+  bool equal(const std::string& used, const std::string& candidate, work::Job& job);
   void offer_unused(const std::vector<const std::vector<std::string>*>& used,
-                    const std::vector<std::string>& left, Loop& loop);
+                    const std::vector<std::string>& left, work::Job& job);
   void offer_nothing();
   void head_unused(std::size_t found, std::size_t duplicates);
 
   const system::Platform& platform_;
-  work::WorkInHand& work_;
   work::WorkLists& lists_;
   work::StatusStrip& strip_;
-  FolderTree& tree_;
   LeftOut& left_out_;
   std::vector<system::FileIdentity> listed_;  // of the projects; empty until they are asked for
   std::set<std::string> searched_;  // the folders of the last search, each with its backslash

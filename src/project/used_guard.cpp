@@ -74,7 +74,7 @@ std::string_view folder_of(std::string_view path) {
 // keeps a file.
 class UsedFiles {
  public:
-  UsedFiles(system::FileSystem& files, FolderTree& tree) : files_(files), tree_(tree) {}
+  UsedFiles(system::FileSystem& files, work::FolderTree& tree) : files_(files), tree_(tree) {}
 
   void count(const std::string& row) {
     const std::string_view folder = folder_of(row);
@@ -88,9 +88,9 @@ class UsedFiles {
     const std::string_view folder = folder_of(row);
     const std::string_view name = std::string_view(row).substr(folder.size());
     const bool known = tree_.knows(folder);
-    const FolderTree::Entry* entry = nullptr;
+    const work::FolderTree::Entry* entry = nullptr;
     if (known || crowd_[folder] >= kWorthAListing) {
-      entry = FolderTree::find_file(tree_.listing(folder), name);
+      entry = work::FolderTree::find_file(tree_.listing(folder), name);
       // A short name stands in no listing; any other that is missing is lost.
       if (entry == nullptr && name.find('~') == std::string_view::npos) return;
     }
@@ -106,7 +106,7 @@ class UsedFiles {
   }
 
   // Whether an offered row is used, as far as paths, folders and listings tell.
-  bool holds(const std::string& row, const FolderTree::Entry* entry) {
+  bool holds(const std::string& row, const work::FolderTree::Entry* entry) {
     if (paths_.contains(path_hash(row))) return true;
     if (names_.empty() && numbers_.empty()) return false;
     const std::string_view folder = folder_of(row);
@@ -159,7 +159,7 @@ class UsedFiles {
   }
 
   system::FileSystem& files_;
-  FolderTree& tree_;
+  work::FolderTree& tree_;
   std::unordered_map<std::string_view, int> crowd_;  // used files by folder
   std::pair<const std::string_view, int>* counted_ = nullptr;
   std::unordered_map<std::string, std::optional<FileIdentity>> folders_;
@@ -175,7 +175,7 @@ class UsedFiles {
 
 std::vector<bool> same_as_used(const std::vector<std::string>& offered,
                                const std::vector<const std::vector<std::string>*>& used,
-                               system::FileSystem& files, FolderTree& tree,
+                               system::FileSystem& files, work::FolderTree& tree,
                                const std::function<bool()>& go_on) {
   std::vector<bool> same(offered.size(), false);
   if (offered.empty()) return same;
@@ -194,7 +194,7 @@ std::vector<bool> same_as_used(const std::vector<std::string>& offered,
 
   bool link_offered = false;
   for (std::size_t i = 0; i < offered.size(); ++i) {
-    const FolderTree::Entry* const entry = tree.known_file(offered[i]);
+    const work::FolderTree::Entry* const entry = tree.known_file(offered[i]);
     same[i] = in_use.holds(offered[i], entry);
     link_offered |= !same[i] && entry != nullptr && entry->link;
     if (!go_on()) return same;

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "project/folder_tree.h"
 #include "system/file_system.h"
+#include "work/folder_tree.h"
 
 namespace ordelan::project {
 
@@ -26,7 +26,7 @@ namespace ordelan::project {
 // then; when it gives false the result is of no use.
 std::vector<bool> same_as_used(const std::vector<std::string>& offered,
                                const std::vector<const std::vector<std::string>*>& used,
-                               system::FileSystem& files, FolderTree& tree,
+                               system::FileSystem& files, work::FolderTree& tree,
                                const std::function<bool()>& go_on);
 
 }  // namespace ordelan::project

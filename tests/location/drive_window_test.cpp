@@ -193,7 +193,8 @@ TEST_F(DriveWindow, a_drive_that_is_gone_loses_its_box) {
   bench.drives.drives.erase("D:\\");
   // The drives are looked up anew with each new finder.
   bench.buscar().Text1.set_text(bench.disk.path("nada"));
-  bench.buscar().BuscarVips();
+  auto job = work::Job::join(bench.work, bench.platform);
+  bench.buscar().BuscarVips(job);
   bench.buscar().UnidadesDisponibles();
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\"));
 }

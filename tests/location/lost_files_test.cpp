@@ -27,8 +27,8 @@ struct LostFileReport : ::testing::Test {
   location::Perdidos& window() { return *bench.windows.touch<location::Perdidos>(); }
   const std::vector<std::string>& rows() { return window().ListPerdidos.rows(); }
   void report() {
-    project::FolderTree tree(bench.disk.files());
-    bench.form.lost_files().LlenarPerdidos(tree);
+    auto job = work::Job::join(bench.work, bench.platform);
+    bench.form.lost_files().LlenarPerdidos(job);
   }
   bool report_offered() const { return bench.form.cmdPerdidos.visible(); }
   std::string saved(const std::string& below) {
@@ -154,7 +154,7 @@ TEST_F(LostFileReport, the_decode_of_one_project_offers_the_report_that_is_there
   bench.start();
   bench.open("Mix\\tema.vip");
   ASSERT_FALSE(report_offered());
-  bench.form.ListProyectos_Decode(0);
+  bench.double_click(0);
   EXPECT_TRUE(report_offered());
 }
 

@@ -56,14 +56,15 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
   bench.start();
   location::Buscar& buscar = bench.buscar();
   buscar.Text1.set_text(bench.disk.path("Mix\\"));
-  EXPECT_TRUE(buscar.BuscarVips());
+  auto job = work::Job::join(bench.work, bench.platform);
+  EXPECT_TRUE(buscar.BuscarVips(job));
   EXPECT_THAT(buscar.List2.rows(),
               ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\midi.vip"),
                           bench.disk.path("Mix\\Viejo\\a.VIP")));
   EXPECT_THAT(bench.form.lists.ListProyectos.rows(),
               ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\Viejo\\a.VIP")));
   buscar.Text1.set_text(bench.disk.path("nada"));
-  EXPECT_FALSE(buscar.BuscarVips());
+  EXPECT_FALSE(buscar.BuscarVips(job));
 }
 
 }  // namespace

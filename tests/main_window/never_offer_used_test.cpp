@@ -511,7 +511,7 @@ class WithoutNumbers final : public system::FileSystem {
 struct LastLook : ::testing::Test {
   TestDisk disk;
   WithoutNumbers files{disk.files()};
-  project::FolderTree tree{files};
+  work::FolderTree tree{files};
 
   // Which of the offered files are used, with the folders of the offered ones searched before.
   std::vector<bool> same(const std::vector<std::string>& offered,
@@ -603,7 +603,7 @@ TEST_F(SideFilesOfADrop, that_are_hidden_stay) {
   files.add_folder("D:\\v");
   files.add_file("D:\\v\\a.cue", "x", true);
   files.add_file("D:\\v\\b.cue", "x");
-  project::FolderTree tree(files);
+  work::FolderTree tree(files);
   const auto side = project::side_files_of("D:\\v\\", {}, files, tree, [] { return true; });
   EXPECT_THAT(side.removable, ElementsAre("b.cue"));
 }
@@ -616,7 +616,7 @@ TEST_F(SideFilesOfADrop, that_are_audio_stay_where_a_project_is_locked) {
     files.add_file("D:\\v\\a.wma", "x");
     files.add_file("D:\\v\\b.cue", "x");
     files.add_file("D:\\v\\sub\\p.vip", "nada", false, locked);
-    project::FolderTree tree(files);
+    work::FolderTree tree(files);
     const auto side = project::side_files_of("D:\\v\\", {}, files, tree, [] { return true; });
     EXPECT_EQ(side.kept.size(), locked ? 1u : 0u);
     EXPECT_EQ(side.unreadable, locked ? "D:\\v\\sub\\p.vip" : "");

@@ -345,7 +345,8 @@ TEST_F(Sweep, a_folder_of_frozen_tracks_is_never_swept) {
     work.Descodificando = decoding;
     form.lists.List1.clear();
     form.lists.List1.add(disk.path("a.vip"));
-    form.BarrerProyectos();
+    auto job = work::Job::begin(work, platform);
+    form.BarrerProyectos(job);
     EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
     EXPECT_EQ(work.Descodificando, decoding);
   }

@@ -1,6 +1,8 @@
 // Single steps of the main window's handlers, each of which a user would miss.
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 #include "main_window/main_window.h"
 #include "support/program_bench.h"
 
@@ -140,6 +142,25 @@ TEST_F(WindowSteps, backups_that_are_left_out_are_not_counted_in_the_heading) {
   form.CheckBAK.set_checked(false);
   open("Mix\\a.vip");
   EXPECT_EQ(form.lists.LabelCheck[0].caption(), "Encontrados 2 proyectos en:");
+}
+
+TEST_F(WindowSteps, a_sweep_that_fails_in_the_middle_leaves_a_window_that_can_be_used) {
+  project("Mix\\a.vip", {"Mix\\a.wav"});
+  backend.on_pump = [] { throw std::runtime_error("out of memory"); };
+  EXPECT_THROW(drop({"Mix\\a.vip"}), std::runtime_error);
+  EXPECT_FALSE(work.Descodificando);
+  backend.on_pump = nullptr;
+  drop({"Mix\\a.vip"});
+  EXPECT_EQ(form.lists.ListProyectos.count(), 1u);
+}
+
+TEST_F(WindowSteps, a_reset_before_the_folders_are_listed_leaves_no_folder_behind) {
+  project("Mix\\a.vip", {"Mix\\a.wav"});
+  form.CheckSubPath.set_checked(true);
+  in_the_middle([&] { return form.waiting(); }, [&] { form.cmdReset_Click(); });
+  open("Mix\\a.vip");
+  EXPECT_TRUE(form.lists.List1.empty());
+  EXPECT_TRUE(form.lists.empty());
 }
 
 }  // namespace

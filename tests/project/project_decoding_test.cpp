@@ -28,6 +28,7 @@ struct AllProjects : ::testing::Test, WorkBench {
 
   project::VipReader reader{platform, work, strip.XP_ProgressBar1};
   project::LeftOut left_out{work};
+  work::Job job = work::Job::join(work, platform);
   project::ProjectDecoding decoding{platform, work, lists, strip, reader, left_out};
 };
 
@@ -35,7 +36,7 @@ TEST_F(AllProjects, give_a_header_and_their_files_each) {
   work.RutaProyectos = disk.path("Mix\\");
   list_project("Mix\\tema.vip", {"D:\\a.wav", "D:\\b.mp3"});
   list_project("Mix\\otro.vip", {"D:\\c.wav"});
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", "D:\\b.mp3",
                                   row(2, "Mix\\otro.vip"), "D:\\c.wav"));
   EXPECT_EQ(totals(), "3  archivos en: 2 proyectos, 0 duplicados; Total: 3");
@@ -49,7 +50,7 @@ TEST_F(AllProjects, a_shared_file_stands_once_under_the_first_that_uses_it) {
   list_project("Mix\\tema.vip", {"D:\\a.wav", "D:\\b.wav"});
   list_project("Mix\\otro.vip", {"D:\\b.wav", "D:\\c.wav"});
   list_project("Mix\\tres.vip", {"D:\\b.wav"});
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", "D:\\b.wav",
                                   row(2, "Mix\\otro.vip"), "D:\\c.wav", row(3, "Mix\\tres.vip")));
   EXPECT_EQ(totals(), "5  archivos en: 3 proyectos, 2 duplicados; Total: 3");
@@ -59,7 +60,7 @@ TEST_F(AllProjects, a_shared_file_stands_once_under_the_first_that_uses_it) {
 TEST_F(AllProjects, paths_that_differ_by_case_or_folder_are_no_repeats) {
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\otro.vip", {"D:\\A.wav", "D:\\x\\a.wav"});
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_EQ(totals(), "3  archivos en: 2 proyectos, 0 duplicados; Total: 3");
 }
 
@@ -67,14 +68,14 @@ TEST_F(AllProjects, a_backup_is_passed_over_unless_backups_count) {
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\tema_BAK.vip", {"D:\\b.wav"});
   list_project("Mix\\otro_bak.vip", {"D:\\c.wav"});
-  decoding.DescodificarProyectos(false);
+  decoding.DescodificarProyectos(job, false);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(3, "Mix\\otro_bak.vip"),
                                   "D:\\c.wav"));
   EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
 
   lists.ListUtilizados.clear();
   reader.TotalArchivosVip = 0;
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(2, "Mix\\tema_BAK.vip"),
                                   "D:\\b.wav", row(3, "Mix\\otro_bak.vip"), "D:\\c.wav"));
   EXPECT_EQ(totals(), "3  archivos en: 3 proyectos, 0 duplicados; Total: 3");
@@ -84,7 +85,7 @@ TEST_F(AllProjects, one_without_references_keeps_its_header_and_does_not_count) 
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\midi.vip", {});
   list_project("Mix\\otro.vip", {"D:\\c.wav"});
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", row(2, "Mix\\midi.vip"),
                                   row(3, "Mix\\otro.vip"), "D:\\c.wav"));
   EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
@@ -94,13 +95,13 @@ TEST_F(AllProjects, one_that_is_gone_leaves_no_row) {
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\otro.vip", {"D:\\c.wav"});
   disk.remove("Mix\\tema.vip");
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), ElementsAre(row(2, "Mix\\otro.vip"), "D:\\c.wav"));
   EXPECT_EQ(totals(), "1  archivos en: 1 proyectos, 0 duplicados; Total: 1");
 }
 
 TEST_F(AllProjects, none_at_all_give_totals_of_nothing) {
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), IsEmpty());
   EXPECT_EQ(totals(), "0  archivos en: 0 proyectos, 0 duplicados; Total: 0");
 }
@@ -110,7 +111,7 @@ TEST_F(AllProjects, rows_without_their_folder_are_looked_for_in_the_folder_of_th
   lists.ListProyectos.add("1 --> tema.vip");
   work.RutaProyectos = disk.path("Mix\\");
   work.PrimerProyecto = disk.path("falta.vip");
-  decoding.DescodificarProyectos(false);
+  decoding.DescodificarProyectos(job, false);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav"));
   EXPECT_EQ(work.PrimerProyecto, disk.path("Mix\\tema.vip"));
 }
@@ -123,7 +124,7 @@ TEST_F(AllProjects, a_cancel_in_the_middle_keeps_what_is_decoded_with_its_repeat
   backend.on_pump = [&] {
     if (lists.ListUtilizados.count() == 4) work.Cancelar = true;
   };
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\uno.vip"), "D:\\a.wav", row(2, "Mix\\dos.vip"),
                                   "D:\\a.wav"));
   EXPECT_EQ(totals(), "2  archivos en: 2 proyectos, 0 duplicados; Total: 2");
@@ -138,7 +139,7 @@ TEST_F(AllProjects, a_job_that_takes_their_place_in_the_middle_finds_the_heading
     work.begin_job();
     lists.ListUtilizados.clear();
   };
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_EQ(totals(), "");
   EXPECT_FALSE(lists.LabelAdd[0].visible());
 }
@@ -146,7 +147,7 @@ TEST_F(AllProjects, a_job_that_takes_their_place_in_the_middle_finds_the_heading
 TEST_F(AllProjects, the_bar_ends_full_where_repeats_were_struck_out) {
   list_project("Mix\\uno.vip", {"D:\\a.wav"});
   list_project("Mix\\dos.vip", {"D:\\a.wav"});
-  decoding.DescodificarProyectos(true);
+  decoding.DescodificarProyectos(job, true);
   EXPECT_EQ(strip.XP_ProgressBar1.maximum(), 4);
   EXPECT_EQ(strip.XP_ProgressBar1.value(), 4);
 }
@@ -170,7 +171,7 @@ TEST_F(AllProjects, repeats_go_as_a_double_loop_takes_them_whatever_is_shared) {
       total += paths.size();
     }
     const std::size_t duplicates = literal_file_repeats(wanted);
-    decoding.DescodificarProyectos(true);
+    decoding.DescodificarProyectos(job, true);
     ASSERT_EQ(used(), wanted) << "seed " << seed;
     ASSERT_EQ(totals(), std::to_string(total) + "  archivos en: " + std::to_string(projects) +
                             " proyectos, " + std::to_string(duplicates) +

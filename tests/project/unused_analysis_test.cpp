@@ -25,19 +25,19 @@ struct UnusedFiles : ::testing::Test, WorkBench {
   void list_project(const std::string& below) { WorkBench::list_project(below, "project"); }
   void use(const std::string& below) { lists.ListUtilizados.add(disk.path(below)); }
   void search() {
-    tree.forget();
+    job.folders().forget();
     lists.ListBorrar.clear();
-    analysis.ListarArchivosCarpetas();
-    analysis.BuscarNoUtilizados();
+    analysis.ListarArchivosCarpetas(job);
+    analysis.BuscarNoUtilizados(job);
   }
   const std::vector<std::string>& offered() const { return lists.ListBorrar.rows(); }
   bool equal(const std::string& a, const std::string& b) {
-    return analysis.ComparaFiles(disk.path(a), disk.path(b));
+    return analysis.ComparaFiles(disk.path(a), disk.path(b), job);
   }
 
-  project::FolderTree tree{disk.files()};
+  work::Job job = work::Job::join(work, platform);
   project::LeftOut left_out{work};
-  project::UnusedAnalysis analysis{platform, work, lists, strip, tree, left_out};
+  project::UnusedAnalysis analysis{platform, lists, strip, left_out};
 };
 
 TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_behind_it_too) {
@@ -141,8 +141,8 @@ TEST_F(UnusedFiles, where_nothing_is_used_nothing_changes) {
   lists.ListBorrar.add("E:\\antes.wav");
   lists.LabelErase[1].set_caption("antes");
   lists.ListBorrar.hide();
-  analysis.ListarArchivosCarpetas();
-  analysis.BuscarNoUtilizados();
+  analysis.ListarArchivosCarpetas(job);
+  analysis.BuscarNoUtilizados(job);
   EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
   EXPECT_THAT(offered(), ElementsAre("E:\\antes.wav"));
   EXPECT_EQ(lists.LabelErase[1].caption(), "antes");
@@ -193,7 +193,7 @@ TEST_F(UnusedFiles, two_projects_of_one_folder_list_it_once) {
   list_project("Mix\\tema.vip");
   list_project("Mix\\otro.vip");
   disk.write("Mix\\a.wav", "a");
-  analysis.ListarArchivosCarpetas();
+  analysis.ListarArchivosCarpetas(job);
   EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
 }
 
@@ -204,7 +204,7 @@ TEST_F(UnusedFiles, candidates_come_folder_by_folder_and_pattern_by_pattern) {
                             "Mix\\Uno\\a.mp3", "Mix\\Zeta\\a.h2", "Otro\\a.wav"}) {
     disk.write(below, "x");
   }
-  analysis.ListarArchivosCarpetas();
+  analysis.ListarArchivosCarpetas(job);
   EXPECT_THAT(lists.List1.rows(),
               ElementsAre(disk.path("Mix\\z.wav"), disk.path("Mix\\Uno\\a.wav"),
                           disk.path("Mix\\Uno\\Dos\\a.wav"), disk.path("Mix\\b.h2"),
@@ -215,7 +215,7 @@ TEST_F(UnusedFiles, candidates_come_folder_by_folder_and_pattern_by_pattern) {
 TEST_F(UnusedFiles, the_folder_of_a_project_that_is_gone_is_not_searched) {
   disk.write("Mix\\a.wav", "a");
   lists.ListProyectos.add(text::project_row(1, disk.path("Mix\\tema.vip")));
-  analysis.ListarArchivosCarpetas();
+  analysis.ListarArchivosCarpetas(job);
   EXPECT_THAT(lists.List1.rows(), IsEmpty());
 }
 
@@ -288,7 +288,7 @@ TEST_F(UnusedFiles, a_cancel_in_the_middle_offers_nothing) {
   int pumps = 0;
   backend.on_pump = [&] { work.Cancelar = strip.TextDecode.visible() && ++pumps == 4; };
   lists.ListBorrar.clear();
-  analysis.BuscarNoUtilizados();
+  analysis.BuscarNoUtilizados(job);
   EXPECT_EQ(pumps, 4) << "it went on behind the cancel";
   EXPECT_THAT(offered(), IsEmpty());
   EXPECT_TRUE(lists.ListBorrar.visible());
@@ -304,11 +304,11 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
   int cancelled = 0;
   for (int turn = 1; turn < 60; ++turn) {
     work.Cancelar = false;
-    analysis.ListarArchivosCarpetas();
+    analysis.ListarArchivosCarpetas(job);
     lists.ListBorrar.clear();
     int turns = 0;
     backend.on_pump = [&] { work.Cancelar = ++turns >= turn; };
-    analysis.BuscarNoUtilizados();
+    analysis.BuscarNoUtilizados(job);
     backend.on_pump = nullptr;
     if (turns < turn) break;
     ++cancelled;
@@ -323,14 +323,14 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_unt
   list_project("Mix\\tema.vip");
   disk.write("Mix\\a.wav", "a");
   use("Mix\\a.wav");
-  analysis.ListarArchivosCarpetas();
+  analysis.ListarArchivosCarpetas(job);
   clock.step = std::chrono::milliseconds(20);
   backend.on_pump = [&] {
     work.begin_job();
     lists.List1.clear();
     lists.List1.add("the newer job's row");
   };
-  analysis.BuscarNoUtilizados();
+  analysis.BuscarNoUtilizados(job);
   EXPECT_THAT(lists.List1.rows(), ElementsAre("the newer job's row"));
   EXPECT_EQ(lists.LabelErase[1].caption(), "");
 }
@@ -374,9 +374,9 @@ TEST_F(UnusedFiles, what_is_missing_or_no_file_or_has_no_name_equals_nothing) {
   EXPECT_FALSE(equal("a.wav", "falta.wav"));
   EXPECT_FALSE(equal("falta.wav", "falta.wav"));
   EXPECT_FALSE(equal("Carpeta", "Carpeta"));
-  EXPECT_FALSE(analysis.ComparaFiles("", disk.path("a.wav")));
-  EXPECT_FALSE(analysis.ComparaFiles(disk.path("a.wav"), ""));
-  EXPECT_FALSE(analysis.ComparaFiles("", ""));
+  EXPECT_FALSE(analysis.ComparaFiles("", disk.path("a.wav"), job));
+  EXPECT_FALSE(analysis.ComparaFiles(disk.path("a.wav"), "", job));
+  EXPECT_FALSE(analysis.ComparaFiles("", "", job));
 }
 
 TEST(CandidateKinds, agree_with_the_twenty_patterns_for_any_name) {

@@ -229,16 +229,15 @@ TEST(UnusedWorlds, the_whole_search_gives_what_the_literal_one_gives_and_offers_
       bench.lists.LabelErase[i].set_visible(false);
     }
 
-    project::FolderTree tree(world.files);
-    if (!world.seen_before.empty()) tree.listing(world.seen_before);
+    auto job = work::Job::join(bench.work, bench.platform);
+    if (!world.seen_before.empty()) job.folders().listing(world.seen_before);
     project::LeftOut left_out(bench.work);
-    project::UnusedAnalysis fast(bench.platform, bench.work, bench.lists, bench.strip, tree,
-                                 left_out);
-    fast.ListarArchivosCarpetas();
+    project::UnusedAnalysis fast(bench.platform, bench.lists, bench.strip, left_out);
+    fast.ListarArchivosCarpetas(job);
     literal.ListarArchivosCarpetas();
     ASSERT_EQ(bench.lists.List1.rows(), literal.List1) << "world " << seed << described(world);
     const Rows candidates = literal.List1;
-    fast.BuscarNoUtilizados();
+    fast.BuscarNoUtilizados(job);
     literal.BuscarNoUtilizados();
     ASSERT_EQ(bench.lists.List1.rows(), literal.List1)
         << "world " << seed << described(world) << "\ncandidates:" << shown(candidates);

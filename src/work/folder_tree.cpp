@@ -1,4 +1,4 @@
-#include "project/folder_tree.h"
+#include "work/folder_tree.h"
 
 #include <algorithm>
 #include <utility>
@@ -6,7 +6,7 @@
 #include "text/code_page.h"
 #include "text/paths.h"
 
-namespace ordelan::project {
+namespace ordelan::work {
 
 std::vector<std::string> folders_around(const std::string& folder) {
   std::vector<std::string> around;
@@ -117,4 +117,4 @@ bool FolderTree::walk(
   return true;
 }
 
-}  // namespace ordelan::project
+}  // namespace ordelan::work

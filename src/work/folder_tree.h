@@ -11,7 +11,7 @@
 
 #include "system/file_system.h"
 
-namespace ordelan::project {
+namespace ordelan::work {
 
 // The folders that a folder lies in, the nearest first, each with its backslash; none of the root
 // of a drive or of a share, and none of a path without a root.
@@ -83,4 +83,4 @@ class FolderTree {
   mutable Listings::iterator last_ = listings_.end();
 };
 
-}  // namespace ordelan::project
+}  // namespace ordelan::work

@@ -1,4 +1,4 @@
-#include "project/folder_tree.h"
+#include "work/folder_tree.h"
 
 #include <gmock/gmock.h>
 
@@ -27,21 +27,21 @@ struct Folders : ::testing::Test {
 
   std::vector<std::string> walked(const std::string& folder) {
     std::vector<std::string> visited;
-    tree.walk(folder, [&](const std::string& here, const project::FolderTree::Listing&) {
+    tree.walk(folder, [&](const std::string& here, const work::FolderTree::Listing&) {
       visited.push_back(here);
       return true;
     });
     return visited;
   }
 
-  static std::vector<std::string> names(const std::vector<project::FolderTree::Entry>& entries) {
+  static std::vector<std::string> names(const std::vector<work::FolderTree::Entry>& entries) {
     std::vector<std::string> all;
     for (const auto& entry : entries) all.push_back(entry.name);
     return all;
   }
 
   MemoryFolders files;
-  project::FolderTree tree{files};
+  work::FolderTree tree{files};
 };
 
 TEST_F(Folders, each_is_visited_ahead_of_its_own_subfolders_in_the_order_of_the_disk) {
