@@ -206,6 +206,29 @@ TEST_F(LostFileSearch, a_cancel_with_hits_in_hand_empties_the_window) {
   EXPECT_TRUE(bench.form.lists.empty());
 }
 
+TEST_F(LostFileSearch, a_search_after_a_cancelled_one_begins_afresh) {
+  bench.disk.write("d\\a\\toma.wav", "");
+  for (int i = 0; i < 20; ++i) bench.disk.write("d\\" + std::to_string(i) + "\\x.wav", "");
+  bench.disk.write("f\\otra.wav", "");
+  bench.start();
+  int pumps = 0;
+  bench.backend.on_pump = [&] {
+    if (++pumps == 5) bench.form.cmdCancelar_Click();
+  };
+  ASSERT_FALSE(search("toma.wav"));
+  ASSERT_GE(pumps, 5);
+  bench.backend.on_pump = nullptr;
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "a\\toma.wav");
+  EXPECT_THAT(hits(), ElementsAre(d + "a\\toma.wav"));
+  EXPECT_FALSE(bench.work.Cancelar);
+  EXPECT_TRUE(search("otra.wav")) << "on the last of the drives";
+  EXPECT_THAT(hits(), ElementsAre(f + "otra.wav")) << "hits of the search before are gone";
+  EXPECT_FALSE(search("ninguna.wav"));
+  EXPECT_THAT(hits(), IsEmpty());
+  EXPECT_FALSE(bench.form.clocks.TimerLap.running());
+}
+
 TEST_F(LostFileSearch, a_reset_ends_the_search_and_nothing_is_shown_on_the_emptied_window) {
   for (int i = 0; i < 20; ++i) bench.disk.write("d\\" + std::to_string(i) + "\\toma.wav", "");
   bench.start();

@@ -21,12 +21,15 @@ class FailingFiles final : public system::FileSystem {
   std::size_t room = 0;  // how many bytes a failing `write` writes all the same
   // Called before each `create_new` with its path.
   std::function<void(std::string_view)> on_create_new;
+  // Called before each `open` with its path.
+  std::function<void(std::string_view)> on_open;
 
   std::optional<system::FileInfo> info(std::string_view path) override { return files_.info(path); }
   std::optional<system::FileIdentity> identity(std::string_view path) override {
     return files_.identity(path);
   }
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
+    if (on_open) on_open(path);
     return files_.open(path);
   }
   std::unique_ptr<system::OutputFile> create(std::string_view path) override {
