@@ -58,9 +58,12 @@ class MemoryFolders final : public system::FileSystem {
     return std::nullopt;
   }
 
-  // Every file has one path here, but for its case.
+  // Every file and folder has one path here, but for its case and a folder's last backslash.
   std::optional<system::FileIdentity> identity(std::string_view path) override {
-    if (!info(path)) return std::nullopt;
+    if (folders_.contains(key(std::string(path))))
+      path.remove_suffix(1);
+    else if (!info(path))
+      return std::nullopt;
     return system::FileIdentity{1, std::hash<std::string>()(key(std::string(path))), 0};
   }
 

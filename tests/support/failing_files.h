@@ -21,11 +21,17 @@ class FailingFiles final : public system::FileSystem {
   std::size_t room = 0;  // how many bytes a failing `write` writes all the same
   // Called before each `create_new` with its path.
   std::function<void(std::string_view)> on_create_new;
-  // Called before each `open` with its path.
+  // Called before each `open`, `info` and `identity` with its path.
   std::function<void(std::string_view)> on_open;
+  std::function<void(std::string_view)> on_info;
+  std::function<void(std::string_view)> on_identity;
 
-  std::optional<system::FileInfo> info(std::string_view path) override { return files_.info(path); }
+  std::optional<system::FileInfo> info(std::string_view path) override {
+    if (on_info) on_info(path);
+    return files_.info(path);
+  }
   std::optional<system::FileIdentity> identity(std::string_view path) override {
+    if (on_identity) on_identity(path);
     return files_.identity(path);
   }
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
