@@ -437,6 +437,20 @@ TEST(UsedStrike, the_disk_is_asked_only_about_namesakes_and_never_about_a_path_a
   EXPECT_THAT(looked_up, ElementsAre("D:\\a.wav", "E:\\a.wav"));
 }
 
+TEST(UsedStrike, a_stop_while_the_names_are_collected_ends_it_at_once) {
+  const project::DiskQuestions disk = {[](const std::string&) { return true; },
+                                       [](const std::string&, const std::string&) { return true; }};
+  std::vector<std::string> candidates;
+  for (int i = 0; i < 20'000; ++i) candidates.push_back("D:\\" + std::to_string(i) + ".wav");
+  int turns = 0;
+  const auto struck = project::strike_used({"D:\\7.wav"}, candidates, disk, [&](std::size_t) {
+    ++turns;
+    return false;
+  });
+  EXPECT_EQ(turns, 2) << "once for the names, once for the used files";
+  EXPECT_THAT(struck, ::testing::Each(false));
+}
+
 TEST(UsedStrike, a_stop_leaves_the_rest_unstruck) {
   const project::DiskQuestions disk = {[](const std::string&) { return true; },
                                        [](const std::string&, const std::string&) { return true; }};

@@ -1,9 +1,12 @@
 // Another file system, of which chosen calls fail.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -25,6 +28,9 @@ class FailingFiles final : public system::FileSystem {
   std::function<void(std::string_view)> on_open;
   std::function<void(std::string_view)> on_info;
   std::function<void(std::string_view)> on_identity;
+  // Called before each read with its offset. Gives how many bytes may come at most; nothing makes
+  // the read fail.
+  std::function<std::optional<std::size_t>(std::uint64_t)> on_read;
 
   std::optional<system::FileInfo> info(std::string_view path) override {
     if (on_info) on_info(path);
@@ -36,7 +42,9 @@ class FailingFiles final : public system::FileSystem {
   }
   std::unique_ptr<system::InputFile> open(std::string_view path) override {
     if (on_open) on_open(path);
-    return files_.open(path);
+    auto file = files_.open(path);
+    if (!file || !on_read) return file;
+    return std::make_unique<Input>(*this, std::move(file));
   }
   std::unique_ptr<system::OutputFile> create(std::string_view path) override {
     return wrapped(files_.create(path));
@@ -56,6 +64,22 @@ class FailingFiles final : public system::FileSystem {
                   const VisitUnnamed& unnamed) override {
     return files_.each(folder, detail, visit, unnamed);
   }
+
+  class Input final : public system::InputFile {
+   public:
+    Input(FailingFiles& files, std::unique_ptr<system::InputFile> file)
+        : files_(files), file_(std::move(file)) {}
+    std::uint64_t size() const override { return file_->size(); }
+    std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
+      const auto most = files_.on_read(offset);
+      if (!most) return std::nullopt;
+      return file_->read(offset, buffer.first(std::min(buffer.size(), *most)));
+    }
+
+   private:
+    FailingFiles& files_;
+    std::unique_ptr<system::InputFile> file_;
+  };
 
   class Output final : public system::OutputFile {
    public:
