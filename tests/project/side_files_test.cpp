@@ -70,7 +70,7 @@ TEST_F(SideFilesTest, are_the_plain_files_of_fifteen_kinds_in_their_order) {
 TEST_F(SideFilesTest, audio_that_no_project_names_may_go) {
   disk.add_file("D:\\Mix\\tema.vip", "D:\\Mix\\Viejo\\otro.wma");
   disk.add_file("D:\\Mix\\Viejo\\notas.txt", "a.wma b.m4a c.wma");
-  disk.add_file("D:\\a.vip", std::string(600'000, '\0'));
+  disk.add_file("D:\\a.vip", std::string(300'000, '\0'));
   const auto side = side_files();
   EXPECT_THAT(side.removable, ElementsAre("y.h2", "x.cue", "a.wma", "c.WMA", "b.m4a"));
   EXPECT_THAT(side.kept, IsEmpty());
@@ -105,11 +105,11 @@ TEST_F(SideFilesTest, all_audio_stays_where_a_project_is_held_by_another_program
 
 TEST_F(SideFilesTest, all_audio_stays_where_a_project_cannot_be_read_to_its_end) {
   constexpr std::uint64_t kSecondBlock = std::uint64_t{1} << 18;
-  disk.add_file("D:\\Mix\\tema.vip", std::string(600'000, '\0'));
+  disk.add_file("D:\\Mix\\tema.vip", std::string(300'000, '\0'));
   using Bytes = std::optional<std::size_t>;
   for (const Bytes came : {Bytes(), Bytes(0)}) {  // the read fails; the file has become shorter
     for (const std::uint64_t from : {std::uint64_t{0}, kSecondBlock}) {
-      files.on_read = [&](std::uint64_t offset) { return offset >= from ? came : Bytes(1 << 20); };
+      files.on_read = [&](std::uint64_t offset) { return offset >= from ? came : Bytes(1 << 18); };
       expect_all_audio_kept("D:\\Mix\\tema.vip");
     }
   }
@@ -127,6 +127,33 @@ TEST_F(SideFilesTest, all_audio_stays_where_a_given_project_is_missing) {
 TEST_F(SideFilesTest, all_audio_stays_where_a_link_leads_to_folders_that_are_not_searched) {
   disk.add_folder("D:\\Mix\\Viejo\\Sub\\enlace", true);
   expect_all_audio_kept("D:\\Mix\\Viejo\\Sub\\enlace");
+}
+
+TEST_F(SideFilesTest, all_audio_stays_where_a_project_or_a_folder_below_cannot_be_named) {
+  disk.add_unnamed("D:\\Mix\\Viejo\\Sub\\", {"dentro ?", true});
+  expect_all_audio_kept("D:\\Mix\\Viejo\\Sub\\dentro ?");
+  MemoryFolders other{true};
+  other.add_folder("D:\\a");
+  other.add_file("D:\\a\\a.wma", "");
+  const auto unreadable = [&] {
+    project::FolderTree tree(other);
+    return project::side_files_of("D:\\a\\", {}, other, tree, go_on).unreadable;
+  };
+  // Around the folder only projects are asked for, and a file of another kind is none.
+  other.add_unnamed("D:\\", {"al lado ?.vip", true});
+  other.add_unnamed("D:\\a\\", {"notas ?.txt", false});
+  EXPECT_EQ(unreadable(), "");
+  other.add_unnamed("D:\\", {"tema ?.VIP.bak", false});
+  EXPECT_EQ(unreadable(), "D:\\tema ?.VIP.bak");
+}
+
+TEST_F(SideFilesTest, all_audio_stays_where_a_folder_cannot_be_listed) {
+  EXPECT_EQ(side_files().unreadable, "");
+  disk.forbid("D:\\Mix\\Viejo\\Sub\\");
+  expect_all_audio_kept("D:\\Mix\\Viejo\\Sub\\");
+  disk.forbid("D:\\");
+  disk.allow("D:\\Mix\\Viejo\\Sub\\");
+  expect_all_audio_kept("D:\\");
 }
 
 TEST_F(SideFilesTest, a_link_beside_the_folder_is_no_hindrance) {
@@ -148,19 +175,19 @@ TEST_F(SideFilesTest, no_project_is_opened_where_there_is_no_audio) {
 }
 
 TEST_F(SideFilesTest, the_search_ends_at_once_where_it_has_to) {
-  disk.add_file("D:\\Mix\\tema.vip", std::string(1'000'000, '\0'));
+  disk.add_file("D:\\Mix\\tema.vip", std::string(600'000, '\0'));
   disk.add_file("D:\\Mix\\Viejo\\Sub\\otro.vip", "x");
   int turns = 0;
   int last = 0;
   go_on = [&] { return ++turns != last; };
   EXPECT_EQ(side_files().unreadable, "");
   const int all = turns;
-  ASSERT_EQ(all, 4 + 1 + 2) << "a turn for each block and each of the two folders";
+  ASSERT_EQ(all, 3 + 1 + 2) << "a turn for each block and each of the two folders";
   for (last = 1; last <= all; ++last) {
     turns = 0;
     const auto side = side_files();
     EXPECT_EQ(turns, last);
-    if (last <= 4) {
+    if (last <= 3) {
       EXPECT_THAT(side.kept, ElementsAre("a.wma", "c.WMA", "b.m4a")) << last;
     }
   }
