@@ -67,9 +67,10 @@ void ProjectListing::list_flat(bool with_backups) {
 }
 
 void ProjectListing::ListarCarpetas() {
+  const auto job = work_.current_job();
   const WaitCursor waiting(lists_.ListProyectos.window());
   platform_.pump.pump();
-  const auto job = work_.current_job();
+  if (work_.superseded(job)) return;
   system::Pacer pacer(platform_.pump, platform_.clock);
   const std::string root = system::with_backslash(text::trim(work_.RutaProyectos));
   std::vector<std::string> folders = {std::string(text::trim(work_.RutaProyectos))};

@@ -66,6 +66,30 @@ TEST_F(LostFileSearch, a_bare_name_has_no_same_path_to_be_tried) {
   EXPECT_EQ(bench.work.ArchivoActual, e + "toma.wav");
 }
 
+TEST_F(LostFileSearch, a_bare_name_is_not_taken_for_a_path_that_begins_like_it) {
+  bench.disk.write("d\\a.wav", "");  // what is left of the name after three letters
+  bench.start();
+  EXPECT_FALSE(bench.buscar().BuscarOtraLetra("toma.wav"));
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, "");
+}
+
+TEST_F(LostFileSearch, the_same_path_is_tried_on_ticked_drives_alone_and_each_is_named) {
+  for (const char* drive : {"d", "e", "f"}) bench.disk.write(std::string(drive) + "\\toma.wav", "");
+  bench.start();
+  bench.boxes().Check1[2].set_checked(false);
+  EXPECT_TRUE(bench.buscar().BuscarOtraLetra("X:\\toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, e + "toma.wav");
+  EXPECT_EQ(strip(), "Buscando: X:\\toma.wav\r\nEn la Unidad: " + e + "\r\nESPERAR");
+  EXPECT_TRUE(bench.form.strip.TextDecode.visible());
+  bench.boxes().Check1[1].set_checked(false);
+  EXPECT_TRUE(bench.buscar().BuscarOtraLetra("X:\\toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "toma.wav");
+  bench.boxes().Check1[0].set_checked(false);
+  EXPECT_FALSE(bench.buscar().BuscarOtraLetra("X:\\toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "toma.wav") << "as it was";
+}
+
 TEST_F(LostFileSearch, one_hit_of_the_walk_is_the_file) {
   bench.disk.write("f\\Otra\\Toma.wav", "");
   bench.start();
