@@ -22,7 +22,10 @@ struct UnusedAnalysis::Loop {
       : pacer(platform.pump, platform.clock), work(in_hand), job(in_hand.current_job()) {}
 
   // Gives the window its turn. False once the job has to end.
-  bool turn() { return !(pacer.turn() && work.must_stop(job)); }
+  bool turn() {
+    pacer.turn();
+    return !work.must_stop(job);
+  }
 
   system::Pacer pacer;
   work::WorkInHand& work;
@@ -82,6 +85,8 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   const auto note_files = [&](const std::string& folder, WhyOut why) {
     for (const FolderTree::Entry& file : tree_.listing(folder).files) {
       if (!is_project_name(file.name)) continue;
+      // The question below gives the window its turns: what is noted may belong to a newer job.
+      if (work_.must_stop(loop.job)) return;
       const std::string path = folder + file.name;
       if (listed.contains(text::same_file_key(path)) || left_out_.holds(path) ||
           is_listed_elsewhere(path, projects, loop)) {

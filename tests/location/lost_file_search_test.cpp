@@ -90,6 +90,23 @@ TEST_F(LostFileSearch, the_same_path_is_tried_on_ticked_drives_alone_and_each_is
   EXPECT_EQ(bench.work.ArchivoActual, d + "toma.wav") << "as it was";
 }
 
+TEST_F(LostFileSearch, a_bare_name_may_be_a_pattern) {
+  bench.disk.write("d\\a\\toma.wav", "");
+  bench.start();
+  EXPECT_TRUE(search("to?a.w*"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "a\\toma.wav");
+}
+
+TEST_F(LostFileSearch, begins_with_its_lists_emptied_and_no_notice_of_a_decode) {
+  bench.start();
+  for (ui::ListBox* list : {&bench.buscar().List1, &bench.buscar().List2}) list->add("before");
+  bench.form.strip.LabelAviso.show();
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_TRUE(bench.buscar().List1.empty());
+  EXPECT_THAT(hits(), IsEmpty());
+  EXPECT_FALSE(bench.form.strip.LabelAviso.visible());
+}
+
 TEST_F(LostFileSearch, one_hit_of_the_walk_is_the_file) {
   bench.disk.write("f\\Otra\\Toma.wav", "");
   bench.start();
@@ -315,6 +332,18 @@ TEST_F(LostFileChoice, several_hits_wait_for_the_users_choice) {
   EXPECT_EQ(bench.work.ArchivoActual, f + "b\\toma.wav");
   EXPECT_EQ(waited, 3);
   EXPECT_EQ(window(), nullptr);
+}
+
+TEST_F(LostFileChoice, leaves_the_clock_of_the_update_alone) {
+  bench.disk.remove("f\\b\\toma.wav");
+  const auto color = bench.form.clocks.TextLapsoTotal.back_color();
+  bench.form.clocks.TextLapsoTotal.set_text("0:07");
+  bool changed = false;
+  bench.backend.on_pump = [&] {
+    changed = changed || bench.form.clocks.TextLapsoTotal.back_color() != color;
+  };
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_FALSE(changed);
 }
 
 TEST_F(LostFileChoice, the_windows_place_is_remembered_when_it_goes) {
