@@ -67,6 +67,7 @@ void ProjectListing::list_flat(work::Job& job, bool with_backups) {
 void ProjectListing::ListarCarpetas(work::Job& job) {
   const WaitCursor waiting(lists_.ListProyectos.window());
   platform_.pump.pump();
+  if (job.superseded()) return;
   const std::string root = system::with_backslash(text::trim(work_.RutaProyectos));
   std::vector<std::string> folders = {std::string(text::trim(work_.RutaProyectos))};
   job.folders().walk(

@@ -70,6 +70,8 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   const auto note_files = [&](const std::string& folder, WhyOut why) {
     for (const work::FolderTree::Entry& file : job.folders().listing(folder).files) {
       if (!is_project_name(file.name)) continue;
+      // The question below gives the window its turns: what is noted may belong to a newer job.
+      if (job.must_stop()) return;
       const std::string path = folder + file.name;
       if (listed.contains(text::same_file_key(path)) || left_out_.holds(path) ||
           is_listed_elsewhere(path, projects, job)) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "project/memory_folders.h"
 #include "support/program_bench.h"
 
 namespace ordelan::test {
@@ -180,6 +181,82 @@ TEST_F(FileFinder, limits_of_the_date_look_at_the_day_alone) {
   finder.DateLastModifiedFrom = 0;
   finder.DateLastModifiedTo = today - 1;
   EXPECT_THAT(find("*.wav"), IsEmpty());
+}
+
+// A file of one date each on a disk in memory: made on day 46001, changed on day 46002 and last
+// read on day 46003, all at noon.
+struct FinderOfDates : ::testing::Test {
+  FinderOfDates() {
+    system::FileInfo file;
+    file.created = 46001.5;
+    file.modified = 46002.5;
+    file.accessed = 46003.5;
+    files.add_file("D:\\a.wav", file);
+  }
+  // Whether the file is found with one limit alone.
+  bool found(location::Date cFindFiles::*limit, location::Date date) {
+    const system::Platform platform{files,          bench.dialogs, bench.backend, bench.clock,
+                                    bench.regional, bench.drives,  bench.shell};
+    cFindFiles finder(platform);
+    finder.*limit = date;
+    finder.Find("D:\\", "*.wav", "", 1);
+    return !finder.ColFiles().empty();
+  }
+
+  ProgramBench bench;
+  MemoryFolders files;
+};
+
+TEST_F(FinderOfDates, each_limit_looks_at_its_own_date_and_at_the_day_alone) {
+  struct Limits {
+    location::Date cFindFiles::*from;
+    location::Date cFindFiles::*to;
+    double day;
+  };
+  const Limits all[] = {
+      {&cFindFiles::DateCreationFrom, &cFindFiles::DateCreationTo, 46001},
+      {&cFindFiles::DateLastModifiedFrom, &cFindFiles::DateLastModifiedTo, 46002},
+      {&cFindFiles::DateLastAccessFrom, &cFindFiles::DateLastAccessTo, 46003},
+  };
+  for (const auto& [from, to, day] : all) {
+    EXPECT_TRUE(found(from, day - 1)) << day;
+    EXPECT_TRUE(found(from, day)) << day;
+    EXPECT_FALSE(found(from, day + 0.5)) << "a limit with a time lies after its own day: " << day;
+    EXPECT_FALSE(found(from, day + 1)) << day;
+    EXPECT_FALSE(found(to, day - 1)) << day;
+    EXPECT_FALSE(found(to, day - 0.5)) << day;
+    EXPECT_TRUE(found(to, day)) << day;
+    EXPECT_TRUE(found(to, day + 1)) << day;
+    EXPECT_TRUE(found(from, 0) && found(to, 0)) << "0 is no limit";
+  }
+}
+
+TEST_F(FileFinder, limits_of_creation_and_of_the_last_access_are_those_of_the_disk) {
+  bench.disk.write("a.wav", "");
+  const auto dates = finder.GetFileDateTime(path("a.wav"));
+  ASSERT_TRUE(dates);
+  const auto day_of = [](location::Date date) {
+    return static_cast<double>(static_cast<int>(date));
+  };
+  struct Limits {
+    location::Date* from;
+    location::Date* to;
+    double day;
+  };
+  for (const auto& [from, to, day] :
+       {Limits{&finder.DateCreationFrom, &finder.DateCreationTo, day_of(dates->Creation)},
+        Limits{&finder.DateLastAccessFrom, &finder.DateLastAccessTo, day_of(dates->LastAccess)}}) {
+    ASSERT_GT(day, 40000) << "a date of this century";
+    *from = *to = day;
+    EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav")));
+    *from = day + 1;
+    *to = 0;
+    EXPECT_THAT(find("*.wav"), IsEmpty());
+    *from = 0;
+    *to = day - 1;
+    EXPECT_THAT(find("*.wav"), IsEmpty());
+    *to = 0;
+  }
 }
 
 TEST_F(FileFinder, the_name_is_looked_for_in_what_stands_ahead_of_the_extension) {

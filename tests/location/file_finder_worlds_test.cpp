@@ -46,7 +46,9 @@ void fill(Dice& dice, MemoryFolders& disk) {
     system::FileInfo file;
     file.size = one_of(dice, kSizes);
     file.attributes = dice.below(2) == 0 ? 0x20 : 0x21;
-    file.modified = 46000 + static_cast<double>(dice.below(12)) / 4;
+    for (double* const date : {&file.modified, &file.created, &file.accessed}) {
+      *date = 46000 + static_cast<double>(dice.below(12)) / 4;
+    }
     disk.add_file(path, file);
   }
   disk.backwards = dice.below(2) == 0;
@@ -74,6 +76,12 @@ LiteralSearch random_search(Dice& dice) {
   search.Attributes = dice.below(8) == 0 ? 0x21 : 0;
   search.DateLastModifiedFrom = one_of(dice, kDates);
   search.DateLastModifiedTo = one_of(dice, kDates);
+  if (dice.below(4) == 0) {
+    search.DateCreationFrom = one_of(dice, kDates);
+    search.DateCreationTo = one_of(dice, kDates);
+    search.DateLastAccessFrom = one_of(dice, kDates);
+    search.DateLastAccessTo = one_of(dice, kDates);
+  }
   search.stop_after = dice.below(4) == 0 ? 1 + dice.below(3) : 0;
   return search;
 }
@@ -103,6 +111,10 @@ TEST(FileFinderWorlds, hits_events_and_counts_are_those_of_the_literal_search) {
     finder.Attributes = search.Attributes;
     finder.DateLastModifiedFrom = search.DateLastModifiedFrom;
     finder.DateLastModifiedTo = search.DateLastModifiedTo;
+    finder.DateCreationFrom = search.DateCreationFrom;
+    finder.DateCreationTo = search.DateCreationTo;
+    finder.DateLastAccessFrom = search.DateLastAccessFrom;
+    finder.DateLastAccessTo = search.DateLastAccessTo;
     std::vector<std::string> events;
     finder.InitSearch = [&] { events.push_back("InitSearch"); };
     finder.EndSearch = [&] { events.push_back("EndSearch"); };

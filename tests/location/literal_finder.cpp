@@ -78,9 +78,15 @@ class LiteralFinder {
         entry.attributes != static_cast<std::uint32_t>(search_.Attributes)) {
       return;
     }
+    const double made = std::floor(entry.created);
+    if (search_.DateCreationFrom != 0 && made < search_.DateCreationFrom) return;
+    if (search_.DateCreationTo != 0 && made > search_.DateCreationTo) return;
     const double day = std::floor(entry.modified);
     if (search_.DateLastModifiedFrom != 0 && day < search_.DateLastModifiedFrom) return;
     if (search_.DateLastModifiedTo != 0 && day > search_.DateLastModifiedTo) return;
+    const double seen = std::floor(entry.accessed);
+    if (search_.DateLastAccessFrom != 0 && seen < search_.DateLastAccessFrom) return;
+    if (search_.DateLastAccessTo != 0 && seen > search_.DateLastAccessTo) return;
     if (pieces_.size() == 1) {
       offer(path, entry, size);
       return;

@@ -21,6 +21,10 @@ struct LiteralSearch {
   std::int32_t Attributes = 0;
   location::Date DateLastModifiedFrom = 0;
   location::Date DateLastModifiedTo = 0;
+  location::Date DateCreationFrom = 0;
+  location::Date DateCreationTo = 0;
+  location::Date DateLastAccessFrom = 0;
+  location::Date DateLastAccessTo = 0;
   std::size_t stop_after = 0;  // hits after which the search is stopped; 0 for never
 };
 

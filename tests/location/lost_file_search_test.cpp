@@ -66,6 +66,47 @@ TEST_F(LostFileSearch, a_bare_name_has_no_same_path_to_be_tried) {
   EXPECT_EQ(bench.work.ArchivoActual, e + "toma.wav");
 }
 
+TEST_F(LostFileSearch, a_bare_name_is_not_taken_for_a_path_that_begins_like_it) {
+  bench.disk.write("d\\a.wav", "");  // what is left of the name after three letters
+  bench.start();
+  EXPECT_FALSE(bench.buscar().BuscarOtraLetra("toma.wav"));
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, "");
+}
+
+TEST_F(LostFileSearch, the_same_path_is_tried_on_ticked_drives_alone_and_each_is_named) {
+  for (const char* drive : {"d", "e", "f"}) bench.disk.write(std::string(drive) + "\\toma.wav", "");
+  bench.start();
+  bench.boxes().Check1[2].set_checked(false);
+  EXPECT_TRUE(bench.buscar().BuscarOtraLetra("X:\\toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, e + "toma.wav");
+  EXPECT_EQ(strip(), "Buscando: X:\\toma.wav\r\nEn la Unidad: " + e + "\r\nESPERAR");
+  EXPECT_TRUE(bench.form.strip.TextDecode.visible());
+  bench.boxes().Check1[1].set_checked(false);
+  EXPECT_TRUE(bench.buscar().BuscarOtraLetra("X:\\toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "toma.wav");
+  bench.boxes().Check1[0].set_checked(false);
+  EXPECT_FALSE(bench.buscar().BuscarOtraLetra("X:\\toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "toma.wav") << "as it was";
+}
+
+TEST_F(LostFileSearch, a_bare_name_may_be_a_pattern) {
+  bench.disk.write("d\\a\\toma.wav", "");
+  bench.start();
+  EXPECT_TRUE(search("to?a.w*"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "a\\toma.wav");
+}
+
+TEST_F(LostFileSearch, begins_with_its_lists_emptied_and_no_notice_of_a_decode) {
+  bench.start();
+  for (ui::ListBox* list : {&bench.buscar().List1, &bench.buscar().List2}) list->add("before");
+  bench.form.strip.LabelAviso.show();
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_TRUE(bench.buscar().List1.empty());
+  EXPECT_THAT(hits(), IsEmpty());
+  EXPECT_FALSE(bench.form.strip.LabelAviso.visible());
+}
+
 TEST_F(LostFileSearch, one_hit_of_the_walk_is_the_file) {
   bench.disk.write("f\\Otra\\Toma.wav", "");
   bench.start();
@@ -206,6 +247,29 @@ TEST_F(LostFileSearch, a_cancel_with_hits_in_hand_empties_the_window) {
   EXPECT_TRUE(bench.form.lists.empty());
 }
 
+TEST_F(LostFileSearch, a_search_after_a_cancelled_one_begins_afresh) {
+  bench.disk.write("d\\a\\toma.wav", "");
+  for (int i = 0; i < 20; ++i) bench.disk.write("d\\" + std::to_string(i) + "\\x.wav", "");
+  bench.disk.write("f\\otra.wav", "");
+  bench.start();
+  int pumps = 0;
+  bench.backend.on_pump = [&] {
+    if (++pumps == 5) bench.form.cmdCancelar_Click();
+  };
+  ASSERT_FALSE(search("toma.wav"));
+  ASSERT_GE(pumps, 5);
+  bench.backend.on_pump = nullptr;
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_EQ(bench.work.ArchivoActual, d + "a\\toma.wav");
+  EXPECT_THAT(hits(), ElementsAre(d + "a\\toma.wav"));
+  EXPECT_FALSE(bench.work.Cancelar);
+  EXPECT_TRUE(search("otra.wav")) << "on the last of the drives";
+  EXPECT_THAT(hits(), ElementsAre(f + "otra.wav")) << "hits of the search before are gone";
+  EXPECT_FALSE(search("ninguna.wav"));
+  EXPECT_THAT(hits(), IsEmpty());
+  EXPECT_FALSE(bench.form.clocks.TimerLap.running());
+}
+
 TEST_F(LostFileSearch, a_reset_ends_the_search_and_nothing_is_shown_on_the_emptied_window) {
   for (int i = 0; i < 20; ++i) bench.disk.write("d\\" + std::to_string(i) + "\\toma.wav", "");
   bench.start();
@@ -268,6 +332,18 @@ TEST_F(LostFileChoice, several_hits_wait_for_the_users_choice) {
   EXPECT_EQ(bench.work.ArchivoActual, f + "b\\toma.wav");
   EXPECT_EQ(waited, 3);
   EXPECT_EQ(window(), nullptr);
+}
+
+TEST_F(LostFileChoice, leaves_the_clock_of_the_update_alone) {
+  bench.disk.remove("f\\b\\toma.wav");
+  const auto color = bench.form.clocks.TextLapsoTotal.back_color();
+  bench.form.clocks.TextLapsoTotal.set_text("0:07");
+  bool changed = false;
+  bench.backend.on_pump = [&] {
+    changed = changed || bench.form.clocks.TextLapsoTotal.back_color() != color;
+  };
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_FALSE(changed);
 }
 
 TEST_F(LostFileChoice, the_windows_place_is_remembered_when_it_goes) {

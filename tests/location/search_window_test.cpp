@@ -54,17 +54,58 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
   bench.disk.write("Mix\\midi.vip", project_of({}));
   bench.disk.write("Otra\\c.vip", audio);
   bench.start();
+  auto job = work::Job::join(bench.work, bench.platform);
   location::Buscar& buscar = bench.buscar();
   buscar.Text1.set_text(bench.disk.path("Mix\\"));
-  auto job = work::Job::join(bench.work, bench.platform);
   EXPECT_TRUE(buscar.BuscarVips(job));
   EXPECT_THAT(buscar.List2.rows(),
               ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\midi.vip"),
                           bench.disk.path("Mix\\Viejo\\a.VIP")));
   EXPECT_THAT(bench.form.lists.ListProyectos.rows(),
               ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\Viejo\\a.VIP")));
+  EXPECT_EQ(bench.form.lists.List1.rows(), bench.form.lists.ListProyectos.rows())
+      << "the list that the sweep numbers";
+  EXPECT_TRUE(buscar.List1.empty()) << "what was only asked leaves no row";
   buscar.Text1.set_text(bench.disk.path("nada"));
   EXPECT_FALSE(buscar.BuscarVips(job));
+  EXPECT_TRUE(buscar.List2.empty());
+}
+
+TEST_F(SearchWindow, the_first_projects_of_a_drop_take_the_place_of_what_the_lists_held) {
+  bench.disk.write("Mix\\b.vip", project_of({"D:\\a.wav"}));
+  bench.disk.write("Vacia\\midi.vip", project_of({}));
+  bench.start();
+  auto job = work::Job::join(bench.work, bench.platform);
+  location::Buscar& buscar = bench.buscar();
+  work::WorkLists& lists = bench.form.lists;
+  lists.List1.add("D:\\antes\\toma.h2");
+  lists.ListProyectos.add("1 --> D:\\antes\\tema.vip");
+  buscar.List1.add("antes");
+  buscar.Text1.set_text(bench.disk.path("Vacia"));
+  EXPECT_FALSE(buscar.BuscarVips(job));
+  EXPECT_THAT(lists.List1.rows(), ElementsAre("D:\\antes\\toma.h2")) << "nothing was found yet";
+  EXPECT_THAT(lists.ListProyectos.rows(), ElementsAre("1 --> D:\\antes\\tema.vip"));
+  buscar.Text1.set_text(bench.disk.path("Mix"));
+  EXPECT_TRUE(buscar.BuscarVips(job));
+  EXPECT_THAT(lists.List1.rows(), ElementsAre(bench.disk.path("Mix\\b.vip")));
+  EXPECT_THAT(lists.ListProyectos.rows(), ElementsAre(bench.disk.path("Mix\\b.vip")));
+  EXPECT_THAT(buscar.List1.rows(), ElementsAre("antes"));
+}
+
+TEST_F(SearchWindow, the_projects_of_a_folder_follow_those_that_were_dropped_before_it) {
+  bench.disk.write("Mix\\b.vip", project_of({"D:\\a.wav"}));
+  bench.start();
+  auto job = work::Job::join(bench.work, bench.platform);
+  work::WorkLists& lists = bench.form.lists;
+  bench.work.PrimerProyecto = bench.disk.path("a.vip");
+  lists.List1.add(bench.disk.path("a.vip"));
+  lists.ListProyectos.add("1 --> " + bench.disk.path("a.vip"));
+  bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+  EXPECT_TRUE(bench.buscar().BuscarVips(job));
+  EXPECT_THAT(lists.List1.rows(),
+              ElementsAre(bench.disk.path("a.vip"), bench.disk.path("Mix\\b.vip")));
+  EXPECT_THAT(lists.ListProyectos.rows(),
+              ElementsAre("1 --> " + bench.disk.path("a.vip"), bench.disk.path("Mix\\b.vip")));
 }
 
 }  // namespace

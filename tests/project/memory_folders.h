@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -47,6 +48,15 @@ class MemoryFolders final : public system::FileSystem {
     return add_entry(path, described);
   }
 
+  // Puts an entry that the code page cannot name into a folder, given with its backslash.
+  void add_unnamed(const std::string& folder, const system::UnnamedEntry& entry) {
+    unnamed_[key(folder)].push_back(entry);
+  }
+
+  // A folder, given with its backslash, that is there and cannot be listed, until it is allowed.
+  void forbid(const std::string& folder) { forbidden_.insert(key(folder)); }
+  void allow(const std::string& folder) { forbidden_.erase(key(folder)); }
+
   std::optional<system::FileInfo> info(std::string_view path) override {
     const std::string folder(path.substr(0, path.rfind('\\') + 1));
     const auto found = folders_.find(key(folder));
@@ -58,9 +68,12 @@ class MemoryFolders final : public system::FileSystem {
     return std::nullopt;
   }
 
-  // Every file has one path here, but for its case.
+  // Every file and folder has one path here, but for its case and a folder's last backslash.
   std::optional<system::FileIdentity> identity(std::string_view path) override {
-    if (!info(path)) return std::nullopt;
+    if (folders_.contains(key(std::string(path))))
+      path.remove_suffix(1);
+    else if (!info(path))
+      return std::nullopt;
     return system::FileIdentity{1, std::hash<std::string>()(key(std::string(path))), 0};
   }
 
@@ -81,10 +94,13 @@ class MemoryFolders final : public system::FileSystem {
 
  private:
   bool each_entry(std::string_view folder, system::Detail, const Visit& visit,
-                  const VisitUnnamed&) override {
+                  const VisitUnnamed& visit_unnamed) override {
     ++listings[std::string(folder)];
     const auto found = folders_.find(key(std::string(folder)));
-    if (found == folders_.end()) return false;
+    if (found == folders_.end() || forbidden_.contains(found->first)) return false;
+    for (const system::UnnamedEntry& entry : unnamed_[found->first]) {
+      if (visit_unnamed) visit_unnamed(entry);
+    }
     std::vector<system::FileInfo> entries = found->second;
     if (backwards) std::reverse(entries.begin(), entries.end());
     for (system::FileInfo& entry : entries) {
@@ -133,6 +149,8 @@ class MemoryFolders final : public system::FileSystem {
 
   bool ignores_case_;
   std::map<std::string, std::vector<system::FileInfo>> folders_;
+  std::map<std::string, std::vector<system::UnnamedEntry>> unnamed_;
+  std::set<std::string> forbidden_;
   std::map<std::string, File> files_;
 };
 

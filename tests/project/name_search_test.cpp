@@ -62,6 +62,51 @@ TEST(NameSearch, tells_which_of_many_names_stand_there) {
   EXPECT_TRUE(search.found(3));
 }
 
+TEST(NameSearch, finds_the_longest_names_in_UTF_16_across_two_pieces) {
+  const std::string name = std::string(251, 'n') + ".wma";
+  const std::string bytes = std::string(2000, '\0') + utf16(name);
+  for (const std::size_t from_end : {1, 2, 255, 509, 510}) {
+    NameSearch search({name});
+    search.feed(bytes.substr(0, bytes.size() - from_end));
+    EXPECT_FALSE(search.found(0)) << from_end;
+    search.feed(bytes.substr(bytes.size() - from_end));
+    EXPECT_TRUE(search.found(0)) << from_end;
+  }
+}
+
+TEST(NameSearch, finds_a_name_in_pieces_of_one_byte_each) {
+  NameSearch search({"a toma.wma", "b.m4a"});
+  for (const char c : std::string("D:\\Mix\\A TOMA.WMA")) search.feed({&c, 1});
+  EXPECT_TRUE(search.found(0));
+  EXPECT_FALSE(search.found(1));
+}
+
+TEST(NameSearch, finds_a_name_that_begins_the_file_or_follows_another_at_once) {
+  NameSearch search({"a.wma", "bb.wma", "long name.wma", "a.m4a"});
+  search.feed("a.wmabb.wma");
+  EXPECT_TRUE(search.found(0));
+  EXPECT_TRUE(search.found(1));
+  EXPECT_FALSE(search.found(2));
+  EXPECT_FALSE(search.found(3));
+}
+
+TEST(NameSearch, nothing_is_searched_for_where_there_are_no_names) {
+  NameSearch search({});
+  search.feed("a.wma");
+  NameSearch one({"a.wma"});
+  EXPECT_FALSE(one.found(0));
+}
+
+TEST(NameSearch, a_short_name_has_its_mark_among_the_eight_letters_before_the_extension) {
+  EXPECT_TRUE(finds("una toma larga.wma", "A~1.WMA")) << "at the very beginning";
+  EXPECT_TRUE(finds("una toma larga.wma", "~1.wma"));
+  EXPECT_TRUE(finds("una toma larga.wma", "D:\\~1234567.wma"));
+  EXPECT_FALSE(finds("una toma larga.wma", "D:\\~12345678.wma")) << "nine letters";
+  EXPECT_FALSE(finds("una toma larga.wma", "D:\\~.m4a"));
+  EXPECT_FALSE(finds("una toma larga.wma", "D:\\a.wma~1")) << "after the extension";
+  EXPECT_FALSE(finds("una toma larga.wma", "D:\\a.wma ~1.m4a"));
+}
+
 TEST(NameSearch, a_short_name_may_mean_any_file_of_its_extension) {
   NameSearch search({"una toma larga.wma", "b.m4a", "c.wma"});
   search.feed("D:\\UNATOM~1.WMA");

@@ -335,6 +335,79 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_unt
   EXPECT_EQ(lists.LabelErase[1].caption(), "");
 }
 
+// --- projects of the searched folders that have no row
+
+struct ProjectsWithoutARow : UnusedFiles {
+  // Lists these projects and searches their folders. Gives the paths that were left out.
+  std::vector<std::string> left_out_of(const std::vector<std::string>& listed) {
+    lists.ListProyectos.clear();
+    for (const std::string& below : listed) list_project(below);
+    return search_again();
+  }
+  std::vector<std::string> search_again() {
+    job.folders().forget();
+    left_out.clear();
+    analysis.ListarArchivosCarpetas(job);
+    std::vector<std::string> paths;
+    for (const auto& each : work.ProyectosFuera) paths.push_back(each.ruta);
+    return paths;
+  }
+};
+
+TEST_F(ProjectsWithoutARow, are_those_of_this_search_and_not_of_the_one_before) {
+  disk.write("Uno\\b.vip", "project");
+  EXPECT_THAT(left_out_of({"Uno\\a.vip"}), ElementsAre(disk.path("Uno\\b.vip")));
+  EXPECT_THAT(left_out_of({"Uno\\b.vip"}), ElementsAre(disk.path("Uno\\a.vip")))
+      << "its row went with the search before";
+  EXPECT_THAT(left_out_of({"Dos\\c.vip"}), IsEmpty());
+}
+
+TEST_F(ProjectsWithoutARow, are_told_though_a_listed_project_has_gone) {
+  disk.write("Uno\\b.vip", "project");
+  lists.ListProyectos.add("1 --> " + disk.path("Uno\\gone.vip"));
+  list_project("Uno\\a.vip");
+  EXPECT_THAT(search_again(), ElementsAre(disk.path("Uno\\b.vip")));
+}
+
+TEST_F(ProjectsWithoutARow, are_not_told_of_after_a_cancel) {
+  disk.write("Uno\\b.vip", "project");
+  list_project("Uno\\a.vip");
+  work.Cancelar = true;
+  EXPECT_THAT(search_again(), IsEmpty());
+}
+
+TEST_F(ProjectsWithoutARow, are_not_added_to_those_of_a_job_that_takes_the_place_of_the_search) {
+  for (const char* name : {"b.vip", "c.vip", "x.wav"}) {
+    disk.write(std::string("Uno\\Sub\\") + name, "x");
+  }
+  for (const char* name : {"Uno\\a.vip", "Dos\\a.vip", "Tres\\a.vip"}) list_project(name);
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  int turns = 0;
+  const auto replaced_at = [&](int last) {
+    turns = 0;
+    backend.on_pump = [&] {
+      if (++turns != last) return;
+      work.begin_job();
+      left_out.clear();
+      lists.List1.clear();
+      lists.List1.add("newer");
+    };
+    const auto left = search_again();
+    backend.on_pump = nullptr;
+    return left;
+  };
+  EXPECT_THAT(replaced_at(0), SizeIs(2));
+  const int all = turns;
+  ASSERT_GT(all, 10);
+  for (int last = 1; last <= all; ++last) {
+    EXPECT_THAT(replaced_at(last), IsEmpty()) << last;
+    EXPECT_THAT(lists.List1.rows(), ElementsAre("newer")) << last;
+    EXPECT_LE(turns, last + 2) << "it went on";
+  }
+}
+
+// --- the comparison of two files
+
 TEST_F(UnusedFiles, files_are_equal_in_length_and_in_every_byte) {
   const std::string bytes(10'000, 'a');
   disk.write("igual.wav", bytes);
@@ -435,6 +508,20 @@ TEST(UsedStrike, the_disk_is_asked_only_about_namesakes_and_never_about_a_path_a
   EXPECT_THAT(struck, ElementsAre(true, true, false, false));
   EXPECT_THAT(compared, ElementsAre("D:\\a.wav E:\\a.wav"));
   EXPECT_THAT(looked_up, ElementsAre("D:\\a.wav", "E:\\a.wav"));
+}
+
+TEST(UsedStrike, a_stop_while_the_names_are_collected_ends_it_at_once) {
+  const project::DiskQuestions disk = {[](const std::string&) { return true; },
+                                       [](const std::string&, const std::string&) { return true; }};
+  std::vector<std::string> candidates;
+  for (int i = 0; i < 20'000; ++i) candidates.push_back("D:\\" + std::to_string(i) + ".wav");
+  int turns = 0;
+  const auto struck = project::strike_used({"D:\\7.wav"}, candidates, disk, [&](std::size_t) {
+    ++turns;
+    return false;
+  });
+  EXPECT_EQ(turns, 2) << "once for the names, once for the used files";
+  EXPECT_THAT(struck, ::testing::Each(false));
 }
 
 TEST(UsedStrike, a_stop_leaves_the_rest_unstruck) {

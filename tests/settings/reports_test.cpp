@@ -6,6 +6,7 @@
 #include "support/failing_files.h"
 #include "support/fake_services.h"
 #include "support/memory_files.h"
+#include "ui/list_box.h"
 #include "ui/window.h"
 
 namespace ordelan::test {
@@ -83,6 +84,23 @@ TEST_F(Reports, saving_again_replaces_the_old_report) {
   EXPECT_TRUE(save("D:\\a.log"));
   EXPECT_EQ(files.contents["D:\\a.log"], head() + "D:\\Mix\\a.wav\r\n");
   EXPECT_THAT(files.contents, SizeIs(1)) << "no draft is left";
+}
+
+TEST_F(Reports, date_and_time_stand_as_the_system_writes_them_at_each_save) {
+  struct Changing final : system::Regional {
+    std::string date, time;
+    char decimal_mark() override { return '.'; }
+    std::string short_date() override { return date; }
+    std::string short_time() override { return time; }
+  } american;
+  for (const auto& [date, time] : {std::pair{"11/21/2026", "9:05 AM"}, {"2026-11-22", "21.05"}}) {
+    american.date = date;
+    american.time = time;
+    EXPECT_TRUE(settings::SalvarListados(files, american, "D:\\a.log", list.rows(), "", ""));
+    const std::string& report = files.contents["D:\\a.log"];
+    EXPECT_EQ(report.substr(0, report.find("\r\n")),
+              std::string("Fecha: ") + date + "    Hora: " + time);
+  }
 }
 
 TEST_F(Reports, a_report_without_a_name_is_not_written) {

@@ -4,8 +4,6 @@
 
 #include "support/failing_files.h"
 #include "support/reader_bench.h"
-#include "ui/check_box.h"
-#include "work/stored_state.h"
 
 namespace ordelan::test {
 namespace {
@@ -14,7 +12,6 @@ constexpr const char* kFile = "C:\\Config.ini";
 
 struct SettingsTest : ::testing::Test, ReaderBench {
   settings::Settings store{files, regional, kFile};
-  ui::CheckBox box{window, "box"};
 };
 
 TEST_F(SettingsTest, the_file_stands_where_it_always_stood) {
@@ -41,25 +38,6 @@ TEST_F(SettingsTest, a_value_is_cut_at_255_characters) {
   EXPECT_EQ(store.LeerIni(kFile, "k", "").size(), 255u);
 }
 
-TEST_F(SettingsTest, a_box_is_kept_under_its_caption) {
-  box.set_caption("Borrar lista 4 \"Archivos no utilizados\"");
-  box.set_checked(true);
-  work::write_box(store, box);
-  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
-  box.set_checked(false);
-  work::read_box(store, box);
-  EXPECT_TRUE(box.checked());
-}
-
-TEST_F(SettingsTest, a_box_without_a_key_stays_as_designed) {
-  box.set_caption("Auto Play");
-  for (const bool designed : {false, true}) {
-    box.set_checked(designed);
-    work::read_box(store, box);
-    EXPECT_EQ(box.checked(), designed);
-  }
-}
-
 TEST_F(SettingsTest, broken_values_give_the_defaults) {
   for (const char* broken : {"", "abc", "-", "nan", "inf", "\xFF", "1e999x"}) {
     files.contents[kFile] = std::string("[Settings]\r\nMe_Left=") + broken + "\r\n";
@@ -81,66 +59,6 @@ TEST_F(SettingsTest, numbers_are_written_with_the_systems_decimal_mark) {
   store.set_number("Me_Left", 12.5);
   EXPECT_EQ(files.contents[kFile], "[Settings]\r\nMe_Left=12.5\r\n");
   EXPECT_EQ(store.number("Me_Left", 0), 12.5);
-}
-
-TEST_F(SettingsTest, values_that_no_box_has_leave_it_as_designed) {
-  box.set_caption("Auto Play");
-  for (const char* value : {"2", "-1", "0,5", "10", "abc", "", "True", "1x"}) {
-    files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + value + "\r\n";
-    for (const bool designed : {false, true}) {
-      box.set_checked(designed);
-      work::read_box(store, box);
-      EXPECT_EQ(box.checked(), designed) << value;
-    }
-  }
-  for (const bool stored : {false, true}) {
-    files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + (stored ? "1" : "0") + "\r\n";
-    box.set_checked(!stored);
-    work::read_box(store, box);
-    EXPECT_EQ(box.checked(), stored);
-  }
-}
-
-TEST_F(SettingsTest, a_caption_with_blanks_at_its_end_is_a_key_as_it_stands) {
-  box.set_caption("Unidad: ");
-  for (const bool ticked : {true, false, true}) {
-    box.set_checked(ticked);
-    work::write_box(store, box);
-    EXPECT_EQ(files.contents[kFile],
-              std::string("[Settings]\r\nUnidad: =") + (ticked ? "1" : "0") + "\r\n");
-    box.set_checked(!ticked);
-    work::read_box(store, box);
-    EXPECT_EQ(box.checked(), ticked);
-  }
-}
-
-TEST_F(SettingsTest, a_volume_label_with_an_equals_sign_keeps_to_its_one_line) {
-  box.set_caption("Unidad: D:\\a=b");
-  for (const bool ticked : {true, false, true}) {
-    box.set_checked(ticked);
-    work::write_box(store, box);
-    EXPECT_EQ(files.contents[kFile],
-              std::string("[Settings]\r\nUnidad: D:\\a=b=") + (ticked ? "1" : "0") + "\r\n");
-    box.set_checked(!ticked);
-    work::read_box(store, box);
-    EXPECT_EQ(box.checked(), ticked);
-  }
-}
-
-TEST_F(SettingsTest, a_window_is_placed_where_it_was) {
-  window.set_position({120, 45});
-  work::write_place(store, window, "Me");
-  window.set_position({0, 0});
-  work::read_place(store, window, "Me", {1, 1});
-  EXPECT_EQ(window.position(), (ui::Point{120, 45}));
-  work::read_place(store, window, "Zoom", {7, 8});
-  EXPECT_EQ(window.position(), (ui::Point{7, 8}));
-}
-
-TEST_F(SettingsTest, places_beyond_all_measure_do_no_harm) {
-  files.contents[kFile] = "[Settings]\r\nMe_Left=1e300\r\nMe_Top=-99999999999999\r\n";
-  work::read_place(store, window, "Me", {0, 0});
-  EXPECT_EQ(window.position(), (ui::Point{1'000'000, -1'000'000}));
 }
 
 TEST_F(SettingsTest, a_file_that_cannot_be_read_is_not_written_over) {
@@ -174,36 +92,6 @@ TEST_F(SettingsTest, a_value_that_stands_there_already_is_not_written_again) {
   EXPECT_EQ(writes, 0);
   watching.GrabarIni(kFile, "A", "2");
   EXPECT_EQ(writes, 1);
-}
-
-TEST_F(SettingsTest, settings_that_are_read_only_never_write) {
-  files.contents[kFile] = "[Settings]\r\nAuto Play=1\r\nMe_Left=7\r\n";
-  const auto before = files.contents;
-  store.set_read_only();
-  box.set_caption("Auto Play");
-  work::write_box(store, box);
-  work::write_place(store, window, "Me");
-  store.set_number("Volumen", 3);
-  store.GrabarIni(kFile, "Me_Left", "8");
-  store.GrabarIni("C:\\other.ini", "Me_Left", "8");
-  EXPECT_EQ(files.contents, before);
-  EXPECT_EQ(store.number("Me_Left", 0), 7);
-  work::read_box(store, box);
-  EXPECT_TRUE(box.checked());
-}
-
-TEST_F(SettingsTest, without_a_file_everything_stays_as_designed_and_reading_makes_none) {
-  EXPECT_EQ(store.number("Volumen", 40), 40);
-  EXPECT_EQ(store.LeerIni(kFile, "Ruta 1", ""), "");
-  window.set_position({5, 6});
-  work::read_place(store, window, "Me", {0, 0});
-  EXPECT_EQ(window.position(), (ui::Point{0, 0}));
-  for (const bool designed : {false, true}) {
-    box.set_checked(designed);
-    work::read_box(store, box);
-    EXPECT_EQ(box.checked(), designed);
-  }
-  EXPECT_TRUE(files.contents.empty());
 }
 
 TEST_F(SettingsTest, a_million_lines_are_read_through) {
@@ -247,6 +135,36 @@ TEST_F(SettingsTest, a_file_saved_as_utf8_with_its_mark_is_read_and_stays_utf8) 
   EXPECT_EQ(store.LeerIni(kFile, "m\xCAsica", "0"), "0") << "another letter is another key";
   EXPECT_EQ(files.contents[kFile],
             "\xEF\xBB\xBF[Settings]\r\n\xC3\xB1=\xE2\x82\xAC\r\nM\xC3\x9ASICA=1\r\n");
+}
+
+TEST_F(SettingsTest, settings_that_are_read_only_never_write) {
+  files.contents[kFile] = "[Settings]\r\nMe_Left=7\r\n";
+  const auto before = files.contents;
+  store.set_read_only();
+  store.set_number("Volumen", 3);
+  store.GrabarIni(kFile, "Me_Left", "8");
+  store.GrabarIni("C:\\other.ini", "Me_Left", "8");
+  EXPECT_EQ(files.contents, before);
+  EXPECT_EQ(store.number("Me_Left", 0), 7);
+}
+
+TEST_F(SettingsTest, without_a_file_reading_gives_the_defaults_and_makes_none) {
+  EXPECT_EQ(store.number("Volumen", 40), 40);
+  EXPECT_EQ(store.LeerIni(kFile, "Ruta 1", ""), "");
+  EXPECT_TRUE(files.contents.empty());
+}
+
+TEST_F(SettingsTest, a_key_goes_to_the_file_as_it_stands_with_all_its_blanks_and_quotes) {
+  for (const std::string key :
+       {"Unidad: ", "Unidad: D:\\   ", "Borrar todos los asociados      ------>",
+        "Borrar lista 4 \"Archivos no utilizados\""}) {
+    files.contents.clear();
+    for (const char* value : {"1", "0", "1"}) {
+      store.GrabarIni(kFile, key, value);
+      EXPECT_EQ(files.contents[kFile], "[Settings]\r\n" + key + "=" + value + "\r\n");
+      EXPECT_EQ(store.LeerIni(kFile, key, "-"), value);
+    }
+  }
 }
 
 }  // namespace
