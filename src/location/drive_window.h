@@ -8,12 +8,11 @@
 #include "ui/check_box.h"
 #include "ui/control_array.h"
 #include "ui/label.h"
-#include "ui/window.h"
-#include "work/context.h"
+#include "work/program_window.h"
 
 namespace ordelan::location {
 
-class UnidadesBuscar final : public ui::Window {
+class UnidadesBuscar final : public work::ProgramWindow {
  public:
   static constexpr const char* kName = "UnidadesBuscar";
 
@@ -46,12 +45,11 @@ class UnidadesBuscar final : public ui::Window {
   ui::Button cmdSalir;
 
  private:
-  void Form_Load();
+  void Form_Load() override;
   bool Form_QueryUnload();
   void connect(ui::CheckBox& box);
   void fit_window();
 
-  work::Context context_;
   std::function<void()> UnidadesDisponibles_;
   std::function<void(int)> on_chosen_;
 };

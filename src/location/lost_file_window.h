@@ -7,12 +7,11 @@
 #include "ui/button.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/window.h"
-#include "work/context.h"
+#include "work/program_window.h"
 
 namespace ordelan::location {
 
-class Perdidos final : public ui::Window {
+class Perdidos final : public work::ProgramWindow {
  public:
   static constexpr const char* kName = "Perdidos";
 
@@ -35,7 +34,9 @@ class Perdidos final : public ui::Window {
   void Salir_Click();
 
  private:
-  work::Context context_;
+  void Form_Load() override { fill_(*this); }
+
+  std::function<void(Perdidos&)> fill_;
 };
 
 }  // namespace ordelan::location

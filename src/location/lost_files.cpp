@@ -7,7 +7,6 @@
 #include "project/repeated_rows.h"
 #include "text/rows.h"
 #include "ui/list_width.h"
-#include "work/stored_state.h"
 
 namespace ordelan::location {
 namespace {
@@ -121,11 +120,11 @@ void LostFiles::cmdPerdidos_Click() {
   if (window == nullptr) return;
   if (window->visible()) {
     window->hide();
-    work::write_place(context_.settings, *window, Perdidos::kName);
+    window->store_place();
     return;
   }
   show_in(*window);
-  work::read_place(context_.settings, *window, Perdidos::kName, window->position());
+  window->read_place();
   window->set_minimized(false);
   window->show();
 }

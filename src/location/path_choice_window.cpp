@@ -1,9 +1,7 @@
 #include "location/path_choice_window.h"
 
 #include "skin/path_choice_layout.h"
-#include "work/arrange.h"
-#include "work/dress.h"
-#include "work/stored_state.h"
+#include "work/place_keys.h"
 
 namespace ordelan::location {
 namespace {
@@ -13,25 +11,19 @@ constexpr int kEnter = 13;
 }  // namespace
 
 ElegirRuta::ElegirRuta(const work::Context& context)
-    : ui::Window(context.backend, kName),
+    : ProgramWindow(context, {.name = kName,
+                              .title = "Elegir la ruta",
+                              .layout = skin::kPathChoice,
+                              .place_key = work::place_key::kElegirRuta,
+                              .stores_at_unload = true,
+                              .topmost = true,
+                              .shown = true}),
       ListElegirRuta(*this, "ListElegirRuta"),
-      Label1(*this, "Label1"),
-      context_(context) {
-  set_title("Elegir la ruta");
-  set_size({skin::kPathChoiceWidth, skin::kPathChoiceHeight});
-  set_borderless(true);
-  set_drag_by_background(true);
+      Label1(*this, "Label1") {
   Label1.set_caption(
       "Hay varios archivos con el mismo nombre. Clica el que debe utilizar el proyecto:");
   ListElegirRuta.set_description("Rutas encontradas");
-  work::arrange(*this, skin::kPathChoice);
-  work::dress(*this);
-  on_load = [this] {
-    work::read_place(context_.settings, *this, kName, {0, 0});
-    set_topmost(true);
-    show();
-  };
-  on_unload = [this] { work::write_place(context_.settings, *this, kName); };
+  set_up();
   ListElegirRuta.on_click = [this] { ListElegirRuta_Click(); };
   // A click below the rows is a choice as well, of no path: it leaves the place empty.
   ListElegirRuta.on_click_below = [this] { choose(""); };
@@ -48,7 +40,7 @@ void ElegirRuta::ListElegirRuta_Key(int key_code) {
 }
 
 void ElegirRuta::choose(const std::string& row) {
-  context_.work.ArchivoActual = row;
+  context().work.ArchivoActual = row;
   Elegido = true;
 }
 

@@ -5,12 +5,11 @@
 
 #include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/window.h"
-#include "work/context.h"
+#include "work/program_window.h"
 
 namespace ordelan::location {
 
-class ElegirRuta final : public ui::Window {
+class ElegirRuta final : public work::ProgramWindow {
  public:
   static constexpr const char* kName = "ElegirRuta";
 
@@ -26,8 +25,6 @@ class ElegirRuta final : public ui::Window {
 
  private:
   void choose(const std::string& row);
-
-  work::Context context_;
 };
 
 }  // namespace ordelan::location

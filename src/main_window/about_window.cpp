@@ -1,25 +1,22 @@
 #include "main_window/about_window.h"
 
 #include "skin/about_layout.h"
-#include "work/arrange.h"
-#include "work/dress.h"
 
 namespace ordelan::main_window {
 
 Acerca::Acerca(const work::Context& context)
-    : ui::Window(context.backend, kName),
+    : ProgramWindow(context, {.name = kName,
+                              .title = "Acerca de Ordelan",
+                              .layout = skin::kAbout,
+                              .place = {200, 160},
+                              .topmost = true,
+                              .shown = true}),
       LabelNombre(*this, "LabelNombre"),
       ImageLogo(*this, "ImageLogo"),
       LabelVersion(*this, "LabelVersion"),
       LabelTexto(*this, "LabelTexto"),
       LabelWeb(*this, "LabelWeb"),
-      cmdSalir(*this, "cmdSalir"),
-      context_(context) {
-  set_title("Acerca de Ordelan");
-  set_size({skin::kAboutWidth, skin::kAboutHeight});
-  set_position({200, 160});  // the place is not remembered: it is looked at once
-  set_borderless(true);
-  set_drag_by_background(true);
+      cmdSalir(*this, "cmdSalir") {
   LabelNombre.set_caption("Acerca de Ordelan");
   LabelNombre.set_font({.points = 10, .bold = true});
   ImageLogo.set_description("Ordelan");
@@ -30,18 +27,13 @@ Acerca::Acerca(const work::Context& context)
   LabelWeb.set_caption(kWebPage);
   LabelWeb.set_tip("Abrir la página web");
   cmdSalir.set_caption("Cerrar");
-  work::arrange(*this, skin::kAbout);
-  work::dress(*this);
-  on_load = [this] {
-    set_topmost(true);
-    show();
-  };
-  LabelWeb.on_click = [this] { context_.platform.shell.open(kWebPage); };
+  set_up();
+  LabelWeb.on_click = [this] { this->context().platform.shell.open(kWebPage); };
   on_key_down = [this](ui::Key& key) {
     constexpr int kEscape = 27;
     if (key.code == kEscape) cmdSalir.on_click();
   };
-  cmdSalir.on_click = [this] { context_.windows.close<Acerca>(); };
+  cmdSalir.on_click = [this] { this->context().windows.close<Acerca>(); };
   on_close = cmdSalir.on_click;
 }
 

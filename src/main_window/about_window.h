@@ -6,15 +6,14 @@
 #include "ui/button.h"
 #include "ui/image.h"
 #include "ui/label.h"
-#include "ui/window.h"
-#include "work/context.h"
+#include "work/program_window.h"
 
 namespace ordelan::main_window {
 
 // The program's page in the web.
 inline constexpr const char* kWebPage = "https://ordelan.example/";
 
-class Acerca final : public ui::Window {
+class Acerca final : public work::ProgramWindow {
  public:
   static constexpr const char* kName = "Acerca";
 
@@ -26,9 +25,6 @@ class Acerca final : public ui::Window {
   ui::Label LabelTexto;
   ui::Label LabelWeb;  // opens the page
   ui::Button cmdSalir;
-
- private:
-  work::Context context_;
 };
 
 }  // namespace ordelan::main_window

@@ -4,15 +4,19 @@
 #include "main_window/about_window.h"
 #include "main_window/projects_left_out_window.h"
 #include "skin/main_window_layout.h"
-#include "work/arrange.h"
-#include "work/dress.h"
+#include "work/place_keys.h"
 #include "work/stored_state.h"
 
 namespace ordelan::main_window {
 
 Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
              work::WindowDirectory& windows, settings::Settings& settings)
-    : ui::Window(backend, "Form1"),
+    : ProgramWindow({backend, platform, work, windows, settings, lists, strip, clocks},
+                    {.name = "Form1",
+                     .title = "Ordelan",
+                     .layout = skin::kMainWindow,
+                     .place_key = work::place_key::kForm1,
+                     .minimizable = true}),
       lists(*this),
       strip(*this),
       clocks(*this, platform.regional),
@@ -46,29 +50,22 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       work_(work),
       windows_(windows),
       settings_(settings),
-      context_{backend, platform, work, windows, settings, lists, strip, clocks},
       left_out_(work),
       gate_(platform.files, reader, lists.List1),
       listing_(platform, work, lists, gate_, left_out_),
       decoding_(platform, work, lists, strip, reader, left_out_),
       analysis_(platform, lists, strip, left_out_),
-      location_(context_, reader, left_out_,
+      location_(context(), reader, left_out_,
                 {[this] { cmdReset_Click(); },
                  [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}) {
-  set_size({skin::kMainWindowWidth, skin::kMainWindowHeight});
-  set_borderless(true);
-  set_minimizable(true);
-  set_drag_by_background(true);
-  work::arrange(*this, skin::kMainWindow);
   name_controls();
-  work::dress(*this);
+  set_up();
   wire();
-  windows_.add<Fuera>([this] { return std::make_unique<Fuera>(context_); });
-  windows_.add<Acerca>([this] { return std::make_unique<Acerca>(context_); });
+  windows_.add<Fuera>([this] { return std::make_unique<Fuera>(context()); });
+  windows_.add<Acerca>([this] { return std::make_unique<Acerca>(context()); });
 }
 
 void Form1::name_controls() {
-  set_title("Ordelan");
   AbrirFichero.set_caption("Abrir proyecto...");
   AbrirFichero.set_tip("Elegir un proyecto y descodificar su carpeta");
   cmdReset.set_caption("Vaciar");
@@ -122,7 +119,6 @@ void Form1::name_controls() {
 }
 
 void Form1::wire() {
-  on_load = [this] { Form_Load(); };
   on_close = [this] { Salir_Click(); };
   AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
   cmdReset.on_click = [this] { cmdReset_Click(); };
@@ -153,7 +149,6 @@ void Form1::wire() {
 }
 
 void Form1::Form_Load() {
-  work::read_place(settings_, *this, "Me", {0, 0});
   for (ui::CheckBox* box :
        {&CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckDragDrop, &CheckLogo}) {
     work::read_box(settings_, *box);
@@ -212,7 +207,7 @@ void Form1::cmdCancelar_Click() {
 void Form1::Salir_Click() {
   close_windows({kPlayer, kZoom});
   work_.begin_job();
-  work::write_place(settings_, *this, "Me");
+  store_place();
   for (const ui::CheckBox* box :
        {&CheckDragDrop, &CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckLogo}) {
     work::write_box(settings_, *box);

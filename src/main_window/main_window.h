@@ -19,11 +19,11 @@
 #include "ui/control_array.h"
 #include "ui/image.h"
 #include "ui/label.h"
-#include "ui/window.h"
 #include "work/clocks.h"
 #include "work/context.h"
 #include "work/job.h"
 #include "work/path_strip.h"
+#include "work/program_window.h"
 #include "work/status_strip.h"
 #include "work/window_directory.h"
 #include "work/work_in_hand.h"
@@ -38,7 +38,7 @@ inline constexpr const char* kSA = "SA";
 inline constexpr const char* kZoom = "Zoom";
 inline constexpr const char* kListasZoom = "ListasZoom";
 
-class Form1 final : public ui::Window {
+class Form1 final : public work::ProgramWindow {
  public:
   // Everything given must outlive the window. `load` starts it.
   Form1(ui::Backend& backend, const system::Platform& platform, work::WorkInHand& work,
@@ -114,7 +114,7 @@ class Form1 final : public ui::Window {
   const location::LostFiles& lost_files() const { return location_.lost_files; }
 
  private:
-  void Form_Load();
+  void Form_Load() override;
   void CheckLogo_Click();
   void warn_of_no_drive();
   void wire();
@@ -186,7 +186,6 @@ class Form1 final : public ui::Window {
   work::WorkInHand& work_;
   work::WindowDirectory& windows_;
   settings::Settings& settings_;
-  work::Context context_;
   project::LeftOut left_out_;
   project::ProjectGate gate_;
   project::ProjectListing listing_;

@@ -6,54 +6,42 @@
 
 #include "skin/projects_left_out_layout.h"
 #include "ui/list_width.h"
-#include "work/arrange.h"
-#include "work/dress.h"
-#include "work/stored_state.h"
+#include "work/place_keys.h"
 
 namespace ordelan::main_window {
 
 Fuera::Fuera(const work::Context& context)
-    : ui::Window(context.backend, kName),
+    : ProgramWindow(context, {.name = kName,
+                              .title = "Proyectos que no cuentan",
+                              .layout = skin::kProjectsLeftOut,
+                              .place = {180, 180},
+                              .place_key = work::place_key::kFuera,
+                              .topmost = true,
+                              .minimizable = true}),
       Label1(*this, "Label1"),
       ListFuera(*this, "ListFuera"),
       LabelNota(*this, "LabelNota"),
       Button2(*this, "Button2"),
       Salir(*this, "Salir"),
-      cmdSalir(*this, "cmdSalir"),
-      context_(context) {
-  set_title("Proyectos que no cuentan");
-  set_size({skin::kProjectsLeftOutWidth, skin::kProjectsLeftOutHeight});
-  set_position({180, 180});
-  set_borderless(true);
-  set_minimizable(true);
-  set_drag_by_background(true);
+      cmdSalir(*this, "cmdSalir") {
   Label1.set_caption(title());
   Label1.set_font({.points = 10, .bold = true});
   ListFuera.set_description(title());
   LabelNota.set_caption(
       "Lo que usan estos proyectos puede aparecer en la lista 4 como no utilizado.");
-  Button2.set_description("Minimizar");
-  Button2.set_tip("Minimizar a barra de tareas");
-  Salir.set_description("Cerrar");
-  Salir.set_tip("Cerrar esta ventana");
+  make_minimize_button(Button2);
+  make_close_button(Salir);
   cmdSalir.set_caption("Cerrar");
-  work::arrange(*this, skin::kProjectsLeftOut);
-  work::dress(*this);
-  on_load = [this] {
-    set_topmost(true);
-    work::read_place(context_.settings, *this, name(), position());
-    fill();
-  };
+  set_up();
   on_close = [this] { Salir_Click(); };
-  Salir.on_click = [this] { Salir_Click(); };
-  cmdSalir.on_click = [this] { Salir_Click(); };
-  Button2.on_click = [this] { set_minimized(true); };
+  Salir.on_click = on_close;
+  cmdSalir.on_click = on_close;
 }
 
 void Fuera::fill() {
   std::vector<std::string> rows;
-  rows.reserve(context_.work.ProyectosFuera.size());
-  for (const work::ProyectoFuera& each : context_.work.ProyectosFuera) {
+  rows.reserve(context().work.ProyectosFuera.size());
+  for (const work::ProyectoFuera& each : context().work.ProyectosFuera) {
     rows.push_back(each.ruta + "   (" + each.motivo + ")");
   }
   ListFuera.clear();
@@ -62,8 +50,8 @@ void Fuera::fill() {
 }
 
 void Fuera::Salir_Click() {
-  work::write_place(context_.settings, *this, name());
-  context_.windows.close<Fuera>();
+  store_place();
+  context().windows.close<Fuera>();
 }
 
 }  // namespace ordelan::main_window

@@ -4,12 +4,11 @@
 #include "ui/button.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
-#include "ui/window.h"
-#include "work/context.h"
+#include "work/program_window.h"
 
 namespace ordelan::main_window {
 
-class Fuera final : public ui::Window {
+class Fuera final : public work::ProgramWindow {
  public:
   static constexpr const char* kName = "Fuera";
 
@@ -29,7 +28,7 @@ class Fuera final : public ui::Window {
   void Salir_Click();
 
  private:
-  work::Context context_;
+  void Form_Load() override { fill(); }
 };
 
 }  // namespace ordelan::main_window

@@ -7,14 +7,12 @@
 
 namespace ordelan::skin {
 
-inline constexpr int kAboutWidth = 400;
-inline constexpr int kAboutHeight = 216;
-
-// In the order in which Tab goes through them.
-inline constexpr std::array kAbout = {
+inline constexpr std::array kAboutPlaces = {
     Place{"LabelNombre", -1, 16, 10, 352, 20},   Place{"ImageLogo", -1, 24, 52, 216, 52},
     Place{"LabelVersion", -1, 256, 80, 120, 18}, Place{"LabelTexto", -1, 24, 112, 352, 52},
     Place{"LabelWeb", -1, 24, 178, 220, 20},     Place{"cmdSalir", -1, 276, 170, 100, 32},
 };
+
+inline constexpr Layout kAbout{400, 216, kAboutPlaces};
 
 }  // namespace ordelan::skin

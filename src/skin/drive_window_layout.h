@@ -7,15 +7,13 @@
 
 namespace ordelan::skin {
 
-inline constexpr int kDriveWindowWidth = 304;
-inline constexpr int kDriveWindowHeight = 120;
-
-// In the order in which Tab goes through them.
-inline constexpr std::array kDriveWindow = {
+inline constexpr std::array kDriveWindowPlaces = {
     Place{"Label1", -1, 16, 12, 244, 36},
     Place{"Check1", 0, 16, 60, 200, 20},
     Place{"Label2", -1, 16, 84, 272, 32},
     Place{"cmdSalir", -1, 264, 8, 32, 32},
 };
+
+inline constexpr Layout kDriveWindow{304, 120, kDriveWindowPlaces};
 
 }  // namespace ordelan::skin

@@ -8,15 +8,12 @@
 
 namespace ordelan::skin {
 
-inline constexpr int kMainWindowWidth = 1100;
-inline constexpr int kMainWindowHeight = 720;
-
 // The strip stands above the headings and grows upwards with its lines, as far as this: below the
 // clocks, which run while it tells of a search. From there on it grows downwards.
 inline constexpr int kStripTop = 88;
 
 // In the order in which Tab goes through them; what covers another stands ahead of it.
-inline constexpr std::array kMainWindow = {
+inline constexpr std::array kMainWindowPlaces = {
     Place{"AbrirFichero", -1, 12, 10, 148, 32},
     Place{"cmdReset", -1, 168, 10, 92, 32},
     Place{"cmdCancelar", -1, 268, 10, 148, 32},
@@ -72,5 +69,7 @@ inline constexpr std::array kMainWindow = {
     Place{"CheckLogo", -1, 957, 690, 131, 20},
     Place{"XP_ProgressBar1", -1, 721, 692, 367, 16},
 };
+
+inline constexpr Layout kMainWindow{1100, 720, kMainWindowPlaces};
 
 }  // namespace ordelan::skin

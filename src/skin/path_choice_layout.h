@@ -7,13 +7,11 @@
 
 namespace ordelan::skin {
 
-inline constexpr int kPathChoiceWidth = 640;
-inline constexpr int kPathChoiceHeight = 264;
-
-// In the order in which Tab goes through them.
-inline constexpr std::array kPathChoice = {
+inline constexpr std::array kPathChoicePlaces = {
     Place{"Label1", -1, 16, 12, 608, 20},
     Place{"ListElegirRuta", -1, 16, 40, 608, 208},
 };
+
+inline constexpr Layout kPathChoice{640, 264, kPathChoicePlaces};
 
 }  // namespace ordelan::skin

@@ -44,7 +44,16 @@ void Window::set_position(Point position) {
   assign(position_, position, Aspect::bounds);
 }
 void Window::set_size(Size size) {
-  assign(size_, size, Aspect::bounds);
+  if (size_ == size) return;
+  size_ = size;
+  // The controls first: they are then painted once, in their new places.
+  if (on_resize) on_resize();
+  notify(Aspect::bounds);
+}
+void Window::resized_to(Size size) {
+  if (size_ == size) return;
+  size_ = size;
+  if (on_resize) on_resize();
 }
 void Window::set_back_color(Color color) {
   assign(back_color_, color, Aspect::colors);

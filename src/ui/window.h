@@ -70,12 +70,24 @@ class Window {
   Size size() const { return size_; }
   void set_size(Size size);
 
+  // Whether the user can change the size by the window's edges, and how small it may become; to be
+  // set before the window is loaded.
+  bool resizable() const { return resizable_; }
+  Size smallest_size() const { return smallest_size_; }
+  void set_resizable(Size smallest) {
+    resizable_ = true;
+    smallest_size_ = smallest;
+  }
+  // Takes the size that the user has given the real window; the peer is not told.
+  void resized_to(Size size);
+
   Color back_color() const { return back_color_; }
   void set_back_color(Color color);
 
   // The picture on the window's ground, under its controls, by its name among the program's
-  // resources; empty shows the back colour alone. It brings its own line round the window where
-  // that is borderless.
+  // resources; empty shows the back colour alone. In a window that can be resized it is stretched
+  // in its middle only: corners and edges stay as they are drawn. It brings its own line round the
+  // window where that is borderless.
   const std::string& background() const { return background_; }
   void set_background(std::string picture);
   // Gives the window the size of that picture. It keeps its own where the backend knows no such
@@ -121,6 +133,7 @@ class Window {
   std::function<void(Key&)> on_key_down;  // before the control that has the focus
   std::function<void()> on_drag_end;      // once after each drag, by the title or the background
   std::function<void()> on_double_click;
+  std::function<void()> on_resize;  // the size is another one, whoever has changed it
 
  private:
   friend class Control;
@@ -149,6 +162,8 @@ class Window {
   bool minimizable_ = false;
   bool drag_by_background_ = false;
   bool waiting_ = false;
+  bool resizable_ = false;
+  Size smallest_size_;
   Point position_;
   Size size_;
   Color back_color_ = Color::button_face;

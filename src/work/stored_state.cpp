@@ -33,4 +33,19 @@ void write_place(settings::Settings& settings, const ui::Window& window, const s
   settings.set_number(key + "_Top", window.position().y);
 }
 
+void read_size(const settings::Settings& settings, ui::Window& window, const std::string& key) {
+  constexpr int kLargest = 16384;
+  const auto length = [&](const char* name, int present, int smallest) {
+    return std::clamp(whole(settings.number(key + name, present)), smallest, kLargest);
+  };
+  const ui::Size least = window.smallest_size();
+  window.set_size({length("_Width", window.size().width, least.width),
+                   length("_Height", window.size().height, least.height)});
+}
+
+void write_size(settings::Settings& settings, const ui::Window& window, const std::string& key) {
+  settings.set_number(key + "_Width", window.size().width);
+  settings.set_number(key + "_Height", window.size().height);
+}
+
 }  // namespace ordelan::work

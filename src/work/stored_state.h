@@ -20,4 +20,9 @@ void read_place(const settings::Settings& settings, ui::Window& window, const st
                 ui::Point fallback);
 void write_place(settings::Settings& settings, const ui::Window& window, const std::string& key);
 
+// The size of a window that can be resized, under "<key>_Width" and "<key>_Height". A stored size
+// is brought into the limits that the window and any screen have; without one the size stays.
+void read_size(const settings::Settings& settings, ui::Window& window, const std::string& key);
+void write_size(settings::Settings& settings, const ui::Window& window, const std::string& key);
+
 }  // namespace ordelan::work

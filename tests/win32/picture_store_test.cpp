@@ -117,9 +117,10 @@ TEST_F(Pictures, sizes_are_those_of_the_layout) {
   EXPECT_EQ(store.size("proyecto"), (ui::Size{30, 30}));
   EXPECT_EQ(store.size("logo"), (ui::Size{640, 66}));
   EXPECT_EQ(store.size("fondo_principal"),
-            (ui::Size{skin::kMainWindowWidth, skin::kMainWindowHeight}));
-  EXPECT_EQ(store.size("fondo_perdidos"), (ui::Size{skin::kLostFileWidth, skin::kLostFileHeight}));
-  EXPECT_EQ(store.size("fondo_acerca"), (ui::Size{skin::kAboutWidth, skin::kAboutHeight}));
+            (ui::Size{skin::kMainWindow.width, skin::kMainWindow.height}));
+  EXPECT_EQ(store.size("fondo_perdidos"),
+            (ui::Size{skin::kLostFile.width, skin::kLostFile.height}));
+  EXPECT_EQ(store.size("fondo_acerca"), (ui::Size{skin::kAbout.width, skin::kAbout.height}));
   EXPECT_EQ(store.decodes(), 0) << "a size can be asked for without a picture";
 }
 

@@ -40,7 +40,7 @@ const Names kDecodedWindow = {
 
 Names all_names() {
   Names names;
-  for (const skin::Place& place : skin::kMainWindow) {
+  for (const skin::Place& place : skin::kMainWindow.places) {
     std::string name(place.name);
     if (place.index >= 0) name += "(" + std::to_string(place.index) + ")";
     names.push_back(name);

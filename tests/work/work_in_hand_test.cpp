@@ -75,10 +75,10 @@ TEST_F(LayoutTest, each_control_stands_where_the_layout_says) {
   ui::ControlArray<ui::Label> array(window, "array", 2);
   ui::Label other(window, "other");
   other.set_bounds({9, 9, 9, 9});
-  const std::array layout = {
+  const std::array places = {
       skin::Place{"array", 1, 5, 6, 7, 8}, skin::Place{"array", 0, 3, 4, 5, 6},
       skin::Place{"label", -1, 1, 2, 3, 4}, skin::Place{"nobody", -1, 0, 0, 1, 1}};
-  work::arrange(window, layout);
+  work::arrange(window, {100, 100, places});
   EXPECT_EQ(label.bounds(), (ui::Rect{1, 2, 3, 4}));
   EXPECT_EQ(array[0].bounds(), (ui::Rect{3, 4, 5, 6}));
   EXPECT_EQ(array[1].bounds(), (ui::Rect{5, 6, 7, 8}));
@@ -86,15 +86,15 @@ TEST_F(LayoutTest, each_control_stands_where_the_layout_says) {
 }
 
 TEST(MainWindowLayout, every_control_is_placed_once_and_inside_the_window) {
-  const auto& places = skin::kMainWindow;
+  const auto places = skin::kMainWindow.places;
   for (std::size_t i = 0; i < places.size(); ++i) {
     const auto& place = places[i];
     EXPECT_GE(place.left, 0) << place.name;
     EXPECT_GE(place.top, 0) << place.name;
     EXPECT_GT(place.width, 0) << place.name;
     EXPECT_GT(place.height, 0) << place.name;
-    EXPECT_LE(place.left + place.width, skin::kMainWindowWidth) << place.name;
-    EXPECT_LE(place.top + place.height, skin::kMainWindowHeight) << place.name;
+    EXPECT_LE(place.left + place.width, skin::kMainWindow.width) << place.name;
+    EXPECT_LE(place.top + place.height, skin::kMainWindow.height) << place.name;
     for (std::size_t j = 0; j < i; ++j) {
       EXPECT_FALSE(place.name == places[j].name && place.index == places[j].index) << place.name;
     }

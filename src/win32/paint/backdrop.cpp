@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "ui/nine_slice.h"
 #include "ui/window.h"
+#include "win32/paint/screen_scale.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -41,6 +43,14 @@ HBITMAP exact_bitmap(int width, int height) {
 
 }  // namespace
 
+ui::Pixels ground_of(PictureStore& pictures, const ui::Window& window, const std::string& picture,
+                     int dpi) {
+  ui::Pixels pixels = pictures.pixels(picture, dpi);
+  if (!window.resizable()) return pixels;
+  return ui::nine_sliced(
+      pixels, {to_pixels(window.size().width, dpi), to_pixels(window.size().height, dpi)});
+}
+
 void Backdrop::paint(HDC context, const RECT& area, POINT origin, const ui::Window& window,
                      int dpi) {
   make_ready(window, dpi);
@@ -55,11 +65,13 @@ void Backdrop::paint(HDC context, const RECT& area, POINT origin, const ui::Wind
 }
 
 void Backdrop::make_ready(const ui::Window& window, int dpi) {
-  const auto wanted = std::tuple(window.background(), dpi, color_of(window.back_color()));
+  const ui::Size size = window.resizable() ? window.size() : ui::Size{};
+  const auto wanted =
+      std::tuple(window.background(), dpi, color_of(window.back_color()), size.width, size.height);
   if (made_for_ == wanted) return;
   forget();
   made_for_ = wanted;
-  const ui::Pixels pixels = pictures_.pixels(window.background(), dpi);
+  const ui::Pixels pixels = ground_of(pictures_, window, window.background(), dpi);
   if (pixels.argb.empty()) return;
   bitmap_ = exact_bitmap(pixels.width, pixels.height);
   if (!bitmap_) return;

@@ -277,6 +277,12 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
       moved();
       if (!dragging_) raise(window_.on_drag_end);
       return 0;
+    case WM_NCHITTEST:
+      if (!window_.resizable() || !window_.borderless()) break;
+      return part_at({GET_X_LPARAM(l), GET_Y_LPARAM(l)});
+    case WM_GETMINMAXINFO:
+      if (window_.resizable()) limit_size(*reinterpret_cast<MINMAXINFO*>(l));
+      return 0;
     case WM_SYSCOMMAND:
       if ((w & kSystemCommand) == SC_MINIMIZE) {
         was_minimized_ = true;
@@ -286,6 +292,7 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
     case WM_SIZE:
       if (w == SIZE_MINIMIZED) window_.minimized_by_user(true);
       if (w == SIZE_RESTORED && IsWindowVisible(handle_)) window_.minimized_by_user(false);
+      if (w == SIZE_RESTORED) resized(LOWORD(l), HIWORD(l));
       break;
     case WM_ACTIVATE:
       if (LOWORD(w) == WA_INACTIVE && IsChild(handle_, GetFocus())) last_focus_ = GetFocus();

@@ -63,7 +63,11 @@ class WindowPeer final : public ui::Peer {
   void update_state();
   void update_shape();
   int fitting_dpi() const;
-  RECT outer_area(int dpi) const;
+  RECT outer_area(ui::Size size, int dpi) const;
+  void show_new_size();
+  LRESULT part_at(POINT place) const;
+  void limit_size(MINMAXINFO& limits) const;
+  void resized(int width, int height);
   void rescale();
   void update_kind();
   void update_border();

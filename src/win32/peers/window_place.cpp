@@ -25,7 +25,7 @@ ui::Point position_of(HWND handle) {
 void WindowPeer::update_shape() {
   const ui::Shape& shape = window_.shape();
   if (shape.picture.empty()) return;
-  AplicarForma(handle_, registry_.pictures().pixels(shape.picture, dpi_), shape.mask);
+  AplicarForma(handle_, ground_of(registry_.pictures(), window_, shape.picture, dpi_), shape.mask);
 }
 
 // The density at which the window is shown: that of its screen, or the next smaller usual one at
@@ -36,8 +36,10 @@ int WindowPeer::fitting_dpi() const {
   if (!GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTONEAREST), &monitor)) {
     return screen_dpi_;
   }
+  // One that can be resized need not be shown smaller: it is made smaller where that is needed.
+  const ui::Size size = window_.resizable() ? window_.smallest_size() : window_.size();
   const auto fits = [&](int dpi) {
-    const RECT area = outer_area(dpi);
+    const RECT area = outer_area(size, dpi);
     return area.right - area.left <= monitor.rcWork.right - monitor.rcWork.left &&
            area.bottom - area.top <= monitor.rcWork.bottom - monitor.rcWork.top;
   };
@@ -49,8 +51,8 @@ int WindowPeer::fitting_dpi() const {
 }
 
 // What the window with its frame takes, from the corner of its room for controls.
-RECT WindowPeer::outer_area(int dpi) const {
-  RECT area{0, 0, to_pixels(window_.size().width, dpi), to_pixels(window_.size().height, dpi)};
+RECT WindowPeer::outer_area(ui::Size size, int dpi) const {
+  RECT area{0, 0, to_pixels(size.width, dpi), to_pixels(size.height, dpi)};
   add_borders(area, style(), extended_style(), dpi);
   return area;
 }
@@ -72,7 +74,7 @@ void WindowPeer::place() {
   const int desktop_dpi = system_dpi();
   const int width = to_pixels(window_.size().width, dpi_);
   const int height = to_pixels(window_.size().height, dpi_);
-  const RECT area = outer_area(dpi_);
+  const RECT area = outer_area(window_.size(), dpi_);
   placing_ = true;
   SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, desktop_dpi),
                to_pixels(window_.position().y, desktop_dpi), area.right - area.left,
@@ -86,6 +88,41 @@ void WindowPeer::place() {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
   placing_ = false;
+  if (window_.resizable()) show_new_size();
+}
+
+// The ground and the shape are those of the size.
+void WindowPeer::show_new_size() {
+  update_shape();
+  InvalidateRect(handle_, nullptr, TRUE);
+}
+
+// Which part of its frame a place on the screen is, by which the system resizes the window; its
+// inside where it is none of them.
+LRESULT WindowPeer::part_at(POINT place) const {
+  constexpr int kGrip = 6;
+  RECT area{};
+  GetWindowRect(handle_, &area);
+  const int grip = to_pixels(kGrip, dpi_);
+  const bool left = place.x < area.left + grip;
+  const bool right = place.x >= area.right - grip;
+  const bool top = place.y < area.top + grip;
+  const bool bottom = place.y >= area.bottom - grip;
+  if (top) return left ? HTTOPLEFT : right ? HTTOPRIGHT : HTTOP;
+  if (bottom) return left ? HTBOTTOMLEFT : right ? HTBOTTOMRIGHT : HTBOTTOM;
+  return left ? HTLEFT : right ? HTRIGHT : HTCLIENT;
+}
+
+void WindowPeer::limit_size(MINMAXINFO& limits) const {
+  const RECT least = outer_area(window_.smallest_size(), dpi_);
+  limits.ptMinTrackSize = {least.right - least.left, least.bottom - least.top};
+}
+
+void WindowPeer::resized(int width, int height) {
+  if (placing_ || !window_.resizable()) return;
+  window_.resized_to({to_units(width, dpi_), to_units(height, dpi_)});
+  show_new_size();
+  registry_.flush();
 }
 
 // A window that is put back where no screen is any more could not even be dragged back, and buttons
@@ -106,6 +143,13 @@ void WindowPeer::bring_onto_a_screen() {
   monitor.cbSize = sizeof monitor;
   if (!GetMonitorInfoW(MonitorFromRect(&area, MONITOR_DEFAULTTONEAREST), &monitor)) return;
   const RECT& screen = monitor.rcWork;
+  if (window_.resizable()) {
+    // Its far corner must be in reach, or it could not be made smaller.
+    const LONG width = std::min(area.right - area.left, screen.right - screen.left);
+    const LONG height = std::min(area.bottom - area.top, screen.bottom - screen.top);
+    SetWindowPos(handle_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    GetWindowRect(handle_, &area);
+  }
   // The far edges first: of a window larger than the screen, the title stays in sight.
   const LONG left =
       std::max(screen.left, std::min(area.left, screen.right - (area.right - area.left)));

@@ -1,0 +1,13 @@
+// The keys under which windows store their places: "<key>_Left" and "<key>_Top". They are part of
+// the format of the configuration file, so that they stand in one spot.
+#pragma once
+
+namespace ordelan::work::place_key {
+
+inline constexpr const char* kForm1 = "Me";  // not its name: files of earlier versions have this
+inline constexpr const char* kPerdidos = "Perdidos";
+inline constexpr const char* kUnidadesBuscar = "UnidadesBuscar";
+inline constexpr const char* kElegirRuta = "ElegirRuta";
+inline constexpr const char* kFuera = "Fuera";
+
+}  // namespace ordelan::work::place_key
