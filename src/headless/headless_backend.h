@@ -25,7 +25,9 @@ class HeadlessBackend final : public ui::Backend, public system::EventPump {
   std::unique_ptr<ui::Peer> attach(ui::Slider&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::TextBox&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override;
-  std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&) override { return nullptr; }
+  std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&, ui::Control*) override {
+    return nullptr;
+  }
 
   // Lines are only what CR LF makes of the text: no width breaks them.
   int line_count(const ui::TextBox& box) override;

@@ -14,6 +14,7 @@ namespace ordelan::ui {
 class Button;
 class CheckBox;
 class Class1;
+class Control;
 class Image;
 class Label;
 class ListBox;
@@ -43,8 +44,8 @@ class Backend {
   virtual std::unique_ptr<Peer> attach(Slider& slider) = 0;
   virtual std::unique_ptr<Peer> attach(TextBox& box) = 0;
   virtual std::unique_ptr<Peer> attach(Timer& timer) = 0;
-  // A balloon goes with a window.
-  virtual std::unique_ptr<Peer> attach(Class1& balloon, Window& parent) = 0;
+  // A balloon goes with a window, or with one control of it; null for the window itself.
+  virtual std::unique_ptr<Peer> attach(Class1& balloon, Window& window, Control* control) = 0;
 
   // How many lines the box's text takes in the width that the box has; at least 1.
   virtual int line_count(const TextBox& box) = 0;

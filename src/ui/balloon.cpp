@@ -9,10 +9,18 @@ namespace ordelan::ui {
 Class1::~Class1() = default;
 
 void Class1::Create(Window& parent) {
+  create(parent, nullptr);
+}
+
+void Class1::Create(Control& parent) {
+  create(parent.window(), &parent);
+}
+
+void Class1::create(Window& window, Control* control) {
   Destroy();
-  if (!parent.loaded()) return;
+  if (!window.loaded()) return;
   exists_ = true;
-  peer_ = parent.backend().attach(*this, parent);
+  peer_ = window.backend().attach(*this, window, control);
 }
 
 void Class1::Show(int x, int y, const Control& over) {

@@ -47,15 +47,20 @@ class Class1 {
   void set_title(std::string title) { assign(title_, std::move(title), Aspect::value); }
   const std::string& tip_text() const { return tip_text_; }
   void set_tip_text(std::string text) { assign(tip_text_, std::move(text), Aspect::text); }
-  int visible_time() const { return visible_time_; }  // milliseconds
+  // Both in milliseconds, for a balloon that comes by the pointer.
+  int visible_time() const { return visible_time_; }
   void set_visible_time(int time) { assign(visible_time_, time, Aspect::interval); }
-  int delay_time() const { return delay_time_; }  // milliseconds
+  int delay_time() const { return delay_time_; }
   void set_delay_time(int time) { assign(delay_time_, time, Aspect::interval); }
 
   // Makes the balloon, not shown yet, in place of an older one. It belongs to a window that is
-  // loaded; with one that is not, there is no balloon.
+  // loaded, or to a control of one, and goes with it at the latest; with a window that is not
+  // loaded, there is no balloon. Until it is shown, it is the tip of what it belongs to: it comes
+  // where the pointer rests there for the delay time, and stays for the visible time.
   void Create(Window& parent);
-  // Shows it at a place in the units of a control, or of a window's room. Without `Create` nothing
+  void Create(Control& parent);
+  // Shows it at a place in the units of a control, or of a window's room. It stays there until it
+  // is destroyed, however long that takes and wherever the pointer goes. Without `Create` nothing
   // happens.
   void Show(int x, int y, const Control& over);
   void Show(int x, int y, const Window& over);
@@ -67,6 +72,7 @@ class Class1 {
   const std::optional<Place>& shown() const { return shown_; }
 
  private:
+  void create(Window& window, Control* control);
   void notify(Aspect aspect) {
     if (peer_) peer_->changed(aspect);
   }

@@ -62,7 +62,6 @@ void Slider::attach(Backend& backend) {
 void Slider::detach() {
   hover_.forget();
   pointer_is_on_it = nullptr;
-  picture_size = nullptr;
   dragging_ = pressed_ = paged_ = false;
   look_ = ThumbLook::normal;
   Control::detach();
@@ -109,16 +108,29 @@ void Slider::set_large_change(std::int16_t change) {
   redraw();
 }
 
-void Slider::set_max(std::int32_t max) {
-  if (properties_.value > max) properties_.value = max;
-  set("Max", &Properties::max, max);
-  redraw_from_value();
+void Slider::set_max(std::int32_t wanted) {
+  const bool other_end = wanted != max();
+  if (value() > wanted) properties_.value = wanted;
+  set("Max", &Properties::max, wanted);
+  end_written(other_end);
 }
 
-void Slider::set_min(std::int32_t min) {
-  if (properties_.value < min) properties_.value = min;
-  set("Min", &Properties::min, min);
-  redraw_from_value();
+void Slider::set_min(std::int32_t wanted) {
+  const bool other_end = wanted != min();
+  if (value() < wanted) properties_.value = wanted;
+  set("Min", &Properties::min, wanted);
+  end_written(other_end);
+}
+
+// The same end is written many times a second while something plays. What the hand has chosen is
+// rounded, and would be placed elsewhere; on an upright track it may even lie beyond the end.
+void Slider::end_written(bool other_end) {
+  const auto shown = value_under_thumb();
+  if (!other_end && shown && (*shown == value() || in_range(*shown, properties_) == value())) {
+    redraw();
+  } else {
+    redraw_from_value();
+  }
 }
 
 void Slider::set_value(std::int32_t value) {
@@ -129,9 +141,13 @@ void Slider::set_value(std::int32_t value) {
 
 void Slider::set_position(std::int32_t position) {
   set("Position", &Properties::position, position);
+  size_to_track();
+  ResetPictures();
+}
+
+void Slider::size_to_track() {
   const Size track = size_of(properties_.picture_back);
   if (!is_nothing(track)) set_bounds({bounds().left, bounds().top, track.width, track.height});
-  ResetPictures();
 }
 
 void Slider::save(PropertyBag& bag) {
@@ -150,6 +166,7 @@ void Slider::load(const PropertyBag& bag) {
   properties_.value = in_range(properties_.value, properties_);
   changed_.clear();
   set_back_color(properties_.back_color);
+  size_to_track();
   ResetPictures();
 }
 
@@ -165,7 +182,8 @@ void Slider::ResetPictures() {
 }
 
 Size Slider::size_of(const std::string& picture) const {
-  return picture.empty() || !picture_size ? Size{} : picture_size(picture);
+  if (picture.empty()) return {};
+  return window().backend().picture_size(picture).value_or(Size{});
 }
 
 int Slider::thumb_length() const {
@@ -336,11 +354,15 @@ void Slider::choose(std::int64_t wanted) {
   tell(on_change, value());
 }
 
-bool Slider::take_value() {
+std::optional<std::int32_t> Slider::value_under_thumb() const {
   const auto chosen = value_at(bar_pos_, room(), min(), max());
-  if (!chosen) return false;
-  set("Value", &Properties::value, vertical() ? inverted(*chosen, min(), max()) : *chosen);
-  return true;
+  return chosen && vertical() ? inverted(*chosen, min(), max()) : chosen;
+}
+
+bool Slider::take_value() {
+  const auto chosen = value_under_thumb();
+  if (chosen) set("Value", &Properties::value, *chosen);
+  return chosen.has_value();
 }
 
 void Slider::take(std::int64_t wanted) {

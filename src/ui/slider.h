@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -55,9 +56,10 @@ class Slider : public Control {
   std::int32_t min() const { return properties_.min; }
   std::int32_t max() const { return properties_.max; }
   std::int32_t value() const { return properties_.value; }
-  // A value that the new end leaves outside becomes that end.
-  void set_min(std::int32_t min);
-  void set_max(std::int32_t max);
+  // A value that the new end leaves outside becomes that end. An end that is written as it is
+  // leaves the thumb where the user's hand has put it.
+  void set_min(std::int32_t wanted);
+  void set_max(std::int32_t wanted);
   // Raises no Change: only the user's hand does. Does nothing with a value out of the range, or
   // while the user holds the slider.
   void set_value(std::int32_t value);
@@ -68,6 +70,7 @@ class Slider : public Control {
   // As for Button.
   const std::set<std::string, std::less<>>& changed_properties() const { return changed_; }
   void save(PropertyBag& bag);
+  // Makes the slider as large as its track's picture too.
   void load(const PropertyBag& bag);
 
   // Measures the pictures anew and puts the thumb where the value is.
@@ -101,9 +104,7 @@ class Slider : public Control {
   // is held or not enabled. A handler may destroy the slider.
   void choose(std::int64_t wanted);
 
-  // Set by the peer: how large a picture is, in the layout's units, {0, 0} for one that is not
-  // there; and whether the pointer is on the slider, asked every 10 ms while it may be.
-  std::function<Size(const std::string& picture)> picture_size;
+  // Set by the peer: whether the pointer is on the slider, asked every 10 ms while it may be.
   std::function<bool()> pointer_is_on_it;
 
   // The user's hand has moved the value.
@@ -125,6 +126,9 @@ class Slider : public Control {
   int room() const;
   int on_the_track(int offset) const;
   void redraw() { notify(Aspect::look); }
+  void size_to_track();
+  std::optional<std::int32_t> value_under_thumb() const;
+  void end_written(bool other_end);
   void place_thumb();
   void redraw_from_value();
   void press(Point place);

@@ -84,6 +84,18 @@ TEST_F(HoverTest, the_first_tick_without_the_pointer_ends_it) {
   EXPECT_EQ(questions, asked + 1);
 }
 
+TEST_F(HoverTest, the_pointers_going_is_told_before_the_button_is_drawn_without_it) {
+  std::string seen;
+  button->on_mouse_out = [&](int) {
+    seen = (button->over() ? "over " : "gone ") + button->picture_to_show();
+  };
+  button->mouse_move({{1, 1}, 0, 0});
+  on_it = false;
+  tick();
+  EXPECT_EQ(seen, "gone over");
+  EXPECT_EQ(button->picture_to_show(), "normal");
+}
+
 TEST_F(HoverTest, a_press_dragged_out_and_let_go_is_no_click) {
   button->mouse_move({{1, 1}, 0, 0});
   button->mouse_down({{1, 1}, ui::kLeftButton, 0});

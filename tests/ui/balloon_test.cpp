@@ -126,6 +126,18 @@ TEST_F(BalloonTest, there_is_no_balloon_for_a_window_that_is_not_loaded) {
   window.unload();
   balloon.Create(window);
   EXPECT_FALSE(balloon.exists());
+  balloon.Create(label);
+  EXPECT_FALSE(balloon.exists());
+}
+
+TEST_F(BalloonTest, it_may_belong_to_a_control) {
+  backend.attached.clear();
+  balloon.Create(label);
+  EXPECT_TRUE(balloon.exists());
+  EXPECT_THAT(backend.attached, ElementsAre("balloon of label"));
+  balloon.Create(window);
+  EXPECT_THAT(backend.attached, ElementsAre("balloon of label", "balloon"));
+  EXPECT_THAT(backend.gone, ElementsAre("balloon of label"));
 }
 
 }  // namespace

@@ -165,6 +165,38 @@ TEST_F(ButtonTest, a_reset_gives_the_default_look) {
   EXPECT_EQ(button->changed_properties().size(), 13u);
 }
 
+TEST_F(ButtonTest, a_reset_leaves_a_press_going_on) {
+  set_all_pictures();
+  button->mouse_move(kMoving);
+  button->mouse_down(kLeft);
+  take();
+  button->Reset();
+  EXPECT_TRUE(button->down());
+  EXPECT_TRUE(button->over());
+  EXPECT_TRUE(button->look().pressed);
+  button->mouse_up(kLeft);
+  EXPECT_THAT(events, ElementsAre("Click", "MouseUp"));
+}
+
+TEST_F(ButtonTest, events_come_in_their_place_between_state_and_drawing) {
+  set_all_pictures();
+  std::vector<std::string> seen;
+  const auto note = [&](const char* event) {
+    seen.push_back(std::string(event) + (button->over() ? " over" : "") +
+                   (button->down() ? " down" : "") + " " + button->picture_to_show());
+  };
+  button->on_mouse_in = [&](int) { note("In"); };
+  button->on_mouse_move = [&](const Mouse&) { note("Move"); };
+  button->on_mouse_down = [&](const Mouse&) { note("Down"); };
+  button->on_click = [&] { note("Click"); };
+  button->on_mouse_up = [&](const Mouse&) { note("Up"); };
+  button->mouse_move(kMoving);
+  button->mouse_down(kLeft);
+  button->mouse_up(kLeft);
+  EXPECT_THAT(seen, ElementsAre("In over normal", "Move over over", "Down over down down",
+                                "Click over over", "Up over over"));
+}
+
 TEST_F(ButtonTest, refresh_tells_the_look_and_nothing_else) {
   button->Refresh();
   EXPECT_THAT(backend.take(), ElementsAre(Change{"button", ui::Aspect::look}));

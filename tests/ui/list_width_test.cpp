@@ -69,6 +69,19 @@ TEST_F(ListWidthTest, what_cannot_be_measured_has_no_width) {
   EXPECT_EQ(ui::ListaAncho(rows), 0);
 }
 
+TEST_F(ListWidthTest, every_character_counts_with_its_own_width) {
+  RecordingBackend measures;
+  for (std::size_t byte = 0; byte < measures.widths.size(); ++byte) {
+    measures.widths[byte] = static_cast<int>(byte) + 1;
+  }
+  ui::Window other(measures, "other");
+  ui::ListBox rows(other, "rows");
+  EXPECT_EQ(ui::MedirTexto(rows, "a\t\xF3\xFF"), 'a' + 1 + 10 + 0xF4 + 0x100);
+  rows.add("a\t\xF3\xFF");
+  rows.add("\xF3\xF3\xF3");
+  EXPECT_EQ(ui::ListaAncho(rows), 3 * 0xF4 + 10);
+}
+
 TEST_F(ListWidthTest, an_extent_shrinks_with_its_rows) {
   EXPECT_EQ(width_of({100}), 600);
   EXPECT_EQ(width_of({3}), 18);

@@ -38,6 +38,7 @@ class RecordingBackend final : public ui::Backend {
 
   // The changes since the last look.
   std::map<std::string, ui::Size> picture_sizes;  // of the pictures that there are
+  ui::CharacterWidths widths{};                   // in every font
 
   std::vector<Change> take() { return std::exchange(changes, {}); }
 
@@ -51,10 +52,12 @@ class RecordingBackend final : public ui::Backend {
   std::unique_ptr<ui::Peer> attach(ui::Slider& slider) override { return made(slider); }
   std::unique_ptr<ui::Peer> attach(ui::TextBox& box) override { return made(box); }
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override { return made(timer); }
-  std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&) override { return made("balloon"); }
+  std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&, ui::Control* control) override {
+    return made(control ? "balloon of " + control->name() : "balloon");
+  }
 
   int line_count(const ui::TextBox&) override { return 1; }
-  ui::CharacterWidths character_widths(const ui::Font&) override { return {}; }
+  ui::CharacterWidths character_widths(const ui::Font&) override { return widths; }
   std::optional<ui::Size> picture_size(const std::string& name) override {
     const auto known = picture_sizes.find(name);
     return known == picture_sizes.end() ? std::nullopt : std::optional(known->second);

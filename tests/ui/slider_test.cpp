@@ -29,7 +29,7 @@ struct SliderTest : ::testing::Test {
     slider->set_bounds({30, 40, 110, 20});
     slider->set_position(1);
     window.load();
-    slider->picture_size = [this](const std::string& name) { return sizes[name]; };
+    sizes["bar"] = {10, 20};
     slider->set_bar("bar");
     events.clear();
     backend.take();
@@ -54,8 +54,8 @@ struct SliderTest : ::testing::Test {
     slider->mouse_up(left(x, y));
   }
 
-  std::map<std::string, ui::Size> sizes{{"bar", {10, 20}}};
   RecordingBackend backend;
+  std::map<std::string, ui::Size>& sizes = backend.picture_sizes;
   ui::Window window{backend, "window"};
   std::unique_ptr<ui::Slider> slider = std::make_unique<ui::Slider>(window, "slider");
   std::vector<std::string> events;
@@ -427,6 +427,119 @@ TEST_F(SliderTest, turning_makes_it_as_large_as_its_track) {
   EXPECT_EQ(slider->track_place(), (Rect{0, 0, 18, 90}));
   slider->set_picture_back("gone");
   EXPECT_EQ(slider->track_place(), (Rect{0, 0, 18, 90})) << "a track without a picture fills it";
+}
+
+TEST_F(SliderTest, loading_makes_it_as_large_as_its_track) {
+  sizes["track"] = {90, 18};
+  slider->load(ui::PropertyBag::parse("PictureBack=track\nPosition=1\nBar=bar\nValue=50"));
+  EXPECT_EQ(slider->bounds(), (Rect{30, 40, 90, 18}));
+  EXPECT_EQ(slider->bar_pos(), 40);
+  ui::Window other(backend, "other");
+  ui::Slider hidden(other, "hidden");
+  hidden.set_bounds({1, 2, 3, 4});
+  hidden.load(ui::PropertyBag::parse("PictureBack=track"));
+  EXPECT_EQ(hidden.bounds(), (Rect{1, 2, 90, 18})) << "also before it is shown";
+  hidden.load(ui::PropertyBag::parse("PictureBack=gone"));
+  EXPECT_EQ(hidden.bounds(), (Rect{1, 2, 90, 18}));
+}
+
+TEST_F(SliderTest, turning_before_it_is_shown_makes_it_as_large_as_its_track) {
+  sizes["track"] = {18, 90};
+  ui::Window other(backend, "other");
+  ui::Slider hidden(other, "hidden");
+  hidden.set_picture_back("track");
+  hidden.set_position(0);
+  EXPECT_EQ(hidden.bounds(), (Rect{0, 0, 18, 90}));
+}
+
+TEST_F(SliderTest, an_end_written_as_it_is_leaves_the_thumb_where_the_hand_put_it) {
+  slider->set_max(7);
+  click(42, 5);
+  ASSERT_EQ(slider->value(), 2);
+  ASSERT_EQ(slider->bar_pos(), 37);
+  backend.take();
+  slider->set_max(7);
+  slider->set_min(0);
+  EXPECT_EQ(slider->bar_pos(), 37);
+  EXPECT_THAT(backend.take(),
+              ElementsAre(Change{"slider", ui::Aspect::look}, Change{"slider", ui::Aspect::look}));
+  slider->set_max(8);
+  EXPECT_EQ(slider->bar_pos(), 25) << "another end places it by the value";
+  slider->set_value(4);
+  slider->set_value(2);
+  slider->set_max(8);
+  EXPECT_EQ(slider->bar_pos(), 25);
+}
+
+TEST_F(SliderTest, an_end_written_as_it_is_leaves_an_upright_thumb_too) {
+  stand_upright();
+  slider->set_max(100);
+  slider->set_min(20);
+  for (const int y : {0, 30, 55, 80, 109}) {
+    click(10, y);
+    const int before = slider->bar_pos();
+    slider->set_max(100);
+    EXPECT_EQ(slider->bar_pos(), before) << y;
+  }
+  slider->set_min(-60);
+  slider->set_max(12);
+  for (const int y : {0, 30, 55, 80, 109}) {
+    click(10, y);
+    const int before = slider->bar_pos();
+    slider->set_max(12);
+    EXPECT_EQ(slider->bar_pos(), before) << y;
+    EXPECT_LE(slider->value(), 12) << "an end takes the value with it";
+  }
+}
+
+TEST_F(SliderTest, an_upright_value_is_placed_from_the_bottom_in_any_range) {
+  stand_upright();
+  slider->set_max(100);
+  slider->set_min(20);
+  slider->set_value(40);
+  EXPECT_EQ(slider->bar_pos(), 75);
+  slider->set_min(-60);
+  slider->set_max(12);
+  slider->set_value(-6);
+  EXPECT_EQ(slider->bar_pos(), 25);
+  slider->set_value(12);
+  click(10, 30);  // the thumb at 25: -42, negated
+  EXPECT_EQ(slider->value(), 42);
+  slider->set_min(20);
+  slider->set_max(100);
+  slider->set_value(100);
+  click(10, 30);  // the thumb at 25: 40, from 100
+  EXPECT_EQ(slider->value(), 60);
+}
+
+TEST_F(SliderTest, change_is_told_also_where_the_value_is_the_same) {
+  click(65, 5);
+  click(65, 90);
+  EXPECT_THAT(take(), ElementsAre("MouseDown", "Change 60", "MouseUp", "MouseDown", "Change 60",
+                                  "MouseUp"));
+  slider->mouse_down(left(65, 5));
+  slider->mouse_move(left(65, 5));
+  slider->mouse_move(left(65, 9));
+  slider->mouse_up(left(65, 9));
+  EXPECT_THAT(events, ElementsAre("MouseDown", "Change 60", "MouseMove", "Change 60", "MouseMove",
+                                  "MouseUp"));
+}
+
+TEST_F(SliderTest, every_step_of_the_mouse_draws_it_anew) {
+  const auto drawn = [&] { return backend.take().size(); };
+  slider->on_change = nullptr;
+  slider->mouse_down(left(65, 5));
+  EXPECT_EQ(drawn(), 1u) << "a press on the track";
+  slider->mouse_up(left(65, 5));
+  EXPECT_EQ(drawn(), 1u) << "its release";
+  slider->mouse_down(left(65, 5));
+  EXPECT_EQ(drawn(), 1u) << "a press on the thumb";
+  slider->mouse_move(left(500, 5));
+  EXPECT_EQ(drawn(), 1u) << "a drag";
+  slider->mouse_up(left(500, 5));
+  EXPECT_EQ(drawn(), 1u) << "its end";
+  slider->mouse_move({{50, 5}, 0, 0});
+  EXPECT_GE(drawn(), 1u) << "the pointer's coming";
 }
 
 TEST_F(SliderTest, another_size_measures_the_pictures_anew) {

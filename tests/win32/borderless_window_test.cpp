@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "ui/button.h"
@@ -12,6 +13,7 @@
 #include "ui/label.h"
 #include "ui/list_box.h"
 #include "ui/timer.h"
+#include "ui/window_shape.h"
 #include "win32/backend_fixture.h"
 
 namespace ordelan::test {
@@ -41,6 +43,30 @@ class BorderlessWindow : public BackendTest {
 
   ui::Button button{window, "cmdAbrir"};
 };
+
+TEST_F(BorderlessWindow, it_has_the_shape_that_it_is_given_until_that_is_taken_away) {
+  // The colour that is not shown; none where all of the window is.
+  const auto hole = [&]() -> std::optional<COLORREF> {
+    COLORREF color = 0;
+    DWORD flags = 0;
+    if (!has_extended_style(WS_EX_LAYERED)) return std::nullopt;
+    if (!GetLayeredWindowAttributes(real_window(), &color, nullptr, &flags)) return std::nullopt;
+    return flags == LWA_COLORKEY ? std::optional(color) : std::nullopt;
+  };
+  show();
+  EXPECT_EQ(hole(), std::nullopt);
+  ui::AplicarForma(window, "fondo_principal", static_cast<ui::Color>(0xFF00FF));
+  EXPECT_EQ(hole(), RGB(255, 0, 255));
+  ui::AplicarForma(window, "fondo_principal", static_cast<ui::Color>(0xFF0000));
+  EXPECT_EQ(hole(), RGB(0, 0, 255));
+  window.set_shape({});
+  EXPECT_EQ(hole(), std::nullopt);
+  EXPECT_TRUE(IsWindowVisible(real_window()));
+  window.unload();
+  ui::AplicarForma(window, "fondo_principal", ui::Color::button_face);
+  show();
+  EXPECT_EQ(hole(), GetSysColor(COLOR_BTNFACE));
+}
 
 TEST_F(BorderlessWindow, the_room_for_controls_is_the_windows_size_with_a_line_round_it) {
   show();

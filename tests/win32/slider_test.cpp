@@ -117,6 +117,164 @@ TEST_F(RealSlider, a_drag_ends_where_something_else_takes_the_mouse) {
   EXPECT_EQ(slider.value(), 0);
 }
 
+TEST_F(RealSlider, events_tell_place_button_and_keys) {
+  ui::Mouse last;
+  slider.on_mouse_down = slider.on_mouse_move =
+      slider.on_mouse_up = [&](const ui::Mouse& mouse) { last = mouse; };
+  show();
+  send(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, 61, 7);
+  EXPECT_EQ(last, (ui::Mouse{{61, 7}, ui::kLeftButton, ui::kShiftKey}));
+  send(WM_MOUSEMOVE, MK_LBUTTON | MK_CONTROL, 73, 9);
+  EXPECT_EQ(last, (ui::Mouse{{73, 9}, ui::kLeftButton, ui::kControlKey}));
+  send(WM_LBUTTONUP, 0, 85, 11);
+  EXPECT_EQ(last, (ui::Mouse{{85, 11}, ui::kLeftButton, 0}));
+  send(WM_MOUSEMOVE, 0, 40, 12);
+  EXPECT_EQ(last, (ui::Mouse{{40, 12}, 0, 0}));
+}
+
+TEST_F(RealSlider, every_button_of_the_mouse_is_told_and_keeps_the_mouse) {
+  std::vector<std::string> events;
+  slider.on_mouse_down = [&](const ui::Mouse& m) {
+    events.push_back("Down" + std::to_string(m.button));
+  };
+  slider.on_mouse_up = [&](const ui::Mouse& m) {
+    events.push_back("Up" + std::to_string(m.button));
+  };
+  show();
+  struct Pair {
+    UINT press;
+    UINT release;
+  };
+  for (const Pair& mouse :
+       {Pair{WM_LBUTTONDOWN, WM_LBUTTONUP}, Pair{WM_LBUTTONDBLCLK, WM_LBUTTONUP},
+        Pair{WM_RBUTTONDOWN, WM_RBUTTONUP}, Pair{WM_RBUTTONDBLCLK, WM_RBUTTONUP},
+        Pair{WM_MBUTTONDOWN, WM_MBUTTONUP}, Pair{WM_MBUTTONDBLCLK, WM_MBUTTONUP}}) {
+    send(mouse.press, 0, 60);
+    EXPECT_EQ(GetCapture(), real_slider()) << std::hex << mouse.press;
+    send(mouse.release, 0, 60);
+    EXPECT_NE(GetCapture(), real_slider()) << std::hex << mouse.release;
+  }
+  EXPECT_THAT(events, ElementsAre("Down1", "Up1", "Down1", "Up1", "Down2", "Up2", "Down2", "Up2",
+                                  "Down4", "Up4", "Down4", "Up4"));
+}
+
+TEST_F(RealSlider, a_right_click_inside_a_drag_does_not_end_it) {
+  show();
+  send(WM_LBUTTONDOWN, MK_LBUTTON, 5);
+  send(WM_RBUTTONDOWN, MK_LBUTTON | MK_RBUTTON, 5);
+  send(WM_RBUTTONUP, MK_LBUTTON, 5);
+  EXPECT_EQ(GetCapture(), real_slider());
+  EXPECT_TRUE(slider.dragging());
+  send(WM_MOUSEMOVE, MK_LBUTTON, 55);
+  EXPECT_EQ(slider.value(), 50);
+  send(WM_LBUTTONUP, 0, 55);
+  EXPECT_FALSE(slider.dragging());
+  EXPECT_NE(GetCapture(), real_slider());
+}
+
+TEST_F(RealSlider, a_release_without_its_press_is_not_told) {
+  int releases = 0;
+  slider.on_mouse_up = [&](const ui::Mouse&) { ++releases; };
+  show();
+  send(WM_LBUTTONUP, 0, 60);
+  send(WM_LBUTTONDOWN, MK_LBUTTON, 60);
+  ReleaseCapture();
+  send(WM_LBUTTONUP, 0, 60);
+  EXPECT_EQ(releases, 0);
+}
+
+TEST_F(RealSlider, every_state_is_painted_as_it_comes) {
+  constexpr COLORREF kNormal = skin::kStep1;
+  constexpr COLORREF kOver = skin::kStep2;
+  constexpr COLORREF kDown = skin::kStep3;
+  slider.set_bounds({20, 30, 124, 24});
+  slider.set_bar("paso_1");
+  slider.set_bar_over("paso_2");
+  slider.set_bar_down("paso_3");
+  show();
+  const auto thumb_at = [&](int left) { return shown(left + 3, 12); };
+  const auto point_at = [&](int x, int y) {
+    POINT place{px(x), px(y)};
+    ClientToScreen(real_slider(), &place);
+    SetCursorPos(place.x, place.y);
+  };
+  SetCursorPos(0, 0);
+  EXPECT_EQ(thumb_at(0), kNormal);
+  point_at(10, 12);
+  send(WM_MOUSEMOVE, 0, 10);
+  EXPECT_EQ(thumb_at(0), kOver);
+  send(WM_LBUTTONDOWN, MK_LBUTTON, 10);
+  EXPECT_EQ(thumb_at(0), kDown);
+  send(WM_MOUSEMOVE, MK_LBUTTON, 60);
+  EXPECT_EQ(thumb_at(50), kDown);
+  EXPECT_NE(thumb_at(0), kDown);
+  send(WM_LBUTTONUP, 0, 60);
+  EXPECT_EQ(thumb_at(50), kNormal);
+  SetCursorPos(0, 0);
+  ASSERT_TRUE(pump_until([&] { return !slider.over(); }));
+  point_at(10, 12);
+  ASSERT_TRUE(pump_until([&] { return slider.over(); })) << "by the system's own messages";
+  EXPECT_EQ(thumb_at(50), kOver);
+  SetCursorPos(0, 0);
+  EXPECT_TRUE(pump_until([&] { return thumb_at(50) == kNormal; }));
+  send(WM_LBUTTONDOWN, MK_LBUTTON, 100);
+  EXPECT_EQ(thumb_at(88), kNormal) << "the thumb jumps at the press, not at the release";
+  send(WM_LBUTTONUP, 0, 100);
+}
+
+TEST_F(RealSlider, is_as_large_as_its_track_also_where_that_was_set_before_it_was_shown) {
+  const auto size = [&] {
+    RECT area{};
+    GetWindowRect(real_slider(), &area);
+    return std::pair(area.right - area.left, area.bottom - area.top);
+  };
+  const std::pair<LONG, LONG> tile(px(24), px(24));
+  slider.set_picture_back("paso_1");
+  slider.set_position(1);
+  show();
+  EXPECT_EQ(size(), tile);
+  window.unload();
+  slider.set_bounds({20, 30, 111, 20});
+  slider.load(ui::PropertyBag::parse("Position=1\nPictureBack=paso_2"));
+  show();
+  EXPECT_EQ(size(), tile);
+  slider.set_bounds({20, 30, 111, 20});
+  slider.load(ui::PropertyBag::parse("PictureBack=paso_2"));
+  backend.pump();
+  EXPECT_EQ(size(), tile);
+}
+
+TEST_F(RealSlider, stands_upright_to_whoever_reads_the_screen_too) {
+  const auto vertical = [&] {
+    backend.pump();
+    return (GetWindowLongPtrW(real_slider(), GWL_STYLE) & TBS_VERT) != 0;
+  };
+  show();
+  EXPECT_FALSE(vertical());
+  slider.set_position(0);
+  EXPECT_TRUE(vertical());
+  slider.set_position(2);
+  EXPECT_FALSE(vertical());
+  window.unload();
+  slider.set_position(0);
+  show();
+  EXPECT_TRUE(vertical());
+}
+
+TEST_F(RealSlider, a_key_that_its_window_keeps_does_not_move_it) {
+  bool keep = true;
+  window.on_key_down = [&](ui::Key& key) { key.swallowed = keep; };
+  show();
+  SetFocus(real_slider());
+  for (const WPARAM key : {VK_END, VK_RIGHT, VK_NEXT, VK_SPACE}) type(real_slider(), key);
+  EXPECT_EQ(slider.value(), 0);
+  EXPECT_EQ(SendMessageW(real_slider(), TBM_GETPOS, 0, 0), 0);
+  EXPECT_THAT(told, testing::IsEmpty());
+  keep = false;
+  type(real_slider(), VK_END);
+  EXPECT_THAT(told, ElementsAre(100));
+}
+
 TEST_F(RealSlider, keys_move_it_where_it_has_the_focus) {
   show();
   SetFocus(real_slider());

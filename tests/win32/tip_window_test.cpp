@@ -11,6 +11,7 @@
 #include "ui/label.h"
 #include "win32/backend_fixture.h"
 #include "win32/paint/drawing_tools.h"
+#include "win32/tip_messages.h"
 
 namespace ordelan::test {
 namespace {
@@ -36,8 +37,10 @@ class RealTips : public BackendTest {
 
 TEST_F(RealTips, helps_are_the_systems_as_long_as_the_colours_are) {
   label.set_tip("la ayuda");
+  const TipMessages told;
   show();
   ASSERT_TRUE(tip_window());
+  EXPECT_EQ(told.themes, 0);
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), GetSysColor(COLOR_INFOBK));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), GetSysColor(COLOR_INFOTEXT));
 }
@@ -48,8 +51,10 @@ TEST_F(RealTips, helps_have_the_colours_of_a_palette) {
   palette.text = ui::rgb(200, 210, 220);
   win32::use_palette(palette);
   label.set_tip("la ayuda");
+  const TipMessages told;
   show();
   ASSERT_TRUE(tip_window());
+  EXPECT_EQ(told.themes, 1) << "a theme would show its own colours";
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), RGB(10, 20, 30));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), RGB(200, 210, 220));
 }

@@ -232,8 +232,9 @@ void click_by_hand(POINT place) {
     ASSERT_EQ(SendInput(2, events, sizeof events[0]), 2u);
     return;
   }
-  std::wstring command = std::wstring(kHand) + L" mousemove --sync " + std::to_wstring(place.x) +
-                         L" " + std::to_wstring(place.y) + L" click 1";
+  // It waits for the pointer to move, and would wait long where that is there already.
+  std::wstring command = std::wstring(kHand) + L" mousemove 0 0 mousemove --sync " +
+                         std::to_wstring(place.x) + L" " + std::to_wstring(place.y) + L" click 1";
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION process{};
@@ -296,6 +297,18 @@ TEST_P(Shaped, the_shape_begins_inside_the_windows_borders) {
   EXPECT_EQ(on_screen({edge.x + 1, edge.y}), kBehindShown);
 }
 
+TEST_P(Shaped, the_end_of_the_shape_is_a_rectangle_again) {
+  show(WS_POPUP);
+  win32::end_shape(front->handle());
+  EXPECT_FALSE(GetWindowLongPtrW(front->handle(), GWL_EXSTYLE) & WS_EX_LAYERED);
+  const Region region(CreateRectRgn(0, 0, 0, 0));
+  EXPECT_EQ(GetWindowRgn(front->handle(), region.get()), ERROR);
+  EXPECT_TRUE(run_until([&] { return on_screen(hole) == RGB(0xFF, 0x00, 0xFF); }));
+  click_by_hand({hole.x + 7, hole.y + 9});
+  EXPECT_TRUE(run_until([&] { return front->clicks() == 1; }));
+  EXPECT_EQ(behind.clicks(), 0);
+}
+
 TEST_P(Shaped, what_is_no_window_takes_no_shape) {
   EXPECT_FALSE(AplicarForma(nullptr, half_masked(), kMask, GetParam()));
 }
@@ -315,6 +328,29 @@ TEST(ShapeRoads, the_keyed_one_is_taken_where_the_system_has_it) {
   ASSERT_TRUE(GetLayeredWindowAttributes(window.handle(), &keyed, nullptr, &flags));
   EXPECT_EQ(keyed, RGB(0xFF, 0x00, 0xFF));
   EXPECT_EQ(flags, DWORD{LWA_COLORKEY});
+}
+
+TEST(ShapeRoads, the_other_one_is_taken_where_the_system_has_no_layers) {
+  const auto wanted = [](const char* library, const char* name) {
+    return std::string(library) == "user32" && std::string(name) == "SetLayeredWindowAttributes";
+  };
+  EXPECT_EQ(win32::best_road([](const char*, const char*) { return false; }), ShapeRoad::region);
+  EXPECT_EQ(win32::best_road(wanted), ShapeRoad::keyed);
+  EXPECT_EQ(win32::best_road([](const char* library, const char* name) {
+              return std::string(library) != "user32" ||
+                     std::string(name) != "SetLayeredWindowAttributes";
+            }),
+            ShapeRoad::region);
+}
+
+TEST(ShapeRoads, without_a_picture_the_other_one_leaves_a_rectangle) {
+  const PictureWindow window({300, 200, 380, 260}, WS_POPUP, half_masked());
+  EXPECT_FALSE(AplicarForma(window.handle(), {}, kMask, ShapeRoad::region));
+  const Region region(CreateRectRgn(0, 0, 0, 0));
+  EXPECT_EQ(GetWindowRgn(window.handle(), region.get()), ERROR);
+  EXPECT_TRUE(AplicarForma(window.handle(), plain(3, 3, kHole), kMask, ShapeRoad::region))
+      << "a picture of the mask alone is one all the same";
+  EXPECT_EQ(GetWindowRgn(window.handle(), region.get()), NULLREGION);
 }
 
 TEST(ShapeRoads, the_other_one_leaves_the_window_its_own_kind) {

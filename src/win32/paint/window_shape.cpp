@@ -54,6 +54,7 @@ POINT origin_of_room(HWND window) {
 }
 
 bool cut(HWND window, const ui::Pixels& picture, ui::Color mask) {
+  if (picture.argb.empty()) return false;  // nobody could see or reach the window
   HRGN const region = CrearRegion(picture, mask);
   if (!region) return false;
   const POINT origin = origin_of_room(window);
@@ -94,13 +95,24 @@ HRGN CrearRegion(const ui::Pixels& picture, ui::Color mask) {
   return ExtCreateRegion(nullptr, static_cast<DWORD>(room.size()), data);
 }
 
-ShapeRoad best_road() {
-  static const bool can_be_keyed = ExisteFuncion("user32", "SetLayeredWindowAttributes");
-  return can_be_keyed ? ShapeRoad::keyed : ShapeRoad::region;
+ShapeRoad best_road(bool (*exists)(const char* library, const char* name)) {
+  return exists("user32", "SetLayeredWindowAttributes") ? ShapeRoad::keyed : ShapeRoad::region;
 }
 
 bool AplicarForma(HWND window, const ui::Pixels& picture, ui::Color mask, ShapeRoad road) {
   return road == ShapeRoad::keyed ? key(window, mask) : cut(window, picture, mask);
+}
+
+void end_shape(HWND window) {
+  const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);
+  const bool layered = (style & WS_EX_LAYERED) != 0;
+  RECT box{};
+  if (!layered && GetWindowRgnBox(window, &box) == ERROR) return;
+  if (layered) SetWindowLongPtrW(window, GWL_EXSTYLE, style & ~LONG_PTR{WS_EX_LAYERED});
+  SetWindowRgn(window, nullptr, TRUE);
+  SetWindowPos(window, nullptr, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 }  // namespace ordelan::win32

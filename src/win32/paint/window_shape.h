@@ -21,14 +21,17 @@ enum class ShapeRoad {
   region,  // the window is cut to a region
 };
 
-// The road that this system offers: the first, unless it lacks the function for it.
-ShapeRoad best_road();
+// The road that a system offers: the first, unless it lacks the function for it.
+ShapeRoad best_road(bool (*exists)(const char* library, const char* name) = ExisteFuncion);
 
 // Gives the window the shape of the picture, whose top left corner lies in that of the room for its
 // controls. What is masked is not shown, and takes no clicks. By the keyed road the window has to
 // paint the mask where it is not to be, and may paint it elsewhere for further holes. False when
-// the system refuses; the window is as it was then.
+// the system refuses, and by the other road without a picture; the window is as it was then.
 bool AplicarForma(HWND window, const ui::Pixels& picture, ui::Color mask,
                   ShapeRoad road = best_road());
+
+// Makes the window a rectangle again, whichever road gave it a shape. One without is not touched.
+void end_shape(HWND window);
 
 }  // namespace ordelan::win32

@@ -1,6 +1,7 @@
 #include "win32/peers/balloon_peer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "win32/ansi_text.h"
 #include "win32/paint/screen_scale.h"
@@ -15,39 +16,52 @@ constexpr std::size_t kTitle = 99;  // the system takes no longer title, and non
 
 }  // namespace
 
-BalloonPeer::BalloonPeer(PeerRegistry& registry, ui::Class1& balloon, HWND parent)
-    : registry_(registry), balloon_(balloon), parent_(parent) {
+BalloonPeer::BalloonPeer(const WindowPeer& window, ui::Class1& balloon, HWND parent)
+    : registry_(window.registry()), balloon_(balloon), parent_(parent) {
   const DWORD style = TTS_ALWAYSTIP | TTS_NOPREFIX |
                       (balloon.style() == kBalloonStyle ? DWORD{TTS_BALLOON} : DWORD{0});
   window_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | style,
                             CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, parent,
-                            nullptr, registry.instance(), nullptr);
+                            nullptr, registry_.instance(), nullptr);
   if (!window_) return;
+  registry_.enter(*this);
   // Without a width, line breaks would not break lines.
-  const WindowPeer* const window = registry.window(parent);
-  scale_tips(window_, registry.tools(), window ? window->dpi() : dpi_of(parent));
+  scale_tips(window_, registry_.tools(), window.dpi());
   tool_.cbSize = TTTOOLINFOW_V2_SIZE;
-  tool_.uFlags =
-      TTF_IDISHWND | TTF_TRACK | TTF_ABSOLUTE | (balloon.centered() ? UINT{TTF_CENTERTIP} : 0u);
   tool_.hwnd = parent;
   tool_.uId = reinterpret_cast<UINT_PTR>(parent);
-  tool_.hinst = registry.instance();
-  set_text(TTM_ADDTOOLW);
+  tool_.hinst = registry_.instance();
+  add_tool(TTF_SUBCLASS);
   if (!balloon.title().empty() || balloon.icon() != 0) set_title();
   set_colors();
   set_times();
 }
 
 BalloonPeer::~BalloonPeer() {
-  // The system may have taken it away with its parent.
-  if (window_ && IsWindow(window_)) DestroyWindow(window_);
+  destroy();
+}
+
+void BalloonPeer::parent_left(HWND parent) {
+  if (parent == parent_) destroy();
+}
+
+void BalloonPeer::destroy() {
+  if (!window_) return;
+  registry_.leave(*this);
+  DestroyWindow(std::exchange(window_, nullptr));
+}
+
+void BalloonPeer::add_tool(UINT flags) {
+  tool_.uFlags = flags | TTF_IDISHWND | (balloon_.centered() ? UINT{TTF_CENTERTIP} : 0u);
+  set_text(TTM_ADDTOOLW);
 }
 
 LRESULT BalloonPeer::send(UINT message, WPARAM w, LPARAM l) const {
-  return window_ ? SendMessageW(window_, message, w, l) : 0;
+  return SendMessageW(window_, message, w, l);
 }
 
 void BalloonPeer::changed(ui::Aspect aspect) {
+  if (!window_) return;
   switch (aspect) {
     case ui::Aspect::text:
       set_text(TTM_UPDATETIPTEXTW);
@@ -82,6 +96,8 @@ void BalloonPeer::set_title() {
 }
 
 void BalloonPeer::set_colors() {
+  const bool themed = !balloon_.fore_color() && !balloon_.back_color();
+  if (std::exchange(themed_, themed) != themed) theme_tips(window_, themed);
   // One that was taken away becomes the system's again.
   const auto color = [](const std::optional<ui::Color>& chosen, int standard) {
     return static_cast<WPARAM>(chosen ? color_of(*chosen) : GetSysColor(standard));
@@ -104,6 +120,11 @@ void BalloonPeer::show() {
   if (!over) return;
   POINT at{to_pixels(place->at.x, over->dpi()), to_pixels(place->at.y, over->dpi())};
   ClientToScreen(over->handle(), &at);
+  // From here on the pointer neither brings it nor takes it away.
+  if ((tool_.uFlags & TTF_TRACK) == 0) {
+    send(TTM_DELTOOLW, 0, tool());
+    add_tool(TTF_TRACK | TTF_ABSOLUTE);
+  }
   send(TTM_TRACKPOSITION, 0, MAKELPARAM(at.x, at.y));
   send(TTM_TRACKACTIVATE, TRUE, tool());
 }

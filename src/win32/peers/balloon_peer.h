@@ -15,15 +15,21 @@ namespace ordelan::win32 {
 
 class BalloonPeer final : public ui::Peer {
  public:
-  // `parent` is the real window that the balloon goes with, at the latest.
-  BalloonPeer(PeerRegistry& registry, ui::Class1& balloon, HWND parent);
+  // `parent` is the real thing that the balloon belongs to: `window`'s own, or that of one of its
+  // controls.
+  BalloonPeer(const WindowPeer& window, ui::Class1& balloon, HWND parent);
   ~BalloonPeer() override;
   BalloonPeer(const BalloonPeer&) = delete;
   BalloonPeer& operator=(const BalloonPeer&) = delete;
 
   void changed(ui::Aspect aspect) override;
 
+  // Something real is about to go: the balloon goes first where it belongs to that.
+  void parent_left(HWND parent);
+
  private:
+  void destroy();
+  void add_tool(UINT flags);
   LRESULT send(UINT message, WPARAM w, LPARAM l) const;
   LPARAM tool() { return reinterpret_cast<LPARAM>(&tool_); }
   void set_text(UINT message);
@@ -35,6 +41,7 @@ class BalloonPeer final : public ui::Peer {
   PeerRegistry& registry_;
   ui::Class1& balloon_;
   HWND parent_;
+  bool themed_ = true;
   HWND window_ = nullptr;
   std::wstring text_;
   TTTOOLINFOW tool_{};

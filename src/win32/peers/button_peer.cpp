@@ -74,13 +74,13 @@ std::optional<LRESULT> ButtonPeer::mouse(UINT message, WPARAM w, LPARAM l) {
       [[fallthrough]];
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
-      SetCapture(handle());
-      holding_ = true;
+      hold_.press(handle(), at.button);
       button_.mouse_down(at);
       return 0;
     case WM_LBUTTONDBLCLK:
-      SetCapture(handle());
-      holding_ = true;
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+      hold_.press(handle(), at.button);
       button_.double_click();
       return 0;
     case WM_MOUSEMOVE:
@@ -89,12 +89,10 @@ std::optional<LRESULT> ButtonPeer::mouse(UINT message, WPARAM w, LPARAM l) {
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
-      if (!std::exchange(holding_, false)) return 0;
-      ReleaseCapture();
-      button_.mouse_up(at);
+      if (hold_.release(at.button)) button_.mouse_up(at);
       return 0;
     case WM_CAPTURECHANGED:
-      if (std::exchange(holding_, false)) button_.press_lost();
+      if (hold_.lost(handle(), reinterpret_cast<HWND>(l))) button_.press_lost();
       return 0;
     default:
       return std::nullopt;

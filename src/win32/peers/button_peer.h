@@ -5,6 +5,7 @@
 
 #include "ui/button.h"
 #include "win32/peers/dressed_peer.h"
+#include "win32/peers/mouse_hold.h"
 
 namespace ordelan::win32 {
 
@@ -30,7 +31,7 @@ class ButtonPeer final : public DressedPeer {
 
   ui::Button& button_;
   bool clicked_ = false;
-  bool holding_ = false;  // the mouse is ours until it is let go
+  MouseHold hold_;
 };
 
 }  // namespace ordelan::win32

@@ -25,6 +25,7 @@ class ControlPeer : public ui::Peer {
   void appear();
 
   HWND handle() const { return handle_; }
+  ui::Control& control() const { return control_; }
   WindowPeer& parent() const { return parent_; }
 
   void changed(ui::Aspect aspect) final;
@@ -65,7 +66,6 @@ class ControlPeer : public ui::Peer {
   ControlPeer(WindowPeer& parent, ui::Control& control, const wchar_t* window_class, DWORD style,
               DWORD extended_style = 0);
 
-  ui::Control& control() const { return control_; }
   PeerRegistry& registry() const;
   int dpi() const;
   HFONT font() const;

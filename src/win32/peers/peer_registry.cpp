@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "win32/paint/screen_scale.h"
+#include "win32/peers/balloon_peer.h"
 #include "win32/peers/control_peer.h"
 #include "win32/peers/handlers.h"
 #include "win32/peers/timer_peer.h"
@@ -59,6 +60,7 @@ void PeerRegistry::enter(WindowPeer& window) {
   windows_[window.handle()] = &window;
 }
 void PeerRegistry::leave(WindowPeer& window) {
+  take_balloons_of(window.handle());
   windows_.erase(window.handle());
 }
 void PeerRegistry::enter(ControlPeer& control) {
@@ -66,8 +68,18 @@ void PeerRegistry::enter(ControlPeer& control) {
 }
 
 void PeerRegistry::leave(ControlPeer& control) {
+  take_balloons_of(control.handle());
   controls_.erase(control.handle());
   marked_.erase(std::remove(marked_.begin(), marked_.end(), &control), marked_.end());
+}
+
+void PeerRegistry::leave(BalloonPeer& balloon) {
+  balloons_.erase(std::remove(balloons_.begin(), balloons_.end(), &balloon), balloons_.end());
+}
+
+void PeerRegistry::take_balloons_of(HWND parent) {
+  const auto balloons = balloons_;
+  for (BalloonPeer* const each : balloons) each->parent_left(parent);
 }
 
 WindowPeer* PeerRegistry::window(const ui::Window& window) const {
@@ -82,6 +94,12 @@ WindowPeer* PeerRegistry::window(HWND handle) const {
 }
 ControlPeer* PeerRegistry::control(HWND handle) const {
   return found(controls_, handle);
+}
+ControlPeer* PeerRegistry::control(const ui::Control& control) const {
+  for (const auto& [handle, peer] : controls_) {
+    if (&peer->control() == &control) return peer;
+  }
+  return nullptr;
 }
 TextBoxPeer* PeerRegistry::text_box(const ui::TextBox& box) const {
   return found(text_boxes_, &box);

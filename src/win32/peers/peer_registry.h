@@ -6,18 +6,21 @@
 #include <deque>
 #include <map>
 #include <unordered_map>
+#include <vector>
 
 #include "win32/paint/drawing_tools.h"
 #include "win32/paint/mouse_pointers.h"
 #include "win32/paint/picture_store.h"
 
 namespace ordelan::ui {
+class Control;
 class TextBox;
 class Window;
 }  // namespace ordelan::ui
 
 namespace ordelan::win32 {
 
+class BalloonPeer;
 class ControlPeer;
 class TextBoxPeer;
 class TimerPeer;
@@ -46,9 +49,13 @@ class PeerRegistry {
   void leave(ControlPeer& control);
   void enter(const ui::TextBox& box, TextBoxPeer& peer) { text_boxes_[&box] = &peer; }
   void leave(const ui::TextBox& box) { text_boxes_.erase(&box); }
+  // A balloon is told when what it belongs to leaves.
+  void enter(BalloonPeer& balloon) { balloons_.push_back(&balloon); }
+  void leave(BalloonPeer& balloon);
   WindowPeer* window(const ui::Window& window) const;
   WindowPeer* window(HWND handle) const;
   ControlPeer* control(HWND handle) const;
+  ControlPeer* control(const ui::Control& control) const;
   TextBoxPeer* text_box(const ui::TextBox& box) const;
   const std::map<HWND, WindowPeer*>& windows() const { return windows_; }
 
@@ -70,6 +77,7 @@ class PeerRegistry {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l) noexcept;
   void tick(UINT_PTR timer);
+  void take_balloons_of(HWND parent);
 
   HINSTANCE instance_;
   DrawingTools tools_;
@@ -80,6 +88,7 @@ class PeerRegistry {
   std::map<HWND, WindowPeer*> windows_;
   std::unordered_map<HWND, ControlPeer*> controls_;
   std::unordered_map<const ui::TextBox*, TextBoxPeer*> text_boxes_;
+  std::vector<BalloonPeer*> balloons_;
   std::map<UINT_PTR, TimerPeer*> timers_;
   UINT_PTR last_timer_ = 0;
   std::deque<ControlPeer*> marked_;

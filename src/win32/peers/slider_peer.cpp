@@ -34,9 +34,13 @@ RECT groove_of(RECT area, bool vertical) {
 SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
     : DressedPeer(parent, slider, TRACKBAR_CLASSW, TBS_NOTICKS | WS_TABSTOP), slider_(slider) {
   slider_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
-  slider_.picture_size = [this](const std::string& picture) {
-    return registry().pictures().size(picture).value_or(ui::Size{});
-  };
+}
+
+// Which way it lies is read from the real slider's style.
+void SliderPeer::stand() {
+  const LONG_PTR old = GetWindowLongPtrW(handle(), GWL_STYLE);
+  const LONG_PTR style = slider_.vertical() ? old | TBS_VERT : old & ~LONG_PTR{TBS_VERT};
+  if (style != old) SetWindowLongPtrW(handle(), GWL_STYLE, style);
 }
 
 void SliderPeer::update(const Marks& marks) {
@@ -44,6 +48,7 @@ void SliderPeer::update(const Marks& marks) {
       !marks.has(ui::Aspect::enabled)) {
     return;
   }
+  stand();
   send(TBM_SETRANGEMIN, FALSE, slider_.min());
   send(TBM_SETRANGEMAX, FALSE, slider_.max());
   const bool moved = send(TBM_GETPOS) != slider_.value();
@@ -58,13 +63,13 @@ std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:  // two quick presses are two presses
+      SetFocus(handle());
+      [[fallthrough]];
     case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
     case WM_MBUTTONDOWN:
-      if (mouse.button == ui::kLeftButton) {
-        SetFocus(handle());
-        SetCapture(handle());
-        holding_ = true;
-      }
+    case WM_MBUTTONDBLCLK:
+      hold_.press(handle(), mouse.button);
       slider_.mouse_down(mouse);
       return 0;
     case WM_MOUSEMOVE:
@@ -73,17 +78,10 @@ std::optional<LRESULT> SliderPeer::incoming(UINT message, WPARAM w, LPARAM l) {
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
-      if (mouse.button == ui::kLeftButton && holding_) {
-        holding_ = false;
-        ReleaseCapture();
-      }
-      slider_.mouse_up(mouse);
+      if (hold_.release(mouse.button)) slider_.mouse_up(mouse);
       return 0;
     case WM_CAPTURECHANGED:
-      if (holding_) {
-        holding_ = false;
-        slider_.press_lost();
-      }
+      if (hold_.lost(handle(), reinterpret_cast<HWND>(l))) slider_.press_lost();
       return 0;
     case WM_KEYDOWN:
       if (slider_.key(static_cast<int>(w))) return 0;

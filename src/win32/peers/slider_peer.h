@@ -6,6 +6,7 @@
 
 #include "ui/slider.h"
 #include "win32/peers/dressed_peer.h"
+#include "win32/peers/mouse_hold.h"
 
 namespace ordelan::win32 {
 
@@ -19,10 +20,11 @@ class SliderPeer final : public DressedPeer {
   void paint(HDC context, const RECT& area) override;
 
  private:
+  void stand();
   bool show(HDC context, const RECT& place, const RECT& seen, const std::string& picture);
 
   ui::Slider& slider_;
-  bool holding_ = false;  // the mouse, for a press
+  MouseHold hold_;
 };
 
 }  // namespace ordelan::win32

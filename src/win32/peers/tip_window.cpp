@@ -27,6 +27,11 @@ void scale_tips(HWND tips, DrawingTools& tools, int dpi) {
   SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, to_pixels(kWidestTip, dpi));
 }
 
+void theme_tips(HWND tips, bool themed) {
+  const wchar_t* const name = themed ? nullptr : L" ";  // no theme has that name
+  SetWindowTheme(tips, name, name);
+}
+
 TipWindow::~TipWindow() {
   if (window_) DestroyWindow(window_);
 }
@@ -40,7 +45,7 @@ bool TipWindow::make() {
   scale_tips(window_, tools_, dpi_);
   // With the system's own colours, helps look as everywhere.
   if (!palette_is_the_systems()) {
-    SetWindowTheme(window_, L"", L"");  // a theme has colours of its own
+    theme_tips(window_, false);
     SendMessageW(window_, TTM_SETTIPBKCOLOR, color_of(palette().raised), 0);
     SendMessageW(window_, TTM_SETTIPTEXTCOLOR, color_of(palette().text), 0);
   }

@@ -12,6 +12,10 @@ class DrawingTools;
 // Has a window of tips write as large as other windows at this density, and break its lines.
 void scale_tips(HWND tips, DrawingTools& tools, int dpi);
 
+// Whether a window of tips looks like the system's theme. It does at first; with a theme it shows
+// no colours but the theme's.
+void theme_tips(HWND tips, bool themed);
+
 class TipWindow {
  public:
   // `tools` must live longer.

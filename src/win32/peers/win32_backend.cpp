@@ -75,9 +75,13 @@ std::unique_ptr<ui::Peer> Win32Backend::attach(ui::TextBox& box) {
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Timer& timer) {
   return std::make_unique<TimerPeer>(registry_, timer);
 }
-std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Class1& balloon, ui::Window& parent) {
-  const WindowPeer* const peer = registry_.window(parent);
-  return peer ? std::make_unique<BalloonPeer>(registry_, balloon, peer->handle()) : nullptr;
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Class1& balloon, ui::Window& window,
+                                               ui::Control* control) {
+  const WindowPeer* const peer = registry_.window(window);
+  if (!peer) return nullptr;
+  if (!control) return std::make_unique<BalloonPeer>(*peer, balloon, peer->handle());
+  const ControlPeer* const parent = registry_.control(*control);
+  return parent ? std::make_unique<BalloonPeer>(*peer, balloon, parent->handle()) : nullptr;
 }
 
 int Win32Backend::line_count(const ui::TextBox& box) {

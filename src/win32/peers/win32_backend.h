@@ -27,7 +27,8 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   std::unique_ptr<ui::Peer> attach(ui::Slider& slider) override;
   std::unique_ptr<ui::Peer> attach(ui::TextBox& box) override;
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override;
-  std::unique_ptr<ui::Peer> attach(ui::Class1& balloon, ui::Window& parent) override;
+  std::unique_ptr<ui::Peer> attach(ui::Class1& balloon, ui::Window& window,
+                                   ui::Control* control) override;
 
   int line_count(const ui::TextBox& box) override;
 

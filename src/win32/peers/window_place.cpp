@@ -24,8 +24,11 @@ ui::Point position_of(HWND handle) {
 
 void WindowPeer::update_shape() {
   const ui::Shape& shape = window_.shape();
-  if (shape.picture.empty()) return;
-  AplicarForma(handle_, ground_of(registry_.pictures(), window_, shape.picture, dpi_), shape.mask);
+  if (shape.picture.empty() ||
+      !AplicarForma(handle_, ground_of(registry_.pictures(), window_, shape.picture, dpi_),
+                    shape.mask)) {
+    end_shape(handle_);
+  }
 }
 
 // The density at which the window is shown: that of its screen, or the next smaller usual one at
