@@ -12,7 +12,7 @@ void Form1::SalvaListados_Click() {
   const auto job = work_.begin_job();
   work_.Cancelar = false;
   const std::string folder = work_.RutaProyectos + "Listados\\";
-  if (!platform_.files.info(folder)) platform_.files.make_folder(folder);
+  if (!platform_.files.info(folder)) platform_.files.make_folder(folder).ignore();
   CheckDragDrop.hide();
   CheckLogo.hide();
   lists.ListProyectos.hide();

@@ -259,7 +259,7 @@ void Form1::ask_to_remove_side_files(const std::string& folder) {
                              [&] { return !(pacer.turn() && work_.must_stop(job)); });
   if (work_.must_stop(job)) return;
   tree_.forget();  // a sweep of this drop must see the folder as it will be
-  for (const std::string& name : side.removable) platform_.files.remove(place + name);
+  for (const std::string& name : side.removable) platform_.files.remove(place + name).ignore();
   for (const std::string& name : side.kept) kept_side_files_.push_back(place + name);
   if (!side.unreadable.empty() && !side.kept.empty()) {
     kept_side_files_.push_back("No se puede leer: " + side.unreadable);
