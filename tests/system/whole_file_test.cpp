@@ -286,6 +286,13 @@ TEST_F(WholeCopy, a_copy_that_the_caller_stops_leaves_nothing) {
   EXPECT_THAT(copies(), IsEmpty());
 }
 
+TEST_F(WholeCopy, a_copy_whose_name_may_be_lost_in_a_power_cut_is_no_success_and_stays) {
+  FaultyFiles files(disk.files());
+  files.faults.fail({.call = Call::flush_folder, .path = disk.path("Copia\\")}, Reason::not_ready);
+  EXPECT_EQ(copy(files), Reason::not_ready);
+  EXPECT_EQ(content("Copia\\a.wav"), audio);
+}
+
 TEST_F(WholeCopy, whatever_call_fails_or_kills_no_half_copy_has_the_name) {
   for (const bool kills : {false, true}) {
     for (const system::Existing existing : {system::Existing::keep, system::Existing::replace}) {
