@@ -21,7 +21,7 @@ int main(int count, char** arguments) {
   posix::SteadyClock clock;
   posix::EnvironmentRegional regional;
   posix::PosixDrives drives(mapped);
-  posix::PosixShell shell(files);
+  posix::PosixShell shell(files, mapped, posix::users_trash());
   const app::ConsoleHost host{
       files,
       clock,

@@ -12,7 +12,7 @@ void Form1::SalvaListados_Click() {
   auto job = work::Job::begin(work_, platform_);
   work_.Cancelar = false;
   const std::string folder = work_.RutaProyectos + "Listados\\";
-  if (!platform_.files.info(folder)) platform_.files.make_folder(folder);
+  if (!platform_.files.info(folder)) platform_.files.make_folder(folder).ignore();
   show_saving_reports();
 
   std::vector<std::string> failed;

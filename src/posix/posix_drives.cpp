@@ -8,6 +8,8 @@
 #include <array>
 #include <utility>
 
+#include "posix/native_file.h"
+
 namespace ordelan::posix {
 namespace {
 
@@ -72,10 +74,13 @@ std::optional<system::Volume> PosixDrives::volume(std::string_view root) {
                         name_of(static_cast<std::uint32_t>(disk.f_type))};
 }
 
-std::optional<system::DiskSpace> PosixDrives::space(std::string_view root) {
-  const auto folder = mapped(root) ? drives_.native(root) : std::nullopt;
+system::Result<system::DiskSpace> PosixDrives::space(std::string_view root) {
+  const bool is_root = root.size() == 3 && root.substr(1) == ":\\";
+  if (!is_root) return system::Reason::bad_path;
+  const auto folder = drives_.native(root);
+  if (!folder) return reason_without_path(drives_, root);
   struct statvfs disk {};
-  if (!folder || ::statvfs(folder->c_str(), &disk) != 0) return std::nullopt;
+  if (::statvfs(folder->c_str(), &disk) != 0) return last_reason();
   return system::DiskSpace{std::uint64_t{disk.f_blocks} * disk.f_frsize,
                            std::uint64_t{disk.f_bavail} * disk.f_frsize};
 }

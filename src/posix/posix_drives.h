@@ -16,7 +16,7 @@ class PosixDrives final : public system::Drives {
   std::vector<std::string> roots() override;
   system::DriveType type(std::string_view root) override;
   std::optional<system::Volume> volume(std::string_view root) override;
-  std::optional<system::DiskSpace> space(std::string_view root) override;
+  system::Result<system::DiskSpace> space(std::string_view root) override;
 
  private:
   // The mapping of a root in either case. Null if it is none.

@@ -14,26 +14,11 @@
 #include <utility>
 #include <vector>
 
+#include "posix/native_file.h"
 #include "text/code_page.h"
 
 namespace ordelan::posix {
 namespace {
-
-// An open file, closed when it goes.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-  ~Descriptor() { close(); }
-
-  int number() const { return number_; }
-  bool valid() const { return number_ >= 0; }
-  bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
-
- private:
-  int number_;
-};
 
 class PosixInput final : public system::InputFile {
  public:
@@ -59,63 +44,34 @@ class PosixInput final : public system::InputFile {
   std::uint64_t size_;
 };
 
-bool write_all(const Descriptor& file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const auto went = ::write(file.number(), bytes.data(), bytes.size());
-    if (went < 0 && errno == EINTR) continue;
-    if (went < 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(went));
-  }
-  return true;
-}
-
 class PosixOutput final : public system::OutputFile {
  public:
   explicit PosixOutput(Descriptor file) : file_(std::move(file)) {}
 
-  bool write(std::string_view bytes) override {
-    failed_ = failed_ || !write_all(file_, bytes);
-    return !failed_;
+  system::Status write(std::string_view bytes) override {
+    if (status_) status_ = write_all(file_, bytes);
+    return status_;
   }
 
-  bool close() override { return file_.close() && !failed_; }
+  system::Status flush() override {
+    if (status_) status_ = flush_descriptor(file_);
+    return status_;
+  }
+
+  system::Status close() override {
+    const system::Status closed = file_.close();
+    return status_ ? closed : status_;
+  }
 
  private:
   Descriptor file_;
-  bool failed_ = false;
+  system::Status status_;
 };
 
 // Whether a name of the disk is one that Windows would show. It is then put into `name` as Windows
 // would spell it.
 bool windows_name(std::string_view native, std::string& name) {
   return text::from_utf8(native, name) && is_windows_name(name);
-}
-
-// A separator at the end of a path promises a folder.
-bool promises_folder(std::string_view path) {
-  return path.back() == '\\' || path.back() == '/';
-}
-
-// Whether the mode lets this user write. The superuser counts as the owner of everything: what its
-// owner has marked as not to be written is not to be written.
-bool may_write(const struct statx& status) {
-  static const std::vector<gid_t> groups = [] {
-    std::vector<gid_t> found(static_cast<std::size_t>(std::max(::getgroups(0, nullptr), 0)));
-    found.resize(static_cast<std::size_t>(
-        std::max(::getgroups(static_cast<int>(found.size()), found.data()), 0)));
-    found.push_back(::getegid());
-    return found;
-  }();
-  const uid_t user = ::geteuid();
-  if (user == 0 || user == status.stx_uid) return (status.stx_mode & S_IWUSR) != 0;
-  const bool in_group = std::find(groups.begin(), groups.end(), status.stx_gid) != groups.end();
-  return (status.stx_mode & (in_group ? S_IWGRP : S_IWOTH)) != 0;
-}
-
-bool may_write(const std::string& path) {
-  struct statx status {};
-  return ::statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS, &status) == 0 &&
-         may_write(status);
 }
 
 // A moment in the local time of that moment, as days since the 30th of December 1899.
@@ -158,55 +114,6 @@ bool describe(int folder, const char* native_name, system::Detail detail, system
   entry.modified = local_days(status.stx_mtime);
   entry.accessed = local_days(status.stx_atime);
   return true;
-}
-
-// The native path that a path leads to in the end, which need not exist yet. Nothing for links that
-// lead in circles.
-std::optional<std::string> final_target(std::string path) {
-  constexpr int kMostLinks = 40;
-  for (int links = 0; links < kMostLinks; ++links) {
-    std::array<char, PATH_MAX> target{};
-    const auto length = ::readlink(path.c_str(), target.data(), target.size());
-    if (length < 0) return path;  // no link
-    const std::string_view leads(target.data(), static_cast<std::size_t>(length));
-    if (leads.starts_with('/')) {
-      path = leads;
-    } else {
-      path.resize(path.rfind('/') + 1);
-      path += leads;
-    }
-  }
-  return std::nullopt;
-}
-
-// Gives the file `from` the owner, the group and the mode of another. False where the user may not
-// give them.
-bool take_over(const std::string& from, const struct stat& status, const struct stat& wanted) {
-  const bool same_owner = status.st_uid == wanted.st_uid && status.st_gid == wanted.st_gid;
-  if (!same_owner && ::chown(from.c_str(), wanted.st_uid, wanted.st_gid) != 0) return false;
-  constexpr mode_t kModeBits = 07777;
-  return ::chmod(from.c_str(), wanted.st_mode & kModeBits) == 0;
-}
-
-// Writes a copy of `from` to a new file in the folder of `beside`, under a name that nothing else
-// has. Gives its path; nothing when that fails, and no copy is left.
-std::optional<std::string> copy_beside(const std::string& from, const std::string& beside) {
-  const Descriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
-  std::string path = beside.substr(0, beside.rfind('/') + 1) + "ordXXXXXX";
-  Descriptor copy(source.valid() ? ::mkostemp(path.data(), O_CLOEXEC) : -1);
-  if (!copy.valid()) return std::nullopt;
-  std::array<char, 65'536> buffer{};
-  bool copied = false;
-  for (;;) {
-    const auto came = ::read(source.number(), buffer.data(), buffer.size());
-    if (came < 0 && errno == EINTR) continue;
-    copied = came == 0;
-    if (came <= 0) break;
-    if (!write_all(copy, {buffer.data(), static_cast<std::size_t>(came)})) break;
-  }
-  if (copy.close() && copied) return path;
-  ::unlink(path.c_str());
-  return std::nullopt;
 }
 
 using Folder = std::unique_ptr<DIR, int (*)(DIR*)>;
@@ -275,79 +182,40 @@ std::optional<system::FileIdentity> PosixFileSystem::identity(std::string_view p
   return system::FileIdentity{found.st_dev, found.st_ino, 0};
 }
 
-std::unique_ptr<system::InputFile> PosixFileSystem::open(std::string_view path) {
+system::Opened<system::InputFile> PosixFileSystem::open(std::string_view path) {
   const auto native = drives_.native(path);
-  if (!native || promises_folder(path)) return nullptr;
+  if (!native) return reason_without_path(drives_, path);
+  if (promises_folder(path)) return system::Reason::not_a_file;
   Descriptor file(::open(native->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (!file.valid()) return last_reason();
   struct stat status {};
-  if (!file.valid() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
-    return nullptr;
-  }
+  if (::fstat(file.number(), &status) != 0) return last_reason();
+  if (!S_ISREG(status.st_mode)) return system::Reason::not_a_file;
   return std::make_unique<PosixInput>(std::move(file), static_cast<std::uint64_t>(status.st_size));
 }
 
-std::unique_ptr<system::OutputFile> PosixFileSystem::create(std::string_view path) {
+system::Opened<system::OutputFile> PosixFileSystem::create(std::string_view path) {
   const auto native = drives_.native(path);
-  if (!native || promises_folder(path)) return nullptr;
+  if (!native) return reason_without_path(drives_, path);
+  if (promises_folder(path)) return system::Reason::not_a_file;
+  if (is_read_only_file(*native)) return system::Reason::read_only;
   constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
   Descriptor file(::open(native->c_str(), kFlags, 0666));
+  if (!file.valid()) return last_reason();
   // A pipe or a device is no file to be written.
   struct stat status {};
-  if (!file.valid() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
-    return nullptr;
-  }
+  if (::fstat(file.number(), &status) != 0) return last_reason();
+  if (!S_ISREG(status.st_mode)) return system::Reason::not_a_file;
   return std::make_unique<PosixOutput>(std::move(file));
 }
 
-std::unique_ptr<system::OutputFile> PosixFileSystem::create_new(std::string_view path) {
+system::Opened<system::OutputFile> PosixFileSystem::create_new(std::string_view path) {
   const auto native = drives_.native(path);
-  if (!native || path.back() == '\\') return nullptr;
+  if (!native) return reason_without_path(drives_, path);
+  if (promises_folder(path)) return system::Reason::not_a_file;
   Descriptor file(::open(native->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-  return file.valid() ? std::make_unique<PosixOutput>(std::move(file)) : nullptr;
-}
-
-bool PosixFileSystem::make_folder(std::string_view path) {
-  const auto native = drives_.native(path);
-  return native && ::mkdir(native->c_str(), 0777) == 0;
-}
-
-bool PosixFileSystem::replace(std::string_view from, std::string_view to) {
-  const auto source = drives_.native(from);
-  const auto named = drives_.native(to);
-  if (!source || !named || from.back() == '\\' || to.back() == '\\') return false;
-  const auto target = final_target(*named);
-  struct stat before {};
-  if (!target || ::lstat(source->c_str(), &before) != 0 || !S_ISREG(before.st_mode)) return false;
-  struct stat old {};
-  const bool exists = ::lstat(target->c_str(), &old) == 0;
-  if (!exists && errno != ENOENT) return false;
-  if (exists && (!S_ISREG(old.st_mode) || !may_write(*target))) return false;
-
-  if (!exists || take_over(*source, before, old)) {
-    if (::rename(source->c_str(), target->c_str()) == 0) return true;
-    // A link may lead to another disk, to which nothing can be moved in one step.
-    if (errno == EXDEV) {
-      const auto copy = copy_beside(*source, *target);
-      if (copy) {
-        struct stat status {};
-        if (::lstat(copy->c_str(), &status) == 0 &&
-            take_over(*copy, status, exists ? old : before) &&
-            ::rename(copy->c_str(), target->c_str()) == 0) {
-          ::unlink(source->c_str());
-          return true;
-        }
-        ::unlink(copy->c_str());
-      }
-    }
-  }
-  struct stat now {};
-  if (exists && ::lstat(source->c_str(), &now) == 0) take_over(*source, now, before);
-  return false;
-}
-
-bool PosixFileSystem::remove(std::string_view path) {
-  const auto native = drives_.native(path);
-  return native && !promises_folder(path) && ::unlink(native->c_str()) == 0;
+  if (!file.valid()) return last_reason();
+  return std::make_unique<PosixOutput>(std::move(file));
 }
 
 }  // namespace ordelan::posix

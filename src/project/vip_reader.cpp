@@ -260,7 +260,7 @@ void VipReader::write_positions(Run& run, const std::string& log_name) {
     if (!log->write(lines)) break;
     lines.clear();
   } while (!scan.ended() && turn(run));
-  static_cast<void>(log->close());
+  log->close().ignore();
 }
 
 }  // namespace ordelan::project

@@ -28,7 +28,7 @@ bool SalvarListados(system::FileSystem& files, system::Regional& regional,
     if (is_title(Lista[r])) report += std::string(" ") + kLineEnd;
   }
 
-  return system::write_whole(files, Archivo, report);
+  return system::write_whole(files, Archivo, report).ok();
 }
 
 bool SalvarLog(system::FileSystem& files, const std::string& Archivo,
@@ -36,7 +36,7 @@ bool SalvarLog(system::FileSystem& files, const std::string& Archivo,
   if (Archivo.empty()) return false;
   std::string lines;
   for (const std::string& row : Lista) lines.append(row).append(kLineEnd);
-  return system::write_whole(files, Archivo, lines);
+  return system::write_whole(files, Archivo, lines).ok();
 }
 
 }  // namespace ordelan::settings

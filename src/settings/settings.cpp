@@ -69,7 +69,7 @@ void Settings::GrabarIni(std::string_view Ruta, std::string_view Clave, std::str
     const std::string changed =
         with_ini_value(text, SeccionConfig, in_code(Clave, code), in_code(Valor, code), code);
     if (changed == text) return;  // the value stands there already
-    system::write_whole(files_, std::string(Ruta), ini_bytes(changed, encoding));
+    system::write_whole(files_, std::string(Ruta), ini_bytes(changed, encoding)).ignore();
   } catch (const std::bad_alloc&) {
     // As any other failure of writing.
   }

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "system/status.h"
+
 namespace ordelan::system {
 
 // The kinds of drives, by the numbers that Windows gives them.
@@ -45,8 +47,9 @@ class Drives {
   // the system's asks for one.
   virtual std::optional<Volume> volume(std::string_view root) = 0;
 
-  // Nothing where `volume` gives nothing.
-  virtual std::optional<DiskSpace> space(std::string_view root) = 0;
+  // The room on the volume. Why there is none to tell of where `volume` gives nothing: bad_path for
+  // what is no root, not_found where no drive has the letter, not_ready without a medium.
+  virtual Result<DiskSpace> space(std::string_view root) = 0;
 };
 
 }  // namespace ordelan::system

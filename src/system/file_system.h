@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "system/status.h"
+
 namespace ordelan::system {
 
 // Bits of an attribute word, as Windows numbers them.
@@ -74,12 +76,16 @@ class OutputFile {
  public:
   virtual ~OutputFile() = default;
 
-  // Appends bytes. False when they could not all be written.
-  virtual bool write(std::string_view bytes) = 0;
+  // Appends bytes. A failure when they could not all be written; every later call then fails too.
+  virtual Status write(std::string_view bytes) = 0;
+
+  // Waits until everything written has reached the disk itself and would survive a power cut. The
+  // name of a new file is a matter of its folder: `FileSystem::flush_folder`.
+  virtual Status flush() = 0;
 
   // Closes the file and says whether everything written has reached the system. An OutputFile that
-  // goes without it is closed all the same, but nobody hears of a failure.
-  virtual bool close() = 0;
+  // goes without it is closed all the same, but a failure goes unseen.
+  virtual Status close() = 0;
 };
 
 // How much a listing tells of each entry: the name and the kind; the size and the attribute word
@@ -116,30 +122,55 @@ class FileSystem {
   // or where the system cannot tell.
   virtual std::optional<FileIdentity> identity(std::string_view path) = 0;
 
-  // Opens a file for reading; others may go on writing to it. Null when it cannot be opened: not
-  // there, a folder, locked.
-  virtual std::unique_ptr<InputFile> open(std::string_view path) = 0;
+  // Opens a file for reading; others may go on writing to it. No file when it cannot be opened: not
+  // found, a folder, locked.
+  virtual Opened<InputFile> open(std::string_view path) = 0;
 
-  // Creates a file, or empties the one that is there. Null when that fails.
-  virtual std::unique_ptr<OutputFile> create(std::string_view path) = 0;
+  // Creates a file, or empties the one that exists. No file when that fails, also where a read-only
+  // one exists.
+  virtual Opened<OutputFile> create(std::string_view path) = 0;
 
-  // Creates a file where nothing of that name exists, looking and creating in one step. Null when
-  // anything does (a file, a folder, a link to nowhere), which stays as it is, and when the file
-  // cannot be created.
-  virtual std::unique_ptr<OutputFile> create_new(std::string_view path) = 0;
+  // Creates a file where nothing of that name exists, looking and creating in one step. No file
+  // when anything does (a file, a folder, a link to nowhere), which stays as it is, and when the
+  // file cannot be created.
+  virtual Opened<OutputFile> create_new(std::string_view path) = 0;
 
-  // Makes a folder in one that is there. False when that fails, also when it is there already.
-  virtual bool make_folder(std::string_view path) = 0;
+  // Makes a folder in one that exists. Fails also when it exists already.
+  virtual Status make_folder(std::string_view path) = 0;
+
+  // Sets the read-only, hidden, system and archive bits of a file or folder as in `attributes`;
+  // other bits are ignored. not_supported where the volume cannot keep one that is set there
+  // (hidden and system on Linux, where a file always has the archive bit); nothing is changed then.
+  virtual Status set_attributes(std::string_view path, std::uint32_t attributes) = 0;
 
   // Puts the file `from` in the place of `to`, or where no `to` exists yet, in one step: others see
   // the old file or the new one. What the system keeps of a file besides its bytes stays that of
   // the old one: the spelling of its name, its attributes, who may use it. On Linux a `to` that is
-  // a link stays, and the file that it leads to is replaced. False when that fails, also when `to`
-  // is read-only, a folder or no plain file, or `from` is no file; both are then as they were.
-  virtual bool replace(std::string_view from, std::string_view to) = 0;
+  // a link stays, and the file that it leads to is replaced. Fails also when `to` is read-only, a
+  // folder or no plain file, or `from` is no file; both are then as they were.
+  virtual Status replace(std::string_view from, std::string_view to) = 0;
 
-  // Removes a file for good. False when it is not there, is a folder or cannot be removed.
-  virtual bool remove(std::string_view path) = 0;
+  // Gives the file `from` the path `to` on the same volume, in one step and never over anything
+  // that exists. On failure `from` is as it was; not_supported where `to` is on another volume.
+  virtual Status move(std::string_view from, std::string_view to) = 0;
+
+  // Copies the file `from` into a new file `to`: its bytes, the time of its last write and its
+  // read-only, hidden, system and archive bits as far as the volume keeps them. The bytes have
+  // reached the disk when it gives ok. `to` must not exist: whatever has that name stays. On
+  // failure no `to` is left; but when the program is killed a part of it may be: `copy_whole` is
+  // safe from that. `progress`, unless empty, is called now and then with the count of bytes copied
+  // so far, and stops the copy by giving false, which is then cancelled.
+  using Progress = std::function<bool(std::uint64_t copied)>;
+  virtual Status copy_new(std::string_view from, std::string_view to,
+                          const Progress& progress = nullptr) = 0;
+
+  // Waits until the names in a folder have reached the disk itself. Windows keeps a journal of them
+  // and writes it in order: there it only looks whether the folder exists.
+  virtual Status flush_folder(std::string_view folder) = 0;
+
+  // Removes a file for good. Fails also when it is not found, is a folder, is read-only or cannot
+  // be removed.
+  virtual Status remove(std::string_view path) = 0;
 
   // The plain look-up by which the program decides whether a file is there: folders, hidden files
   // and system files do not count.

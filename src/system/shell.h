@@ -4,7 +4,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "system/status.h"
 
 namespace ordelan::system {
 
@@ -15,6 +18,9 @@ struct Pixels {
   int height = 0;
   std::vector<std::uint32_t> argb;
 };
+
+// Whether the system's shell asks the user before it does what cannot be undone by itself.
+enum class Confirm { ask, without_asking };
 
 class Shell {
  public:
@@ -31,6 +37,24 @@ class Shell {
 
   // The icon that the system shows for the file; nothing if it has none.
   virtual std::optional<Pixels> icon(const std::string& path) = 0;
+
+  // Moves a file to the recycle bin, from which the user can bring it back; with `ask` only after a
+  // question. Ok exactly if nothing of that name is left. `cancelled` if the user answered no. A
+  // file that cannot go to the bin stays, and is never removed for good in its stead: too_long for
+  // paths longer than the bin takes, not_supported where the drive has no bin or the name is one
+  // that the bin would take for another, not_a_file for folders. But where the system itself finds
+  // that the bin has no room for the file, it asks the user, also without `ask`, whether to remove
+  // it for good. The window's events go on while a question is up.
+  virtual Status recycle(const std::string& path, Confirm confirm) = 0;
+
+  // Whether files of the drive with that root ("D:") go to a bin when they are recycled. Ok if so,
+  // not_supported if not, not_found where there is no such drive, bad_path for what is no root.
+  virtual Status recycles(std::string_view root) = 0;
+
+  // Empties the bin of the drive with that root, of all drives if the root is empty. Ok also if it
+  // was empty, `other` if some of it could not be removed, `cancelled` if the user answered no,
+  // not_supported where there is no bin or, with `ask`, no way to ask.
+  virtual Status empty_bin(const std::string& root, Confirm confirm) = 0;
 };
 
 }  // namespace ordelan::system

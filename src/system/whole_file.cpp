@@ -9,7 +9,7 @@
 namespace ordelan::system {
 namespace {
 
-// Ten would do against chance alone; a folder in which nothing can be created fails fast.
+// Ten are enough against chance; a name that is taken ten times over is no chance.
 constexpr int kTries = 10;
 
 // A name such as "ord1f3a90c2.tmp". Another program's temporary file, or one that a crash has left,
@@ -22,24 +22,66 @@ std::string temporary_name() {
   return "ord" + std::string(digits.data(), end.ptr) + ".tmp";
 }
 
+// The name is short whatever the file's own is: a name may have 255 characters, and no more.
+std::string folder_of(const std::string& path) {
+  return path.substr(0, path.rfind('\\') + 1);
+}
+
+// Whether a try under another temporary name may go better.
+bool is_taken(Status status) {
+  return status == Reason::exists;
+}
+
 }  // namespace
 
-bool write_whole(FileSystem& files, const std::string& path, std::string_view bytes) {
-  // The name is short whatever the file's own is: a name may have 255 characters, and no more.
-  const std::string folder = path.substr(0, path.rfind('\\') + 1);
+Status write_whole(FileSystem& files, const std::string& path, std::string_view bytes) {
+  const std::string folder = folder_of(path);
   std::string temporary;
-  std::unique_ptr<OutputFile> file;
-  for (int tries = 0; !file && tries < kTries; ++tries) {
+  Opened<OutputFile> file = Reason::exists;
+  for (int tries = 0; is_taken(file.status()) && tries < kTries; ++tries) {
     temporary = folder + temporary_name();
     file = files.create_new(temporary);
   }
-  if (!file) return false;
-  const bool written = file->write(bytes);
-  const bool closed = file->close();
+  if (!file) return file.status();
+  Status status = file->write(bytes);
+  // A name that reaches the disk before its bytes would stand for an empty file after a power cut.
+  if (status) status = file->flush();
+  const Status closed = file->close();
+  if (status) status = closed;
   file.reset();
-  if (written && closed && files.replace(temporary, path)) return true;
-  files.remove(temporary);
-  return false;
+  if (status) status = files.replace(temporary, path);
+  if (!status) {
+    files.remove(temporary).ignore();
+    return status;
+  }
+  // The old name leads to the old bytes until this is done: nothing is lost where it fails.
+  files.flush_folder(folder).ignore();
+  return status;
+}
+
+Status copy_whole(FileSystem& files, const std::string& from, const std::string& to,
+                  Existing existing, const FileSystem::Progress& progress) {
+  // Looked at before gigabytes are copied in vain; `move` looks again.
+  const auto taken = files.identity(to);
+  if (taken && (existing == Existing::keep || taken == files.identity(from))) {
+    return Reason::exists;
+  }
+  const std::string folder = folder_of(to);
+  std::string temporary;
+  Status status = Reason::exists;
+  for (int tries = 0; is_taken(status) && tries < kTries; ++tries) {
+    temporary = folder + temporary_name();
+    status = files.copy_new(from, temporary, progress);
+  }
+  if (!status) return status;
+  status = existing == Existing::keep ? files.move(temporary, to) : files.replace(temporary, to);
+  if (!status) {
+    // A copy of a read-only file is read-only.
+    files.set_attributes(temporary, attribute::kArchive).ignore();
+    files.remove(temporary).ignore();
+    return status;
+  }
+  return files.flush_folder(folder);
 }
 
 }  // namespace ordelan::system

@@ -1,4 +1,5 @@
-// Saving a file so that others find the old one or the new one, never a half.
+// Saving and copying files so that others find the old one or the new one, never a half; not even
+// after a power cut.
 #pragma once
 
 #include <string>
@@ -9,9 +10,23 @@
 namespace ordelan::system {
 
 // Writes the bytes to a temporary file in the same folder, under a short name that nothing else
-// has, and puts it in the place of `path`. What stays of an old file is as `FileSystem::replace`
-// has it. False when any step fails: the old file is then as it was, and the temporary file is
-// removed. Files of other names are never touched.
-bool write_whole(FileSystem& files, const std::string& path, std::string_view bytes);
+// has, waits until they have reached the disk, and puts it in the place of `path`. What stays of an
+// old file is as `FileSystem::replace` has it. When any step fails, it gives why: the old file is
+// then as it was, and the temporary file is removed. Files of other names are never touched.
+Status write_whole(FileSystem& files, const std::string& path, std::string_view bytes);
+
+// What becomes of a file that has the name of a copy.
+enum class Existing { keep, replace };
+
+// Copies the file `from` to `to` as `FileSystem::copy_new` does, by way of a temporary file as
+// above: `to` is a whole copy, or it is what it was. With `keep` whatever has the name `to` stays,
+// and the copy fails with `exists`; with `replace` a file of that name is replaced, and keeps its
+// attributes as `FileSystem::replace` has it. A file is not copied onto itself: that fails with
+// `exists`. Gives ok only when the copy and its name have reached the disk, so that the original
+// may then be removed; if only the name may be lost in a power cut, the copy stays although a
+// failure is given.
+Status copy_whole(FileSystem& files, const std::string& from, const std::string& to,
+                  Existing existing = Existing::keep,
+                  const FileSystem::Progress& progress = nullptr);
 
 }  // namespace ordelan::system

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "main_window/main_window.h"
+#include "support/forwarding_files.h"
 #include "support/program_bench.h"
 
 namespace ordelan::test {
@@ -173,9 +174,9 @@ TEST_F(Attack, the_reports_of_an_empty_window_are_not_told_as_failures) {
 
 // The same disk with some of its files hidden, locked or damaged, which is reached as a share of
 // the network too.
-class HidingFiles final : public system::FileSystem {
+class HidingFiles final : public ForwardingFiles {
  public:
-  explicit HidingFiles(system::FileSystem& files) : files_(files) {}
+  using ForwardingFiles::ForwardingFiles;
   std::set<std::string> hidden;      // names of files
   std::set<std::string> locked;      // paths of files that cannot be opened
   std::set<std::string> damaged;     // paths of files that cannot be read after their first bytes
@@ -183,30 +184,35 @@ class HidingFiles final : public system::FileSystem {
   std::string folder;                // what the share "\\\\nas\\datos\\" leads to
 
   std::optional<system::FileInfo> info(std::string_view path) override {
-    auto found = files_.info(local(path));
+    auto found = files().info(local(path));
     if (found && hidden.contains(found->name)) found->hidden = true;
     return found;
   }
   std::optional<system::FileIdentity> identity(std::string_view path) override {
-    return files_.identity(local(path));
+    return files().identity(local(path));
   }
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
-    if (locked.contains(std::string(path))) return nullptr;
-    auto file = files_.open(local(path));
+  system::Opened<system::InputFile> open(std::string_view path) override {
+    if (locked.contains(std::string(path))) return system::Reason::in_use;
+    auto file = files().open(local(path));
     if (!file || !damaged.contains(std::string(path))) return file;
     return std::make_unique<Damaged>(std::move(file));
   }
-  std::unique_ptr<system::OutputFile> create(std::string_view path) override {
-    return files_.create(local(path));
+  system::Opened<system::OutputFile> create(std::string_view path) override {
+    return files().create(local(path));
   }
-  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
-    return files_.create_new(local(path));
+  system::Opened<system::OutputFile> create_new(std::string_view path) override {
+    return files().create_new(local(path));
   }
-  bool make_folder(std::string_view path) override { return files_.make_folder(local(path)); }
-  bool replace(std::string_view from, std::string_view to) override {
-    return files_.replace(local(from), local(to));
+  system::Status make_folder(std::string_view path) override {
+    return files().make_folder(local(path));
   }
-  bool remove(std::string_view path) override { return files_.remove(local(path)); }
+  system::Status replace(std::string_view from, std::string_view to) override {
+    return files().replace(local(from), local(to));
+  }
+  system::Status flush_folder(std::string_view path) override {
+    return files().flush_folder(local(path));
+  }
+  system::Status remove(std::string_view path) override { return files().remove(local(path)); }
 
  private:
   class Damaged final : public system::InputFile {
@@ -226,7 +232,7 @@ class HidingFiles final : public system::FileSystem {
   bool each_entry(std::string_view folder_path, system::Detail detail, const Visit& visit,
                   const VisitUnnamed& unnamed) override {
     if (unreadable.contains(std::string(folder_path))) return false;
-    return files_.each(
+    return files().each(
         local(folder_path), detail,
         [&](system::FileInfo& entry) {
           if (hidden.contains(entry.name)) entry.hidden = true;
@@ -239,7 +245,6 @@ class HidingFiles final : public system::FileSystem {
     return path.starts_with(kShare) ? folder + std::string(path.substr(kShare.size()))
                                     : std::string(path);
   }
-  system::FileSystem& files_;
 };
 
 TEST_F(Attack, a_project_of_a_share_is_read_from_its_own_beginning) {

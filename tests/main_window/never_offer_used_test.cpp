@@ -9,6 +9,7 @@
 #include "project/memory_folders.h"
 #include "project/side_files.h"
 #include "project/used_guard.h"
+#include "support/forwarding_files.h"
 #include "support/program_bench.h"
 #include "text/code_page.h"
 
@@ -467,32 +468,24 @@ TEST_F(SideFilesOfADrop, a_cancel_during_the_search_removes_nothing) {
 
 // --- the last look alone, on disks whose listings tell no numbers of files
 
-class WithoutNumbers final : public system::FileSystem {
+class WithoutNumbers final : public ForwardingFiles {
  public:
-  explicit WithoutNumbers(system::FileSystem& files) : files_(files) {}
+  using ForwardingFiles::ForwardingFiles;
   std::map<std::string, std::string> short_names;  // what the disk finds a path by
 
   std::optional<system::FileInfo> info(std::string_view path) override {
-    auto found = files_.info(long_path(path));
+    auto found = files().info(long_path(path));
     if (found) found->number = 0;
     return found;
   }
   std::optional<system::FileIdentity> identity(std::string_view path) override {
-    return files_.identity(long_path(path));
+    return files().identity(long_path(path));
   }
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
-    return files_.open(path);
-  }
-  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
-  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
-  bool make_folder(std::string_view) override { return false; }
-  bool replace(std::string_view, std::string_view) override { return false; }
-  bool remove(std::string_view) override { return false; }
 
  private:
   bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
                   const VisitUnnamed& unnamed) override {
-    return files_.each(
+    return files().each(
         folder, detail,
         [&](system::FileInfo& entry) {
           entry.number = 0;
@@ -504,8 +497,6 @@ class WithoutNumbers final : public system::FileSystem {
     const auto found = short_names.find(std::string(path));
     return found == short_names.end() ? std::string(path) : found->second;
   }
-
-  system::FileSystem& files_;
 };
 
 struct LastLook : ::testing::Test {

@@ -45,7 +45,8 @@ TEST_F(PosixDrivesTest, a_drive_without_a_medium_is_there_and_cannot_be_entered)
   EXPECT_THAT(shown.roots(), testing::ElementsAre("D:\\", "E:\\"));
   EXPECT_EQ(shown.type("E:\\"), DriveType::removable);
   EXPECT_FALSE(shown.volume("E:\\"));
-  EXPECT_FALSE(shown.space("E:\\"));
+  EXPECT_EQ(shown.space("E:\\").status(), system::Reason::not_ready);
+  EXPECT_EQ(files.open("E:\\a.wav").status(), system::Reason::not_ready);
   EXPECT_FALSE(files.info("E:\\"));
   EXPECT_FALSE(files.info("E:\\a.wav"));
   EXPECT_FALSE(files.list("E:\\"));

@@ -10,12 +10,12 @@
 #include <utility>
 #include <vector>
 
-#include "system/file_system.h"
+#include "support/forwarding_files.h"
 #include "text/code_page.h"
 
 namespace ordelan::test {
 
-class MemoryFolders final : public system::FileSystem {
+class MemoryFolders final : public NoFiles {
  public:
   explicit MemoryFolders(bool ignores_case = false) : ignores_case_(ignores_case) {
     folders_[key("D:\\")];
@@ -77,17 +77,12 @@ class MemoryFolders final : public system::FileSystem {
     return system::FileIdentity{1, std::hash<std::string>()(key(std::string(path))), 0};
   }
 
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
+  system::Opened<system::InputFile> open(std::string_view path) override {
     const auto found = files_.find(key(std::string(path)));
-    if (found == files_.end() || found->second.locked) return nullptr;
+    if (found == files_.end()) return system::Reason::not_found;
+    if (found->second.locked) return system::Reason::in_use;
     return std::make_unique<Input>(found->second.bytes);
   }
-
-  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
-  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
-  bool make_folder(std::string_view) override { return false; }
-  bool replace(std::string_view, std::string_view) override { return false; }
-  bool remove(std::string_view) override { return false; }
 
   bool backwards = false;               // whether folders give their last entry first
   std::map<std::string, int> listings;  // how often each folder has been listed

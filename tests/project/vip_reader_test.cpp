@@ -217,7 +217,7 @@ TEST_F(VipReaderTest, a_file_without_a_marker_holds_only_its_title) {
 }
 
 TEST_F(VipReaderTest, a_locked_file_holds_only_its_title) {
-  files.locked = kPath;
+  disk.faults.fail(FaultyFiles::Call::open, system::Reason::in_use);
   EXPECT_THAT(decode(vip(path_field("D:\\a.wav")), "t"), ElementsAre("t"));
   EXPECT_FALSE(answer);
 }

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "headless/headless_backend.h"
-#include "support/failing_files.h"
 #include "support/fake_services.h"
+#include "support/faulty_files.h"
 #include "support/memory_files.h"
 #include "ui/list_box.h"
 #include "ui/window.h"
@@ -117,10 +117,11 @@ TEST_F(Reports, one_that_cannot_be_written_leaves_no_file) {
 TEST_F(Reports, a_failed_save_is_told_and_leaves_the_old_report) {
   list.add("D:\\Mix\\a.wav");
   files.contents["D:\\a.log"] = "old";
-  FailingFiles failing(files);
-  using Step = FailingFiles::Step;
-  for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
-    failing.failing = step;
+  FaultyFiles failing(files);
+  using Call = FaultyFiles::Call;
+  for (const Call call : {Call::create_new, Call::write, Call::flush, Call::close, Call::replace}) {
+    failing.faults.heal();
+    failing.faults.fail(call);
     EXPECT_FALSE(settings::SalvarListados(failing, regional, "D:\\a.log", list.rows(), "1", "2"));
     EXPECT_FALSE(settings::SalvarLog(failing, "D:\\a.log", list.rows()));
     EXPECT_EQ(files.contents["D:\\a.log"], "old");

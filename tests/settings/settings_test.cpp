@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/failing_files.h"
+#include "support/faulty_files.h"
 #include "support/reader_bench.h"
 
 namespace ordelan::test {
@@ -63,19 +63,22 @@ TEST_F(SettingsTest, numbers_are_written_with_the_systems_decimal_mark) {
 
 TEST_F(SettingsTest, a_file_that_cannot_be_read_is_not_written_over) {
   files.contents[kFile] = "[Settings]\r\nA=1\r\n";
-  files.locked = kFile;
-  store.GrabarIni(kFile, "B", "2");
+  FaultyFiles locked(files);
+  locked.faults.fail(FaultyFiles::Call::open, system::Reason::in_use);
+  settings::Settings unlucky(locked, regional, kFile);
+  unlucky.GrabarIni(kFile, "B", "2");
   EXPECT_EQ(files.contents[kFile], "[Settings]\r\nA=1\r\n");
 }
 
 TEST_F(SettingsTest, a_failed_write_leaves_the_file_as_it_was) {
   const std::string old = "[Settings]\r\nA=1\r\n";
   files.contents[kFile] = old;
-  FailingFiles failing(files);
+  FaultyFiles failing(files);
   settings::Settings unlucky(failing, regional, kFile);
-  using Step = FailingFiles::Step;
-  for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
-    failing.failing = step;
+  using Call = FaultyFiles::Call;
+  for (const Call call : {Call::create_new, Call::write, Call::flush, Call::close, Call::replace}) {
+    failing.faults.heal();
+    failing.faults.fail(call);
     unlucky.GrabarIni(kFile, "A", "2");
     EXPECT_EQ(files.contents[kFile], old);
     EXPECT_EQ(files.contents.size(), 1u);
@@ -84,14 +87,13 @@ TEST_F(SettingsTest, a_failed_write_leaves_the_file_as_it_was) {
 
 TEST_F(SettingsTest, a_value_that_stands_there_already_is_not_written_again) {
   files.contents[kFile] = "[Settings]\r\nA=1\r\n";
-  FailingFiles watched(files);
-  int writes = 0;
-  watched.on_create_new = [&](std::string_view) { ++writes; };
+  FaultyFiles watched(files);
+  const auto writes = [&] { return watched.faults.count(FaultyFiles::Call::create_new); };
   settings::Settings watching(watched, regional, kFile);
   watching.GrabarIni(kFile, "A", "1");
-  EXPECT_EQ(writes, 0);
+  EXPECT_EQ(writes(), 0);
   watching.GrabarIni(kFile, "A", "2");
-  EXPECT_EQ(writes, 1);
+  EXPECT_EQ(writes(), 1);
 }
 
 TEST_F(SettingsTest, a_million_lines_are_read_through) {

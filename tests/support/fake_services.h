@@ -3,6 +3,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -10,6 +11,7 @@
 
 #include "system/clock.h"
 #include "system/drives.h"
+#include "system/file_system.h"
 #include "system/regional.h"
 #include "system/shell.h"
 
@@ -63,9 +65,10 @@ class FakeDrives final : public system::Drives {
     const Drive* const drive = with_medium(root);
     return drive ? std::optional(drive->volume) : std::nullopt;
   }
-  std::optional<system::DiskSpace> space(std::string_view root) override {
+  system::Result<system::DiskSpace> space(std::string_view root) override {
     const Drive* const drive = with_medium(root);
-    return drive ? std::optional(drive->space) : std::nullopt;
+    if (drive) return drive->space;
+    return drives.contains(root) ? system::Reason::not_ready : system::Reason::not_found;
   }
 
  private:
@@ -75,7 +78,7 @@ class FakeDrives final : public system::Drives {
   }
 };
 
-// A desktop that opens everything, and writes down what it was asked to open.
+// A desktop that opens everything and recycles everything, and writes down what it was asked to do.
 class FakeShell final : public system::Shell {
  public:
   std::vector<std::string> opened;
@@ -84,6 +87,53 @@ class FakeShell final : public system::Shell {
   std::map<std::string, std::string> types;
   std::map<std::string, std::string> executables;
   std::map<std::string, system::Pixels> icons;
+
+  // The disk from which recycled files go; without one nothing is looked at.
+  system::FileSystem* files = nullptr;
+  // What is in the bin: path to bytes. A path that is recycled twice has its last bytes here.
+  std::map<std::string, std::string> bin;
+  std::vector<std::string> questions;  // the paths that were recycled with a question
+  int emptied = 0;                     // how often the bin was emptied
+  std::set<std::string> without_bin;   // the roots of drives whose files are not recycled
+  bool answers_yes = true;             // what the user answers to questions
+
+  system::Status recycle(const std::string& path, system::Confirm confirm) override {
+    if (!recycles(path.substr(0, 3))) return system::Reason::not_supported;
+    const auto found = files ? files->info(path) : std::nullopt;
+    if (files && !found) return system::Reason::not_found;
+    if (found && found->folder) return system::Reason::not_a_file;
+    if (confirm == system::Confirm::ask) {
+      questions.push_back(path);
+      if (!answers_yes) return system::Reason::cancelled;
+    }
+    std::string bytes;
+    if (files) {
+      {
+        const auto file = files->open(path);
+        if (!file) return file.status();
+        bytes.resize(static_cast<std::size_t>(file->size()));
+        file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
+      }
+      // The bin takes read-only files too.
+      if ((found->attributes & system::attribute::kReadOnly) != 0) {
+        files->set_attributes(path, system::attribute::kArchive).ignore();
+      }
+      const auto removed = files->remove(path);
+      if (!removed) return removed;
+    }
+    bin[path] = std::move(bytes);
+    return {};
+  }
+  system::Status recycles(std::string_view root) override {
+    return without_bin.contains(std::string(root)) ? system::Reason::not_supported
+                                                   : system::Reason::ok;
+  }
+  system::Status empty_bin(const std::string& root, system::Confirm confirm) override {
+    if (confirm == system::Confirm::ask && !answers_yes) return system::Reason::cancelled;
+    ++emptied;
+    std::erase_if(bin, [&](const auto& file) { return file.first.starts_with(root); });
+    return {};
+  }
 
   bool open(const std::string& target) override {
     opened.push_back(target);

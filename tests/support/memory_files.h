@@ -1,5 +1,5 @@
-// A disk in memory, for what a real one cannot show: millions of files, reads that fail at a byte,
-// files that are locked or shrink while they are read.
+// A disk in memory, without folders, for what a real one cannot show: reads that fail at a byte,
+// files that shrink while they are read.
 #pragma once
 
 #include <algorithm>
@@ -11,14 +11,13 @@
 #include <utility>
 #include <vector>
 
-#include "system/file_system.h"
+#include "support/forwarding_files.h"
 
 namespace ordelan::test {
 
-class MemoryFiles final : public system::FileSystem {
+class MemoryFiles final : public NoFiles {
  public:
   std::map<std::string, std::string, std::less<>> contents;
-  std::string locked;  // the path of a file that is there but cannot be opened
   // Called ahead of each read with its offset; false makes the read fail.
   std::function<bool(std::uint64_t)> on_read;
 
@@ -31,47 +30,43 @@ class MemoryFiles final : public system::FileSystem {
     return info;
   }
 
-  std::optional<system::FileIdentity> identity(std::string_view) override { return std::nullopt; }
-
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
+  system::Opened<system::InputFile> open(std::string_view path) override {
     const auto found = contents.find(path);
-    if (found == contents.end() || path == locked) return nullptr;
+    if (found == contents.end()) return system::Reason::not_found;
     return std::make_unique<Input>(*this, found->second);
   }
 
-  bool make_folder(std::string_view) override { return false; }
-  bool replace(std::string_view from, std::string_view to) override {
+  system::Status replace(std::string_view from, std::string_view to) override {
     const auto found = contents.find(from);
-    if (found == contents.end()) return false;
+    if (found == contents.end()) return system::Reason::not_found;
     std::string bytes = std::move(found->second);
     contents.erase(found);
     contents[std::string(to)] = std::move(bytes);
-    return true;
+    return {};
   }
 
-  bool remove(std::string_view path) override {
+  system::Status remove(std::string_view path) override {
     const auto found = contents.find(path);
-    if (found == contents.end()) return false;
+    if (found == contents.end()) return system::Reason::not_found;
     contents.erase(found);
-    return true;
+    return {};
   }
 
-  std::unique_ptr<system::OutputFile> create(std::string_view path) override {
-    if (path.find('>') != std::string_view::npos) return nullptr;
+  system::Status flush_folder(std::string_view) override { return {}; }
+
+  system::Opened<system::OutputFile> create(std::string_view path) override {
+    if (path.find('>') != std::string_view::npos) return system::Reason::bad_path;
     std::string& content = contents[std::string(path)];
     content.clear();
     return std::make_unique<Output>(content);
   }
 
-  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
-    return contents.contains(path) ? nullptr : create(path);
+  system::Opened<system::OutputFile> create_new(std::string_view path) override {
+    if (contents.contains(path)) return system::Reason::exists;
+    return create(path);
   }
 
  private:
-  bool each_entry(std::string_view, system::Detail, const Visit&, const VisitUnnamed&) override {
-    return false;
-  }
-
   class Input final : public system::InputFile {
    public:
     Input(MemoryFiles& files, const std::string& bytes)
@@ -95,11 +90,12 @@ class MemoryFiles final : public system::FileSystem {
   class Output final : public system::OutputFile {
    public:
     explicit Output(std::string& content) : content_(content) {}
-    bool write(std::string_view bytes) override {
+    system::Status write(std::string_view bytes) override {
       content_ += bytes;
-      return true;
+      return {};
     }
-    bool close() override { return true; }
+    system::Status flush() override { return {}; }
+    system::Status close() override { return {}; }
 
    private:
     std::string& content_;

@@ -7,6 +7,7 @@
 #include "headless/scripted_dialogs.h"
 #include "project/vip_reader.h"
 #include "support/fake_services.h"
+#include "support/faulty_files.h"
 #include "support/memory_files.h"
 #include "ui/list_box.h"
 #include "ui/progress_bar.h"
@@ -24,9 +25,10 @@ struct ReaderBench {
   FakeDrives drives;
   FakeShell shell;
   MemoryFiles files;
+  FaultyFiles disk{files};
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell};
   ui::Window window{backend, "window"};
   ui::ListBox list{window, "list"};
   ui::ProgressBar progress{window, "progress"};

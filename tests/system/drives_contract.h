@@ -55,7 +55,7 @@ TYPED_TEST_P(DrivesContract, a_letter_without_a_drive_has_nothing) {
   const std::string root = this->place().missing_root();
   EXPECT_EQ(this->drives().type(root), system::DriveType::no_root_dir);
   EXPECT_FALSE(this->drives().volume(root));
-  EXPECT_FALSE(this->drives().space(root));
+  EXPECT_EQ(this->drives().space(root).status(), system::Reason::not_found);
 }
 
 TYPED_TEST_P(DrivesContract, a_drive_with_a_medium_has_a_volume_and_space) {
@@ -85,6 +85,7 @@ TYPED_TEST_P(DrivesContract, what_is_no_root_has_nothing) {
     EXPECT_EQ(this->drives().type(root), system::DriveType::no_root_dir) << root;
     EXPECT_FALSE(this->drives().volume(root)) << root;
     EXPECT_FALSE(this->drives().space(root)) << root;
+    EXPECT_NE(this->drives().space(root).status(), system::Reason::ok) << root;
   }
 }
 

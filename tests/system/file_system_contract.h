@@ -591,8 +591,191 @@ TYPED_TEST_P(FileSystemContract, thousands_of_entries_all_come) {
   EXPECT_EQ(std::count(seen.begin(), seen.end(), true), kFiles);
 }
 
+TYPED_TEST_P(FileSystemContract, a_failure_says_why) {
+  using system::Reason;
+  this->place().write(this->path("a.wav"), "1");
+  this->place().write(this->path("suelto.wav"), "1");
+  this->place().make_read_only(this->path("suelto.wav"));
+  this->place().make_folder(this->path("Mix"));
+  auto& files = this->files();
+  const std::string file = this->path("a.wav");
+  EXPECT_EQ(files.open(file).status(), Reason::ok);
+  EXPECT_EQ(files.open(this->path("nada.wav")).status(), Reason::not_found);
+  EXPECT_EQ(files.open(this->path("nada\\a.wav")).status(), Reason::not_found);
+  EXPECT_EQ(files.open(this->path("Mix")).status(), Reason::not_a_file);
+  EXPECT_EQ(files.open(this->path("Mix\\")).status(), Reason::not_a_file);
+  EXPECT_EQ(files.open(this->path("*.wav")).status(), Reason::bad_path);
+  EXPECT_EQ(files.open("a.wav").status(), Reason::bad_path);
+  EXPECT_EQ(files.open("").status(), Reason::bad_path);
+  EXPECT_EQ(files.create(this->path("nada\\a.wav")).status(), Reason::not_found);
+  EXPECT_EQ(files.create(this->path("Mix")).status(), Reason::not_a_file);
+  EXPECT_EQ(files.create(this->path("suelto.wav")).status(), Reason::read_only);
+  EXPECT_EQ(files.create(this->path(std::string(256, 'x'))).status(), Reason::too_long);
+  EXPECT_EQ(files.create_new(file).status(), Reason::exists);
+  EXPECT_EQ(files.create_new(this->path("mix")).status(), Reason::exists);
+  EXPECT_EQ(files.create_new(this->path("nada\\a.wav")).status(), Reason::not_found);
+  EXPECT_EQ(files.make_folder(this->path("mix")), Reason::exists);
+  EXPECT_EQ(files.make_folder(this->path("nada\\nada")), Reason::not_found);
+  EXPECT_EQ(files.make_folder("nada"), Reason::bad_path);
+  EXPECT_EQ(files.remove(this->path("nada.wav")), Reason::not_found);
+  EXPECT_EQ(files.remove(this->path("Mix")), Reason::not_a_file);
+  EXPECT_EQ(files.remove(this->path("*.wav")), Reason::bad_path);
+  EXPECT_EQ(files.replace(this->path("nada"), file), Reason::not_found);
+  EXPECT_EQ(files.replace(file, this->path("nada\\a.wav")), Reason::not_found);
+  EXPECT_EQ(files.replace(file, this->path("Mix")), Reason::not_a_file);
+  EXPECT_EQ(files.replace(file, this->path("suelto.wav")), Reason::read_only);
+  EXPECT_EQ(this->whole("a.wav"), "1");
+  EXPECT_EQ(this->whole("suelto.wav"), "1");
+}
+
+TYPED_TEST_P(FileSystemContract, a_read_only_file_is_removed_only_when_it_is_one_no_more) {
+  using namespace system::attribute;
+  this->place().write(this->path("a.wav"), "1");
+  this->place().make_read_only(this->path("a.wav"));
+  EXPECT_EQ(this->files().remove(this->path("a.wav")), system::Reason::read_only);
+  EXPECT_EQ(this->whole("a.wav"), "1");
+  EXPECT_TRUE(this->files().set_attributes(this->path("a.wav"), kArchive));
+  EXPECT_TRUE(this->files().remove(this->path("a.wav")));
+  EXPECT_FALSE(this->files().info(this->path("a.wav")));
+}
+
+TYPED_TEST_P(FileSystemContract, attributes_are_set_and_taken_away) {
+  using namespace system::attribute;
+  constexpr std::uint32_t kSettable = kReadOnly | kHidden | kSystem | kArchive;
+  this->place().write(this->path("a.wav"), "1");
+  const auto attributes = [&] { return this->files().info(this->path("a.wav"))->attributes; };
+  for (const std::uint32_t wanted :
+       {kReadOnly | kArchive, kArchive, kHidden | kArchive, kSystem | kArchive,
+        kReadOnly | kHidden | kSystem | kArchive, kArchive}) {
+    const std::uint32_t before = attributes();
+    const auto set = this->files().set_attributes(this->path("A.WAV"), wanted);
+    if (set == system::Reason::not_supported) {
+      EXPECT_TRUE(wanted & (kHidden | kSystem)) << "every disk has read-only files";
+      EXPECT_EQ(attributes(), before);
+    } else {
+      EXPECT_EQ(set, system::Reason::ok);
+      EXPECT_EQ(attributes() & kSettable, wanted);
+    }
+  }
+  EXPECT_TRUE(this->files().set_attributes(this->path("a.wav"), kFolder | kArchive));
+  EXPECT_FALSE(attributes() & kFolder) << "a file stays one";
+  EXPECT_EQ(this->whole("a.wav"), "1");
+  this->place().make_folder(this->path("Mix"));
+  EXPECT_TRUE(this->files().set_attributes(this->path("Mix"), 0));
+  EXPECT_TRUE(this->files().info(this->path("Mix"))->folder);
+  EXPECT_EQ(this->files().set_attributes(this->path("nada"), 0), system::Reason::not_found);
+  EXPECT_EQ(this->files().set_attributes(this->path("*"), 0), system::Reason::bad_path);
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_is_flushed_and_written_on) {
+  const auto file = this->files().create_new(this->path("a.txt"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->write("uno"));
+  EXPECT_TRUE(file->flush());
+  EXPECT_EQ(this->whole("a.txt"), "uno");
+  EXPECT_TRUE(file->write("dos"));
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(this->whole("a.txt"), "unodos");
+  EXPECT_TRUE(this->files().flush_folder(this->place().folder()));
+  EXPECT_TRUE(this->files().flush_folder(this->place().folder() + "\\"));
+  EXPECT_EQ(this->files().flush_folder(this->path("nada")), system::Reason::not_found);
+  EXPECT_FALSE(this->files().flush_folder(this->path("a.txt")));
+}
+
+TYPED_TEST_P(FileSystemContract, a_file_is_moved_and_never_over_another) {
+  using system::Reason;
+  this->place().make_folder(this->path("Mix"));
+  this->place().write(this->path("a.wav"), "a");
+  this->place().write(this->path("b.wav"), "b");
+  const auto identity = this->files().identity(this->path("a.wav"));
+  for (const char* taken : {"b.wav", "B.WAV", "Mix", "mix"}) {
+    EXPECT_EQ(this->files().move(this->path("a.wav"), this->path(taken)), Reason::exists) << taken;
+  }
+  EXPECT_EQ(this->files().move(this->path("nada"), this->path("c.wav")), Reason::not_found);
+  EXPECT_EQ(this->files().move(this->path("a.wav"), this->path("nada\\a.wav")), Reason::not_found);
+  EXPECT_EQ(this->files().move(this->path("Mix"), this->path("Otro")), Reason::not_a_file);
+  EXPECT_EQ(this->files().move(this->path("a.wav"), this->path("c*.wav")), Reason::bad_path);
+  EXPECT_EQ(this->whole("a.wav"), "a");
+  EXPECT_EQ(this->whole("b.wav"), "b");
+  EXPECT_TRUE(this->files().move(this->path("a.wav"), this->path("Mix\\c.wav")));
+  EXPECT_FALSE(this->files().info(this->path("a.wav")));
+  EXPECT_EQ(this->whole("Mix\\c.wav"), "a");
+  EXPECT_EQ(this->files().identity(this->path("Mix\\c.wav")), identity) << "moved, not copied";
+}
+
+TYPED_TEST_P(FileSystemContract, a_copy_has_the_bytes_the_time_and_the_attributes) {
+  using namespace system::attribute;
+  std::string bytes(3 * 1024 * 1024 + 7, '\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * i >> 5);
+  this->place().write(this->path("a.wav"), bytes);
+  this->place().make_read_only(this->path("a.wav"));
+  const auto original = this->files().info(this->path("a.wav"));
+  ASSERT_TRUE(original);
+  // A copy made in the same tick of the clock would have the same time by itself.
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  std::vector<std::uint64_t> heard;
+  EXPECT_TRUE(
+      this->files().copy_new(this->path("a.wav"), this->path("b.wav"), [&](std::uint64_t copied) {
+        heard.push_back(copied);
+        return true;
+      }));
+  const auto copy = this->files().info(this->path("b.wav"));
+  ASSERT_TRUE(copy);
+  EXPECT_EQ(copy->modified, original->modified);
+  EXPECT_EQ(copy->attributes, original->attributes);
+  EXPECT_TRUE(copy->attributes & kReadOnly);
+  const auto file = this->files().open(this->path("b.wav"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(read_from(*file, 0, bytes.size() + 1) == bytes);
+  ASSERT_FALSE(heard.empty());
+  EXPECT_TRUE(std::is_sorted(heard.begin(), heard.end()));
+  EXPECT_EQ(heard.back(), bytes.size());
+}
+
+TYPED_TEST_P(FileSystemContract, a_copy_is_never_made_over_anything) {
+  using system::Reason;
+  this->place().write(this->path("a.wav"), "a");
+  this->place().write(this->path("b.wav"), "b");
+  this->place().make_folder(this->path("Mix"));
+  for (const char* taken : {"b.wav", "B.WAV", "Mix", "a.wav", "A.wav"}) {
+    EXPECT_EQ(this->files().copy_new(this->path("a.wav"), this->path(taken)), Reason::exists)
+        << taken;
+  }
+  EXPECT_EQ(this->files().copy_new(this->path("nada"), this->path("c.wav")), Reason::not_found);
+  EXPECT_EQ(this->files().copy_new(this->path("Mix"), this->path("c.wav")), Reason::not_a_file);
+  EXPECT_EQ(this->files().copy_new(this->path("a.wav"), this->path("nada\\c.wav")),
+            Reason::not_found);
+  EXPECT_EQ(this->files().copy_new(this->path("a.wav"), "c.wav"), Reason::bad_path);
+  EXPECT_EQ(this->whole("a.wav"), "a");
+  EXPECT_EQ(this->whole("b.wav"), "b");
+  EXPECT_EQ(this->files().list(this->place().folder())->size(), 3u);
+}
+
+TYPED_TEST_P(FileSystemContract, an_empty_file_is_copied_and_a_stopped_copy_leaves_nothing) {
+  this->place().write(this->path("vacio.wav"), "");
+  EXPECT_TRUE(this->files().copy_new(this->path("vacio.wav"), this->path("b.wav")));
+  EXPECT_EQ(this->whole("b.wav"), "");
+  this->place().write(this->path("a.wav"), std::string(5'000'000, 'a'));
+  int heard = 0;
+  EXPECT_EQ(this->files().copy_new(this->path("a.wav"), this->path("c.wav"),
+                                   [&](std::uint64_t) { return ++heard < 2; }),
+            system::Reason::cancelled);
+  EXPECT_EQ(heard, 2);
+  EXPECT_FALSE(this->files().info(this->path("c.wav")));
+  EXPECT_THROW(this->files()
+                   .copy_new(this->path("a.wav"), this->path("c.wav"),
+                             [](std::uint64_t) -> bool { throw 1; })
+                   .ignore(),
+               int);
+  EXPECT_FALSE(this->files().info(this->path("c.wav")));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(
-    FileSystemContract, a_file_takes_the_place_of_another_in_one_step,
+    FileSystemContract, a_failure_says_why, a_read_only_file_is_removed_only_when_it_is_one_no_more,
+    attributes_are_set_and_taken_away, a_file_is_flushed_and_written_on,
+    a_file_is_moved_and_never_over_another, a_copy_has_the_bytes_the_time_and_the_attributes,
+    a_copy_is_never_made_over_anything, an_empty_file_is_copied_and_a_stopped_copy_leaves_nothing,
+    a_file_takes_the_place_of_another_in_one_step,
     others_find_the_old_file_or_the_new_one_and_never_none,
     a_new_file_is_created_where_nothing_has_its_name, a_new_file_is_not_created_over_anything,
     a_file_takes_a_place_where_none_is, a_replaced_file_keeps_the_spelling_of_its_name,

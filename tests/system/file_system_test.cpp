@@ -4,29 +4,18 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_services.h"
+#include "support/forwarding_files.h"
 #include "system/event_pump.h"
 
 namespace ordelan::test {
 namespace {
 
 // A disk that knows one entry.
-class OneEntry final : public system::FileSystem {
+class OneEntry final : public NoFiles {
  public:
   system::FileInfo entry;
 
   std::optional<system::FileInfo> info(std::string_view) override { return entry; }
-  std::optional<system::FileIdentity> identity(std::string_view) override { return std::nullopt; }
-  std::unique_ptr<system::InputFile> open(std::string_view) override { return nullptr; }
-  std::unique_ptr<system::OutputFile> create(std::string_view) override { return nullptr; }
-  std::unique_ptr<system::OutputFile> create_new(std::string_view) override { return nullptr; }
-  bool make_folder(std::string_view) override { return false; }
-  bool replace(std::string_view, std::string_view) override { return false; }
-  bool remove(std::string_view) override { return false; }
-
- private:
-  bool each_entry(std::string_view, system::Detail, const Visit&, const VisitUnnamed&) override {
-    return false;
-  }
 };
 
 TEST(LookUp, a_plain_file_is_found_with_what_the_disk_knows_of_it) {

@@ -3,11 +3,12 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "support/failing_files.h"
+#include "support/faulty_files.h"
 #include "test_disk.h"
 
 namespace ordelan::test {
@@ -20,7 +21,7 @@ struct WholeFile : ::testing::Test {
   TestDisk disk;
 
   bool save(const std::string& name, const std::string& bytes) {
-    return system::write_whole(disk.files(), disk.path(name), bytes);
+    return system::write_whole(disk.files(), disk.path(name), bytes).ok();
   }
   std::string content(const std::string& name) {
     const auto file = disk.files().open(disk.path(name));
@@ -105,34 +106,80 @@ TEST_F(WholeFile, nothing_is_saved_where_a_folder_has_the_name_or_the_folder_is_
   EXPECT_THAT(disk.files().list(disk.path("a.log")).value(), IsEmpty());
 }
 
-using Step = FailingFiles::Step;
+using Call = FaultyFiles::Call;
+using system::Reason;
+
+constexpr std::array kSteps{Call::create_new, Call::write, Call::flush, Call::close, Call::replace};
 
 TEST_F(WholeFile, whatever_step_fails_the_old_file_stays_and_no_other_is_left) {
-  FailingFiles failing(disk.files());
-  for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
-    failing.failing = step;
-    failing.passing = 0;
-    failing.room = 2;
-    EXPECT_FALSE(system::write_whole(failing, disk.path("new.log"), "new"));
+  FaultyFiles failing(disk.files());
+  failing.room = 2;
+  for (const Call step : kSteps) {
+    failing.faults.heal();
+    failing.faults.fail(step, Reason::no_space);
+    EXPECT_EQ(system::write_whole(failing, disk.path("new.log"), "new"), Reason::no_space);
     EXPECT_THAT(names(), IsEmpty());
   }
   disk.write("a.log", "old");
-  for (const Step step : {Step::create_new, Step::write, Step::close, Step::replace}) {
-    failing.failing = step;
-    EXPECT_FALSE(system::write_whole(failing, disk.path("a.log"), "new"));
+  for (const Call step : kSteps) {
+    failing.faults.heal();
+    failing.faults.fail(step, Reason::in_use);
+    EXPECT_EQ(system::write_whole(failing, disk.path("a.log"), "new"), Reason::in_use);
     EXPECT_EQ(content("a.log"), "old");
     EXPECT_THAT(names(), ElementsAre("a.log"));
   }
-  failing.failing.reset();
+  failing.faults.heal();
   EXPECT_TRUE(system::write_whole(failing, disk.path("a.log"), "new"));
   EXPECT_EQ(content("a.log"), "new");
 }
 
+TEST_F(WholeFile, a_power_cut_at_any_call_leaves_the_old_file_or_the_new_one) {
+  const std::string bytes(5000, 'n');
+  int calls = 0;
+  for (bool killed = true; killed; ++calls) {
+    disk.write("a.log", "old");
+    FaultyFiles cut(disk.files());
+    cut.loses_unflushed = true;
+    cut.room = 1000;
+    cut.faults.kill({.after = calls});
+    try {
+      EXPECT_TRUE(system::write_whole(cut, disk.path("a.log"), bytes));
+    } catch (const Killed&) {
+    }
+    killed = cut.faults.killed();
+    const std::string left = content("a.log");
+    EXPECT_TRUE(left == "old" || left == bytes) << calls << ": " << left.size() << " bytes";
+    for (const std::string& name : names()) {
+      if (name != "a.log") disk.remove(name);
+    }
+  }
+  EXPECT_GE(calls, 6) << "each step was the last one once";
+}
+
+TEST_F(WholeFile, a_saved_file_outlives_a_power_cut) {
+  FaultyFiles cut(disk.files());
+  cut.loses_unflushed = true;
+  ASSERT_TRUE(system::write_whole(cut, disk.path("a.log"), "uno"));
+  cut.faults.kill({});
+  EXPECT_THROW(cut.info(disk.path("a.log")), Killed);
+  EXPECT_EQ(content("a.log"), "uno");
+}
+
+TEST_F(WholeFile, a_save_asks_for_its_name_to_reach_the_disk_and_is_saved_even_if_it_cannot) {
+  FaultyFiles watched(disk.files());
+  disk.make_folder("Mix");
+  watched.faults.fail(Call::flush_folder);
+  EXPECT_TRUE(system::write_whole(watched, disk.path("Mix\\a.log"), "uno"));
+  EXPECT_EQ(content("Mix\\a.log"), "uno");
+  EXPECT_EQ(watched.faults.made().back(),
+            (Faults<Call>::Made{Call::flush_folder, disk.path("Mix\\")}));
+}
+
 TEST_F(WholeFile, a_file_that_has_the_temporary_name_stays_and_another_name_is_taken) {
-  FailingFiles crowded(disk.files());
+  FaultyFiles crowded(disk.files());
   std::vector<std::string> taken;
-  crowded.on_create_new = [&](std::string_view path) {
-    if (taken.size() == 3) return;
+  crowded.faults.on_call = [&](Call call, std::string_view path) {
+    if (call != Call::create_new || taken.size() == 3) return;
     taken.emplace_back(path.substr(disk.folder().size()));
     disk.write(taken.back(), "the user's");
   };
@@ -144,10 +191,12 @@ TEST_F(WholeFile, a_file_that_has_the_temporary_name_stays_and_another_name_is_t
 }
 
 TEST_F(WholeFile, temporary_names_are_short_in_the_files_own_folder_and_all_different) {
-  FailingFiles failing(disk.files());
-  failing.failing = Step::replace;
+  FaultyFiles failing(disk.files());
+  failing.faults.fail(Call::replace);
   std::vector<std::string> created;
-  failing.on_create_new = [&](std::string_view path) { created.emplace_back(path); };
+  failing.faults.on_call = [&](Call call, std::string_view path) {
+    if (call == Call::create_new) created.emplace_back(path);
+  };
   disk.make_folder("Mix");
   const std::string name = disk.path("Mix\\" + std::string(251, 'x') + ".log");
   EXPECT_FALSE(system::write_whole(failing, name, "uno"));
@@ -157,6 +206,127 @@ TEST_F(WholeFile, temporary_names_are_short_in_the_files_own_folder_and_all_diff
   for (const std::string& path : created) {
     EXPECT_TRUE(path.starts_with(disk.path("Mix\\"))) << path;
     EXPECT_LE(path.size(), disk.path("Mix\\").size() + 20) << path;
+  }
+}
+
+// Copying: a whole copy comes to be, or nothing.
+struct WholeCopy : WholeFile {
+  WholeCopy() {
+    disk.make_folder("Mix");
+    disk.make_folder("Copia");
+    disk.write("Mix\\a.wav", audio);
+  }
+
+  system::Status copy(system::FileSystem& files,
+                      system::Existing existing = system::Existing::keep) {
+    return system::copy_whole(files, disk.path("Mix\\a.wav"), disk.path("Copia\\a.wav"), existing);
+  }
+  std::vector<std::string> copies() {
+    std::vector<std::string> found;
+    const auto entries = disk.files().list(disk.path("Copia"));
+    for (const auto& entry : entries.value()) found.push_back(entry.name);
+    return found;
+  }
+
+  const std::string audio = std::string(300'000, 'a') + "fin";
+};
+
+TEST_F(WholeCopy, a_copy_has_the_bytes_and_the_original_stays) {
+  EXPECT_TRUE(copy(disk.files()));
+  EXPECT_EQ(content("Copia\\a.wav"), audio);
+  EXPECT_EQ(content("Mix\\a.wav"), audio);
+  EXPECT_THAT(copies(), ElementsAre("a.wav"));
+}
+
+TEST_F(WholeCopy, a_file_that_has_the_name_stays_unless_it_is_to_be_replaced) {
+  disk.write("Copia\\A.wav", "another");
+  EXPECT_EQ(copy(disk.files()), Reason::exists);
+  EXPECT_EQ(content("Copia\\a.wav"), "another");
+  EXPECT_TRUE(copy(disk.files(), system::Existing::replace));
+  EXPECT_EQ(content("Copia\\a.wav"), audio);
+  EXPECT_THAT(copies(), ElementsAre("A.wav"));
+}
+
+TEST_F(WholeCopy, a_file_that_comes_to_the_name_meanwhile_stays) {
+  FaultyFiles files(disk.files());
+  files.faults.on_call = [&](Call call, std::string_view) {
+    if (call == Call::move) disk.write("Copia\\a.wav", "just come");
+  };
+  EXPECT_EQ(copy(files), Reason::exists);
+  EXPECT_EQ(content("Copia\\a.wav"), "just come");
+  EXPECT_THAT(copies(), ElementsAre("a.wav"));
+}
+
+TEST_F(WholeCopy, a_file_is_not_copied_onto_itself) {
+  const std::string path = disk.path("Mix\\a.wav");
+  for (const std::string& same : {path, disk.path("Mix\\.\\A.WAV")}) {
+    EXPECT_EQ(system::copy_whole(disk.files(), path, same, system::Existing::replace),
+              Reason::exists);
+  }
+  EXPECT_EQ(content("Mix\\a.wav"), audio);
+}
+
+TEST_F(WholeCopy, a_read_only_file_has_a_read_only_copy_and_a_failed_one_leaves_nothing) {
+  using system::attribute::kReadOnly;
+  ASSERT_TRUE(disk.files().set_attributes(disk.path("Mix\\a.wav"), kReadOnly));
+  FaultyFiles failing(disk.files());
+  failing.faults.fail(Call::move, Reason::no_permission);
+  EXPECT_EQ(copy(failing), Reason::no_permission);
+  EXPECT_THAT(copies(), IsEmpty());
+  EXPECT_TRUE(copy(disk.files()));
+  EXPECT_TRUE(disk.files().info(disk.path("Copia\\a.wav"))->attributes & kReadOnly);
+  EXPECT_EQ(content("Copia\\a.wav"), audio);
+}
+
+TEST_F(WholeCopy, a_copy_that_the_caller_stops_leaves_nothing) {
+  const auto stop = [](std::uint64_t) { return false; };
+  EXPECT_EQ(system::copy_whole(disk.files(), disk.path("Mix\\a.wav"), disk.path("Copia\\a.wav"),
+                               system::Existing::keep, stop),
+            Reason::cancelled);
+  EXPECT_THAT(copies(), IsEmpty());
+}
+
+TEST_F(WholeCopy, a_copy_whose_name_may_be_lost_in_a_power_cut_is_no_success_and_stays) {
+  FaultyFiles files(disk.files());
+  files.faults.fail({.call = Call::flush_folder, .path = disk.path("Copia\\")}, Reason::not_ready);
+  EXPECT_EQ(copy(files), Reason::not_ready);
+  EXPECT_EQ(content("Copia\\a.wav"), audio);
+}
+
+TEST_F(WholeCopy, whatever_call_fails_or_kills_no_half_copy_has_the_name) {
+  for (const bool kills : {false, true}) {
+    for (const system::Existing existing : {system::Existing::keep, system::Existing::replace}) {
+      bool struck = true;
+      for (int calls = 0; struck; ++calls) {
+        disk.remove("Copia");
+        disk.make_folder("Copia");
+        if (existing == system::Existing::replace) disk.write("Copia\\a.wav", "old");
+        FaultyFiles files(disk.files());
+        files.loses_unflushed = true;
+        if (kills) {
+          files.faults.kill({.after = calls});
+        } else {
+          files.faults.fail({.after = calls}, Reason::other, 1);
+        }
+        bool copied = false;
+        try {
+          copied = copy(files, existing).ok();
+        } catch (const Killed&) {
+        }
+        struck = files.faults.count() > calls;
+        const std::string left = content("Copia\\a.wav");
+        const bool untouched =
+            existing == system::Existing::replace ? left == "old" : left == "not opened";
+        EXPECT_TRUE(left == audio || untouched) << calls << ": " << left.size() << " bytes";
+        if (copied) {
+          EXPECT_EQ(left, audio) << calls;
+        }
+        if (!kills) {
+          EXPECT_LE(copies().size(), 1u) << calls << ": a temporary file is left";
+        }
+        EXPECT_EQ(content("Mix\\a.wav"), audio);
+      }
+    }
   }
 }
 

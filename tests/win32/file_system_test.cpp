@@ -70,7 +70,7 @@ TEST_F(Win32Files, a_file_that_somebody_looks_at_for_a_moment_is_replaced_all_th
     Sleep(15);
     CloseHandle(looking);
   });
-  const bool replaced = files_.replace(path("lista.log.new"), path("lista.log"));
+  const system::Status replaced = files_.replace(path("lista.log.new"), path("lista.log"));
   other.join();
   EXPECT_TRUE(replaced);
   ASSERT_TRUE(files_.info(path("lista.log")));
@@ -184,6 +184,30 @@ TEST_F(Win32Files, an_open_file_may_be_written_renamed_and_removed_by_others) {
   EXPECT_EQ(read_from(*file, 0, 10), "234");
   EXPECT_TRUE(MoveFileW(win32::widen(path("a.vip")).c_str(), win32::widen(path("b.vip")).c_str()));
   EXPECT_TRUE(DeleteFileW(win32::widen(path("b.vip")).c_str()));
+}
+
+TEST_F(Win32Files, a_file_that_another_program_keeps_to_itself_is_in_use) {
+  place_.write(path("a.vip"), "1");
+  const HANDLE lock = CreateFileW(win32::widen(path("a.vip")).c_str(), GENERIC_READ, 0, nullptr,
+                                  OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+  using system::Reason;
+  EXPECT_EQ(files_.open(path("a.vip")).status(), Reason::in_use);
+  EXPECT_EQ(files_.create(path("a.vip")).status(), Reason::in_use);
+  EXPECT_EQ(files_.remove(path("a.vip")), Reason::in_use);
+  EXPECT_EQ(files_.copy_new(path("a.vip"), path("b.vip"), nullptr), Reason::in_use);
+  EXPECT_FALSE(files_.info(path("b.vip"))) << "no empty copy is left";
+  EXPECT_EQ(files_.move(path("a.vip"), path("b.vip")), Reason::in_use);
+  place_.write(path("c.vip"), "2");
+  EXPECT_EQ(files_.replace(path("c.vip"), path("a.vip")), Reason::in_use);
+  CloseHandle(lock);
+}
+
+TEST_F(Win32Files, a_copy_keeps_hidden_and_system) {
+  give("a.wav", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
+  if (IsSkipped()) return;
+  ASSERT_TRUE(files_.copy_new(path("a.wav"), path("b.wav"), nullptr));
+  EXPECT_EQ(files_.info(path("b.wav"))->attributes, files_.info(path("a.wav"))->attributes);
 }
 
 TEST_F(Win32Files, slashes_and_dots_lead_where_they_lead_in_windows) {

@@ -14,6 +14,7 @@
 
 #include "app/program.h"
 #include "support/fake_services.h"
+#include "support/forwarding_files.h"
 #include "test_disk.h"
 #include "win32/own_windows.h"
 #include "win32/peers/win32_backend.h"
@@ -25,32 +26,13 @@
 namespace ordelan::test {
 
 // The real disk, and how much of it was looked at.
-class CountedFiles final : public system::FileSystem {
+class CountedFiles final : public ForwardingFiles {
  public:
-  explicit CountedFiles(system::FileSystem& files) : files_(files) {}
+  using ForwardingFiles::ForwardingFiles;
 
   int seen = 0;       // entries of folders
   bool slow = false;  // rests a moment now and then, as a disk that has to look
   std::function<void()> on_entry;
-
-  std::optional<system::FileIdentity> identity(std::string_view path) override {
-    return files_.identity(path);
-  }
-  std::optional<system::FileInfo> info(std::string_view path) override { return files_.info(path); }
-  std::unique_ptr<system::InputFile> open(std::string_view path) override {
-    return files_.open(path);
-  }
-  std::unique_ptr<system::OutputFile> create(std::string_view path) override {
-    return files_.create(path);
-  }
-  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override {
-    return files_.create_new(path);
-  }
-  bool make_folder(std::string_view path) override { return files_.make_folder(path); }
-  bool replace(std::string_view from, std::string_view to) override {
-    return files_.replace(from, to);
-  }
-  bool remove(std::string_view path) override { return files_.remove(path); }
 
  private:
   bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
@@ -61,10 +43,8 @@ class CountedFiles final : public system::FileSystem {
       if (on_entry) on_entry();
       return visit(entry);
     };
-    return files_.each(folder, detail, counted, unnamed);
+    return files().each(folder, detail, counted, unnamed);
   }
-
-  system::FileSystem& files_;
 };
 
 class ProgramTest : public testing::Test {

@@ -66,6 +66,12 @@ std::optional<std::wstring> extended_path(std::string_view path) {
   return result;
 }
 
+std::optional<std::wstring> file_path(std::string_view path) {
+  auto extended = extended_path(path);
+  if (extended && extended->ends_with(L'\\')) extended.reset();
+  return extended;
+}
+
 bool is_root(std::wstring_view extended) {
   const bool share = extended.starts_with(kShare);
   const auto names = names_in(extended.substr(share ? kShare.size() : kLiteral.size()));

@@ -14,6 +14,9 @@ namespace ordelan::win32 {
 // search, a stream or a device could have: with NUL, wildcards or a second colon.
 std::optional<std::wstring> extended_path(std::string_view path);
 
+// The same for something that is a file by its form: nothing with a backslash at the end.
+std::optional<std::wstring> file_path(std::string_view path);
+
 // Whether an extended path is that of a drive or of a share itself, with or without the backslash.
 bool is_root(std::wstring_view extended);
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "win32/ansi_text.h"
+#include "win32/ports/error_reason.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -52,11 +53,12 @@ std::optional<system::Volume> Win32Drives::volume(std::string_view root) {
   return system::Volume{narrow_with_marks(label), serial, narrow_with_marks(format)};
 }
 
-std::optional<system::DiskSpace> Win32Drives::space(std::string_view root) {
+system::Result<system::DiskSpace> Win32Drives::space(std::string_view root) {
   const auto path = checked(root);
+  if (!path) return system::Reason::bad_path;
   ULARGE_INTEGER free{};
   ULARGE_INTEGER total{};
-  if (!path || !GetDiskFreeSpaceExW(path->c_str(), &free, &total, nullptr)) return std::nullopt;
+  if (!GetDiskFreeSpaceExW(path->c_str(), &free, &total, nullptr)) return last_reason();
   return system::DiskSpace{total.QuadPart, free.QuadPart};
 }
 

@@ -15,7 +15,7 @@ class Win32Drives final : public system::Drives {
   std::vector<std::string> roots() override;
   system::DriveType type(std::string_view root) override;
   std::optional<system::Volume> volume(std::string_view root) override;
-  std::optional<system::DiskSpace> space(std::string_view root) override;
+  system::Result<system::DiskSpace> space(std::string_view root) override;
 };
 
 }  // namespace ordelan::win32

@@ -2,13 +2,12 @@
 
 #include <windows.h>
 
-#include <aclapi.h>
-
 #include <algorithm>
 #include <cstring>
 
 #include "win32/ansi_text.h"
 #include "win32/handle.h"
+#include "win32/ports/error_reason.h"
 #include "win32/ports/extended_path.h"
 
 namespace ordelan::win32 {
@@ -16,11 +15,10 @@ namespace {
 
 using system::Detail;
 using system::FileInfo;
+using system::Reason;
 
 // One call to the disk takes and gives at most this much.
 constexpr std::size_t kLargestPiece = 16 * 1024 * 1024;
-constexpr int kTriesToReplace = 25;
-constexpr DWORD kPauseOfTries = 10;  // milliseconds
 
 std::uint64_t joined(DWORD high, DWORD low) {
   return (std::uint64_t{high} << 32) | low;
@@ -93,13 +91,6 @@ std::optional<FileInfo> info_of_root(const std::wstring& path) {
   return info;
 }
 
-// The extended path of something that is a file by its form: no backslash at the end.
-std::optional<std::wstring> file_path(std::string_view path) {
-  auto extended = extended_path(path);
-  if (extended && extended->ends_with(L'\\')) extended.reset();
-  return extended;
-}
-
 class Win32InputFile final : public system::InputFile {
  public:
   Win32InputFile(FileHandle file, std::uint64_t size) : file_(std::move(file)), size_(size) {}
@@ -131,115 +122,40 @@ class Win32OutputFile final : public system::OutputFile {
  public:
   explicit Win32OutputFile(FileHandle file) : file_(std::move(file)) {}
 
-  bool write(std::string_view bytes) override {
-    while (!bytes.empty()) {
+  system::Status write(std::string_view bytes) override {
+    while (status_ && !bytes.empty()) {
       const auto piece = static_cast<DWORD>(std::min(bytes.size(), kLargestPiece));
       DWORD written = 0;
       if (!WriteFile(file_.get(), bytes.data(), piece, &written, nullptr) || written == 0) {
-        failed_ = true;
-        return false;
+        status_ = last_reason();
       }
       bytes.remove_prefix(written);
     }
-    return true;
+    return status_;
   }
 
-  bool close() override { return file_.close() && !failed_; }
+  system::Status flush() override {
+    if (status_ && !FlushFileBuffers(file_.get())) status_ = last_reason();
+    return status_;
+  }
+
+  system::Status close() override {
+    const system::Status closed = file_.close() ? Reason::ok : last_reason();
+    return status_ ? closed : status_;
+  }
 
  private:
   FileHandle file_;
-  bool failed_ = false;
+  system::Status status_;
 };
 
-std::unique_ptr<system::OutputFile> output_file(std::string_view path, DWORD disposition) {
+system::Opened<system::OutputFile> output_file(std::string_view path, DWORD disposition) {
   const auto extended = file_path(path);
-  if (!extended) return nullptr;
+  if (!extended) return reason_without_file_path(path);
   FileHandle file(CreateFileW(extended->c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                               disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file) return nullptr;
+  if (!file) return reason_at(GetLastError(), *extended);
   return std::make_unique<Win32OutputFile>(std::move(file));
-}
-
-FileHandle open_for(const std::wstring& path, DWORD access) {
-  return FileHandle(CreateFileW(path.c_str(), access,
-                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-}
-
-// Gives the file `to` the access rights of another. Disks without rights have none to be kept.
-void take_over_rights(const std::wstring& from, const std::wstring& to) {
-  const FileHandle source = open_for(from, READ_CONTROL);
-  const FileHandle target = open_for(to, READ_CONTROL | WRITE_DAC);
-  PACL rights = nullptr;
-  PSECURITY_DESCRIPTOR descriptor = nullptr;
-  if (!source || !target ||
-      GetSecurityInfo(source.get(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
-                      &rights, nullptr, &descriptor) != ERROR_SUCCESS) {
-    return;
-  }
-  SECURITY_DESCRIPTOR_CONTROL control = 0;
-  DWORD revision = 0;
-  if (rights != nullptr && GetSecurityDescriptorControl(descriptor, &control, &revision)) {
-    // What comes from the folder comes to the new file by itself, unless the old one had it not.
-    const DWORD inherited = (control & SE_DACL_PROTECTED) != 0
-                                ? PROTECTED_DACL_SECURITY_INFORMATION
-                                : UNPROTECTED_DACL_SECURITY_INFORMATION;
-    SetSecurityInfo(target.get(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherited, nullptr,
-                    nullptr, rights, nullptr);
-  }
-  LocalFree(descriptor);
-}
-
-// Gives the file `to` the time at which another was created.
-void take_over_creation(const std::wstring& from, const std::wstring& to) {
-  const FileHandle source = open_for(from, FILE_READ_ATTRIBUTES);
-  const FileHandle target = open_for(to, FILE_WRITE_ATTRIBUTES);
-  FILETIME created{};
-  if (source && target && GetFileTime(source.get(), &created, nullptr, nullptr)) {
-    SetFileTime(target.get(), &created, nullptr, nullptr);
-  }
-}
-
-// The path with its last name as the disk spells it, so that a move to it changes no capital.
-std::wstring as_spelt(const std::wstring& path) {
-  WIN32_FIND_DATAW found{};
-  if (!find(path, found)) return path;
-  return path.substr(0, path.rfind(L'\\') + 1) + found.cFileName;
-}
-
-// Puts `source` in the place of a `target` that exists and has the attributes `old`. Gives the
-// error, ERROR_SUCCESS if none. ReplaceFileW would keep more (other streams of the file), but it
-// moves the old file away first: others find none for a moment, and so does the user when the
-// program is ended in it.
-DWORD put_over(const std::wstring& source, const std::wstring& target, DWORD old) {
-  constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
-                          FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-  take_over_creation(target, source);
-  take_over_rights(target, source);
-  SetFileAttributesW(source.c_str(), (old & kKept) != 0 ? old & kKept : FILE_ATTRIBUTE_NORMAL);
-  return MoveFileExW(source.c_str(), as_spelt(target).c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
-             ? ERROR_SUCCESS
-             : GetLastError();
-}
-
-// Puts `source` where no `target` exists. Gives the error, ERROR_SUCCESS if none.
-DWORD put_new(const std::wstring& source, const std::wstring& target) {
-  return MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) ? ERROR_SUCCESS
-                                                                             : GetLastError();
-}
-
-// Whether the same may go well in a moment.
-bool passes_by(DWORD error) {
-  switch (error) {
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_ALREADY_EXISTS:  // another has just come
-    case ERROR_FILE_EXISTS:
-      return true;
-    default:
-      return false;
-  }
 }
 
 }  // namespace
@@ -311,60 +227,36 @@ std::optional<system::FileIdentity> Win32FileSystem::identity(std::string_view p
   return identity;
 }
 
-std::unique_ptr<system::InputFile> Win32FileSystem::open(std::string_view path) {
+system::Opened<system::InputFile> Win32FileSystem::open(std::string_view path) {
   const auto extended = file_path(path);
-  if (!extended) return nullptr;
+  if (!extended) return reason_without_file_path(path);
   FileHandle file(CreateFileW(extended->c_str(), GENERIC_READ,
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file) return reason_at(GetLastError(), *extended);
   LARGE_INTEGER size{};
-  if (!file || !GetFileSizeEx(file.get(), &size)) return nullptr;
+  if (!GetFileSizeEx(file.get(), &size)) return last_reason();
   return std::make_unique<Win32InputFile>(std::move(file),
                                           static_cast<std::uint64_t>(size.QuadPart));
 }
 
-std::unique_ptr<system::OutputFile> Win32FileSystem::create(std::string_view path) {
+system::Opened<system::OutputFile> Win32FileSystem::create(std::string_view path) {
+  // Not every system keeps such a file from being emptied.
+  if (const auto extended = file_path(path)) {
+    const DWORD old = GetFileAttributesW(extended->c_str());
+    constexpr DWORD kAsked = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
+    if (old != INVALID_FILE_ATTRIBUTES && (old & kAsked) == FILE_ATTRIBUTE_READONLY) {
+      return Reason::read_only;
+    }
+  }
   return output_file(path, CREATE_ALWAYS);
 }
 
-std::unique_ptr<system::OutputFile> Win32FileSystem::create_new(std::string_view path) {
-  return output_file(path, CREATE_NEW);
-}
-
-bool Win32FileSystem::make_folder(std::string_view path) {
-  const auto extended = extended_path(path);
-  return extended && CreateDirectoryW(extended->c_str(), nullptr) != 0;
-}
-
-bool Win32FileSystem::replace(std::string_view from, std::string_view to) {
-  const auto source = file_path(from);
-  const auto target = file_path(to);
-  if (!source || !target) return false;
-  const DWORD before = GetFileAttributesW(source->c_str());
-  if (before == INVALID_FILE_ATTRIBUTES || (before & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
-  // Programs that look at files as they come (the shell, an indexer, a virus scanner) have one open
-  // for a moment, in which it cannot be replaced.
-  for (int tries = 1;; ++tries) {
-    const DWORD old = GetFileAttributesW(target->c_str());
-    DWORD error = ERROR_SUCCESS;
-    if (old == INVALID_FILE_ATTRIBUTES) {
-      error = put_new(*source, *target);
-    } else if ((old & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
-      error = ERROR_WRITE_PROTECT;
-    } else {
-      error = put_over(*source, *target, old);
-    }
-    if (error == ERROR_SUCCESS) return true;
-    if (!passes_by(error) || tries == kTriesToReplace) break;
-    Sleep(kPauseOfTries);
-  }
-  SetFileAttributesW(source->c_str(), before);
-  return false;
-}
-
-bool Win32FileSystem::remove(std::string_view path) {
-  const auto extended = file_path(path);
-  return extended && DeleteFileW(extended->c_str()) != 0;
+system::Opened<system::OutputFile> Win32FileSystem::create_new(std::string_view path) {
+  auto file = output_file(path, CREATE_NEW);
+  // Windows denies access to the name of a folder, or says that it is taken.
+  if (file.status() == Reason::not_a_file && info(path)) return Reason::exists;
+  return file;
 }
 
 }  // namespace ordelan::win32

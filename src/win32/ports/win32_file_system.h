@@ -12,15 +12,23 @@ class Win32FileSystem final : public system::FileSystem {
 
   std::optional<system::FileInfo> info(std::string_view path) override;
   std::optional<system::FileIdentity> identity(std::string_view path) override;
-  std::unique_ptr<system::InputFile> open(std::string_view path) override;
-  std::unique_ptr<system::OutputFile> create(std::string_view path) override;
-  std::unique_ptr<system::OutputFile> create_new(std::string_view path) override;
-  bool make_folder(std::string_view path) override;
+  system::Opened<system::InputFile> open(std::string_view path) override;
+  system::Opened<system::OutputFile> create(std::string_view path) override;
+  system::Opened<system::OutputFile> create_new(std::string_view path) override;
+  system::Status make_folder(std::string_view path) override;
+  system::Status set_attributes(std::string_view path, std::uint32_t attributes) override;
   // Keeps the time of creation, the access rights and the attributes of `to`, where the disk keeps
   // such; other streams of the file go. Tries for a quarter of a second while another program has
   // one of the files open.
-  bool replace(std::string_view from, std::string_view to) override;
-  bool remove(std::string_view path) override;
+  system::Status replace(std::string_view from, std::string_view to) override;
+  // Tries as long as `replace`.
+  system::Status move(std::string_view from, std::string_view to) override;
+  // Nobody may write to `from` meanwhile. Other streams of the file are not copied.
+  system::Status copy_new(std::string_view from, std::string_view to,
+                          const Progress& progress) override;
+  // Only looks whether the folder exists.
+  system::Status flush_folder(std::string_view folder) override;
+  system::Status remove(std::string_view path) override;
 
  private:
   // Windows tells sizes and attributes with the names, whatever is asked for.

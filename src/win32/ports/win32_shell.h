@@ -14,6 +14,10 @@ class Win32Shell final : public system::Shell {
   std::string executable(const std::string& path) override;
   // In the large size of the system, usually 32 by 32.
   std::optional<system::Pixels> icon(const std::string& path) override;
+  system::Status recycle(const std::string& path, system::Confirm confirm) override;
+  // Fixed drives have a bin, unless the user or the administrator has turned it off.
+  system::Status recycles(std::string_view root) override;
+  system::Status empty_bin(const std::string& root, system::Confirm confirm) override;
 
  private:
   OleSession ole_;

@@ -1,0 +1,156 @@
+// The recycle bin of Windows.
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "win32/ansi_text.h"
+#include "win32/ports/error_reason.h"
+#include "win32/ports/extended_path.h"
+#include "win32/ports/win32_shell.h"
+
+namespace ordelan::win32 {
+namespace {
+
+using system::Confirm;
+using system::Reason;
+using system::Status;
+
+// An extended path as the shell takes it.
+std::wstring plain(const std::wstring& extended) {
+  constexpr std::wstring_view kShare = L"\\\\?\\UNC\\";
+  constexpr std::wstring_view kLiteral = L"\\\\?\\";
+  if (extended.starts_with(kShare)) return L"\\\\" + extended.substr(kShare.size());
+  return extended.substr(kLiteral.size());
+}
+
+// Whether Windows takes a plain path just as it is spelt. It drops blanks and dots from the end of
+// names, and takes some names for devices: the shell would remove another file.
+bool is_taken_literally(const std::wstring& path) {
+  wchar_t full[MAX_PATH + 1] = {};
+  const DWORD length = GetFullPathNameW(path.c_str(), MAX_PATH + 1, full, nullptr);
+  return length == path.size() && path == full;
+}
+
+bool exists(const std::wstring& extended) {
+  return GetFileAttributesW(extended.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// The file operations of the shell have numbers of their own besides those of Windows.
+Reason reason_of_operation(int result, const std::wstring& extended) {
+  switch (result) {
+    case 0x74:
+      return Reason::not_a_file;  // a root
+    case 0x75:                    // the user ended it
+    case 0x10075:
+      return Reason::cancelled;
+    case 0x78:
+      return reason_at(ERROR_ACCESS_DENIED, extended);
+    case 0x79:
+    case 0x81:
+      return Reason::too_long;
+    case 0x7C:
+      return Reason::bad_path;
+    case 0x402:
+      return Reason::not_found;
+    default:
+      return reason_at(static_cast<unsigned long>(result), extended);
+  }
+}
+
+// A number of the user's or of the administrator's settings, 0 where it is not set.
+DWORD setting(HKEY where, const std::wstring& key, const wchar_t* name) {
+  DWORD value = 0;
+  DWORD size = sizeof value;
+  RegGetValueW(where, key.c_str(), name, RRF_RT_REG_DWORD, nullptr, &value, &size);
+  return value;
+}
+
+// Whether removed files are set to go for good, on all drives or on that one.
+bool bin_is_off(const std::wstring& root) {
+  const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
+  const std::wstring policies = explorer + L"Policies\\Explorer";
+  for (HKEY const where : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+    if (setting(where, policies, L"NoRecycleFiles") != 0) return true;
+  }
+  // "\\?\Volume{...}\" of the drive; the settings have the part in braces.
+  wchar_t volume[64] = {};
+  if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume, 64)) return false;
+  const std::wstring_view name = volume;
+  const auto open = name.find(L'{');
+  const auto close = name.find(L'}');
+  if (open == name.npos || close == name.npos) return false;
+  const std::wstring key = explorer + L"Explorer\\BitBucket\\Volume\\" +
+                           std::wstring(name.substr(open, close - open + 1));
+  return setting(HKEY_CURRENT_USER, key, L"NukeOnDelete") != 0;
+}
+
+// The root of a plain path: "D:\" or "\\server\share\".
+std::string root_of(const std::string& path) {
+  if (!path.starts_with("\\\\")) return path.substr(0, 3);
+  const auto server = path.find('\\', 2);
+  const auto share = server == path.npos ? path.npos : path.find('\\', server + 1);
+  return path.substr(0, share) + "\\";
+}
+
+}  // namespace
+
+Status Win32Shell::recycle(const std::string& path, Confirm confirm) {
+  const auto extended = file_path(path);
+  if (!extended) return reason_without_file_path(path);
+  const DWORD attributes = GetFileAttributesW(extended->c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *extended);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Reason::not_a_file;
+  std::wstring from = plain(*extended);
+  if (from.size() >= MAX_PATH) return Reason::too_long;
+  if (!is_taken_literally(from)) return Reason::not_supported;
+  if (const Status bin = recycles(root_of(narrow(from).value_or(""))); !bin) return bin;
+  // The shell would let the user try again and again, or offer to remove the file for good.
+  if (is_held(*extended)) return Reason::in_use;
+  from.push_back(L'\0');  // a list of one: a second NUL ends it
+
+  SHFILEOPSTRUCTW operation{};
+  operation.wFunc = FO_DELETE;
+  operation.pFrom = from.c_str();
+  // Windows asks before it removes for good what the bin has no room for.
+  operation.fFlags = FOF_ALLOWUNDO | FOF_WANTNUKEWARNING | FOF_NOERRORUI;
+  if (confirm == Confirm::without_asking) operation.fFlags |= FOF_NOCONFIRMATION;
+  const int result = SHFileOperationW(&operation);
+  if (!exists(*extended)) return {};
+  if (operation.fAnyOperationsAborted) return Reason::cancelled;
+  return result == 0 ? Reason::other : reason_of_operation(result, *extended);
+}
+
+Status Win32Shell::recycles(std::string_view root) {
+  const bool letter =
+      !root.empty() && ((root[0] >= 'A' && root[0] <= 'Z') || (root[0] >= 'a' && root[0] <= 'z'));
+  const bool share = root.starts_with("\\\\") && root.size() > 3 && root.ends_with('\\');
+  if (!share && !(letter && root.substr(1) == ":\\")) return Reason::bad_path;
+  const std::wstring wide = widen(root);
+  const UINT type = GetDriveTypeW(wide.c_str());
+  if (type == DRIVE_NO_ROOT_DIR || type == DRIVE_UNKNOWN) return Reason::not_found;
+  if (type != DRIVE_FIXED) return Reason::not_supported;
+  return bin_is_off(wide) ? Reason::not_supported : Reason::ok;
+}
+
+Status Win32Shell::empty_bin(const std::string& root, Confirm confirm) {
+  if (!root.empty()) {
+    if (const Status bin = recycles(root); !bin) return bin;
+  }
+  const std::wstring wide = widen(root);
+  const DWORD flags = confirm == Confirm::ask ? 0 : SHERB_NOCONFIRMATION;
+  const HRESULT result = SHEmptyRecycleBinW(nullptr, root.empty() ? nullptr : wide.c_str(), flags);
+  if (result == S_OK) {
+    SHQUERYRBINFO left{};
+    left.cbSize = sizeof left;
+    const HRESULT asked = SHQueryRecycleBinW(root.empty() ? nullptr : wide.c_str(), &left);
+    return asked == S_OK && left.i64NumItems > 0 ? Reason::other : Reason::ok;
+  }
+  if (result == E_UNEXPECTED) return {};  // it was empty
+  if (result == S_FALSE || result == E_ABORT) return Reason::cancelled;
+  if (HRESULT_FACILITY(result) == FACILITY_WIN32) {
+    return reason_of(static_cast<unsigned long>(HRESULT_CODE(result)));
+  }
+  return Reason::other;
+}
+
+}  // namespace ordelan::win32
