@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
 #include "support/program_bench.h"
 
 namespace ordelan::test {
@@ -68,6 +72,33 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
   buscar.Text1.set_text(bench.disk.path("nada"));
   EXPECT_FALSE(buscar.BuscarVips());
   EXPECT_TRUE(buscar.List2.empty());
+}
+
+// Where nothing is swept afterwards, only the search itself can have seen them.
+TEST_F(SearchWindow, tells_which_projects_and_folders_a_search_could_not_look_at) {
+  bench.disk.make_folder("Mix\\Sub");
+  bench.disk.make_folder("Otra");
+  std::error_code failed;
+  std::filesystem::create_directory_symlink(bench.disk.native_path("Otra"),
+                                            bench.disk.native_path("Mix\\enlace"), failed);
+  if (failed) GTEST_SKIP() << "this system makes no links";
+  for (const auto* name : {u8"tema \u2603.vip", u8"notas \u2603.txt"}) {
+    std::ofstream(bench.disk.native_path("Mix\\Sub") / name) << "x";
+  }
+  bench.disk.write("Mix\\midi.vip", project_of({}));
+  bench.start();
+  bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+  EXPECT_FALSE(bench.buscar().BuscarVips());
+  std::vector<std::string> left_out;
+  for (const auto& each : bench.work.ProyectosFuera) {
+    left_out.push_back(each.ruta + ": " + each.motivo);
+  }
+  EXPECT_THAT(
+      left_out,
+      ::testing::UnorderedElementsAre(
+          bench.disk.path("Mix\\enlace\\: ") + project::motivo(project::WhyOut::linked),
+          bench.disk.path("Mix\\Sub\\tema ?.vip: ") + project::motivo(project::WhyOut::unnamed),
+          bench.disk.path("Mix\\midi.vip: ") + project::motivo(project::WhyOut::no_audio)));
 }
 
 TEST_F(SearchWindow, the_first_projects_of_a_drop_take_the_place_of_what_the_lists_held) {

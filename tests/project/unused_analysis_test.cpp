@@ -335,6 +335,63 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_unt
   EXPECT_EQ(lists.LabelErase[1].caption(), "");
 }
 
+TEST_F(UnusedFiles, a_job_that_takes_its_place_at_any_turn_keeps_its_own_lists_and_headings) {
+  list_project("Mix\\tema.vip");
+  for (int i = 10; i < 20; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
+  for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  const auto replaced_at = [&](int last) {
+    analysis.ListarArchivosCarpetas();
+    lists.ListBorrar.clear();
+    lists.LabelErase.set_visible(false);
+    int turns = 0;
+    backend.on_pump = [&] {
+      if (++turns != last) return;
+      work.begin_job();
+      for (ui::ListBox* list : {&lists.List1, &lists.ListBorrar}) {
+        list->clear();
+        list->add("newer");
+      }
+      for (auto& heading : lists.LabelErase) heading->set_caption("newer");
+      lists.LabelErase.set_visible(true);
+    };
+    analysis.BuscarNoUtilizados();
+    backend.on_pump = nullptr;
+    return turns;
+  };
+  const int all = replaced_at(0);
+  ASSERT_GT(all, 30);
+  for (int last = 1; last <= all; ++last) {
+    EXPECT_LE(replaced_at(last), last + 2) << "it went on";
+    EXPECT_THAT(lists.List1.rows(), ElementsAre("newer")) << last;
+    EXPECT_THAT(lists.ListBorrar.rows(), ElementsAre("newer")) << last;
+    for (auto& heading : lists.LabelErase) {
+      EXPECT_EQ(heading->caption(), "newer") << last;
+      EXPECT_TRUE(heading->visible()) << last;
+    }
+  }
+}
+
+TEST_F(UnusedFiles, the_list_is_hidden_and_the_bar_runs_while_they_are_searched) {
+  list_project("Mix\\tema.vip");
+  for (int i = 10; i < 16; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
+  for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
+  analysis.ListarArchivosCarpetas();
+  lists.ListBorrar.show();
+  clock.step = std::chrono::milliseconds(20);              // each turn of a loop pumps
+  std::vector<std::pair<std::int64_t, std::int64_t>> bar;  // the end of its range, and its value
+  bool shown = false;
+  backend.on_pump = [&] {
+    shown = shown || lists.ListBorrar.visible();
+    bar.emplace_back(strip.XP_ProgressBar1.maximum(), strip.XP_ProgressBar1.value());
+  };
+  analysis.BuscarNoUtilizados();
+  EXPECT_FALSE(shown);
+  EXPECT_TRUE(lists.ListBorrar.visible());
+  EXPECT_THAT(bar, ::testing::Contains(::testing::Pair(9, 5))) << "first over the used files";
+  EXPECT_THAT(bar, ::testing::Contains(::testing::Pair(6, 4))) << "then over the candidates";
+}
+
 // --- projects of the searched folders that have no row
 
 struct ProjectsWithoutARow : UnusedFiles {
