@@ -101,6 +101,55 @@ TEST_F(SearchWindow, tells_which_projects_and_folders_a_search_could_not_look_at
           bench.disk.path("Mix\\midi.vip: ") + project::motivo(project::WhyOut::no_audio)));
 }
 
+TEST_F(SearchWindow, a_search_for_projects_that_is_replaced_at_any_turn_finds_none) {
+  for (const char* name : {"Mix\\a.vip", "Mix\\b.vip", "Mix\\Sub\\c.vip"}) {
+    bench.disk.write(name, project_of({"D:\\a.wav"}));
+  }
+  bench.disk.write("Mix\\Sub\\midi.vip", project_of({}));
+  bench.start();
+  work::WorkLists& lists = bench.form.lists;
+  int turns = 0;
+  const auto replaced_at = [&](int last) {
+    lists.ListProyectos.clear();
+    lists.List1.clear();
+    bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+    turns = 0;
+    bench.backend.on_pump = [&] {
+      if (++turns != last) return;
+      bench.work.begin_job();
+      lists.ListProyectos.add("newer");
+      lists.List1.add("newer");
+      bench.work.ProyectosFuera.clear();
+    };
+    const bool found = bench.buscar().BuscarVips();
+    bench.backend.on_pump = nullptr;
+    return found;
+  };
+  EXPECT_TRUE(replaced_at(0));
+  const int all = turns;
+  ASSERT_GT(all, 6);
+  for (int last = 1; last <= all; ++last) {
+    EXPECT_FALSE(replaced_at(last)) << last;
+    EXPECT_LE(turns, last + 2) << "it went on";
+    EXPECT_THAT(lists.ListProyectos.rows(), ElementsAre("newer")) << last;
+    EXPECT_THAT(lists.List1.rows(), ElementsAre("newer")) << last;
+    EXPECT_TRUE(bench.work.ProyectosFuera.empty()) << last;
+  }
+}
+
+TEST_F(SearchWindow, a_cancelled_search_for_projects_keeps_those_that_it_has_found) {
+  for (const char* name : {"a.vip", "b.vip", "c.vip"}) {
+    bench.disk.write(std::string("Mix\\") + name, project_of({"D:\\a.wav"}));
+  }
+  bench.start();
+  bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+  // The hits are there once the search itself is over; then each is read.
+  bench.in_the_middle([&] { return bench.buscar().List2.count() == 3; },
+                      [&] { bench.work.Cancelar = true; });
+  EXPECT_TRUE(bench.buscar().BuscarVips());
+  EXPECT_EQ(bench.form.lists.ListProyectos.count(), 1u) << "it stops at the first look";
+}
+
 TEST_F(SearchWindow, the_first_projects_of_a_drop_take_the_place_of_what_the_lists_held) {
   bench.disk.write("Mix\\b.vip", project_of({"D:\\a.wav"}));
   bench.disk.write("Vacia\\midi.vip", project_of({}));
