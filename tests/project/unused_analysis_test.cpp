@@ -173,6 +173,11 @@ TEST_F(UnusedFiles, what_nested_project_folders_list_twice_is_counted_and_offere
   EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Dentro\\a.wav")));
   EXPECT_EQ(lists.LabelErase[1].caption(),
             "Archivos no utilizados: 2     Duplicados: 1    Total: 1");
+  EXPECT_EQ(strip.TextDecode.text(), "Eliminando duplicado: " + disk.path("Mix\\Dentro\\a.wav"));
+  EXPECT_TRUE(strip.TextDecode.visible());
+  lists.ListProyectos.remove_if([](std::size_t i) { return i == 1; });
+  search();
+  EXPECT_EQ(strip.TextDecode.text(), "Buscando archivos no utilizados ") << "nothing is repeated";
 }
 
 TEST_F(UnusedFiles, a_used_file_that_nested_project_folders_list_twice_is_not_offered) {
@@ -306,6 +311,7 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
     work.Cancelar = false;
     analysis.ListarArchivosCarpetas();
     lists.ListBorrar.clear();
+    for (auto& heading : lists.LabelErase) heading->set_caption("of an earlier search");
     int turns = 0;
     backend.on_pump = [&] { work.Cancelar = ++turns >= turn; };
     analysis.BuscarNoUtilizados();
@@ -313,8 +319,10 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
     if (turns < turn) break;
     ++cancelled;
     EXPECT_THAT(offered(), IsEmpty()) << turn;
-    EXPECT_FALSE(lists.LabelErase[0].visible()) << turn;
-    EXPECT_FALSE(lists.LabelErase[1].visible()) << turn;
+    for (auto& heading : lists.LabelErase) {
+      EXPECT_FALSE(heading->visible()) << turn;
+      EXPECT_EQ(heading->caption(), "") << "it heads the report too: " << turn;
+    }
   }
   EXPECT_GT(cancelled, 20) << "behind the strike too";
 }
