@@ -6,6 +6,7 @@
 
 #include "project/candidate_kinds.h"
 #include "project/used_strike.h"
+#include "support/failing_files.h"
 #include "support/hostile_bytes.h"
 #include "support/work_bench.h"
 #include "text/rows.h"
@@ -487,6 +488,47 @@ TEST_F(UnusedFiles, files_are_equal_in_length_and_in_every_byte) {
     EXPECT_FALSE(equal("igual.wav", other)) << other;
     EXPECT_FALSE(equal(other, "igual.wav")) << other;
   }
+}
+
+TEST_F(UnusedFiles, files_that_cannot_be_read_to_their_ends_equal_nothing) {
+  const std::string bytes(600'000, 'a');
+  disk.write("igual.wav", bytes);
+  disk.write("mismo.wav", bytes);
+  FailingFiles failing(disk.files());
+  const system::Platform unlucky{failing, dialogs, backend, clock, regional, drives, shell};
+  project::UnusedAnalysis other(unlucky, work, lists, strip, tree, left_out);
+  const auto same = [&] {
+    return other.ComparaFiles(disk.path("igual.wav"), disk.path("mismo.wav"));
+  };
+  using Bytes = std::optional<std::size_t>;
+  int reads = 0;
+  int from = 0;
+  Bytes came;
+  failing.on_read = [&](std::uint64_t) { return ++reads > from ? came : Bytes(1 << 20); };
+  from = 1'000;
+  EXPECT_TRUE(same());
+  const int all = reads;
+  ASSERT_GE(all, 6) << "three blocks of each file";
+  for (const Bytes each : {Bytes(), Bytes(0), Bytes(7)}) {
+    came = each;
+    for (from = 0; from < all; ++from) {
+      reads = 0;
+      EXPECT_FALSE(same()) << from;
+    }
+  }
+}
+
+TEST_F(UnusedFiles, a_comparison_ends_where_the_search_has_to) {
+  disk.write("igual.wav", std::string(2'000'000, 'a'));
+  disk.write("mismo.wav", std::string(2'000'000, 'a'));
+  clock.step = std::chrono::milliseconds(20);
+  int pumps = 0;
+  backend.on_pump = [&] {
+    ++pumps;
+    work.Cancelar = true;
+  };
+  EXPECT_FALSE(equal("igual.wav", "mismo.wav"));
+  EXPECT_EQ(pumps, 1);
 }
 
 TEST_F(UnusedFiles, long_files_that_differ_in_their_last_byte_are_not_equal) {
