@@ -355,6 +355,26 @@ TEST_F(VipReaderTest, a_cancel_ends_the_reading_at_its_next_turn) {
   EXPECT_EQ(pumps, 1);
 }
 
+TEST_F(VipReaderTest, a_cancel_before_the_marker_leaves_no_limit_of_the_reading_before) {
+  decode(vip(path_field("D:\\a.wav")));
+  ASSERT_GT(reader.PosFinalVip, 0);
+  clock.step = std::chrono::milliseconds(10);
+  backend.on_pump = [&] { work.Cancelar = true; };
+  decode(vip(path_field("D:\\a.wav") + std::string(4'000'000, ' ')));
+  EXPECT_EQ(reader.PosFinalVip, 0);
+}
+
+TEST_F(VipReaderTest, in_pointer_mode_the_bar_and_the_limit_run_to_the_last_byte_but_one) {
+  work.ModoPosiciones = true;
+  const std::string file = vip(path_field("D:\\a.wav"));
+  decode(file);
+  const auto limit = static_cast<project::Position>(file.size()) - 1;
+  EXPECT_EQ(reader.PosFinalVip, limit);
+  EXPECT_EQ(progress.maximum(), limit);
+  EXPECT_GT(progress.value(), 97);
+  EXPECT_LE(progress.value(), limit);
+}
+
 TEST_F(VipReaderTest, a_cancel_keeps_the_rows_read_behind_the_marker_search) {
   std::string content;
   for (int i = 0; i < 400'000; ++i) content += path_field("D:\\" + std::to_string(i) + ".wav");
