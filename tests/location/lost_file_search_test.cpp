@@ -3,6 +3,7 @@
 
 #include "location/path_choice_window.h"
 #include "support/program_bench.h"
+#include "text/numbers.h"
 
 namespace ordelan::test {
 namespace {
@@ -215,6 +216,23 @@ TEST_F(LostFileSearch, the_clock_runs_during_the_search) {
   EXPECT_TRUE(ran);
   EXPECT_EQ(color, ui::Color{0x8080FF});
   EXPECT_TRUE(bench.form.clocks.TextLapsoTotal.visible());
+}
+
+TEST_F(LostFileSearch, ends_with_the_time_that_it_took_and_the_usual_pointer) {
+  work::Clocks& clocks = bench.form.clocks;
+  bench.disk.write("d\\toma.wav", "");
+  bench.start();
+  clocks.LapsoDeco = 9;
+  bench.form.set_waiting(true);
+  bench.backend.on_pump = [&] { clocks.LapsoDeco = 3.5; };
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_EQ(clocks.TextLapsoTotal.text(), text::elapsed(3.5, ','));
+  EXPECT_FALSE(bench.form.waiting());
+  // A hit at the same path needs no turn of the window.
+  clocks.LapsoDeco = 9;
+  EXPECT_TRUE(search("X:\\toma.wav"));
+  EXPECT_EQ(clocks.TextLapsoTotal.text(), text::elapsed(0, ','));
+  EXPECT_FALSE(clocks.TimerLap.running());
 }
 
 TEST_F(LostFileSearch, a_cancel_ends_the_search_and_puts_the_strip_away) {

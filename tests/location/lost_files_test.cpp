@@ -229,6 +229,32 @@ TEST_F(LostFileReport, a_closed_window_comes_back_with_the_same_report_where_it_
   EXPECT_EQ(bench.windows.find("Perdidos"), nullptr);
 }
 
+TEST_F(LostFileReport, an_open_window_follows_the_next_project) {
+  write_project("Mix\\tema.vip", {"Mix\\lost.wav"});
+  write_project("Otra\\dos.vip", {"Otra\\x.wav", "Otra\\y.wav"});
+  bench.start();
+  bench.open("Mix\\tema.vip");
+  bench.form.cmdPerdidos.on_click();
+  ASSERT_EQ(rows().size(), 2u);
+  bench.open("Otra\\dos.vip");
+  EXPECT_THAT(rows(), ElementsAre("1 --> " + path("Otra\\dos.vip"), path("Otra\\x.wav"),
+                                  path("Otra\\y.wav")));
+  EXPECT_EQ(window().TextEncontrados.caption(), "Encontrados: 3 archivos perdidos o desubicados");
+  EXPECT_TRUE(window().ListPerdidos.visible());
+  EXPECT_GT(window().ListPerdidos.horizontal_extent(), 0);
+}
+
+TEST_F(LostFileReport, the_button_fills_the_window_anew_and_restores_a_minimised_one) {
+  write_project("Mix\\tema.vip", {"Mix\\lost.wav"});
+  bench.start();
+  bench.open("Mix\\tema.vip");
+  window().ListPerdidos.clear();
+  window().set_minimized(true);
+  bench.form.cmdPerdidos.on_click();
+  EXPECT_EQ(rows().size(), 2u);
+  EXPECT_FALSE(window().minimized());
+}
+
 TEST_F(LostFileReport, its_first_button_minimises_it) {
   bench.start();
   window().show();

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
 #include "support/program_bench.h"
 
 namespace ordelan::test {
@@ -69,6 +73,82 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
   buscar.Text1.set_text(bench.disk.path("nada"));
   EXPECT_FALSE(buscar.BuscarVips(job));
   EXPECT_TRUE(buscar.List2.empty());
+}
+
+// Where nothing is swept afterwards, only the search itself can have seen them.
+TEST_F(SearchWindow, tells_which_projects_and_folders_a_search_could_not_look_at) {
+  bench.disk.make_folder("Mix\\Sub");
+  bench.disk.make_folder("Otra");
+  std::error_code failed;
+  std::filesystem::create_directory_symlink(bench.disk.native_path("Otra"),
+                                            bench.disk.native_path("Mix\\enlace"), failed);
+  if (failed) GTEST_SKIP() << "this system makes no links";
+  for (const auto* name : {u8"tema \u2603.vip", u8"notas \u2603.txt"}) {
+    std::ofstream(bench.disk.native_path("Mix\\Sub") / name) << "x";
+  }
+  bench.disk.write("Mix\\midi.vip", project_of({}));
+  bench.start();
+  bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+  EXPECT_FALSE(bench.buscar().BuscarVips());
+  std::vector<std::string> left_out;
+  for (const auto& each : bench.work.ProyectosFuera) {
+    left_out.push_back(each.ruta + ": " + each.motivo);
+  }
+  EXPECT_THAT(
+      left_out,
+      ::testing::UnorderedElementsAre(
+          bench.disk.path("Mix\\enlace\\: ") + project::motivo(project::WhyOut::linked),
+          bench.disk.path("Mix\\Sub\\tema ?.vip: ") + project::motivo(project::WhyOut::unnamed),
+          bench.disk.path("Mix\\midi.vip: ") + project::motivo(project::WhyOut::no_audio)));
+}
+
+TEST_F(SearchWindow, a_search_for_projects_that_is_replaced_at_any_turn_finds_none) {
+  for (const char* name : {"Mix\\a.vip", "Mix\\b.vip", "Mix\\Sub\\c.vip"}) {
+    bench.disk.write(name, project_of({"D:\\a.wav"}));
+  }
+  bench.disk.write("Mix\\Sub\\midi.vip", project_of({}));
+  bench.start();
+  work::WorkLists& lists = bench.form.lists;
+  int turns = 0;
+  const auto replaced_at = [&](int last) {
+    lists.ListProyectos.clear();
+    lists.List1.clear();
+    bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+    turns = 0;
+    bench.backend.on_pump = [&] {
+      if (++turns != last) return;
+      bench.work.begin_job();
+      lists.ListProyectos.add("newer");
+      lists.List1.add("newer");
+      bench.work.ProyectosFuera.clear();
+    };
+    const bool found = bench.buscar().BuscarVips();
+    bench.backend.on_pump = nullptr;
+    return found;
+  };
+  EXPECT_TRUE(replaced_at(0));
+  const int all = turns;
+  ASSERT_GT(all, 6);
+  for (int last = 1; last <= all; ++last) {
+    EXPECT_FALSE(replaced_at(last)) << last;
+    EXPECT_LE(turns, last + 2) << "it went on";
+    EXPECT_THAT(lists.ListProyectos.rows(), ElementsAre("newer")) << last;
+    EXPECT_THAT(lists.List1.rows(), ElementsAre("newer")) << last;
+    EXPECT_TRUE(bench.work.ProyectosFuera.empty()) << last;
+  }
+}
+
+TEST_F(SearchWindow, a_cancelled_search_for_projects_keeps_those_that_it_has_found) {
+  for (const char* name : {"a.vip", "b.vip", "c.vip"}) {
+    bench.disk.write(std::string("Mix\\") + name, project_of({"D:\\a.wav"}));
+  }
+  bench.start();
+  bench.buscar().Text1.set_text(bench.disk.path("Mix"));
+  // The hits are there once the search itself is over; then each is read.
+  bench.in_the_middle([&] { return bench.buscar().List2.count() == 3; },
+                      [&] { bench.work.Cancelar = true; });
+  EXPECT_TRUE(bench.buscar().BuscarVips());
+  EXPECT_EQ(bench.form.lists.ListProyectos.count(), 1u) << "it stops at the first look";
 }
 
 TEST_F(SearchWindow, the_first_projects_of_a_drop_take_the_place_of_what_the_lists_held) {

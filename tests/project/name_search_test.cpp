@@ -83,6 +83,10 @@ TEST(NameSearch, finds_a_name_in_pieces_of_one_byte_each) {
 
 TEST(NameSearch, finds_a_name_that_begins_the_file_or_follows_another_at_once) {
   NameSearch search({"a.wma", "bb.wma", "long name.wma", "a.m4a"});
+  NameSearch longest_first({"long name.wma", "a.wma"});
+  longest_first.feed("a.wma");
+  EXPECT_TRUE(longest_first.found(1)) << "the file has no room for the longer one before it";
+  EXPECT_FALSE(longest_first.found(0));
   search.feed("a.wmabb.wma");
   EXPECT_TRUE(search.found(0));
   EXPECT_TRUE(search.found(1));

@@ -81,6 +81,58 @@ TEST_F(AllProjects, a_backup_is_passed_over_unless_backups_count) {
   EXPECT_EQ(totals(), "3  archivos en: 3 proyectos, 0 duplicados; Total: 3");
 }
 
+TEST_F(AllProjects, tell_of_each_that_was_passed_over_and_show_how_far_they_are) {
+  list_project("Mix\\a_BAK.vip", {"D:\\a.wav"});
+  list_project("Mix\\b.vip", {"D:\\b.wav"});
+  list_project("Mix\\midi.vip", {});
+  strip.TextDecode.hide();
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  bool shown = false;
+  backend.on_pump = [&] { shown = shown || strip.TextDecode.visible(); };
+  decoding.DescodificarProyectos(false);
+  EXPECT_TRUE(shown);
+  EXPECT_FALSE(strip.TextDecode.visible());
+  EXPECT_EQ(strip.XP_ProgressBar1.maximum(), 3);
+  EXPECT_EQ(strip.XP_ProgressBar1.value(), 2) << "the last row";
+  ASSERT_EQ(work.ProyectosFuera.size(), 2u);
+  EXPECT_EQ(work.ProyectosFuera[0].ruta, disk.path("Mix\\a_BAK.vip"));
+  EXPECT_EQ(work.ProyectosFuera[0].motivo, project::motivo(project::WhyOut::backup));
+  EXPECT_EQ(work.ProyectosFuera[1].ruta, disk.path("Mix\\midi.vip"));
+  EXPECT_EQ(work.ProyectosFuera[1].motivo, project::motivo(project::WhyOut::no_audio));
+}
+
+TEST_F(AllProjects, a_job_that_takes_their_place_at_any_turn_keeps_its_rows_and_headings) {
+  for (const char* name : {"Mix\\a.vip", "Mix\\b.vip", "Mix\\c.vip"}) {
+    list_project(name, {"D:\\a.wav", "D:\\b.wav"});
+  }
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  int turns = 0;
+  const auto replaced_at = [&](int last) {
+    lists.ListUtilizados.clear();
+    turns = 0;
+    backend.on_pump = [&] {
+      if (++turns != last) return;
+      work.begin_job();
+      lists.ListUtilizados.clear();
+      lists.ListUtilizados.add("newer");
+      for (auto& heading : lists.LabelAdd) heading->set_caption("newer");
+      strip.TextDecode.set_text("newer");
+    };
+    decoding.DescodificarProyectos(true);
+    backend.on_pump = nullptr;
+  };
+  replaced_at(0);
+  const int all = turns;
+  ASSERT_GE(all, 4) << "one for each project and one for the repeats";
+  for (int last = 1; last <= all; ++last) {
+    replaced_at(last);
+    EXPECT_LE(turns, last + 1) << "it went on";
+    EXPECT_THAT(used(), ElementsAre("newer")) << last;
+    EXPECT_EQ(totals(), "newer") << last;
+    EXPECT_EQ(strip.TextDecode.text(), "newer") << last;
+  }
+}
+
 TEST_F(AllProjects, one_without_references_keeps_its_header_and_does_not_count) {
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\midi.vip", {});

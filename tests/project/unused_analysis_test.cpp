@@ -6,6 +6,7 @@
 
 #include "project/candidate_kinds.h"
 #include "project/used_strike.h"
+#include "support/failing_files.h"
 #include "support/hostile_bytes.h"
 #include "support/work_bench.h"
 #include "text/rows.h"
@@ -173,6 +174,11 @@ TEST_F(UnusedFiles, what_nested_project_folders_list_twice_is_counted_and_offere
   EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Dentro\\a.wav")));
   EXPECT_EQ(lists.LabelErase[1].caption(),
             "Archivos no utilizados: 2     Duplicados: 1    Total: 1");
+  EXPECT_EQ(strip.TextDecode.text(), "Eliminando duplicado: " + disk.path("Mix\\Dentro\\a.wav"));
+  EXPECT_TRUE(strip.TextDecode.visible());
+  lists.ListProyectos.remove_if([](std::size_t i) { return i == 1; });
+  search();
+  EXPECT_EQ(strip.TextDecode.text(), "Buscando archivos no utilizados ") << "nothing is repeated";
 }
 
 TEST_F(UnusedFiles, a_used_file_that_nested_project_folders_list_twice_is_not_offered) {
@@ -306,6 +312,7 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
     work.Cancelar = false;
     analysis.ListarArchivosCarpetas(job);
     lists.ListBorrar.clear();
+    for (auto& heading : lists.LabelErase) heading->set_caption("of an earlier search");
     int turns = 0;
     backend.on_pump = [&] { work.Cancelar = ++turns >= turn; };
     analysis.BuscarNoUtilizados(job);
@@ -313,8 +320,10 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
     if (turns < turn) break;
     ++cancelled;
     EXPECT_THAT(offered(), IsEmpty()) << turn;
-    EXPECT_FALSE(lists.LabelErase[0].visible()) << turn;
-    EXPECT_FALSE(lists.LabelErase[1].visible()) << turn;
+    for (auto& heading : lists.LabelErase) {
+      EXPECT_FALSE(heading->visible()) << turn;
+      EXPECT_EQ(heading->caption(), "") << "it heads the report too: " << turn;
+    }
   }
   EXPECT_GT(cancelled, 20) << "behind the strike too";
 }
@@ -333,6 +342,63 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_unt
   analysis.BuscarNoUtilizados(job);
   EXPECT_THAT(lists.List1.rows(), ElementsAre("the newer job's row"));
   EXPECT_EQ(lists.LabelErase[1].caption(), "");
+}
+
+TEST_F(UnusedFiles, a_job_that_takes_its_place_at_any_turn_keeps_its_own_lists_and_headings) {
+  list_project("Mix\\tema.vip");
+  for (int i = 10; i < 20; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
+  for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
+  clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
+  const auto replaced_at = [&](int last) {
+    analysis.ListarArchivosCarpetas();
+    lists.ListBorrar.clear();
+    lists.LabelErase.set_visible(false);
+    int turns = 0;
+    backend.on_pump = [&] {
+      if (++turns != last) return;
+      work.begin_job();
+      for (ui::ListBox* list : {&lists.List1, &lists.ListBorrar}) {
+        list->clear();
+        list->add("newer");
+      }
+      for (auto& heading : lists.LabelErase) heading->set_caption("newer");
+      lists.LabelErase.set_visible(true);
+    };
+    analysis.BuscarNoUtilizados();
+    backend.on_pump = nullptr;
+    return turns;
+  };
+  const int all = replaced_at(0);
+  ASSERT_GT(all, 30);
+  for (int last = 1; last <= all; ++last) {
+    EXPECT_LE(replaced_at(last), last + 2) << "it went on";
+    EXPECT_THAT(lists.List1.rows(), ElementsAre("newer")) << last;
+    EXPECT_THAT(lists.ListBorrar.rows(), ElementsAre("newer")) << last;
+    for (auto& heading : lists.LabelErase) {
+      EXPECT_EQ(heading->caption(), "newer") << last;
+      EXPECT_TRUE(heading->visible()) << last;
+    }
+  }
+}
+
+TEST_F(UnusedFiles, the_list_is_hidden_and_the_bar_runs_while_they_are_searched) {
+  list_project("Mix\\tema.vip");
+  for (int i = 10; i < 16; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
+  for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
+  analysis.ListarArchivosCarpetas();
+  lists.ListBorrar.show();
+  clock.step = std::chrono::milliseconds(20);              // each turn of a loop pumps
+  std::vector<std::pair<std::int64_t, std::int64_t>> bar;  // the end of its range, and its value
+  bool shown = false;
+  backend.on_pump = [&] {
+    shown = shown || lists.ListBorrar.visible();
+    bar.emplace_back(strip.XP_ProgressBar1.maximum(), strip.XP_ProgressBar1.value());
+  };
+  analysis.BuscarNoUtilizados();
+  EXPECT_FALSE(shown);
+  EXPECT_TRUE(lists.ListBorrar.visible());
+  EXPECT_THAT(bar, ::testing::Contains(::testing::Pair(9, 5))) << "first over the used files";
+  EXPECT_THAT(bar, ::testing::Contains(::testing::Pair(6, 4))) << "then over the candidates";
 }
 
 // --- projects of the searched folders that have no row
@@ -422,6 +488,47 @@ TEST_F(UnusedFiles, files_are_equal_in_length_and_in_every_byte) {
     EXPECT_FALSE(equal("igual.wav", other)) << other;
     EXPECT_FALSE(equal(other, "igual.wav")) << other;
   }
+}
+
+TEST_F(UnusedFiles, files_that_cannot_be_read_to_their_ends_equal_nothing) {
+  const std::string bytes(600'000, 'a');
+  disk.write("igual.wav", bytes);
+  disk.write("mismo.wav", bytes);
+  FailingFiles failing(disk.files());
+  const system::Platform unlucky{failing, dialogs, backend, clock, regional, drives, shell};
+  project::UnusedAnalysis other(unlucky, work, lists, strip, tree, left_out);
+  const auto same = [&] {
+    return other.ComparaFiles(disk.path("igual.wav"), disk.path("mismo.wav"));
+  };
+  using Bytes = std::optional<std::size_t>;
+  int reads = 0;
+  int from = 0;
+  Bytes came;
+  failing.on_read = [&](std::uint64_t) { return ++reads > from ? came : Bytes(1 << 20); };
+  from = 1'000;
+  EXPECT_TRUE(same());
+  const int all = reads;
+  ASSERT_GE(all, 6) << "three blocks of each file";
+  for (const Bytes each : {Bytes(), Bytes(0), Bytes(7)}) {
+    came = each;
+    for (from = 0; from < all; ++from) {
+      reads = 0;
+      EXPECT_FALSE(same()) << from;
+    }
+  }
+}
+
+TEST_F(UnusedFiles, a_comparison_ends_where_the_search_has_to) {
+  disk.write("igual.wav", std::string(2'000'000, 'a'));
+  disk.write("mismo.wav", std::string(2'000'000, 'a'));
+  clock.step = std::chrono::milliseconds(20);
+  int pumps = 0;
+  backend.on_pump = [&] {
+    ++pumps;
+    work.Cancelar = true;
+  };
+  EXPECT_FALSE(equal("igual.wav", "mismo.wav"));
+  EXPECT_EQ(pumps, 1);
 }
 
 TEST_F(UnusedFiles, long_files_that_differ_in_their_last_byte_are_not_equal) {

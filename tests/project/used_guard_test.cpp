@@ -99,8 +99,8 @@ TEST_F(UsedGuard, lists_a_folder_from_sixteen_used_files_on_and_asks_for_fewer_o
     Rows& rows = i % 2 == 0 ? first : second;
     const auto at = static_cast<std::size_t>(i);
     rows.push_back("1 --> D:\\p.vip");
-    rows.push_back(many[at]);
     if (at < few.size()) rows.push_back(few[at]);
+    rows.push_back(many[at]);
   }
   const std::string offered = fill("D:\\libres", 1).front();
   EXPECT_THAT(same_as_any({offered}, {&first, &second}), ElementsAre(false));

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <new>
+
 #include "support/reader_bench.h"
 
 namespace ordelan::test {
@@ -222,6 +224,54 @@ TEST_F(VipReaderTest, a_locked_file_holds_only_its_title) {
   EXPECT_FALSE(answer);
 }
 
+TEST_F(VipReaderTest, a_locked_file_adds_nothing_in_pointer_mode_and_no_empty_title) {
+  files.locked = kPath;
+  EXPECT_THAT(decode(vip(""), ""), IsEmpty());
+  work.ModoPosiciones = true;
+  EXPECT_THAT(decode(vip(""), "t"), IsEmpty());
+}
+
+TEST_F(VipReaderTest, tells_how_far_the_last_reading_got) {
+  using project::Reading;
+  const std::string audio = vip(path_field("D:\\a.wav"));
+  // Each after another one, whose state must not stay.
+  for (int i = 0; i < 2; ++i) {
+    decode(audio);
+    EXPECT_EQ(reader.last_reading(), Reading::whole);
+    reader.ExtraerNombres_Archivos("D:\\notas.txt", list, "", true);
+    EXPECT_EQ(reader.last_reading(), Reading::no_project);
+    decode("");
+    EXPECT_EQ(reader.last_reading(), Reading::whole) << "an empty file has been read to its end";
+    reader.ExtraerNombres_Archivos("D:\\missing.vip", list, "", true);
+    EXPECT_EQ(reader.last_reading(), Reading::no_project);
+    files.locked = kPath;
+    decode(audio);
+    EXPECT_EQ(reader.last_reading(), Reading::locked);
+    files.locked.clear();
+    files.on_read = [](std::uint64_t) { return false; };
+    decode(audio);
+    EXPECT_EQ(reader.last_reading(), Reading::broken);
+    files.on_read = nullptr;
+    clock.step = std::chrono::milliseconds(10);
+    for (const bool replaced : {false, true}) {
+      backend.on_pump = [&] { replaced ? void(work.begin_job()) : void(work.Cancelar = true); };
+      decode(vip(std::string(4'000'000, ' ')));
+      EXPECT_EQ(reader.last_reading(), Reading::stopped) << replaced;
+      work.Cancelar = false;
+    }
+    backend.on_pump = nullptr;
+    clock.step = {};
+  }
+}
+
+TEST_F(VipReaderTest, a_file_that_exhausts_the_memory_counts_as_one_that_cannot_be_read) {
+  files.on_read = [](std::uint64_t) -> bool { throw std::bad_alloc(); };
+  EXPECT_THAT(decode(vip(path_field("D:\\a.wav"))), IsEmpty());
+  EXPECT_FALSE(answer);
+  EXPECT_EQ(reader.last_reading(), project::Reading::broken);
+  EXPECT_EQ(reader.LeerCabeceraVip(kPath), "");
+}
+
 TEST_F(VipReaderTest, files_of_96_and_97_bytes_and_without_a_NUL_give_nothing) {
   for (const std::string& file : {std::string(96, 'x'), std::string(97, 'x'), std::string(97, '\0'),
                                   std::string(5000, 'x')}) {
@@ -303,6 +353,26 @@ TEST_F(VipReaderTest, a_cancel_ends_the_reading_at_its_next_turn) {
               ElementsAre("t"));
   EXPECT_FALSE(answer);
   EXPECT_EQ(pumps, 1);
+}
+
+TEST_F(VipReaderTest, a_cancel_before_the_marker_leaves_no_limit_of_the_reading_before) {
+  decode(vip(path_field("D:\\a.wav")));
+  ASSERT_GT(reader.PosFinalVip, 0);
+  clock.step = std::chrono::milliseconds(10);
+  backend.on_pump = [&] { work.Cancelar = true; };
+  decode(vip(path_field("D:\\a.wav") + std::string(4'000'000, ' ')));
+  EXPECT_EQ(reader.PosFinalVip, 0);
+}
+
+TEST_F(VipReaderTest, in_pointer_mode_the_bar_and_the_limit_run_to_the_last_byte_but_one) {
+  work.ModoPosiciones = true;
+  const std::string file = vip(path_field("D:\\a.wav"));
+  decode(file);
+  const auto limit = static_cast<project::Position>(file.size()) - 1;
+  EXPECT_EQ(reader.PosFinalVip, limit);
+  EXPECT_EQ(progress.maximum(), limit);
+  EXPECT_GT(progress.value(), 97);
+  EXPECT_LE(progress.value(), limit);
 }
 
 TEST_F(VipReaderTest, a_cancel_keeps_the_rows_read_behind_the_marker_search) {

@@ -12,10 +12,10 @@
 namespace ordelan::test {
 namespace {
 
-constexpr const char* kFile = "C:\\Config.ini";
+constexpr const char* kStoredFile = "C:\\Config.ini";
 
 struct StoredState : ::testing::Test, ReaderBench {
-  settings::Settings store{files, regional, kFile};
+  settings::Settings store{files, regional, kStoredFile};
   ui::CheckBox box{window, "box"};
 };
 
@@ -23,7 +23,8 @@ TEST_F(StoredState, a_box_is_kept_under_its_caption) {
   box.set_caption("Borrar lista 4 \"Archivos no utilizados\"");
   box.set_checked(true);
   work::write_box(store, box);
-  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
+  EXPECT_EQ(files.contents[kStoredFile],
+            "[Settings]\r\nBorrar lista 4 \"Archivos no utilizados\"=1\r\n");
   box.set_checked(false);
   work::read_box(store, box);
   EXPECT_TRUE(box.checked());
@@ -41,7 +42,7 @@ TEST_F(StoredState, a_box_without_a_key_stays_as_designed) {
 TEST_F(StoredState, values_that_no_box_has_leave_it_as_designed) {
   box.set_caption("Auto Play");
   for (const char* value : {"2", "-1", "0,5", "10", "abc", "", "True", "1x"}) {
-    files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + value + "\r\n";
+    files.contents[kStoredFile] = std::string("[Settings]\r\nAuto Play=") + value + "\r\n";
     for (const bool designed : {false, true}) {
       box.set_checked(designed);
       work::read_box(store, box);
@@ -49,7 +50,8 @@ TEST_F(StoredState, values_that_no_box_has_leave_it_as_designed) {
     }
   }
   for (const bool stored : {false, true}) {
-    files.contents[kFile] = std::string("[Settings]\r\nAuto Play=") + (stored ? "1" : "0") + "\r\n";
+    files.contents[kStoredFile] =
+        std::string("[Settings]\r\nAuto Play=") + (stored ? "1" : "0") + "\r\n";
     box.set_checked(!stored);
     work::read_box(store, box);
     EXPECT_EQ(box.checked(), stored);
@@ -61,7 +63,7 @@ TEST_F(StoredState, a_caption_with_blanks_at_its_end_is_a_key_as_it_stands) {
   for (const bool ticked : {true, false, true}) {
     box.set_checked(ticked);
     work::write_box(store, box);
-    EXPECT_EQ(files.contents[kFile],
+    EXPECT_EQ(files.contents[kStoredFile],
               std::string("[Settings]\r\nUnidad: =") + (ticked ? "1" : "0") + "\r\n");
     box.set_checked(!ticked);
     work::read_box(store, box);
@@ -74,7 +76,7 @@ TEST_F(StoredState, a_volume_label_with_an_equals_sign_keeps_to_its_one_line) {
   for (const bool ticked : {true, false, true}) {
     box.set_checked(ticked);
     work::write_box(store, box);
-    EXPECT_EQ(files.contents[kFile],
+    EXPECT_EQ(files.contents[kStoredFile],
               std::string("[Settings]\r\nUnidad: D:\\a=b=") + (ticked ? "1" : "0") + "\r\n");
     box.set_checked(!ticked);
     work::read_box(store, box);
@@ -93,13 +95,13 @@ TEST_F(StoredState, a_window_is_placed_where_it_was) {
 }
 
 TEST_F(StoredState, places_beyond_all_measure_do_no_harm) {
-  files.contents[kFile] = "[Settings]\r\nMe_Left=1e300\r\nMe_Top=-99999999999999\r\n";
+  files.contents[kStoredFile] = "[Settings]\r\nMe_Left=1e300\r\nMe_Top=-99999999999999\r\n";
   work::read_place(store, window, "Me", {0, 0});
   EXPECT_EQ(window.position(), (ui::Point{1'000'000, -1'000'000}));
 }
 
 TEST_F(StoredState, settings_that_are_read_only_are_read_and_never_written) {
-  files.contents[kFile] = "[Settings]\r\nAuto Play=1\r\nMe_Left=7\r\n";
+  files.contents[kStoredFile] = "[Settings]\r\nAuto Play=1\r\nMe_Left=7\r\n";
   const auto before = files.contents;
   store.set_read_only();
   box.set_caption("Auto Play");
