@@ -162,7 +162,7 @@ void Form1::ask_to_remove_side_files(work::Job& job, const std::string& folder) 
                                                          job.folders(), [&] { return job.turn(); });
   if (job.must_stop()) return;
   job.folders().forget();  // a sweep of this drop must see the folder as it will be
-  for (const std::string& name : side.removable) platform_.files.remove(place + name);
+  for (const std::string& name : side.removable) platform_.files.remove(place + name).ignore();
   for (const std::string& name : side.kept) kept_side_files_.push_back(place + name);
   if (!side.unreadable.empty() && !side.kept.empty()) {
     kept_side_files_.push_back("No se puede leer: " + side.unreadable);

@@ -15,6 +15,12 @@ using ::testing::ElementsAre;
 
 struct SearchWindow : ::testing::Test {
   ProgramBench bench;
+
+  // As a job that joins what is under way.
+  bool BuscarVips() {
+    auto job = work::Job::join(bench.work, bench.platform);
+    return bench.buscar().BuscarVips(job);
+  }
 };
 
 TEST_F(SearchWindow, cuts_paths) {
@@ -58,10 +64,9 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
   bench.disk.write("Mix\\midi.vip", project_of({}));
   bench.disk.write("Otra\\c.vip", audio);
   bench.start();
-  auto job = work::Job::join(bench.work, bench.platform);
   location::Buscar& buscar = bench.buscar();
   buscar.Text1.set_text(bench.disk.path("Mix\\"));
-  EXPECT_TRUE(buscar.BuscarVips(job));
+  EXPECT_TRUE(BuscarVips());
   EXPECT_THAT(buscar.List2.rows(),
               ElementsAre(bench.disk.path("Mix\\b.vip"), bench.disk.path("Mix\\midi.vip"),
                           bench.disk.path("Mix\\Viejo\\a.VIP")));
@@ -71,7 +76,7 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
       << "the list that the sweep numbers";
   EXPECT_TRUE(buscar.List1.empty()) << "what was only asked leaves no row";
   buscar.Text1.set_text(bench.disk.path("nada"));
-  EXPECT_FALSE(buscar.BuscarVips(job));
+  EXPECT_FALSE(BuscarVips());
   EXPECT_TRUE(buscar.List2.empty());
 }
 
@@ -89,7 +94,7 @@ TEST_F(SearchWindow, tells_which_projects_and_folders_a_search_could_not_look_at
   bench.disk.write("Mix\\midi.vip", project_of({}));
   bench.start();
   bench.buscar().Text1.set_text(bench.disk.path("Mix"));
-  EXPECT_FALSE(bench.buscar().BuscarVips());
+  EXPECT_FALSE(BuscarVips());
   std::vector<std::string> left_out;
   for (const auto& each : bench.work.ProyectosFuera) {
     left_out.push_back(each.ruta + ": " + each.motivo);
@@ -122,7 +127,7 @@ TEST_F(SearchWindow, a_search_for_projects_that_is_replaced_at_any_turn_finds_no
       lists.List1.add("newer");
       bench.work.ProyectosFuera.clear();
     };
-    const bool found = bench.buscar().BuscarVips();
+    const bool found = BuscarVips();
     bench.backend.on_pump = nullptr;
     return found;
   };
@@ -147,7 +152,7 @@ TEST_F(SearchWindow, a_cancelled_search_for_projects_keeps_those_that_it_has_fou
   // The hits are there once the search itself is over; then each is read.
   bench.in_the_middle([&] { return bench.buscar().List2.count() == 3; },
                       [&] { bench.work.Cancelar = true; });
-  EXPECT_TRUE(bench.buscar().BuscarVips());
+  EXPECT_TRUE(BuscarVips());
   EXPECT_EQ(bench.form.lists.ListProyectos.count(), 1u) << "it stops at the first look";
 }
 
@@ -155,18 +160,17 @@ TEST_F(SearchWindow, the_first_projects_of_a_drop_take_the_place_of_what_the_lis
   bench.disk.write("Mix\\b.vip", project_of({"D:\\a.wav"}));
   bench.disk.write("Vacia\\midi.vip", project_of({}));
   bench.start();
-  auto job = work::Job::join(bench.work, bench.platform);
   location::Buscar& buscar = bench.buscar();
   work::WorkLists& lists = bench.form.lists;
   lists.List1.add("D:\\antes\\toma.h2");
   lists.ListProyectos.add("1 --> D:\\antes\\tema.vip");
   buscar.List1.add("antes");
   buscar.Text1.set_text(bench.disk.path("Vacia"));
-  EXPECT_FALSE(buscar.BuscarVips(job));
+  EXPECT_FALSE(BuscarVips());
   EXPECT_THAT(lists.List1.rows(), ElementsAre("D:\\antes\\toma.h2")) << "nothing was found yet";
   EXPECT_THAT(lists.ListProyectos.rows(), ElementsAre("1 --> D:\\antes\\tema.vip"));
   buscar.Text1.set_text(bench.disk.path("Mix"));
-  EXPECT_TRUE(buscar.BuscarVips(job));
+  EXPECT_TRUE(BuscarVips());
   EXPECT_THAT(lists.List1.rows(), ElementsAre(bench.disk.path("Mix\\b.vip")));
   EXPECT_THAT(lists.ListProyectos.rows(), ElementsAre(bench.disk.path("Mix\\b.vip")));
   EXPECT_THAT(buscar.List1.rows(), ElementsAre("antes"));
@@ -175,13 +179,12 @@ TEST_F(SearchWindow, the_first_projects_of_a_drop_take_the_place_of_what_the_lis
 TEST_F(SearchWindow, the_projects_of_a_folder_follow_those_that_were_dropped_before_it) {
   bench.disk.write("Mix\\b.vip", project_of({"D:\\a.wav"}));
   bench.start();
-  auto job = work::Job::join(bench.work, bench.platform);
   work::WorkLists& lists = bench.form.lists;
   bench.work.PrimerProyecto = bench.disk.path("a.vip");
   lists.List1.add(bench.disk.path("a.vip"));
   lists.ListProyectos.add("1 --> " + bench.disk.path("a.vip"));
   bench.buscar().Text1.set_text(bench.disk.path("Mix"));
-  EXPECT_TRUE(bench.buscar().BuscarVips(job));
+  EXPECT_TRUE(BuscarVips());
   EXPECT_THAT(lists.List1.rows(),
               ElementsAre(bench.disk.path("a.vip"), bench.disk.path("Mix\\b.vip")));
   EXPECT_THAT(lists.ListProyectos.rows(),

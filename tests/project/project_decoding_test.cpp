@@ -89,7 +89,7 @@ TEST_F(AllProjects, tell_of_each_that_was_passed_over_and_show_how_far_they_are)
   clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
   bool shown = false;
   backend.on_pump = [&] { shown = shown || strip.TextDecode.visible(); };
-  decoding.DescodificarProyectos(false);
+  decoding.DescodificarProyectos(job, false);
   EXPECT_TRUE(shown);
   EXPECT_FALSE(strip.TextDecode.visible());
   EXPECT_EQ(strip.XP_ProgressBar1.maximum(), 3);
@@ -118,7 +118,8 @@ TEST_F(AllProjects, a_job_that_takes_their_place_at_any_turn_keeps_its_rows_and_
       for (auto& heading : lists.LabelAdd) heading->set_caption("newer");
       strip.TextDecode.set_text("newer");
     };
-    decoding.DescodificarProyectos(true);
+    auto now = work::Job::join(work, platform);
+    decoding.DescodificarProyectos(now, true);
     backend.on_pump = nullptr;
   };
   replaced_at(0);

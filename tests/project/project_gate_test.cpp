@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "support/failing_files.h"
+#include "support/faulty_files.h"
 #include "support/reader_bench.h"
 #include "support/small_project.h"
 
@@ -16,10 +16,12 @@ using ::testing::IsEmpty;
 // The gate on a disk in memory that writes down which files are opened.
 struct ProjectGateTest : ::testing::Test, ReaderBench {
   ProjectGateTest() {
-    watched.on_open = [this](std::string_view path) { opened.emplace_back(path); };
+    watched.faults.on_call = [this](FaultyFiles::Call call, std::string_view path) {
+      if (call == FaultyFiles::Call::open) opened.emplace_back(path);
+    };
   }
 
-  FailingFiles watched{files};
+  FaultyFiles watched{files};
   system::Platform watched_platform{watched, dialogs, backend, clock, regional, drives, shell};
   project::VipReader watched_reader{watched_platform, work, progress};
   project::ProjectGate gate{watched, watched_reader, list};
@@ -76,7 +78,7 @@ TEST_F(ProjectGateTest, a_name_that_is_no_projects_is_refused_without_being_open
 
 TEST_F(ProjectGateTest, one_that_another_program_holds_is_refused_for_that) {
   files.contents["D:\\tema.vip"] = project_of({"D:\\a.wav"});
-  files.locked = "D:\\tema.vip";
+  watched.faults.fail(FaultyFiles::Call::open, system::Reason::in_use);
   EXPECT_FALSE(gate.Valido("D:\\tema.vip"));
   EXPECT_EQ(gate.refusal(), WhyOut::unreadable);
 }

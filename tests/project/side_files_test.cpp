@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "project/memory_folders.h"
-#include "support/failing_files.h"
+#include "support/faulty_files.h"
 
 namespace ordelan::test {
 namespace {
@@ -40,7 +40,7 @@ struct SideFilesTest : ::testing::Test {
   }
 
   MemoryFolders disk{true};
-  FailingFiles files{disk};
+  FaultyFiles files{disk};
   std::function<bool()> go_on = [] { return true; };
 };
 
@@ -167,7 +167,9 @@ TEST_F(SideFilesTest, no_project_is_opened_where_there_is_no_audio) {
   disk.add_file("D:\\Solo\\tema.vip", "x", false, true);
   work::FolderTree tree(files);
   int opened = 0;
-  files.on_open = [&](std::string_view) { ++opened; };
+  files.faults.on_call = [&](FaultyFiles::Call call, std::string_view) {
+    opened += call == FaultyFiles::Call::open ? 1 : 0;
+  };
   const auto side = project::side_files_of("D:\\Solo\\", {}, files, tree, go_on);
   EXPECT_THAT(side.removable, ElementsAre("x.cue"));
   EXPECT_EQ(side.unreadable, "");

@@ -6,7 +6,7 @@
 
 #include "project/candidate_kinds.h"
 #include "project/used_strike.h"
-#include "support/failing_files.h"
+#include "support/faulty_files.h"
 #include "support/hostile_bytes.h"
 #include "support/work_bench.h"
 #include "text/rows.h"
@@ -350,7 +350,8 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_at_any_turn_keeps_its_own_lists_a
   for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
   clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
   const auto replaced_at = [&](int last) {
-    analysis.ListarArchivosCarpetas();
+    auto now = work::Job::join(work, platform);
+    analysis.ListarArchivosCarpetas(now);
     lists.ListBorrar.clear();
     lists.LabelErase.set_visible(false);
     int turns = 0;
@@ -364,7 +365,7 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_at_any_turn_keeps_its_own_lists_a
       for (auto& heading : lists.LabelErase) heading->set_caption("newer");
       lists.LabelErase.set_visible(true);
     };
-    analysis.BuscarNoUtilizados();
+    analysis.BuscarNoUtilizados(now);
     backend.on_pump = nullptr;
     return turns;
   };
@@ -385,7 +386,7 @@ TEST_F(UnusedFiles, the_list_is_hidden_and_the_bar_runs_while_they_are_searched)
   list_project("Mix\\tema.vip");
   for (int i = 10; i < 16; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
   for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
-  analysis.ListarArchivosCarpetas();
+  analysis.ListarArchivosCarpetas(job);
   lists.ListBorrar.show();
   clock.step = std::chrono::milliseconds(20);              // each turn of a loop pumps
   std::vector<std::pair<std::int64_t, std::int64_t>> bar;  // the end of its range, and its value
@@ -394,7 +395,7 @@ TEST_F(UnusedFiles, the_list_is_hidden_and_the_bar_runs_while_they_are_searched)
     shown = shown || lists.ListBorrar.visible();
     bar.emplace_back(strip.XP_ProgressBar1.maximum(), strip.XP_ProgressBar1.value());
   };
-  analysis.BuscarNoUtilizados();
+  analysis.BuscarNoUtilizados(job);
   EXPECT_FALSE(shown);
   EXPECT_TRUE(lists.ListBorrar.visible());
   EXPECT_THAT(bar, ::testing::Contains(::testing::Pair(9, 5))) << "first over the used files";
@@ -494,11 +495,11 @@ TEST_F(UnusedFiles, files_that_cannot_be_read_to_their_ends_equal_nothing) {
   const std::string bytes(600'000, 'a');
   disk.write("igual.wav", bytes);
   disk.write("mismo.wav", bytes);
-  FailingFiles failing(disk.files());
+  FaultyFiles failing(disk.files());
   const system::Platform unlucky{failing, dialogs, backend, clock, regional, drives, shell};
-  project::UnusedAnalysis other(unlucky, work, lists, strip, tree, left_out);
+  project::UnusedAnalysis other(unlucky, lists, strip, left_out);
   const auto same = [&] {
-    return other.ComparaFiles(disk.path("igual.wav"), disk.path("mismo.wav"));
+    return other.ComparaFiles(disk.path("igual.wav"), disk.path("mismo.wav"), job);
   };
   using Bytes = std::optional<std::size_t>;
   int reads = 0;

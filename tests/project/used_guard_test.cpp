@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "project/memory_folders.h"
-#include "support/failing_files.h"
+#include "support/faulty_files.h"
 #include "text/code_page.h"
 
 namespace ordelan::test {
@@ -26,8 +26,10 @@ using Rows = std::vector<std::string>;
 // On this disk, as on Windows', case does not count.
 struct UsedGuard : ::testing::Test {
   UsedGuard() {
-    files.on_info = [this](std::string_view path) { infos.emplace_back(path); };
-    files.on_identity = [this](std::string_view path) { ++identities[std::string(path)]; };
+    files.faults.on_call = [this](FaultyFiles::Call call, std::string_view path) {
+      if (call == FaultyFiles::Call::info) infos.emplace_back(path);
+      if (call == FaultyFiles::Call::identity) ++identities[std::string(path)];
+    };
   }
 
   std::vector<bool> same_as_any(const Rows& offered, const std::vector<const Rows*>& used) {
@@ -49,7 +51,7 @@ struct UsedGuard : ::testing::Test {
   }
 
   MemoryFolders disk{true};
-  FailingFiles files{disk};
+  FaultyFiles files{disk};
   work::FolderTree tree{files};
   Rows infos;                             // the paths that were asked for, in order
   std::map<std::string, int> identities;  // how often each was asked for

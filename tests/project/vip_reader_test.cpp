@@ -225,7 +225,7 @@ TEST_F(VipReaderTest, a_locked_file_holds_only_its_title) {
 }
 
 TEST_F(VipReaderTest, a_locked_file_adds_nothing_in_pointer_mode_and_no_empty_title) {
-  files.locked = kPath;
+  disk.faults.fail(FaultyFiles::Call::open, system::Reason::in_use);
   EXPECT_THAT(decode(vip(""), ""), IsEmpty());
   work.ModoPosiciones = true;
   EXPECT_THAT(decode(vip(""), "t"), IsEmpty());
@@ -244,10 +244,10 @@ TEST_F(VipReaderTest, tells_how_far_the_last_reading_got) {
     EXPECT_EQ(reader.last_reading(), Reading::whole) << "an empty file has been read to its end";
     reader.ExtraerNombres_Archivos("D:\\missing.vip", list, "", true);
     EXPECT_EQ(reader.last_reading(), Reading::no_project);
-    files.locked = kPath;
+    disk.faults.fail(FaultyFiles::Call::open, system::Reason::in_use);
     decode(audio);
     EXPECT_EQ(reader.last_reading(), Reading::locked);
-    files.locked.clear();
+    disk.faults.heal();
     files.on_read = [](std::uint64_t) { return false; };
     decode(audio);
     EXPECT_EQ(reader.last_reading(), Reading::broken);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -52,6 +53,9 @@ class FaultyFiles final : public ForwardingFiles {
   // Names (of new, moved and removed files) are taken to reach the disk at once, which is the worst
   // case for whoever moves a file into place before its bytes are safe.
   bool loses_unflushed = false;
+  // Called before each read with its offset. Gives how many bytes may come at most; nothing makes
+  // the read fail.
+  std::function<std::optional<std::size_t>(std::uint64_t)> on_read;
 
   std::optional<system::FileInfo> info(std::string_view path) override {
     return begin(Call::info, path) ? files().info(path) : std::nullopt;
@@ -118,7 +122,9 @@ class FaultyFiles final : public ForwardingFiles {
     std::uint64_t size() const override { return file_->size(); }
     std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
       if (!files_.begin(Call::read, path_)) return std::nullopt;
-      return file_->read(offset, buffer);
+      const auto most = files_.on_read ? files_.on_read(offset) : buffer.size();
+      if (!most) return std::nullopt;
+      return file_->read(offset, buffer.first(std::min(buffer.size(), *most)));
     }
 
    private:

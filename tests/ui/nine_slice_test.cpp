@@ -10,7 +10,7 @@ using ::testing::IsEmpty;
 using ui::nine_sliced;
 using ui::Pixels;
 
-constexpr std::uint32_t kOutside = 0xFFFF00FF;
+constexpr std::uint32_t kMaskPixel = 0xFFFF00FF;
 
 // A ground of 5 by 5: masked corners, an edge, a header row and a middle.
 Pixels ground() {
@@ -19,7 +19,7 @@ Pixels ground() {
     for (int x = 0; x < 5; ++x) {
       const bool side = x == 0 || x == 4;
       const bool end = y == 0 || y == 4;
-      picture.argb.push_back(side && end ? kOutside : side || end ? 2u : y == 1 ? 3u : 4u);
+      picture.argb.push_back(side && end ? kMaskPixel : side || end ? 2u : y == 1 ? 3u : 4u);
     }
   }
   return picture;
@@ -38,23 +38,23 @@ TEST(NineSlice, a_larger_one_has_the_same_corners_edges_and_header) {
   const Pixels large = nine_sliced(ground(), {8, 7});
   ASSERT_EQ(large.width, 8);
   ASSERT_EQ(large.height, 7);
-  EXPECT_THAT(row(large, 0), ElementsAre(kOutside, 2, 2, 2, 2, 2, 2, kOutside));
+  EXPECT_THAT(row(large, 0), ElementsAre(kMaskPixel, 2, 2, 2, 2, 2, 2, kMaskPixel));
   EXPECT_THAT(row(large, 1), ElementsAre(2, 3, 3, 3, 3, 3, 3, 2));
   for (int y = 2; y < 6; ++y) EXPECT_THAT(row(large, y), ElementsAre(2, 4, 4, 4, 4, 4, 4, 2));
-  EXPECT_THAT(row(large, 6), ElementsAre(kOutside, 2, 2, 2, 2, 2, 2, kOutside));
+  EXPECT_THAT(row(large, 6), ElementsAre(kMaskPixel, 2, 2, 2, 2, 2, 2, kMaskPixel));
 }
 
 TEST(NineSlice, a_smaller_one_too) {
   const Pixels small = nine_sliced(ground(), {4, 3});
-  EXPECT_THAT(row(small, 0), ElementsAre(kOutside, 2, 2, kOutside));
+  EXPECT_THAT(row(small, 0), ElementsAre(kMaskPixel, 2, 2, kMaskPixel));
   EXPECT_THAT(row(small, 1), ElementsAre(2, 4, 4, 2));
-  EXPECT_THAT(row(small, 2), ElementsAre(kOutside, 2, 2, kOutside));
+  EXPECT_THAT(row(small, 2), ElementsAre(kMaskPixel, 2, 2, kMaskPixel));
 }
 
 TEST(NineSlice, no_colour_is_mixed_from_others) {
   for (int size = 1; size < 40; ++size) {
     for (const std::uint32_t pixel : nine_sliced(ground(), {size, 41 - size}).argb) {
-      EXPECT_THAT(pixel, ::testing::AnyOf(kOutside, 2u, 3u, 4u));
+      EXPECT_THAT(pixel, ::testing::AnyOf(kMaskPixel, 2u, 3u, 4u));
     }
   }
 }
