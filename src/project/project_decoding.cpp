@@ -46,7 +46,7 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
     left_out_.add(text::Obtener_VipPath(row), WhyOut::backup);
     return;
   }
-  strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
+  if (job.display_due()) strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
 
   const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
   const std::string own_path(text::behind_arrow(row));
