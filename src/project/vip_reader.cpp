@@ -49,7 +49,6 @@ struct VipReader::Run {
   bool stopped;
 
   ReferenceScan scan{0};
-  Position limit = kNoLimit;
   struct Row {
     Position dot;
     std::string text;
