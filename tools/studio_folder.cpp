@@ -96,7 +96,7 @@ void StudioFolder::clear() {
     if (!fs::is_regular_file(fs::symlink_status(path, failure))) continue;
     if (!fs::remove(path, failure)) fail("no se pudo borrar ", path, failure.message());
   }
-  // The order of paths puts a folder ahead of what lies in it. Those that hold files of others
+  // The order of paths puts a folder before its content. Those that hold files of others
   // stay, and stay listed.
   std::set<fs::path> kept;
   for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) {

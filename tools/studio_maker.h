@@ -25,7 +25,7 @@ struct StudioOptions {
   // How large each project gets; 0 gives each a size of its own.
   std::uint64_t bytes_per_project = 0;
 
-  // The drive letters that projects know the studio's folder and the second folder by.
+  // The drive letters by which projects name the studio's folder and the second folder.
   char drive_letter = 'D';
   char second_letter = 'E';
 

@@ -86,7 +86,7 @@ Status flush_descriptor(const Descriptor& file) {
 Status rename_to_free(const std::string& from, const std::string& to) {
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
   if (errno != EINVAL && errno != ENOSYS) return last_reason();
-  // Disks that do not know the call know hard links, which never replace anything either.
+  // Disks that lack the call have hard links, which never replace anything either.
   if (::link(from.c_str(), to.c_str()) != 0) return last_reason();
   if (::unlink(from.c_str()) == 0) return {};
   const Reason reason = last_reason();

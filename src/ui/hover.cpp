@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/tell.h"
+#include "ui/raise_event.h"
 #include "ui/window.h"
 
 namespace ordelan::ui {
@@ -37,7 +37,7 @@ void Hover::tick() {
   if (pointer_is_on_it_()) return;
   over_timer_.stop();
   over_ = false;
-  tell(on_leave_);
+  raise_event(on_leave_);
 }
 
 }  // namespace ordelan::ui

@@ -1,5 +1,5 @@
 // A thumb on a track, by which the user chooses a value. The slider decides where the thumb stands
-// and which events are raised; its peer feeds it the mouse and paints what it is told.
+// and which events are raised; its peer feeds it the mouse and paints the result.
 #pragma once
 
 #include <cstdint>

@@ -21,7 +21,7 @@ struct PixelRun {
 };
 
 // What of a picture is not of exactly that colour, row by row, each run as long as it can be. The
-// opacity of the pixels does not count. `mask` is a plain colour: a backend looks a system colour
+// opacity of the pixels is ignored. `mask` is a plain colour: a backend looks a system colour
 // up first. Pixels that do not fill their size give nothing.
 std::vector<PixelRun> runs_without(const Pixels& picture, Color mask);
 
