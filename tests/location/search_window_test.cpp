@@ -81,7 +81,7 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
 }
 
 // Where nothing is swept afterwards, only the search itself can have seen them.
-TEST_F(SearchWindow, tells_which_projects_and_folders_a_search_could_not_look_at) {
+TEST_F(SearchWindow, reports_which_projects_and_folders_a_search_could_not_look_at) {
   bench.disk.make_folder("Mix\\Sub");
   bench.disk.make_folder("Otra");
   std::error_code failed;

@@ -163,7 +163,7 @@ TEST_F(LookInside, the_strip_of_a_search_leaves_the_clocks_to_be_read) {
   EXPECT_GE(strip.top, elapsed.bottom);
 }
 
-TEST_F(LookInside, projects_that_count_for_nothing_are_told_of_and_listed) {
+TEST_F(LookInside, projects_that_are_left_out_are_reported_and_listed) {
   const std::string folder =
       "D:\\Grabaciones del estudio grande\\Temporada de otoño con la orquesta entera\\"
       "Arreglos definitivos para la mezcla\\";

@@ -1,4 +1,4 @@
-// The real program without a mouse, and what it tells a screen reader.
+// The real program without a mouse, and what it reports to a screen reader.
 #include <windows.h>
 
 #include <gmock/gmock.h>

@@ -55,7 +55,7 @@ TEST_F(Dress, every_section_of_the_skin_is_that_of_a_window_or_a_control) {
   for (const std::string& section : named) EXPECT_TRUE(known.contains(section)) << section;
 }
 
-TEST_F(Dress, no_control_is_told_of_twice) {
+TEST_F(Dress, no_control_is_described_twice) {
   const std::vector<std::string> named = sections();
   EXPECT_EQ(std::set<std::string>(named.begin(), named.end()).size(), named.size());
 }

@@ -63,7 +63,7 @@ TEST_F(WindowDirectoryTest, a_window_is_made_and_loaded_at_its_first_touch) {
   EXPECT_THAT(log, ElementsAre("made", "loaded"));
 }
 
-TEST_F(WindowDirectoryTest, a_name_that_nobody_knows_gives_no_window) {
+TEST_F(WindowDirectoryTest, an_unknown_name_gives_no_window) {
   EXPECT_EQ(windows.touch("Nobody"), nullptr);
   EXPECT_EQ(windows.find("Nobody"), nullptr);
   EXPECT_FALSE(windows.visible("Nobody"));

@@ -63,7 +63,7 @@ TEST_F(LayoutTest, a_project_without_audio_has_a_heading_of_one_line) {
   EXPECT_FALSE(lists.LabelCount[1].visible());
 }
 
-TEST_F(LayoutTest, the_scratch_list_is_never_shown_and_does_not_count) {
+TEST_F(LayoutTest, the_scratch_list_is_never_shown_and_is_ignored) {
   work::WorkLists lists(window);
   lists.List1.add("scratch");
   EXPECT_FALSE(lists.List1.visible());
