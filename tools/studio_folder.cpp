@@ -137,7 +137,7 @@ void StudioFolder::claim(const std::vector<fs::path>& files) {
 
 void StudioFolder::write(const fs::path& file, std::string_view bytes) const {
   const fs::path path = root_ / file;
-  // What is there must never be overwritten.
+  // Existing files must never be overwritten.
   const int handle = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
   if (handle < 0) fail("no se pudo crear ", path, std::strerror(errno));
   while (!bytes.empty()) {

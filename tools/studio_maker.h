@@ -37,8 +37,8 @@ struct StudioOptions {
   std::filesystem::path cache;
 };
 
-// Makes a studio. `folder` is the root of its drive: what lies in folder/Mix is known to projects
-// as D:\Mix. The same options give the same tree, byte for byte. A studio made there before is
+// Makes a studio. `folder` is the root of its drive: projects name folder/Mix
+// D:\Mix. The same options give the same tree, byte for byte. A studio made there before is
 // replaced; other files stay. All audio is encoded before anything is written.
 // Throws StudioRefused when a folder must not be used, EncoderError when an encoder is missing or
 // fails, and std::runtime_error when the disk fails; a studio cut short by the disk can be made

@@ -45,7 +45,7 @@ class MappedDrives {
   std::optional<std::string> spelt(std::string_view path) const;
 
   // The Windows path of a native one that is a mapped folder or lies under one. Nothing where a
-  // name on the way is none that Windows could hold.
+  // name of the path is one that Windows could not hold.
   std::optional<std::string> windows(const std::string& native_path) const;
 
   // What follows the mapped folder in such a native path, also where `windows` gives nothing. It

@@ -95,7 +95,7 @@ Status rename_to_free(const std::string& from, const std::string& to) {
 }
 
 Reason reason_without_path(const MappedDrives& drives, std::string_view path) {
-  if (drives.spelt(path)) return Reason::not_found;  // a folder on the way is missing
+  if (drives.spelt(path)) return Reason::not_found;  // a folder of the path is missing
   const bool absolute = path.size() > 2 && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
   if (!absolute) return Reason::bad_path;
   const MappedDrive* const drive = drives.drive(path[0]);

@@ -33,7 +33,7 @@ class Settings {
                       std::string_view PorDefecto) const;
 
   // Sets the value of a key. The file keeps its encoding (code page, UTF-8 or UTF-16 with a mark).
-  // A value that stands there already is not written again. A failure is quiet: the file is then as
+  // An unchanged value is not written again. A failure is quiet: the file is then as
   // it was.
   void GrabarIni(std::string_view Ruta, std::string_view Clave, std::string_view Valor);
 

@@ -145,9 +145,9 @@ class FileSystem {
 
   // Puts the file `from` in the place of `to`, or where no `to` exists yet, in one step: others see
   // the old file or the new one. What the system keeps of a file besides its bytes stays that of
-  // the old one: the spelling of its name, its attributes, who may use it. On Linux a `to` that is
-  // a link stays, and the file that it leads to is replaced. Fails also when `to` is read-only, a
-  // folder or no plain file, or `from` is no file; both are then as they were.
+  // the old one: the spelling of its name, its attributes, its access rights. On Linux a `to` that
+  // is a link stays, and the file that it leads to is replaced. Fails also when `to` is read-only,
+  // a folder or no plain file, or `from` is no file; both are then as they were.
   virtual Status replace(std::string_view from, std::string_view to) = 0;
 
   // Gives the file `from` the path `to` on the same volume, in one step and never over anything

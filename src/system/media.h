@@ -36,7 +36,7 @@ class Media {
   // event follows, and the state is `empty`.
   virtual Status open(const std::string& path) = 0;
 
-  // Stops and lets go of the file, which may be moved or removed as soon as this returns. No event
+  // Stops and closes the file, which may be moved or removed as soon as this returns. No event
   // of that file comes any more.
   virtual void close() = 0;
 

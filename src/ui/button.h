@@ -61,8 +61,8 @@ class Button : public Captioned {
   // Where a picture of this size stands, in the button's units.
   Point placed(Size picture) const;
 
-  // What the user does, fed by the peer. A release is to be passed on after a press that was passed
-  // on only. A handler may destroy the button: nothing of it may be touched afterwards. A button
+  // What the user does, fed by the peer. A release is passed on only after a press that was
+  // passed on. A handler may destroy the button: nothing of it may be touched afterwards. A button
   // that is not enabled takes nothing.
   void mouse_down(const Mouse& mouse);
   void mouse_move(const Mouse& mouse);
@@ -72,7 +72,7 @@ class Button : public Captioned {
   void double_click();
   // The key that presses buttons.
   void press_by_key();
-  // Something else took the mouse away in the middle of a press: no event reports it.
+  // Something else took the mouse capture in the middle of a press: no event reports it.
   void press_lost();
 
   // Asked every 10 ms while the pointer is over the button. The peer sets it; without it the

@@ -21,7 +21,7 @@ Hover::Hover(Window& window, std::function<bool()> pointer_is_on_it, std::functi
 
 void Hover::enter() {
   over_ = true;
-  // Most controls are never pointed at: the timer's other half is made when one is.
+  // Most controls are never pointed at: the timer's peer is made when one is.
   Window& window = over_timer_.window();
   if (window.loaded()) over_timer_.attach(window.backend());
   over_timer_.start();

@@ -122,7 +122,7 @@ void Slider::set_min(std::int32_t wanted) {
   end_written(other_end);
 }
 
-// The same end is written many times a second while something plays. What the hand has chosen is
+// The same end is written many times a second while something plays. What the user has chosen is
 // rounded, and would be placed elsewhere; on an upright track it may even lie beyond the end.
 void Slider::end_written(bool other_end) {
   const auto shown = value_under_thumb();

@@ -22,7 +22,7 @@ struct Key {
   bool swallowed = false;
 };
 
-// The picture, by name, whose outline a window has, and the colour of it that is not there. Without
+// The picture, by name, whose outline a window has, and the colour of it that is cut out. Without
 // a picture a window is rectangular.
 struct Shape {
   std::string picture;
@@ -63,7 +63,7 @@ class Window {
   // The top left corner on the screen.
   Point position() const { return position_; }
   void set_position(Point position);
-  // Keeps what the user's dragging has made of the position; the peer is not notified.
+  // Stores the position that the user has dragged the window to; the peer is not notified.
   void moved_to(Point position) { position_ = position; }
 
   // The room for controls, without borders.
@@ -94,7 +94,7 @@ class Window {
   // picture.
   void size_to_background();
 
-  // Stays before the windows of other programs.
+  // Stays above the windows of other programs.
   bool topmost() const { return topmost_; }
   void set_topmost(bool topmost);
 
@@ -107,7 +107,7 @@ class Window {
   void set_borderless(bool borderless) { borderless_ = borderless; }
 
   // Whether a borderless window has a button of its own by which the user minimises it; to be set
-  // before the window is loaded. One without it that stays before all others is a tool: it takes no
+  // before the window is loaded. One without it that stays above all others is a tool: it takes no
   // place among the windows that the user can switch to until it is minimised after all.
   bool minimizable() const { return minimizable_; }
   void set_minimizable(bool minimizable) { minimizable_ = minimizable; }

@@ -1,4 +1,4 @@
-// The rules of the house, on the source tree as it is.
+// The rules of the source tree, checked on the tree as it is.
 #include <gmock/gmock.h>
 
 #include <filesystem>

@@ -61,7 +61,7 @@ TEST(SourceRules, a_file_may_use_its_own_room_and_those_below) {
   EXPECT_THAT(upward_includes(sources), IsEmpty());
 }
 
-// Every arrow that would point up or sideways.
+// Every include that would go up or sideways.
 struct WrongArrow : ::testing::TestWithParam<std::pair<const char*, const char*>> {};
 
 TEST_P(WrongArrow, is_complained_of) {

@@ -149,7 +149,7 @@ TEST_F(SearchWindow, a_cancelled_search_for_projects_keeps_those_that_it_has_fou
   }
   bench.start();
   bench.buscar().Text1.set_text(bench.disk.path("Mix"));
-  // The hits are there once the search itself is over; then each is read.
+  // The hits exist once the search itself is over; then each is read.
   bench.in_the_middle([&] { return bench.buscar().List2.count() == 3; },
                       [&] { bench.work.Cancelar = true; });
   EXPECT_TRUE(BuscarVips());

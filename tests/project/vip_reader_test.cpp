@@ -412,7 +412,7 @@ TEST_F(VipReaderTest, the_bar_runs_to_the_limit) {
 TEST_F(VipReaderTest, pointer_mode_logs_every_colon_and_backslash_and_answers_no) {
   work.ModoPosiciones = true;
   const std::string file = std::string(96, '\0') + "h" + '\0' + path_field("D:\\a.wav") + "x::\\y" +
-                           "LIST0000mdrl" + path_field("E:\\behind") + "end";
+                           "LIST0000mdrl" + path_field("E:\\after") + "end";
   EXPECT_THAT(decode(file, "title"), IsEmpty());
   EXPECT_FALSE(answer);
   EXPECT_EQ(files.contents["D:\\Mix\\tema_vip.log"], "99\r\n109\r\n125\r\n");

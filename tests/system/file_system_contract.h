@@ -3,7 +3,7 @@
 //
 //   INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FileSystemContract, PosixPlace);
 //
-// A place is made anew for each test and takes its files with it when it goes. It has
+// A place is made anew for each test and removes its files when it is destroyed. It has
 //
 //   system::FileSystem& files();            what is tried
 //   std::string folder();                   a fresh, empty folder, as a Windows path without a

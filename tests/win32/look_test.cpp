@@ -84,7 +84,7 @@ TEST_P(LookOfStrip, shows_two_lines_in_its_colour_above_the_headings) {
   GetClientRect(strip, &room);
   EXPECT_EQ(pixel(strip, room.right - 2, 1), GetParam().color);
   EXPECT_EQ(pixel(strip, room.right - 2, room.bottom - 2), GetParam().color);
-  // The second line is there to be read: some of its pixels are not the ground.
+  // The second line is readable: some of its pixels are not the ground.
   int written = 0;
   for (int x = 0; x < room.right; ++x) {
     for (int y = room.bottom / 2 + 1; y < room.bottom - 1; ++y) {

@@ -162,7 +162,7 @@ class Win32ShellPlace {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Win32, ShellContract, Win32ShellPlace);
 
-// Gives every question of this process that answer until it goes.
+// Gives every question of this process that answer until it is destroyed.
 class Answerer {
  public:
   explicit Answerer(WORD answer) : thread_([this, answer] { run(answer); }) {}

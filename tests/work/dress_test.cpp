@@ -73,7 +73,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
       EXPECT_EQ(look.picture_down, look.picture_normal + "_down") << section_of(*control);
       EXPECT_EQ(look.picture_disabled, look.picture_normal + "_off") << section_of(*control);
       EXPECT_FALSE(look.picture_normal.empty()) << section_of(*control);
-      // What has no words says what it is to those who hear it.
+      // A control without words has a description for screen readers.
       EXPECT_FALSE(button->caption().empty() && button->description().empty())
           << section_of(*control);
     }

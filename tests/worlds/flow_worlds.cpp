@@ -358,7 +358,7 @@ FlowTally run_interrupted_flows() {
     }();
     FlowWorld world(seed, Studio::Plan::interrupted);
     const Action& action = world.studio.actions.front();
-    world.act_in_reference(action);  // the disk is still as it was
+    world.act_in_reference(action);  // the disk has not changed yet
     ++tally.worlds;
     count_what_happened(world, tally);
     if (pumps == 0) continue;

@@ -1,4 +1,4 @@
-// Windows that are not rectangles: a picture says which of their pixels are there.
+// Windows that are not rectangles: a picture says which of their pixels exist.
 #pragma once
 
 #include <windows.h>
@@ -11,9 +11,9 @@ namespace ordelan::win32 {
 // missing one has none.
 bool ExisteFuncion(const char* library, const char* name);
 
-// What of the picture is not the mask: every pixel whose colour differs from it, by however little.
-// Opacity is ignored. A picture of nothing but the mask gives an empty region. The caller owns
-// the region; null when the system has no room for it.
+// The part of the picture that is not the mask: every pixel whose colour differs from it, by
+// however little. Opacity is ignored. A picture of nothing but the mask gives an empty region. The
+// caller owns the region; null when the system has no room for it.
 HRGN CrearRegion(const ui::Pixels& picture, ui::Color mask);
 
 enum class ShapeRoad {

@@ -18,7 +18,7 @@ namespace {
 constexpr int kRadius = 5;
 constexpr int kGap = 6;  // between picture and caption, and before a picture at the left
 
-// The pixels of just this colour let through what is there.
+// The pixels of just this colour let through the ground.
 ui::Pixels without(ui::Pixels pixels, ui::Color mask) {
   const COLORREF color = color_of(mask);
   const std::uint32_t wanted = (std::uint32_t{GetRValue(color)} << 16) |

@@ -29,7 +29,7 @@ class ListBoxPeer final : public ControlPeer {
 
   void draw(const DRAWITEMSTRUCT& item) override;
 
-  // Takes what was dropped over the list, and lets go of `drop`.
+  // Takes what was dropped on the list, and frees `drop`.
   void dropped(HDROP drop);
 
  protected:

@@ -42,7 +42,7 @@ class PeerRegistry {
   int measure_dpi() const { return measure_dpi_; }
 
   // Windows and controls enter when they are made and leave before they go. The look-ups give null
-  // for what is not here.
+  // for what is not registered.
   void enter(WindowPeer& window);
   void leave(WindowPeer& window);
   void enter(ControlPeer& control);
@@ -70,7 +70,7 @@ class PeerRegistry {
   void start(UINT_PTR timer, UINT milliseconds);
   void stop(UINT_PTR timer);
 
-  // The program is over: windows go, and no more are shown.
+  // The program has ended: windows are destroyed, and no more are shown.
   void end();
   bool ended() const { return ended_; }
 

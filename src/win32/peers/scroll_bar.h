@@ -40,7 +40,7 @@ int place_of(const Scroll& scroll, int track, const Thumb& thumb, int start);
 class ScrollBar {
  public:
   // Stands beside `list`, which may be a box of text as well, in the same parent, out of sight at
-  // first. The list gets what the mouse's wheel does here. It and `tools` must live longer.
+  // first. The list gets what the mouse's wheel does here. `list` and `tools` must outlive it.
   ScrollBar(HWND list, bool vertical, DrawingTools& tools);
   ~ScrollBar();
   ScrollBar(const ScrollBar&) = delete;

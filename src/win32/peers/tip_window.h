@@ -18,7 +18,7 @@ void theme_tips(HWND tips, bool themed);
 
 class TipWindow {
  public:
-  // `tools` must live longer.
+  // `tools` must outlive the window.
   TipWindow(HINSTANCE instance, HWND owner, DrawingTools& tools)
       : instance_(instance), owner_(owner), tools_(tools) {}
   ~TipWindow();
