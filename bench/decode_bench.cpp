@@ -84,7 +84,7 @@ void one_call_of_the_reader(benchmark::State& state) {
   project::VipReader reader(machine.platform, machine.work, progress);
   for (auto _ : state) {
     list.clear();
-    reader.ExtraerNombres_Archivos("D:\\large.vip", list, "", true);
+    reader.ExtraerNombres_Archivos("D:\\large.vip", project::into(list), "", true);
   }
   report(state, static_cast<long long>(list.count()));
 }

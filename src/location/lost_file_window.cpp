@@ -17,7 +17,7 @@ Perdidos::Perdidos(const work::Context& context, std::function<void(Perdidos&)> 
                               .topmost = true,
                               .minimizable = true,
                               .resizable = true,
-                              .smallest = {480, 240}}),
+                              .smallest = {620, 240}}),
       ListPerdidos(*this, "ListPerdidos"),
       TextEncontrados(*this, "TextEncontrados"),
       Label1(*this, "Label1"),

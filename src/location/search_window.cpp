@@ -17,7 +17,7 @@ Buscar::Buscar(const work::Context& context, project::VipReader& reader, project
       context_(context),
       left_out_(left_out),
       cmdReset_Click_(std::move(cmdReset_Click)),
-      gate_(context.platform.files, reader, List1) {
+      gate_(context.platform.files, reader) {
   on_load = [this] { cFind_ = new_finder(); };
 }
 

@@ -7,7 +7,7 @@ namespace ordelan::main_window {
 // A project without audio is taken for a MIDI one, unless the reading was cancelled: then it is not
 // known.
 void Form1::decode_into_ListVip(work::Job& job, const std::string& path, const std::string& shown) {
-  const bool found = reader.ExtraerNombres_Archivos(path, lists.ListVip, "", true);
+  const bool found = reader.ExtraerNombres_Archivos(path, project::into(lists.ListVip), "", true);
   if (job.superseded()) return;
   if (found) {
     ui::ListaAncho(lists.ListVip);
@@ -35,8 +35,8 @@ void Form1::LlenarListBorrar(work::Job& job) {
   lists.ListBorrar.clear();
   analysis_.ListarArchivosCarpetas(job);
   if (job.superseded()) return;
-  const auto also_used = decoding_.also_used();  // stays, whatever is decoded meanwhile
-  analysis_.BuscarNoUtilizados(job, *also_used);
+  const std::vector<std::string> also_used = decoding_.also_used();  // a decode may come between
+  analysis_.BuscarNoUtilizados(job, also_used);
   if (job.superseded()) return;
   ui::ListaAncho(lists.ListBorrar);
   lists.ListBorrar.show();

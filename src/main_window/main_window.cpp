@@ -51,7 +51,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       windows_(windows),
       settings_(settings),
       left_out_(work),
-      gate_(platform.files, reader, lists.List1),
+      gate_(platform.files, reader),
       listing_(platform, work, lists, gate_, left_out_),
       decoding_(platform, work, lists, strip, reader, left_out_),
       analysis_(platform, lists, strip, left_out_),

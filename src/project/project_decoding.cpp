@@ -46,7 +46,7 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
     left_out_.add(text::Obtener_VipPath(row), WhyOut::backup);
     return;
   }
-  strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
+  if (job.display_due()) strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
 
   const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
   const std::string own_path(text::behind_arrow(row));
@@ -56,7 +56,7 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
     path = work_.RutaProyectos + path;
     work_.PrimerProyecto = path;
   }
-  if (reader_.ExtraerNombres_Archivos(path, lists_.ListUtilizados, prefix + path, true)) {
+  if (reader_.ExtraerNombres_Archivos(path, into(lists_.ListUtilizados), prefix + path, true)) {
     ++decoded_;
     if (reader_.last_reading() == Reading::broken) left_out_.add(path, WhyOut::broken);
   } else if (const auto why = why_without_audio(platform_.files, reader_, path)) {
@@ -70,7 +70,7 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
 
 void ProjectDecoding::read_misread(const std::string& path) {
   const std::size_t counted = reader_.TotalArchivosVip;
-  reader_.ExtraerNombres_Archivos(path, misread_, "", true);
+  reader_.ExtraerNombres_Archivos(path, into(misread_), "", true);
   reader_.TotalArchivosVip = counted;
 }
 

@@ -1,7 +1,6 @@
 // Decodes all listed projects into ListUtilizados.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,10 +24,7 @@ class ProjectDecoding {
         lists_(lists),
         strip_(strip),
         reader_(reader),
-        left_out_(left_out),
-        misread_(lists.ListProyectos.window(), "ListMalLeidos") {
-    misread_.hide();
-  }
+        left_out_(left_out) {}
 
   // Adds to ListUtilizados, for each row of ListProyectos, a header row and the rows of its files,
   // strikes out repeated files, and heads the list with the totals. Without `with_backups`,
@@ -42,7 +38,7 @@ class ProjectDecoding {
 
   // Files that the listed projects use and that are no rows of ListUtilizados, because their
   // project was looked for under another path than its own. They are in use all the same.
-  std::shared_ptr<const std::vector<std::string>> also_used() const { return misread_.kept_rows(); }
+  const std::vector<std::string>& also_used() const { return misread_; }
 
  private:
   void decode_row(work::Job& job, const std::string& row, bool with_backups);
@@ -55,7 +51,7 @@ class ProjectDecoding {
   work::StatusStrip& strip_;
   VipReader& reader_;
   LeftOut& left_out_;
-  ui::ListBox misread_;  // never shown
+  std::vector<std::string> misread_;
   std::size_t decoded_ = 0;
 };
 

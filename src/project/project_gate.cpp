@@ -44,7 +44,7 @@ bool ProjectGate::Valido(const std::string& Ruta) {
     refusal_ = WhyOut::no_audio;
     return false;
   }
-  if (reader_.ExtraerNombres_Archivos(Ruta, scratch_, "", false)) return true;
+  if (reader_.ExtraerNombres_Archivos(Ruta, nowhere(), "", false)) return true;
   refusal_ = why_without_audio(files_, reader_, Ruta);
   return false;
 }

@@ -12,8 +12,8 @@ namespace ordelan::project {
 
 class ProjectGate {
  public:
-  ProjectGate(system::FileSystem& files, VipReader& reader, ui::ListBox& scratch)
-      : files_(files), reader_(reader), scratch_(scratch) {}
+  // Both must outlive the gate.
+  ProjectGate(system::FileSystem& files, VipReader& reader) : files_(files), reader_(reader) {}
 
   // Whether a project is to be listed: it is there, is not in a folder of frozen tracks, and uses
   // at least one audio file.
@@ -26,7 +26,6 @@ class ProjectGate {
  private:
   system::FileSystem& files_;
   VipReader& reader_;
-  ui::ListBox& scratch_;  // handed to the reader, which adds nothing to it
   std::optional<WhyOut> refusal_;
 };
 

@@ -69,7 +69,7 @@ bool VipReader::turn(Run& run) {
   return !run.stopped;
 }
 
-bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, ui::ListBox& Lista,
+bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, const RowSink& Lista,
                                         const std::string& Titulo, bool Agregar) {
   last_reading_ = Reading::no_project;
   if (text::lower(Ruta).find(".vip") == std::string::npos) return false;
@@ -83,7 +83,7 @@ bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, ui::ListBox& Li
   if (!file) {
     // Another program holds it, or it has gone since.
     last_reading_ = Reading::locked;
-    if (!work_.ModoPosiciones && !Titulo.empty()) Lista.add(Titulo);
+    if (!work_.ModoPosiciones && !Titulo.empty()) Lista({Titulo});
     return false;
   }
   try {
@@ -105,10 +105,10 @@ bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, ui::ListBox& Li
   }
 }
 
-bool VipReader::read_references(Run& run, ui::ListBox& list, const std::string& title, bool add) {
+bool VipReader::read_references(Run& run, const RowSink& list, const std::string& title, bool add) {
   find_references(run, !add);
   if (work_.superseded(run.job)) return false;
-  if (!title.empty()) list.add(title);
+  if (!title.empty()) list({title});
 
   const bool found = !run.rows.empty();
   if (found && add) {
@@ -116,7 +116,7 @@ bool VipReader::read_references(Run& run, ui::ListBox& list, const std::string& 
     std::vector<std::string> rows;
     rows.reserve(run.rows.size());
     for (Run::Row& row : run.rows) rows.push_back(std::move(row.text));
-    list.add(std::move(rows));
+    list(std::move(rows));
   }
   return found;
 }

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "project/file_window.h"
+#include "project/row_sink.h"
 #include "project/vip_scan.h"
 #include "system/platform.h"
-#include "ui/list_box.h"
 #include "ui/progress_bar.h"
 #include "work/work_in_hand.h"
 
@@ -32,9 +32,9 @@ class VipReader {
 
   // Reads the project that `Ruta` names: a path, or a project row with its number and arrow.
   //
-  // With `Agregar`, adds to `Lista` the row `Titulo` (unless empty) and a row for each reference,
+  // With `Agregar`, gives `Lista` the row `Titulo` (unless empty) and a row for each reference,
   // and counts them in TotalArchivosVip. Without, asks only whether there is any reference, and
-  // adds just the title. True if there was at least one.
+  // gives just the title. True if there was at least one.
   //
   // Nothing is added, and the answer is false, for a name without ".vip", a file that is not there
   // and an empty file. The window stays alive meanwhile; when the user cancels, the rows found so
@@ -42,7 +42,7 @@ class VipReader {
   //
   // While ModoPosiciones is on, rows and title are left alone, the answer is false, and the
   // positions of all paths go to a ".log" file beside the project.
-  bool ExtraerNombres_Archivos(const std::string& Ruta, ui::ListBox& Lista,
+  bool ExtraerNombres_Archivos(const std::string& Ruta, const RowSink& Lista,
                                const std::string& Titulo, bool Agregar);
 
   // The header text of a project. Sets PosInicioVip, or leaves it as it was when there is no such
@@ -62,7 +62,7 @@ class VipReader {
  private:
   struct Run;
 
-  bool read_references(Run& run, ui::ListBox& list, const std::string& title, bool add);
+  bool read_references(Run& run, const RowSink& list, const std::string& title, bool add);
   void find_references(Run& run, bool only_first);
   void collect(Run& run, Position limit, bool only_first);
   std::string row_text(Run& run, const Reference& found);

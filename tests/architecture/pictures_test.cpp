@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "skin/look.h"
+
 namespace ordelan::test {
 namespace {
 
@@ -93,7 +95,7 @@ TEST_F(Pictures, icons_share_one_kind_of_line) {
 TEST_F(Pictures, that_the_look_of_a_control_names_are_all_drawn) {
   // A tint has no drawing of its own.
   const std::regex tint("_(over|down|off)$");
-  const auto named = all(content_of(kSkin / "look.h"), "Picture(?!Align)[A-Za-z]*=([a-z_0-9]+)");
+  const auto named = all(skin::bags_of(skin::kLook), "Picture(?!Align)[A-Za-z]*=([a-z_0-9]+)");
   EXPECT_GT(named.size(), 40u);
   for (const std::string& name : named) {
     EXPECT_EQ(drawings.count(std::regex_replace(name, tint, "") + ".svg"), 1u) << name;

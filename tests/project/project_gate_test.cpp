@@ -24,7 +24,7 @@ struct ProjectGateTest : ::testing::Test, ReaderBench {
   FaultyFiles watched{files};
   system::Platform watched_platform{watched, dialogs, backend, clock, regional, drives, shell};
   project::VipReader watched_reader{watched_platform, work, progress};
-  project::ProjectGate gate{watched, watched_reader, list};
+  project::ProjectGate gate{watched, watched_reader};
   std::vector<std::string> opened;
 };
 

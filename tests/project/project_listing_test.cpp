@@ -73,8 +73,7 @@ struct Listing : ::testing::Test {
   work::StatusStrip strip{window};
   work::WorkInHand work;
   project::VipReader reader{platform, work, strip.XP_ProgressBar1};
-  ui::ListBox scratch{window, "scratch"};
-  project::ProjectGate gate{disk, reader, scratch};
+  project::ProjectGate gate{disk, reader};
   project::LeftOut left_out{work};
   project::ProjectListing listing{platform, work, lists, gate, left_out};
 };

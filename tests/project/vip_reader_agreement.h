@@ -31,7 +31,8 @@ class Agreement {
   std::string read(const std::string& path, const std::string& file, const std::string& title,
                    bool add, bool uncut) {
     bench_.list.clear();
-    const bool found = bench_.reader.ExtraerNombres_Archivos(path, bench_.list, title, add);
+    const bool found =
+        bench_.reader.ExtraerNombres_Archivos(path, project::into(bench_.list), title, add);
     const auto expected = literal_.ExtraerNombres_Archivos(file, title, add, uncut);
     if (found != expected.found) return "another answer";
     if (bench_.list.rows() != expected.rows) return "other rows";
@@ -64,7 +65,8 @@ class Agreement {
   std::string pointers(const std::string& path, const std::string& file) {
     bench_.list.clear();
     bench_.work.ModoPosiciones = true;
-    const bool found = bench_.reader.ExtraerNombres_Archivos(path, bench_.list, "title", true);
+    const bool found =
+        bench_.reader.ExtraerNombres_Archivos(path, project::into(bench_.list), "title", true);
     bench_.work.ModoPosiciones = false;
     if (found || !bench_.list.empty()) return "pointer mode added rows";
     if (file.empty()) return {};

@@ -33,7 +33,7 @@ struct VipReaderTest : ::testing::Test, ReaderBench {
                                          bool add = true) {
     files.contents[kPath] = file;
     list.clear();
-    answer = reader.ExtraerNombres_Archivos(kPath, list, title, add);
+    answer = reader.ExtraerNombres_Archivos(kPath, project::into(list), title, add);
     return list.rows();
   }
   bool answer = false;
@@ -140,14 +140,14 @@ TEST_F(VipReaderTest, a_row_with_its_arrow_scans_from_where_the_last_header_ende
   files.contents["E:\\p.vip"] =
       vip(path_field("E:\\one.wav") + std::string(40, ' ') + path_field("E:\\two.wav"), "h");
   list.clear();
-  EXPECT_TRUE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", list, "", true));
+  EXPECT_TRUE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", project::into(list), "", true));
   EXPECT_THAT(list.rows(), ElementsAre("E:\\two.wav"));
   EXPECT_EQ(reader.PosInicioVip, kept);
 }
 
 TEST_F(VipReaderTest, a_row_with_its_arrow_as_the_very_first_call_finds_nothing) {
   files.contents["E:\\p.vip"] = vip(path_field("E:\\one.wav"));
-  EXPECT_FALSE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", list, "t", true));
+  EXPECT_FALSE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", project::into(list), "t", true));
   EXPECT_THAT(list.rows(), ElementsAre("t"));
 }
 
@@ -198,17 +198,17 @@ TEST_F(VipReaderTest, relative_and_network_paths_are_not_references) {
 
 TEST_F(VipReaderTest, a_name_without_vip_is_refused_before_the_disk_is_asked) {
   files.contents["D:\\a.txt"] = vip(path_field("D:\\a.wav"));
-  EXPECT_FALSE(reader.ExtraerNombres_Archivos("D:\\a.txt", list, "t", true));
+  EXPECT_FALSE(reader.ExtraerNombres_Archivos("D:\\a.txt", project::into(list), "t", true));
   EXPECT_TRUE(list.empty());
 }
 
 TEST_F(VipReaderTest, vip_anywhere_in_any_case_makes_a_project) {
   files.contents["D:\\old.VIP.txt"] = vip(path_field("D:\\a.wav"));
-  EXPECT_TRUE(reader.ExtraerNombres_Archivos("D:\\old.VIP.txt", list, "", true));
+  EXPECT_TRUE(reader.ExtraerNombres_Archivos("D:\\old.VIP.txt", project::into(list), "", true));
 }
 
 TEST_F(VipReaderTest, a_missing_or_empty_file_adds_no_title) {
-  EXPECT_FALSE(reader.ExtraerNombres_Archivos(kPath, list, "t", true));
+  EXPECT_FALSE(reader.ExtraerNombres_Archivos(kPath, project::into(list), "t", true));
   EXPECT_TRUE(list.empty());
   EXPECT_THAT(decode("", "t"), IsEmpty());
 }
@@ -238,11 +238,11 @@ TEST_F(VipReaderTest, reports_how_far_the_last_reading_got) {
   for (int i = 0; i < 2; ++i) {
     decode(audio);
     EXPECT_EQ(reader.last_reading(), Reading::whole);
-    reader.ExtraerNombres_Archivos("D:\\notas.txt", list, "", true);
+    reader.ExtraerNombres_Archivos("D:\\notas.txt", project::into(list), "", true);
     EXPECT_EQ(reader.last_reading(), Reading::no_project);
     decode("");
     EXPECT_EQ(reader.last_reading(), Reading::whole) << "an empty file has been read to its end";
-    reader.ExtraerNombres_Archivos("D:\\missing.vip", list, "", true);
+    reader.ExtraerNombres_Archivos("D:\\missing.vip", project::into(list), "", true);
     EXPECT_EQ(reader.last_reading(), Reading::no_project);
     disk.faults.fail(FaultyFiles::Call::open, system::Reason::in_use);
     decode(audio);
@@ -435,7 +435,7 @@ TEST_F(VipReaderTest, a_question_in_pointer_mode_is_answered_no_and_leaves_a_log
 TEST_F(VipReaderTest, pointer_mode_on_a_row_with_its_arrow_has_nowhere_to_log) {
   work.ModoPosiciones = true;
   files.contents["E:\\p.vip"] = vip(path_field("D:\\a.wav"));
-  EXPECT_FALSE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", list, "", true));
+  EXPECT_FALSE(reader.ExtraerNombres_Archivos("7 --> E:\\p.vip", project::into(list), "", true));
   EXPECT_TRUE(list.empty());
 }
 

@@ -193,6 +193,36 @@ TEST_F(LocationLostFiles, lost_files_are_shown_project_by_project) {
   wait_closed();
 }
 
+TEST_F(LocationLostFiles, the_report_is_resized_by_its_corner_and_comes_back_as_large) {
+  show_report();
+  const RECT was = program->place();
+  const RECT list = program->place_of("ListPerdidos");
+  const LONG width = was.right - was.left;
+  const LONG height = was.bottom - was.top;
+  program->drag_window({width - 2, height - 2}, {120, 90});
+  const RECT now = program->place();
+  EXPECT_EQ(now.right - now.left, width + 120);
+  EXPECT_EQ(now.bottom - now.top, height + 90);
+  const RECT larger = program->place_of("ListPerdidos");
+  EXPECT_EQ(larger.right - larger.left, list.right - list.left + 120);
+  EXPECT_EQ(larger.bottom - larger.top, list.bottom - list.top + 90);
+  program->picture_of_screen("location-lost-large");
+  program->click("Salir");  // it has moved with its corner
+  wait_closed();
+  reopen();
+  const RECT again = program->place();
+  EXPECT_EQ(again.right - again.left, width + 120);
+  EXPECT_EQ(again.bottom - again.top, height + 90);
+  // It becomes no smaller than what its controls need.
+  program->drag_window({width + 118, height + 88}, {-700, -500});
+  const RECT least = program->place();
+  EXPECT_LT(least.right - least.left, width);
+  EXPECT_GT(least.right - least.left, 300);
+  program->picture_of_screen("location-lost-small");
+  program->click("cmdSalir");
+  wait_closed();
+}
+
 TEST_F(LocationLostFiles, the_report_is_saved_under_a_name_that_is_given_its_extension) {
   show_report();
   program->click("cmdLog");

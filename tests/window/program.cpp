@@ -194,6 +194,12 @@ void Program::drag_window(POINT grip, POINT by) {
   wait_until("the end of the drag", [&] { return !held(); });
 }
 
+RECT Program::place_of(const std::string& name) const {
+  RECT area{};
+  GetWindowRect(control(name), &area);
+  return area;
+}
+
 HWND Program::child(const std::string& name) const {
   const std::wstring wanted = wide("Ordelan." + name);
   return find_child(window_, [&](HWND each) { return GetPropW(each, wanted.c_str()) != nullptr; });

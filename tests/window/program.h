@@ -75,8 +75,9 @@ class Program {
   void drag_window(POINT grip, POINT by);
 
   // --- what controls show
-  HWND control(const std::string& name) const;  // waits until it exists
-  bool has(const std::string& name) const;      // whether there is one, shown or not
+  HWND control(const std::string& name) const;   // waits until it exists
+  RECT place_of(const std::string& name) const;  // on the screen
+  bool has(const std::string& name) const;       // whether there is one, shown or not
   std::string text(const std::string& name) const;
   bool visible(const std::string& name) const;
   bool enabled(const std::string& name) const;

@@ -54,6 +54,15 @@ TEST_F(JobTest, shows_how_far_it_is_after_turns_that_were_due_and_no_others) {
   EXPECT_EQ(shown, 5);
 }
 
+TEST_F(JobTest, shows_what_it_does_ten_times_a_second_from_the_first_moment_on) {
+  clock.step = std::chrono::milliseconds(10);
+  auto job = begin();
+  EXPECT_TRUE(job.display_due());
+  int shown = 0;
+  for (int i = 0; i < 100; ++i) shown += job.display_due() ? 1 : 0;
+  EXPECT_EQ(shown, 10);
+}
+
 TEST_F(JobTest, puts_the_busy_flag_back_however_it_ends) {
   {
     auto job = begin();
