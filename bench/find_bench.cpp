@@ -4,7 +4,7 @@
 //
 //   ORDELAN_TREE=FOLDER find_bench
 //
-// The tree is made in FOLDER when that is not there yet: 2,000 folders of 500 empty files.
+// The tree is made in FOLDER if that does not exist: 2,000 folders of 500 empty files.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 

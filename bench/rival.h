@@ -1,4 +1,4 @@
-// Rivals: other people's programs, run as a shell runs them.
+// Rivals: other programs, run as a shell runs them.
 #pragma once
 
 #include <array>

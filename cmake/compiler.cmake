@@ -14,7 +14,7 @@ else()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(ordelan_options INTERFACE
       -finput-charset=UTF-8 -fexec-charset=WINDOWS-1252
-      # Both cry wolf over std::optional and std::string in GCC 12.
+      # Both warn falsely about std::optional and std::string in GCC 12.
       -Wno-maybe-uninitialized -Wno-restrict)
   endif()
 endif()

@@ -56,7 +56,7 @@ constexpr std::array kTakes = {
     Take{"Mix\\Voces\\toma 1.wav", Format::wav16, 263, 600},
     Take{"Archivo\\piano.wav", Format::wav24, 295, 2000},
 
-    // What nobody uses.
+    // What no project uses.
     Take{"Mix\\Voces\\voz_toma_02.wav", Format::wav24, 332, 1500, 3},
     Take{"Mix\\Voces\\voz_toma_03.wav", Format::wav24, 333, 1450, 3},
     Take{"Mix\\Voces\\risas.mp3", Format::mp3, 700, 600, 0, "Risas", "Coro"},

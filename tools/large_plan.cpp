@@ -83,7 +83,7 @@ class LargePlan {
   std::size_t tone_of(Format format) {
     Tone tone{format, 110 + 37 * static_cast<int>(random_.below(kTonesPerFormat)), 200, 8000, "",
               ""};
-    // Compressed audio is made at the rate that all its encoders know; only mp3 carries a tag.
+    // Compressed audio is made at the rate that all its encoders support; only mp3 carries a tag.
     if (format == Format::m4a || format == Format::wma || format == Format::mp3 ||
         format == Format::ogg) {
       tone.sample_rate = 22050;
@@ -214,7 +214,7 @@ class LargePlan {
     plan_.project(std::move(project));
   }
 
-  // Takes that nobody uses, copies and other takes of the same name, until only `keep` files of
+  // Takes that no project uses, copies and other takes of the same name, until only `keep` files of
   // the budget are left.
   void fill(Song& song, std::size_t keep) {
     std::size_t copies = 0;

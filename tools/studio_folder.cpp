@@ -96,7 +96,7 @@ void StudioFolder::clear() {
     if (!fs::is_regular_file(fs::symlink_status(path, failure))) continue;
     if (!fs::remove(path, failure)) fail("no se pudo borrar ", path, failure.message());
   }
-  // The order of paths puts a folder ahead of what lies in it. Those that hold files of others
+  // The order of paths puts a folder before its content. Those that hold files of others
   // stay, and stay listed.
   std::set<fs::path> kept;
   for (auto folder = folders_.rbegin(); folder != folders_.rend(); ++folder) {
@@ -137,7 +137,7 @@ void StudioFolder::claim(const std::vector<fs::path>& files) {
 
 void StudioFolder::write(const fs::path& file, std::string_view bytes) const {
   const fs::path path = root_ / file;
-  // What is there must never be overwritten.
+  // Existing files must never be overwritten.
   const int handle = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
   if (handle < 0) fail("no se pudo crear ", path, std::strerror(errno));
   while (!bytes.empty()) {

@@ -26,7 +26,7 @@ class StudioFolder {
   // and no list, or a list that speaks of anything outside of it.
   explicit StudioFolder(std::filesystem::path root);
 
-  // Throws StudioRefused when one of the files (relative to the root) is there and is not of the
+  // Throws StudioRefused when one of the files (relative to the root) exists and is not of the
   // studio that lies here.
   void check(const std::vector<std::filesystem::path>& files) const;
 

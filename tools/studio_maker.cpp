@@ -22,7 +22,7 @@ constexpr std::size_t kProjects = 20;
 constexpr std::size_t kReferencesPerProject = 30;
 constexpr std::size_t kFilesPerReference = 2;
 
-// A folder that goes with its contents.
+// A folder that is removed with its contents.
 class TemporaryFolder {
  public:
   TemporaryFolder() {

@@ -25,7 +25,7 @@ struct StudioOptions {
   // How large each project gets; 0 gives each a size of its own.
   std::uint64_t bytes_per_project = 0;
 
-  // The drive letters that projects know the studio's folder and the second folder by.
+  // The drive letters by which projects name the studio's folder and the second folder.
   char drive_letter = 'D';
   char second_letter = 'E';
 
@@ -37,8 +37,8 @@ struct StudioOptions {
   std::filesystem::path cache;
 };
 
-// Makes a studio. `folder` is the root of its drive: what lies in folder/Mix is known to projects
-// as D:\Mix. The same options give the same tree, byte for byte. A studio made there before is
+// Makes a studio. `folder` is the root of its drive: projects name folder/Mix
+// D:\Mix. The same options give the same tree, byte for byte. A studio made there before is
 // replaced; other files stay. All audio is encoded before anything is written.
 // Throws StudioRefused when a folder must not be used, EncoderError when an encoder is missing or
 // fails, and std::runtime_error when the disk fails; a studio cut short by the disk can be made

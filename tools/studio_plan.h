@@ -47,7 +47,7 @@ struct StudioSummary {
 
 class StudioPlan {
  public:
-  // A plan whose drives will be known by these letters.
+  // A plan whose drives have these letters.
   StudioPlan(char main_letter, char second_letter);
 
   // The index of a tone; tones that are equal share one.

@@ -10,11 +10,11 @@
 namespace ordelan::studio {
 namespace {
 
-// Readers that stepped over a byte or two behind a path, or over a dot, must land on data that
+// Readers that stepped over a byte or two after a path, or over a dot, must land on data that
 // says nothing.
 constexpr std::size_t kQuietStart = 4;
 constexpr std::size_t kFolderPadding = 6;
-// A search for the marker jumps twelve bytes on behind an "L".
+// A search for the marker jumps twelve bytes on after an "L".
 constexpr std::size_t kQuietAheadOfMarker = 16;
 
 // The least size not below `size` that has no byte which reads as a colon.
@@ -43,8 +43,8 @@ void hush(char* at, char* end) {
       std::replace(colon, end, ':', '.');
       return;
     }
-    for (char* behind = colon + 1; behind != colon + 4; ++behind) {
-      if (*behind == ':' || *behind == '\\') *behind = '.';
+    for (char* after = colon + 1; after != colon + 4; ++after) {
+      if (*after == ':' || *after == '\\') *after = '.';
     }
     at = colon + 4;
   }
@@ -64,7 +64,7 @@ VipWriter::VipWriter(std::uint64_t seed) : random_(seed) {
 }
 
 void VipWriter::header(std::string_view text) {
-  if (bytes_.size() != kHeaderOffset) throw std::logic_error("a header stands ahead of all else");
+  if (bytes_.size() != kHeaderOffset) throw std::logic_error("a header stands before all else");
   raw(text);
   bytes_ += '\0';
 }
@@ -91,7 +91,7 @@ void VipWriter::folder(std::string_view path) {
 }
 
 void VipWriter::noise(std::size_t size) {
-  // Each stretch is of one kind: plain random bytes, small 16-bit and 32-bit numbers, and flags.
+  // Each chunk is of one kind: plain random bytes, small 16-bit and 32-bit numbers, and flags.
   constexpr std::array<std::uint64_t, 8> kMasks = {
       ~0ull, 0x00FF00FF00FF00FFull, 0x000000FF000000FFull, 0x0000FFFF0000FFFFull,
       ~0ull, 0x0000000100000001ull, 0x3F7FFFFF3F7FFFFFull, 0x007F7F7F007F7F7Full};
@@ -203,7 +203,7 @@ std::string make_vip(std::string_view header, const std::vector<std::string>& re
     vip.noise(chunk_size - (vip.size() - start));
   }
   for (const std::string& reference : references) {
-    // A search that steps over the dot of an unknown extension would run on behind a single NUL.
+    // A search that steps over the dot of an unknown extension would run on after a single NUL.
     const bool fixed =
         reference.size() < kPathField && (!reads_back(reference) || random.chance(60));
     const std::size_t path_size = fixed ? kPathField : reference.size() + 1;

@@ -16,20 +16,20 @@ inline constexpr std::size_t kHeaderOffset = 96;
 inline constexpr std::size_t kPathField = 260;
 
 // How a path is stored: in a field of kPathField bytes filled up with NULs, or as long as it is
-// with a single NUL behind it.
+// with a single NUL after it.
 enum class Field { fixed, terminated };
 
 // A project file that grows call by call. All texts are code-page bytes. Everything that the writer
-// makes up by itself (the leading bytes, noise, chunk headers, the bytes ahead of the marker) is
+// makes up by itself (the leading bytes, noise, chunk headers, the bytes before the marker) is
 // made so that a reader finds exactly the references that were put in; bytes given to raw() and
 // tail() are taken as they are.
 class VipWriter {
  public:
-  // Begins a file with the bytes that stand ahead of the header text. The same seed and the same
+  // Begins a file with the bytes that stand before the header text. The same seed and the same
   // calls give the same bytes.
   explicit VipWriter(std::uint64_t seed);
 
-  // The header text, with its NUL. It belongs directly behind the leading bytes: throws
+  // The header text, with its NUL. It belongs directly after the leading bytes: throws
   // std::logic_error when anything else was written before.
   void header(std::string_view text);
 
@@ -48,11 +48,11 @@ class VipWriter {
   // backslashes, but nothing that begins a path.
   void noise(std::size_t size);
 
-  // The closing marker, led by enough quiet bytes that a search which jumps ahead behind every
+  // The closing marker, led by enough quiet bytes that a search which jumps forward after every
   // letter "L" cannot jump over it.
   void marker();
 
-  // Bytes behind the marker, which is written first if it is missing.
+  // Bytes after the marker, which is written first if it is missing.
   void tail(std::string_view bytes);
 
   // Any bytes, unchanged.
@@ -77,7 +77,7 @@ class VipWriter {
 bool reads_back(std::string_view path);
 
 // A whole realistic project: header, references in both kinds of field between chunks of noise,
-// stored folders, the closing marker and, behind it, data with a path that is no reference. It has
+// stored folders, the closing marker and, after it, data with a path that is no reference. It has
 // `size_hint` bytes, or as many as its contents need when that is more.
 std::string make_vip(std::string_view header, const std::vector<std::string>& references,
                      std::size_t size_hint, std::uint64_t seed);

@@ -95,7 +95,7 @@ struct Session {
         settings(settings_of(options, host, error)),
         program(backend, platform, *settings) {
     program.start();
-    // That no drive is ticked yet is for who sits before the window.
+    // The notice that no drive is ticked yet is for the user of the window.
     dialogs.messages.clear();
   }
 
@@ -119,8 +119,8 @@ void set_boxes(main_window::Form1& form, const Options& options) {
   if (options.backups) form.CheckBAK.set_checked(*options.backups);
 }
 
-// Says what stands on the strip, with the line ends of a console. False if it is put away.
-bool tell_strip(const Session& session, std::ostream& error) {
+// Prints the text of the strip, with the line ends of a console. False if the strip is hidden.
+bool print_strip(const Session& session, std::ostream& error) {
   const ui::TextBox& strip = session.program.form.strip.TextDecode;
   if (!strip.visible()) return false;
   std::string said = text::to_utf8(strip.text());
@@ -156,8 +156,8 @@ int open_project(const Options& options, bool save_reports, const ConsoleHost& h
     saved = !form.strip.TextDecode.visible();  // it names the reports that could not be saved
   }
   report(session, options, output);
-  const bool told = tell_strip(session, error);
-  if (!decoded && !told) {
+  const bool reported = print_strip(session, error);
+  if (!decoded && !reported) {
     complain(error, options.project, "no se ha descodificado ningún proyecto");
   }
   return decoded && saved ? kDone : kRefused;
@@ -185,7 +185,7 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
   report(session, options, output);
   // What the strip holds after a drop may be a notice about files that were kept: it says nothing
   // of how the drop went.
-  tell_strip(session, error);
+  print_strip(session, error);
   if (form.decoded_projects() > 0) return kDone;
   error << "ordelan: "
         << text::to_utf8(form.lists.ListProyectos.empty()
@@ -236,7 +236,7 @@ int search(const Options& options, const ConsoleHost& host, std::ostream& output
   const bool found = buscar.BuscarEnTodasUnidades(*name.path, form.lists.ListUtilizados);
   print_search(output, {found, session.program.work.ArchivoActual, form.strip.TextDecode.text()},
                buscar.List2, options.json);
-  if (!found) tell_strip(session, error);
+  if (!found) print_strip(session, error);
   return found ? kDone : kRefused;
 }
 

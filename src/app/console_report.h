@@ -1,5 +1,5 @@
 // What the console program prints: the lists of the window with their headings and the projects
-// that do not count, or the outcome of a search.
+// that are left out, or the outcome of a search.
 #pragma once
 
 #include <iosfwd>

@@ -1,4 +1,4 @@
-// The whole program, tied together: the one place that knows everybody.
+// The whole program, tied together: the one place that includes all rooms.
 #pragma once
 
 #include "main_window/main_window.h"
@@ -12,7 +12,7 @@ namespace ordelan::app {
 
 class Program {
  public:
-  // What is given must outlive the program.
+  // The arguments must outlive the program.
   Program(ui::Backend& backend, const system::Platform& platform, settings::Settings& settings);
   ~Program();
   Program(const Program&) = delete;

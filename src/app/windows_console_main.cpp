@@ -35,7 +35,7 @@ std::wstring utf16(const std::string& text) {
 }
 
 // The absolute path that an argument means, seen from the current folder. A drive alone is its
-// root, wherever on it the current folder is.
+// root, whatever its current folder is.
 ordelan::app::ArgumentPath absolute(const std::string& argument) {
   using ordelan::app::ArgumentPath;
   std::wstring wide = utf16(argument);

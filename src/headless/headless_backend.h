@@ -1,4 +1,4 @@
-// Windows that nobody sees: for the console program and for tests. Objects keep their state, events
+// Windows without a screen: for the console program and for tests. Objects keep their state, events
 // are raised by calling their handlers, and timers run inside the pump by the platform's clock.
 #pragma once
 
@@ -41,7 +41,7 @@ class HeadlessBackend final : public ui::Backend, public system::EventPump {
   // Ticks every timer that is due, then runs `on_pump`.
   void pump() override;
 
-  // Nobody can do anything to windows that nobody sees: there is nothing to sleep for.
+  // No user can act on windows without a screen: there is nothing to sleep for.
   void wait() override { pump(); }
 
   // Runs inside every pump: a test presses a button here, in the middle of a loop.

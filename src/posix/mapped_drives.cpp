@@ -116,7 +116,7 @@ std::optional<std::string> MappedDrives::native(std::string_view path) const {
   const auto way = cut(path);
   if (!way) return std::nullopt;
 
-  // Most paths stand on the disk just as they are spelt: one look finds them.
+  // Most paths stand on the disk just as they are spelt: one stat finds them.
   std::string native = joined(way->folder, way->names);
   if (way->names.empty() || exists(native)) return native;
 

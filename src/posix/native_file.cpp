@@ -86,7 +86,7 @@ Status flush_descriptor(const Descriptor& file) {
 Status rename_to_free(const std::string& from, const std::string& to) {
   if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
   if (errno != EINVAL && errno != ENOSYS) return last_reason();
-  // Disks that do not know the call know hard links, which never replace anything either.
+  // Disks that lack the call have hard links, which never replace anything either.
   if (::link(from.c_str(), to.c_str()) != 0) return last_reason();
   if (::unlink(from.c_str()) == 0) return {};
   const Reason reason = last_reason();
@@ -95,7 +95,7 @@ Status rename_to_free(const std::string& from, const std::string& to) {
 }
 
 Reason reason_without_path(const MappedDrives& drives, std::string_view path) {
-  if (drives.spelt(path)) return Reason::not_found;  // a folder on the way is missing
+  if (drives.spelt(path)) return Reason::not_found;  // a folder of the path is missing
   const bool absolute = path.size() > 2 && path[1] == ':' && (path[2] == '\\' || path[2] == '/');
   if (!absolute) return Reason::bad_path;
   const MappedDrive* const drive = drives.drive(path[0]);

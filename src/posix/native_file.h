@@ -17,7 +17,7 @@ system::Reason reason_of(int error);
 // The same for the call that has just failed; never ok.
 system::Reason last_reason();
 
-// An open file, closed when it goes.
+// An open file, closed when it is destroyed.
 class Descriptor {
  public:
   explicit Descriptor(int number) : number_(number) {}

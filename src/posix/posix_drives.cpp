@@ -14,7 +14,7 @@ namespace ordelan::posix {
 namespace {
 
 // The name of a file system by the number that the system marks it with; the system has no call
-// that tells the name itself. Empty for one that is seldom seen.
+// that gives the name itself. Empty for a rare one.
 std::string name_of(std::uint32_t number) {
   static constexpr std::array<std::pair<std::uint32_t, const char*>, 14> kNames = {
       {{0xEF53, "ext4"},
@@ -36,7 +36,7 @@ std::string name_of(std::uint32_t number) {
   return found == kNames.end() ? "" : found->second;
 }
 
-// Two folders of one disk are two volumes to whoever sees them as drives, so that the folder has a
+// Two folders of one disk are two volumes to a user who sees them as drives, so the folder has a
 // part in the number. It stays the same as long as both do.
 std::uint32_t serial_of(const struct stat& folder) {
   const std::uint64_t mixed = (static_cast<std::uint64_t>(folder.st_dev) << 32 ^

@@ -193,7 +193,7 @@ Status PosixFileSystem::copy_new(std::string_view from, std::string_view to,
   struct stat found {};
   if (!read.valid() || ::fstat(read.number(), &found) != 0) return last_reason();
   if (!S_ISREG(found.st_mode)) return Reason::not_a_file;
-  // A file may be written by the one that creates it, also where its mode lets nobody write.
+  // A file may be written by the one that creates it, also where its mode lets no user write.
   constexpr mode_t kRights = 0777;
   Descriptor copy(
       ::open(target->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, found.st_mode & kRights));

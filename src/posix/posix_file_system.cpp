@@ -108,7 +108,7 @@ bool describe(int folder, const char* native_name, system::Detail detail, system
   entry.size = entry.folder ? 0 : status.stx_size;
   if (!may_write(status)) entry.attributes |= system::attribute::kReadOnly;
   if (!times) return true;
-  // Some disks do not keep when a file was made: it was there when it was last written at any rate.
+  // Some disks do not keep when a file was made: it existed at the latest when it was last written.
   const bool made_known = (status.stx_mask & STATX_BTIME) != 0;
   entry.created = local_days(made_known ? status.stx_btime : status.stx_mtime);
   entry.modified = local_days(status.stx_mtime);
@@ -158,7 +158,7 @@ bool PosixFileSystem::each_entry(std::string_view folder, system::Detail detail,
       }
       continue;
     }
-    // Where the names are enough, what stands beside the name spares a look at the file.
+    // Where the names are enough, the kind beside the name saves a stat of the file.
     if (detail == system::Detail::names && (found->d_type == DT_REG || found->d_type == DT_DIR)) {
       set_kind(entry, found->d_type == DT_DIR, false);
       entry.number = found->d_ino;
@@ -170,7 +170,7 @@ bool PosixFileSystem::each_entry(std::string_view folder, system::Detail detail,
 }
 
 std::optional<system::FileIdentity> PosixFileSystem::identity(std::string_view path) {
-  // Most paths stand on the disk just as they are spelt: one look finds them.
+  // Most paths stand on the disk just as they are spelt: one stat finds them.
   const auto spelt = drives_.spelt(path);
   struct stat found {};
   if (!spelt) return std::nullopt;

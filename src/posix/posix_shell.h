@@ -1,4 +1,4 @@
-// The shell of a machine on which no desktop is taken for granted.
+// The shell of a machine that may have no desktop.
 #pragma once
 
 #include <optional>
@@ -14,7 +14,7 @@ namespace ordelan::posix {
 // $XDG_DATA_HOME or of ~/.local/share. Empty where the environment names no home.
 std::string users_trash();
 
-// A server or a script has no desktop to ask, and the desktops there are have no common answer. So
+// A server or a script has no desktop to ask, and desktops have no common interface for it. So
 // nothing is opened, nothing has a program or an icon, and kinds of files go by their extensions,
 // as Windows names those that no program has claimed. Nor is there a way to ask the user: what is
 // to be done with a question is not_supported.

@@ -82,7 +82,7 @@ std::optional<std::size_t> value_in(std::string_view line, std::string_view key,
 
 // Where a key stands, or where it would be put.
 struct Spot {
-  bool in_section = false;      // the section is there
+  bool in_section = false;      // the section exists
   std::optional<Line> line;     // the key's line
   std::size_t value = 0;        // where the value begins in the line's content
   std::size_t section_end = 0;  // after the section's last line that is not empty

@@ -1,5 +1,6 @@
 // The text of an INI file, read and changed by the rules of Windows' own profile calls, so that the
-// file stays common property: comments, foreign keys, their order and their spelling stay.
+// file can be shared with other programs: comments, foreign keys, their order and their spelling
+// stay.
 #pragma once
 
 #include <optional>

@@ -68,7 +68,7 @@ void Settings::GrabarIni(std::string_view Ruta, std::string_view Clave, std::str
     const std::string text = ini_text(old, encoding);
     const std::string changed =
         with_ini_value(text, SeccionConfig, in_code(Clave, code), in_code(Valor, code), code);
-    if (changed == text) return;  // the value stands there already
+    if (changed == text) return;  // the value is the same already
     system::write_whole(files_, std::string(Ruta), ini_bytes(changed, encoding)).ignore();
   } catch (const std::bad_alloc&) {
     // As any other failure of writing.

@@ -15,7 +15,7 @@ inline constexpr const char* kConfigFile = "C:\\QZT\\Ordelan\\Config.ini";
 
 class Settings {
  public:
-  // What is given must outlive the settings. The file's folder is not made here: without it,
+  // The arguments must outlive the settings. The file's folder is not made here: without it,
   // settings are not kept.
   Settings(system::FileSystem& files, system::Regional& regional,
            std::string config_file = kConfigFile)
@@ -25,7 +25,7 @@ class Settings {
   const std::string SeccionConfig = "Settings";
 
   // Keeps this object from ever writing: `GrabarIni`, and all that is written by way of it, does
-  // nothing from now on. Reading goes on as before.
+  // nothing from now on. Reading still works.
   void set_read_only() { read_only_ = true; }
 
   // The value of a key, at most 255 characters of it; `PorDefecto` when there is none.
@@ -33,7 +33,7 @@ class Settings {
                       std::string_view PorDefecto) const;
 
   // Sets the value of a key. The file keeps its encoding (code page, UTF-8 or UTF-16 with a mark).
-  // A value that stands there already is not written again. A failure is quiet: the file is then as
+  // An unchanged value is not written again. A failure is quiet: the file is then as
   // it was.
   void GrabarIni(std::string_view Ruta, std::string_view Clave, std::string_view Valor);
 

@@ -1,4 +1,4 @@
-// The window of the drives: as high as its boxes, which are made when the drives are known.
+// The window of the drives: as high as its boxes, which are made when the drives have been listed.
 #pragma once
 
 #include <array>

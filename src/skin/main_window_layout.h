@@ -9,10 +9,10 @@
 namespace ordelan::skin {
 
 // The strip stands above the headings and grows upwards with its lines, as far as this: below the
-// clocks, which run while it tells of a search. From there on it grows downwards.
+// clocks, which run while it reports a search. From there on it grows downwards.
 inline constexpr int kStripTop = 88;
 
-// In the order in which Tab goes through them; what covers another stands ahead of it.
+// In the order in which Tab goes through them; what covers another stands before it.
 inline constexpr std::array kMainWindowPlaces = {
     Place{"AbrirFichero", -1, 12, 10, 148, 32},
     Place{"cmdReset", -1, 168, 10, 92, 32},

@@ -1,4 +1,4 @@
-// The window of the projects that count for nothing.
+// The window of the projects that are left out.
 #pragma once
 
 #include <array>

@@ -36,7 +36,7 @@ class Dialogs {
   virtual std::vector<std::string> open_files(const OpenRequest& request) = 0;
 
   // The full path of a file to be written, empty when the dialog was cancelled. The user has been
-  // asked before a file that is there is named.
+  // asked before an existing file is named.
   virtual std::string save_file(const SaveRequest& request) = 0;
 
   // The full path of a folder, empty when the dialog was cancelled.

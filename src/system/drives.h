@@ -47,7 +47,7 @@ class Drives {
   // the system's asks for one.
   virtual std::optional<Volume> volume(std::string_view root) = 0;
 
-  // The room on the volume. Why there is none to tell of where `volume` gives nothing: bad_path for
+  // The room on the volume. Where `volume` gives nothing, the reason: bad_path for
   // what is no root, not_found where no drive has the letter, not_ready without a medium.
   virtual Result<DiskSpace> space(std::string_view root) = 0;
 };

@@ -19,7 +19,7 @@ class EventPump {
   // event, for a moment at most.
   virtual void wait() = 0;
 
-  // Whether the program is at its end: nothing will ever happen any more.
+  // Whether the program is at its end: no more events will come.
   virtual bool ended() const = 0;
 };
 

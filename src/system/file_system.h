@@ -25,7 +25,7 @@ inline constexpr std::uint32_t kFolder = 0x10;
 inline constexpr std::uint32_t kArchive = 0x20;
 }  // namespace attribute
 
-// What a folder tells of one of its entries.
+// What a folder's listing reports about one entry.
 struct FileInfo {
   std::string name;        // as it stands on the disk, without its folder
   std::uint64_t size = 0;  // bytes; 0 for a folder
@@ -33,7 +33,7 @@ struct FileInfo {
   bool hidden = false;
   bool system = false;
   bool link = false;  // a folder or file that only stands for another place (junction, link)
-  // The file's number on its volume where a listing tells it, else 0. Two names of one file (hard
+  // The file's number on its volume where a listing has it, else 0. Two names of one file (hard
   // links) have one number.
   std::uint64_t number = 0;
   std::uint32_t attributes = 0;  // the attribute word: some of `attribute` and more of Windows' own
@@ -58,7 +58,7 @@ struct FileIdentity {
   bool operator==(const FileIdentity&) const = default;
 };
 
-// A file opened for reading. It is closed when the object goes.
+// A file opened for reading. It is closed when the object is destroyed.
 class InputFile {
  public:
   virtual ~InputFile() = default;
@@ -84,28 +84,28 @@ class OutputFile {
   virtual Status flush() = 0;
 
   // Closes the file and says whether everything written has reached the system. An OutputFile that
-  // goes without it is closed all the same, but a failure goes unseen.
+  // is destroyed without it is closed too, but a failure then goes unseen.
   virtual Status close() = 0;
 };
 
-// How much a listing tells of each entry: the name and the kind; the size and the attribute word
-// too; the times too. Some systems have to look at every file for more than the names.
+// How much a listing reports about each entry: the name and the kind; the size and the attribute
+// word too; the times too. Some systems have to look at every file for more than the names.
 enum class Detail { names, sizes, times };
 
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
-  // What the disk knows of the path, times included, of a file or folder of any kind. Nothing if
-  // there is none, if the path is not absolute, or if it holds a NUL or a wildcard. `name` has the
-  // case of the disk.
+  // What the disk has stored about the path, times included, for a file or folder of any kind.
+  // Nothing if there is none, if the path is not absolute, or if it holds a NUL or a wildcard.
+  // `name` has the case of the disk.
   virtual std::optional<FileInfo> info(std::string_view path) = 0;
 
   // Calls `visit` with every entry of a folder but "." and "..", in the order in which the disk
   // gives them and without keeping any. Entries whose names the code page cannot hold are left out:
-  // they could only be mistaken for others; `unnamed`, unless empty, hears of them. `visit` may
-  // move the entry's parts away; it gives false to hear of no more. False if the folder is not
-  // there or cannot be read.
+  // they could only be mistaken for others; `unnamed`, unless empty, is called with them. `visit`
+  // may move the entry's parts away; it gives false to stop. False if the folder is missing or
+  // cannot be read.
   using Visit = std::function<bool(FileInfo& entry)>;
   using VisitUnnamed = std::function<void(const UnnamedEntry& entry)>;
   bool each(std::string_view folder, Detail detail, const Visit& visit,
@@ -113,13 +113,13 @@ class FileSystem {
     return each_entry(folder, detail, visit, unnamed);
   }
 
-  // The same entries at once, in the order of NTFS. Nothing if the folder is not there or cannot be
+  // The same entries at once, in the order of NTFS. Nothing if the folder is missing or cannot be
   // read.
   std::optional<std::vector<FileInfo>> list(std::string_view folder, Detail detail = Detail::sizes,
                                             const VisitUnnamed& unnamed = nullptr);
 
   // What the path leads to, through links of any kind. Nothing if there is no such file or folder,
-  // or where the system cannot tell.
+  // or where the system cannot determine it.
   virtual std::optional<FileIdentity> identity(std::string_view path) = 0;
 
   // Opens a file for reading; others may go on writing to it. No file when it cannot be opened: not
@@ -131,7 +131,7 @@ class FileSystem {
   virtual Opened<OutputFile> create(std::string_view path) = 0;
 
   // Creates a file where nothing of that name exists, looking and creating in one step. No file
-  // when anything does (a file, a folder, a link to nowhere), which stays as it is, and when the
+  // when something does (a file, a folder, a link to nowhere), which stays as it is, and when the
   // file cannot be created.
   virtual Opened<OutputFile> create_new(std::string_view path) = 0;
 
@@ -145,9 +145,9 @@ class FileSystem {
 
   // Puts the file `from` in the place of `to`, or where no `to` exists yet, in one step: others see
   // the old file or the new one. What the system keeps of a file besides its bytes stays that of
-  // the old one: the spelling of its name, its attributes, who may use it. On Linux a `to` that is
-  // a link stays, and the file that it leads to is replaced. Fails also when `to` is read-only, a
-  // folder or no plain file, or `from` is no file; both are then as they were.
+  // the old one: the spelling of its name, its attributes, its access rights. On Linux a `to` that
+  // is a link stays, and the file that it leads to is replaced. Fails also when `to` is read-only,
+  // a folder or no plain file, or `from` is no file; both are then as they were.
   virtual Status replace(std::string_view from, std::string_view to) = 0;
 
   // Gives the file `from` the path `to` on the same volume, in one step and never over anything
@@ -172,8 +172,8 @@ class FileSystem {
   // be removed.
   virtual Status remove(std::string_view path) = 0;
 
-  // The plain look-up by which the program decides whether a file is there: folders, hidden files
-  // and system files do not count.
+  // The plain look-up by which the program decides whether a file exists: folders, hidden files
+  // and system files are ignored.
   std::optional<FileInfo> look_up(std::string_view path);
 
  private:

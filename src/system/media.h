@@ -36,7 +36,7 @@ class Media {
   // event follows, and the state is `empty`.
   virtual Status open(const std::string& path) = 0;
 
-  // Stops and lets go of the file, which may be moved or removed as soon as this returns. No event
+  // Stops and closes the file, which may be moved or removed as soon as this returns. No event
   // of that file comes any more.
   virtual void close() = 0;
 
@@ -61,7 +61,7 @@ class Media {
   // Where the file is, from 0 to its duration; 0 where nothing is open yet.
   virtual Time position() const = 0;
 
-  // How long the file is; 0 where nothing is open yet or the file does not tell.
+  // How long the file is; 0 where nothing is open yet or the file does not say.
   virtual Time duration() const = 0;
 
   // Goes to a position, brought between 0 and the duration; playing, paused or stopped it stays

@@ -1,4 +1,4 @@
-// Everything that the program knows of the machine, in one bundle.
+// All ports to the machine, in one bundle.
 #pragma once
 
 #include "system/clock.h"
@@ -11,7 +11,7 @@
 
 namespace ordelan::system {
 
-// References only: whoever builds a platform owns its parts and outlives its users.
+// References only: the code that builds a platform owns its parts and outlives its users.
 struct Platform {
   FileSystem& files;
   Dialogs& dialogs;

@@ -1,4 +1,4 @@
-// What the desktop of the system knows of files, and what it opens for the user.
+// What the system's desktop reports about files, and what it opens for the user.
 #pragma once
 
 #include <cstdint>
@@ -26,10 +26,10 @@ class Shell {
  public:
   virtual ~Shell() = default;
 
-  // Opens a web page or a file with whatever the user has for it. False when nothing could.
+  // Opens a web page or a file with the program that the user has for it. False when nothing could.
   virtual bool open(const std::string& target) = 0;
 
-  // What the system calls files of this kind ("Archivo WAV"); empty if the file is not there.
+  // What the system calls files of this kind ("Archivo WAV"); empty if the file is missing.
   virtual std::string file_type(const std::string& path) = 0;
 
   // The program that opens the file; empty if there is none.

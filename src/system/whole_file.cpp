@@ -22,7 +22,7 @@ std::string temporary_name() {
   return "ord" + std::string(digits.data(), end.ptr) + ".tmp";
 }
 
-// The name is short whatever the file's own is: a name may have 255 characters, and no more.
+// The name is short even where the file's own is long: a name may have at most 255 characters.
 std::string folder_of(const std::string& path) {
   return path.substr(0, path.rfind('\\') + 1);
 }

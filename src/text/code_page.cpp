@@ -61,7 +61,7 @@ constexpr std::array<std::uint16_t, 256> make_places() {
 
 constexpr std::array<std::uint16_t, 256> kPlaces = make_places();
 
-// One code point read from UTF-8 at `at`, which moves behind it. Overlong forms, surrogates and
+// One code point read from UTF-8 at `at`, which moves past it. Overlong forms, surrogates and
 // cut sequences give nothing.
 std::optional<std::uint32_t> next_code_point(std::string_view utf8, std::size_t& at) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };

@@ -19,7 +19,7 @@ std::string to_utf8(std::string_view ansi);
 // UTF-8 as code-page text. Gives nothing when the text is not UTF-8 or holds a character that the
 // code page lacks: such a name must never be taken for another one.
 std::optional<std::string> from_utf8(std::string_view utf8);
-// The same into a text that is there, in place of what it held, so that a thousand names need no
+// The same into an existing text, in place of what it held, so that a thousand names need no
 // room but that of the longest. False where the other gives nothing; `ansi` is then of no use.
 bool from_utf8(std::string_view utf8, std::string& ansi);
 

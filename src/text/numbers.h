@@ -10,7 +10,7 @@ namespace ordelan::text {
 // The shortest form of a number, at most 15 digits, with `decimal_mark` where a fraction follows.
 std::string number(double value, char decimal_mark);
 
-// A number with exactly `decimals` digits behind the decimal mark.
+// A number with exactly `decimals` digits after the decimal mark.
 std::string fixed(double value, int decimals, char decimal_mark);
 
 // The number that a text begins with, leading blanks skipped; 0 when it begins with none.

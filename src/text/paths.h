@@ -12,8 +12,8 @@ namespace ordelan::text {
 std::string getPath(std::string_view Ruta, std::string_view Separador);
 
 // The folder part of a path or list row from its drive letter on, with or without the closing
-// backslash: whatever stands ahead of the drive letter (a row's number and arrow) is dropped.
-// Text without a backslash gives an empty folder; text without a drive keeps what is there.
+// backslash: what stands before the drive letter (a row's number and arrow) is dropped.
+// Text without a backslash gives an empty folder; text without a drive keeps what it has.
 std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra);
 
 // The bare file name: what stands after the last backslash, slash or colon, up to a NUL. Brackets,
@@ -40,7 +40,7 @@ void append_same_file_key(std::string_view path, std::string& key);
 std::string root(std::string_view path);
 
 // The path in at most `length` characters: its name is kept as long as possible, and what has to go
-// goes from the folders ahead of it, with "..." in its place.
+// goes from the folders before it, with "..." in its place.
 std::string compact_path(std::string_view path, std::size_t length);
 
 }  // namespace ordelan::text

@@ -11,7 +11,7 @@
 
 namespace ordelan::text {
 
-// Rows are known by their numbers; the text that each is found by is asked of whoever has the rows.
+// Rows are identified by number; the caller gives the text that each is found by.
 // Of several rows with one text the table holds one.
 class RowTable {
  public:
@@ -50,7 +50,7 @@ class RowTable {
     return static_cast<std::uint32_t>(std::hash<std::string_view>()(text));
   }
 
-  // Where the text is, or would be: texts that want the same place stand behind each other.
+  // Where the text is, or would be: texts that hash to the same place follow each other.
   template <class TextOf>
   std::size_t place(std::string_view text, std::uint32_t hash, const TextOf& text_of) const {
     std::size_t at = hash & mask_;

@@ -10,7 +10,7 @@ namespace ordelan::text {
 // A project's row: its number, " --> " and its full path.
 std::string project_row(std::size_t number, std::string_view path);
 
-// What follows the first ">" of a row, without the blanks ahead of it; the row itself when it has
+// What follows the first ">" of a row, without the blanks before it; the row itself when it has
 // no ">".
 std::string_view behind_arrow(std::string_view row);
 

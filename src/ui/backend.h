@@ -32,7 +32,7 @@ class Backend {
  public:
   virtual ~Backend() = default;
 
-  // Each makes the real thing behind an object, or gives null where there is nothing to show. The
+  // Each makes the real counterpart of an object, or gives null where there is nothing to show. The
   // object owns the peer, and outlives it.
   virtual std::unique_ptr<Peer> attach(Window& window) = 0;
   virtual std::unique_ptr<Peer> attach(Button& button) = 0;
@@ -52,7 +52,7 @@ class Backend {
 
   virtual CharacterWidths character_widths(const Font& font) = 0;
 
-  // How large one of the program's pictures is in the layout. Nothing for one that is not there, or
+  // How large one of the program's pictures is in the layout. Nothing for a missing one, or
   // where pictures are not shown.
   virtual std::optional<Size> picture_size(const std::string&) { return std::nullopt; }
 

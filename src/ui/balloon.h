@@ -1,4 +1,4 @@
-// A short text with a title that is shown at a place until it is taken down.
+// A short text with a title that is shown at a place until it is removed.
 #pragma once
 
 #include <memory>
@@ -55,12 +55,12 @@ class Class1 {
 
   // Makes the balloon, not shown yet, in place of an older one. It belongs to a window that is
   // loaded, or to a control of one, and goes with it at the latest; with a window that is not
-  // loaded, there is no balloon. Until it is shown, it is the tip of what it belongs to: it comes
-  // where the pointer rests there for the delay time, and stays for the visible time.
+  // loaded, there is no balloon. Until it is shown, it is the tooltip of what it belongs to: it
+  // comes where the pointer rests there for the delay time, and stays for the visible time.
   void Create(Window& parent);
   void Create(Control& parent);
   // Shows it at a place in the units of a control, or of a window's room. It stays there until it
-  // is destroyed, however long that takes and wherever the pointer goes. Without `Create` nothing
+  // is destroyed, regardless of time and pointer. Without `Create` nothing
   // happens.
   void Show(int x, int y, const Control& over);
   void Show(int x, int y, const Window& over);

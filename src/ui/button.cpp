@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "ui/backend.h"
-#include "ui/tell.h"
+#include "ui/raise_event.h"
 #include "ui/window.h"
 
 namespace ordelan::ui {
@@ -152,7 +152,7 @@ void Button::mouse_down(const Mouse& mouse) {
     down_ = true;
     Refresh();
   }
-  tell(on_mouse_down, mouse);
+  raise_event(on_mouse_down, mouse);
 }
 
 void Button::mouse_move(const Mouse& mouse) {
@@ -160,11 +160,11 @@ void Button::mouse_move(const Mouse& mouse) {
   if (holds(mouse.at) && !over()) {
     const auto here = alive();
     hover_.enter();
-    tell(on_mouse_in, mouse.button);
+    raise_event(on_mouse_in, mouse.button);
     if (here.expired()) return;
     Refresh();
   }
-  tell(on_mouse_move, mouse);
+  raise_event(on_mouse_move, mouse);
 }
 
 void Button::mouse_up(const Mouse& mouse) {
@@ -176,10 +176,10 @@ void Button::mouse_up(const Mouse& mouse) {
   if (mouse.button != kRightButton) {
     Refresh();
     const auto here = alive();
-    if (holds(mouse.at)) tell(on_click);
+    if (holds(mouse.at)) raise_event(on_click);
     if (here.expired()) return;
   }
-  tell(on_mouse_up, mouse);
+  raise_event(on_mouse_up, mouse);
 }
 
 void Button::double_click() {
@@ -187,7 +187,7 @@ void Button::double_click() {
 }
 
 void Button::press_by_key() {
-  if (enabled()) tell(on_click);
+  if (enabled()) raise_event(on_click);
 }
 
 void Button::press_lost() {
@@ -198,7 +198,7 @@ void Button::press_lost() {
 
 void Button::pointer_left() {
   const auto here = alive();
-  tell(on_mouse_out, last_.button);
+  raise_event(on_mouse_out, last_.button);
   if (here.expired()) return;
   Refresh();
   if (!down_) return;

@@ -1,5 +1,5 @@
 // A push button, drawn from pictures or plain. It decides what it shows and which events it raises;
-// its peer feeds it the mouse and paints what it is told.
+// its peer feeds it the mouse and paints the result.
 #pragma once
 
 #include <functional>
@@ -61,8 +61,8 @@ class Button : public Captioned {
   // Where a picture of this size stands, in the button's units.
   Point placed(Size picture) const;
 
-  // What the user does, fed by the peer. A release is to be passed on after a press that was passed
-  // on only. A handler may destroy the button: nothing of it may be touched afterwards. A button
+  // What the user does, fed by the peer. A release is passed on only after a press that was
+  // passed on. A handler may destroy the button: nothing of it may be touched afterwards. A button
   // that is not enabled takes nothing.
   void mouse_down(const Mouse& mouse);
   void mouse_move(const Mouse& mouse);
@@ -72,15 +72,15 @@ class Button : public Captioned {
   void double_click();
   // The key that presses buttons.
   void press_by_key();
-  // Something else took the mouse away in the middle of a press: no event tells it.
+  // Something else took the mouse capture in the middle of a press: no event reports it.
   void press_lost();
 
   // Asked every 10 ms while the pointer is over the button. The peer sets it; without it the
   // pointer counts as gone.
   std::function<bool()> pointer_is_on_it;
 
-  // The events, beside `on_click` and `on_mouse_move`. In and out tell the button of the mouse: the
-  // ones held when the pointer came, and the one pressed last when it went.
+  // The events, beside `on_click` and `on_mouse_move`. In and out carry the button of the mouse:
+  // the ones held when the pointer came, and the one pressed last when it went.
   std::function<void(const Mouse&)> on_mouse_down;
   std::function<void(const Mouse&)> on_mouse_up;
   std::function<void(int button)> on_mouse_in;

@@ -21,7 +21,7 @@ class Control {
   // Takes its place in `window`, which must outlive it. `name` is what tests and assistive tools
   // find it by; `index` is its place in a control array, -1 for a control that stands alone.
   Control(Window& window, std::string name, int index = -1);
-  // A part of another control: the window does not know it, and its owner attaches and detaches it.
+  // A part of another control: the window does not list it, and its owner attaches and detaches it.
   struct Inside {};
   Control(Inside, Window& window, std::string name);
   virtual ~Control();
@@ -51,7 +51,7 @@ class Control {
   const Font& font() const { return font_; }
   void set_font(const Font& font);
 
-  // The short help that appears over the control.
+  // The tooltip.
   const std::string& tip() const { return tip_; }
   void set_tip(std::string tip);
 
@@ -59,11 +59,11 @@ class Control {
   const std::string& description() const { return description_; }
   void set_description(std::string description);
 
-  // What the program keeps with the control for itself; nobody sees it.
+  // What the program keeps with the control for itself; it is never shown.
   const std::string& tag() const { return tag_; }
   void set_tag(std::string tag) { tag_ = std::move(tag); }
 
-  // Puts the control before its siblings, or behind them all.
+  // Puts the control before its siblings, or after them all.
   void bring_to_front();
 
   std::function<void()> on_click;
@@ -72,22 +72,22 @@ class Control {
 
   // Makes the peer of this control's kind. Called by the window, once it is shown by a backend.
   virtual void attach(Backend& backend) = 0;
-  // Takes it away again. What the user was doing to the control is over, and no event tells it.
+  // Takes it away again. What the user was doing to the control is over, and no event reports it.
   virtual void detach();
 
  protected:
   // The bounds have another size than before.
   virtual void resized() {}
 
-  // Expires when the control goes, or is taken off the screen. Any handler may do either, so that
-  // whoever raises an event and goes on asks first.
+  // Expires when the control is destroyed or detached. Any handler may do either, so a
+  // caller that goes on after raising an event checks this first.
   std::weak_ptr<const void> alive() const { return alive_; }
 
   void notify(Aspect aspect) {
     if (peer_) peer_->changed(aspect);
   }
 
-  // Stores a new value and tells the peer, if it is one.
+  // Stores a value, and notifies the peer if it has changed.
   template <class T>
   void assign(T& field, T value, Aspect aspect) {
     if (field == value) return;

@@ -1,5 +1,5 @@
-// Controls that share one name and are told apart by a number, which can grow while the window is
-// up.
+// Controls that share one name and are distinguished by a number, which can grow while the window
+// is up.
 #pragma once
 
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "ui/tell.h"
+#include "ui/raise_event.h"
 #include "ui/window.h"
 
 namespace ordelan::ui {
@@ -21,7 +21,7 @@ Hover::Hover(Window& window, std::function<bool()> pointer_is_on_it, std::functi
 
 void Hover::enter() {
   over_ = true;
-  // Most controls are never pointed at: the timer's other half is made when one is.
+  // Most controls are never pointed at: the timer's peer is made when one is.
   Window& window = over_timer_.window();
   if (window.loaded()) over_timer_.attach(window.backend());
   over_timer_.start();
@@ -37,7 +37,7 @@ void Hover::tick() {
   if (pointer_is_on_it_()) return;
   over_timer_.stop();
   over_ = false;
-  tell(on_leave_);
+  raise_event(on_leave_);
 }
 
 }  // namespace ordelan::ui

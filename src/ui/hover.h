@@ -1,5 +1,6 @@
-// Whether the pointer is over a control that looks different then. The system tells when the
-// pointer comes but not when it has gone, so that is asked again and again while it is there.
+// Whether the pointer is over a control that looks different then. The system reports when
+// the pointer comes but not when it has gone, so the pointer is polled while it is over the
+// control.
 #pragma once
 
 #include <functional>
@@ -18,7 +19,7 @@ class Hover {
 
   // The pointer has come: it is watched from here on.
   void enter();
-  // Nobody looks any more: the pointer counts as gone, and nobody is told.
+  // Stops watching: the pointer counts as gone, and no event is raised.
   void forget();
 
   const Timer& timer() const { return over_timer_; }

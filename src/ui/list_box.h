@@ -1,4 +1,4 @@
-// A list of text rows. The list owns its rows: nobody asks the shown control what it holds, and a
+// A list of text rows. The list owns its rows: no code reads them from the real control, and a
 // backend fetches only the rows that it paints.
 #pragma once
 
@@ -21,8 +21,8 @@ class ListBox : public Control {
   void attach(Backend& backend) override;
 
   const Rows& rows() const { return *rows_; }
-  // The rows as they are now. They stay so, whatever happens to the list meanwhile, and are copied
-  // only if something does.
+  // The rows as they are now. They stay so even if the list changes meanwhile: they
+  // are copied only then.
   std::shared_ptr<const Rows> kept_rows() const { return rows_; }
   std::size_t count() const { return rows_->size(); }
   bool empty() const { return rows_->empty(); }
@@ -44,7 +44,7 @@ class ListBox : public Control {
   // The row that the user chose last, -1 for none.
   int current() const { return current_; }
   void set_current(int index);
-  // The user's choice; the peer is not told.
+  // The user's choice; the peer is not notified.
   void chosen(int index, bool by_key = false) {
     current_ = index;
     chosen_by_key_ = by_key;

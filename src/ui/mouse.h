@@ -5,7 +5,7 @@
 
 namespace ordelan::ui {
 
-// The buttons of the mouse, as events tell them. A move tells all that are held, added up.
+// The buttons of the mouse, as events report them. A move reports all that are held, added up.
 inline constexpr int kLeftButton = 1;
 inline constexpr int kRightButton = 2;
 inline constexpr int kMiddleButton = 4;

@@ -1,4 +1,4 @@
-// The other half of a control: what a backend keeps to show it.
+// The backend's counterpart of a control, which shows it.
 #pragma once
 
 namespace ordelan::ui {

@@ -68,7 +68,7 @@ class PropertyBags {
   // names none, mean nothing. Sections of one name are one.
   static PropertyBags parse(std::string_view text);
 
-  // What is told of a control; an empty bag where there is nothing. `index` as in Control.
+  // The bag of a control; an empty one where it has none. `index` as in Control.
   const PropertyBag& bag(std::string_view window, std::string_view control, int index = -1) const;
   const PropertyBag& bag(const Control& control) const;
 

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "ui/backend.h"
+#include "ui/raise_event.h"
 #include "ui/slider_scale.h"
-#include "ui/tell.h"
 #include "ui/window.h"
 
 namespace ordelan::ui {
@@ -122,7 +122,7 @@ void Slider::set_min(std::int32_t wanted) {
   end_written(other_end);
 }
 
-// The same end is written many times a second while something plays. What the hand has chosen is
+// The same end is written many times a second while something plays. What the user has chosen is
 // rounded, and would be placed elsewhere; on an upright track it may even lie beyond the end.
 void Slider::end_written(bool other_end) {
   const auto shown = value_under_thumb();
@@ -202,7 +202,7 @@ void Slider::place_thumb() {
   if (offset) bar_pos_ = on_the_track(vertical() ? room() - *offset : *offset);
 }
 
-// What the user holds is not moved under the hand, whatever changes meanwhile.
+// A thumb that the user holds is not moved by other changes.
 void Slider::redraw_from_value() {
   if (!pressed_) place_thumb();
   redraw();
@@ -233,7 +233,7 @@ Rect Slider::thumb_place() const {
 void Slider::mouse_down(const Mouse& mouse) {
   if (!enabled()) return;
   if (mouse.button == kLeftButton) press(mouse.at);
-  tell(on_mouse_down, mouse);
+  raise_event(on_mouse_down, mouse);
 }
 
 void Slider::press(Point place) {
@@ -276,10 +276,10 @@ void Slider::mouse_move(const Mouse& mouse) {
     const bool has_value = take_value();
     redraw();
     const auto here = alive();
-    if (has_value) tell(on_change, value());
+    if (has_value) raise_event(on_change, value());
     if (here.expired()) return;
   }
-  tell(on_mouse_move, mouse);
+  raise_event(on_mouse_move, mouse);
 }
 
 void Slider::mouse_up(const Mouse& mouse) {
@@ -291,11 +291,11 @@ void Slider::mouse_up(const Mouse& mouse) {
     const auto here = alive();
     // A page has its value already: to read it from the thumb again would lose what is smaller than
     // a pixel, and the next page would come no further.
-    if (!dragging_ && (paged_ || take_value())) tell(on_change, value());
+    if (!dragging_ && (paged_ || take_value())) raise_event(on_change, value());
     if (here.expired()) return;
     press_lost();
   }
-  tell(on_mouse_up, mouse);
+  raise_event(on_mouse_up, mouse);
 }
 
 void Slider::press_lost() {
@@ -351,7 +351,7 @@ void Slider::choose(std::int64_t wanted) {
   if (!enabled() || pressed_ || in_range(wanted, properties_) == value()) return;
   take(wanted);
   redraw_from_value();
-  tell(on_change, value());
+  raise_event(on_change, value());
 }
 
 std::optional<std::int32_t> Slider::value_under_thumb() const {

@@ -1,5 +1,5 @@
 // A thumb on a track, by which the user chooses a value. The slider decides where the thumb stands
-// and which events are raised; its peer feeds it the mouse and paints what it is told.
+// and which events are raised; its peer feeds it the mouse and paints the result.
 #pragma once
 
 #include <cstdint>
@@ -57,10 +57,10 @@ class Slider : public Control {
   std::int32_t max() const { return properties_.max; }
   std::int32_t value() const { return properties_.value; }
   // A value that the new end leaves outside becomes that end. An end that is written as it is
-  // leaves the thumb where the user's hand has put it.
+  // leaves the thumb where the user has put it.
   void set_min(std::int32_t wanted);
   void set_max(std::int32_t wanted);
-  // Raises no Change: only the user's hand does. Does nothing with a value out of the range, or
+  // Raises no Change: only the user does. Does nothing with a value out of the range, or
   // while the user holds the slider.
   void set_value(std::int32_t value);
   bool vertical() const { return properties_.position == 0; }
@@ -107,7 +107,7 @@ class Slider : public Control {
   // Set by the peer: whether the pointer is on the slider, asked every 10 ms while it may be.
   std::function<bool()> pointer_is_on_it;
 
-  // The user's hand has moved the value.
+  // The user has moved the value.
   std::function<void(std::int32_t value)> on_change;
   std::function<void(const Mouse&)> on_mouse_down;
   std::function<void(const Mouse&)> on_mouse_up;

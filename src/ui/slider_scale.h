@@ -1,5 +1,5 @@
-// From the value of a slider to the place of its thumb, and back. Reckoned exactly, and rounded
-// down: also below zero.
+// From the value of a slider to the place of its thumb, and back. Computed exactly, and rounded
+// down, also below zero.
 #pragma once
 
 #include <cstdint>

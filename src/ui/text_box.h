@@ -14,7 +14,7 @@ class TextBox : public Control {
 
   const std::string& text() const { return text_; }
   void set_text(std::string text) { assign(text_, std::move(text), Aspect::text); }
-  // What the user typed; the peer is not told.
+  // What the user typed; the peer is not notified.
   void typed(std::string text) { text_ = std::move(text); }
 
   bool read_only() const { return read_only_; }

@@ -22,7 +22,7 @@ struct Key {
   bool swallowed = false;
 };
 
-// The picture, by name, whose outline a window has, and the colour of it that is not there. Without
+// The picture, by name, whose outline a window has, and the colour of it that is cut out. Without
 // a picture a window is rectangular.
 struct Shape {
   std::string picture;
@@ -63,7 +63,7 @@ class Window {
   // The top left corner on the screen.
   Point position() const { return position_; }
   void set_position(Point position);
-  // Keeps what the user's dragging has made of the position; the peer is not told.
+  // Stores the position that the user has dragged the window to; the peer is not notified.
   void moved_to(Point position) { position_ = position; }
 
   // The room for controls, without borders.
@@ -78,7 +78,7 @@ class Window {
     resizable_ = true;
     smallest_size_ = smallest;
   }
-  // Takes the size that the user has given the real window; the peer is not told.
+  // Takes the size that the user has given the real window; the peer is not notified.
   void resized_to(Size size);
 
   Color back_color() const { return back_color_; }
@@ -90,11 +90,11 @@ class Window {
   // window where that is borderless.
   const std::string& background() const { return background_; }
   void set_background(std::string picture);
-  // Gives the window the size of that picture. It keeps its own where the backend knows no such
+  // Gives the window the size of that picture. It keeps its own where the backend has no such
   // picture.
   void size_to_background();
 
-  // Stays before the windows of other programs.
+  // Stays above the windows of other programs.
   bool topmost() const { return topmost_; }
   void set_topmost(bool topmost);
 
@@ -107,7 +107,7 @@ class Window {
   void set_borderless(bool borderless) { borderless_ = borderless; }
 
   // Whether a borderless window has a button of its own by which the user minimises it; to be set
-  // before the window is loaded. One without it that stays before all others is a tool: it takes no
+  // before the window is loaded. One without it that stays above all others is a tool: it takes no
   // place among the windows that the user can switch to until it is minimised after all.
   bool minimizable() const { return minimizable_; }
   void set_minimizable(bool minimizable) { minimizable_ = minimizable; }
@@ -120,20 +120,20 @@ class Window {
   bool drag_by_background() const { return drag_by_background_; }
   void set_drag_by_background(bool drag) { drag_by_background_ = drag; }
 
-  // The hourglass pointer, while something that cannot be interrupted goes on.
+  // The hourglass pointer, while something runs that cannot be interrupted.
   bool waiting() const { return waiting_; }
   void set_waiting(bool waiting);
 
   void bring_to_front() { notify(Aspect::order); }
 
   std::function<void()> on_load;
-  std::function<bool()> on_query_unload;  // whoever closes the window asks; false keeps it
-  std::function<void()> on_unload;        // ahead of the end of the real window
+  std::function<bool()> on_query_unload;  // before the window closes; false keeps it
+  std::function<void()> on_unload;        // before the end of the real window
   std::function<void()> on_close;         // the user asks to close it; nothing else happens
   std::function<void(Key&)> on_key_down;  // before the control that has the focus
   std::function<void()> on_drag_end;      // once after each drag, by the title or the background
   std::function<void()> on_double_click;
-  std::function<void()> on_resize;  // the size is another one, whoever has changed it
+  std::function<void()> on_resize;  // the size has changed, by the user or by the program
 
  private:
   friend class Control;

@@ -1,5 +1,4 @@
-// The outline of a window that has that of a picture: what the picture has in one colour is not
-// there.
+// The outline of a window taken from a picture: the pixels of one colour are cut out.
 #pragma once
 
 #include <string>
@@ -20,9 +19,9 @@ struct PixelRun {
   friend bool operator==(const PixelRun&, const PixelRun&) = default;
 };
 
-// What of a picture is not of exactly that colour, row by row, each run as long as it can be. The
-// opacity of the pixels does not count. `mask` is a plain colour: a backend looks a system colour
-// up first. Pixels that do not fill their size give nothing.
+// The parts of a picture that are not of exactly that colour, row by row, each run as long as it
+// can be. The opacity of the pixels is ignored. `mask` is a plain colour: a backend looks a system
+// colour up first. Pixels that do not fill their size give nothing.
 std::vector<PixelRun> runs_without(const Pixels& picture, Color mask);
 
 // Gives a window the outline of a picture, by name. A window that cannot be shaped stays as it is.

@@ -13,7 +13,7 @@ std::wstring widen(std::string_view ansi);
 // The text in the system's code page. Nothing unless it gives the very same text back: a name that
 // was only nearly kept would be taken for another file's.
 std::optional<std::string> narrow(std::wstring_view text);
-// The same into a text that is there, in place of what it held, so that a thousand names need no
+// The same into an existing text, in place of what it held, so that a thousand names need no
 // room but that of the longest. False where the other gives nothing; `ansi` is then of no use.
 bool narrow(std::wstring_view text, std::string& ansi);
 

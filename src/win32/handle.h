@@ -1,4 +1,4 @@
-// A system handle that is closed when it goes.
+// A system handle that is closed when it is destroyed.
 #pragma once
 
 #include <windows.h>

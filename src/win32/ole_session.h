@@ -7,8 +7,8 @@
 
 namespace ordelan::win32 {
 
-// Whoever asks the shell has one of its own. They are counted, so that each may come and go as it
-// likes; all must do so on the thread that they are used on.
+// Each caller of the shell has a session of its own. The system counts them, so their order does
+// not matter; each must begin and end on the thread that uses it.
 class OleSession {
  public:
   OleSession() : begun_(SUCCEEDED(OleInitialize(nullptr))) {}

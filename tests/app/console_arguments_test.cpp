@@ -82,7 +82,7 @@ TEST_F(ConsoleArguments, a_searched_path_may_have_slashes) {
   EXPECT_EQ(run("buscar toma.wav --en D:x").exit_code, 2);
 }
 
-TEST_F(ConsoleArguments, a_missing_configuration_is_told_and_the_defaults_count) {
+TEST_F(ConsoleArguments, a_missing_configuration_is_reported_and_the_defaults_count) {
   disk.write("tema.vip", project_of({"D:\\a.wav"}));
   disk.write("tema_BAK.vip", project_of({"D:\\a.wav"}));
   // The usual file says otherwise; it is not what was asked for.
@@ -150,7 +150,7 @@ TEST_F(ConsoleArguments, missing_items_of_a_drop_are_named_and_the_others_go_on)
   EXPECT_EQ(none.error, result.error);
 }
 
-TEST_F(ConsoleArguments, what_the_code_page_cannot_hold_is_told_as_that) {
+TEST_F(ConsoleArguments, what_the_code_page_cannot_hold_is_reported_as_that) {
   write_east(".vip");
   write_east(".ini");
   disk.write("a.vip", project_of({"D:\\a.wav"}));
@@ -176,7 +176,7 @@ TEST_F(ConsoleArguments, what_the_code_page_cannot_hold_is_told_as_that) {
   EXPECT_THAT(config.error, Not(HasSubstr("no existe")));
 }
 
-TEST_F(ConsoleArguments, a_name_that_windows_does_not_have_is_told_as_that) {
+TEST_F(ConsoleArguments, a_name_that_windows_does_not_have_is_reported_as_that) {
   std::ofstream(disk.native_path("").string() + "/a?b.vip") << project_of({"D:\\a.wav"});
   const auto result = run("abrir '" + native("") + "/a?b.vip'");
   EXPECT_EQ(result.exit_code, 2);

@@ -1,4 +1,4 @@
-// How a run of the console program ends: its exit code, and which projects it says do not count.
+// How a run of the console program ends: its exit code, and which projects it lists as left out.
 #include <gmock/gmock.h>
 
 #include <string>
@@ -52,7 +52,7 @@ TEST_F(ConsoleOutcome, reports_that_could_not_be_saved_give_1_and_are_named) {
   EXPECT_EQ(result.json()["ListVip"], Json({"D:\\a.wav"}));
 }
 
-TEST_F(ConsoleOutcome, projects_that_do_not_count_are_listed_with_their_reasons) {
+TEST_F(ConsoleOutcome, projects_that_are_left_out_are_listed_with_their_reasons) {
   disk.write("A\xF1o\\a.vip", project_of({"D:\\a.wav"}));
   disk.write("A\xF1o\\b_BAK.vip", project_of({"D:\\a.wav"}));
   disk.write("A\xF1o\\midi.vip", project_of({}));
@@ -77,7 +77,7 @@ TEST_F(ConsoleOutcome, projects_that_do_not_count_are_listed_with_their_reasons)
   EXPECT_THAT(run("abrir --bak D:/A\xC3\xB1o/a.vip").output, Not(HasSubstr("no cuentan")));
 }
 
-TEST_F(ConsoleOutcome, a_refused_project_is_listed_among_those_that_do_not_count) {
+TEST_F(ConsoleOutcome, a_refused_project_is_listed_among_those_that_are_left_out) {
   disk.write("midi.vip", project_of({}));
   for (const char* command : {"abrir", "soltar"}) {
     const auto result = run(std::string("--json ") + command + " D:/midi.vip");

@@ -192,7 +192,7 @@ TEST_F(Console, the_drives_of_a_configuration_are_searched_when_none_is_named) {
   EXPECT_EQ(result.output, "El archivo: toma.wav\r\nHa sido encontrado en: \r\nD:\\toma.wav\n");
 }
 
-TEST_F(Console, a_drive_that_is_not_there_is_wrong_use) {
+TEST_F(Console, a_missing_drive_is_wrong_use) {
   for (const char* wrong : {"buscar", "buscar a.wav --en Z", "buscar a.wav --en DD",
                             "buscar a.wav --en", "buscar a.wav --en ''"}) {
     const auto result = run(wrong);

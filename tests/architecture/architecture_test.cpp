@@ -1,4 +1,4 @@
-// The rules of the house, on the source tree as it is.
+// The rules of the source tree, checked on the tree as it is.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -31,7 +31,7 @@ struct Architecture : ::testing::Test {
   }
 };
 
-TEST_F(Architecture, the_sources_are_there_to_be_looked_at) {
+TEST_F(Architecture, the_sources_exist) {
   // Without this, a moved folder would make all the others pass.
   EXPECT_GT(sources().size(), 70u);
   ASSERT_EQ(sources().count("ui/window.h"), 1u);
@@ -46,7 +46,7 @@ TEST_F(Architecture, no_file_includes_itself_by_way_of_others) {
   EXPECT_THAT(circles(sources()), IsEmpty());
 }
 
-TEST_F(Architecture, the_headers_of_one_system_stay_on_its_floor) {
+TEST_F(Architecture, the_headers_of_one_system_stay_in_its_room) {
   EXPECT_THAT(misplaced_system_headers(sources()), IsEmpty());
 }
 

@@ -46,7 +46,7 @@ struct Pictures : ::testing::Test {
   std::map<std::string, std::string> drawings;  // by file name
 };
 
-TEST_F(Pictures, are_there_to_be_looked_at) {
+TEST_F(Pictures, exist) {
   EXPECT_GT(drawings.size(), 25u);
   EXPECT_EQ(drawings.count("fondo_principal.svg"), 1u);
 }

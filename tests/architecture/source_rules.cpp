@@ -15,8 +15,8 @@ Names operator+(Names names, const Names& more) {
   return names;
 }
 
-// The floors that each floor may use beside itself.
-const std::map<std::string, Names, std::less<>>& floors_below() {
+// The rooms that each room may use beside itself.
+const std::map<std::string, Names, std::less<>>& rooms_below() {
   static const auto table = [] {
     const Names settings = {"system", "text"};
     const Names work = settings + Names{"settings", "ui", "skin"};
@@ -132,7 +132,7 @@ std::vector<Include> includes_of(std::string_view content) {
 }
 
 // A room inside another room is one of its own.
-std::string floor_of(std::string_view name) {
+std::string room_of(std::string_view name) {
   const auto slash = name.rfind('/');
   return std::string(slash == std::string_view::npos ? "" : name.substr(0, slash));
 }
@@ -140,21 +140,21 @@ std::string floor_of(std::string_view name) {
 std::vector<std::string> upward_includes(const Sources& sources) {
   std::vector<std::string> complaints;
   for (const auto& [name, content] : sources) {
-    const std::string floor = floor_of(name);
-    const auto below = floors_below().find(floor);
-    if (below == floors_below().end()) {
-      complaints.push_back(name + " stands on no known floor");
+    const std::string room = room_of(name);
+    const auto below = rooms_below().find(room);
+    if (below == rooms_below().end()) {
+      complaints.push_back(name + " is in no known room");
       continue;
     }
     for (const Include& include : includes_of(content)) {
       if (include.system) continue;
-      const std::string other = floor_of(include.name);
-      if (floors_below().count(other) == 0) {
-        complaints.push_back(name + " includes " + include.name + ", which names no floor");
-      } else if (other != floor && below->second.count(other) == 0) {
+      const std::string other = room_of(include.name);
+      if (rooms_below().count(other) == 0) {
+        complaints.push_back(name + " includes " + include.name + ", which names no room");
+      } else if (other != room && below->second.count(other) == 0) {
         complaints.push_back(name + " includes " + include.name + ", which is not below it");
       } else if (sources.count(include.name) == 0) {
-        complaints.push_back(name + " includes " + include.name + ", which is not there");
+        complaints.push_back(name + " includes " + include.name + ", which does not exist");
       }
     }
   }
@@ -197,9 +197,8 @@ std::vector<std::string> misplaced_system_headers(const Sources& sources) {
       std::regex::icase);
   std::vector<std::string> complaints;
   for (const auto& [name, content] : sources) {
-    const bool windows =
-        floor_of(name).starts_with("win32") || std::regex_match(name, windows_main);
-    const bool posix = floor_of(name) == "posix" || std::regex_match(name, posix_main);
+    const bool windows = room_of(name).starts_with("win32") || std::regex_match(name, windows_main);
+    const bool posix = room_of(name) == "posix" || std::regex_match(name, posix_main);
     for (const Include& include : includes_of(content)) {
       if (!include.system || everywhere.count(include.name) != 0) continue;
       const auto dot = include.name.find('.');

@@ -9,7 +9,7 @@
 
 namespace ordelan::test {
 
-// File name, as "floor/file.h", to content.
+// File name, as "room/file.h", to content.
 using Sources = std::map<std::string, std::string>;
 
 struct Include {
@@ -20,16 +20,16 @@ struct Include {
 // What a file includes, in order. Comments and texts are no includes.
 std::vector<Include> includes_of(std::string_view content);
 
-// The first folder of a name; empty where there is none.
-std::string floor_of(std::string_view name);
+// The folder of a name; empty where there is none.
+std::string room_of(std::string_view name);
 
 // Each gives a sentence for every place that breaks its rule, and nothing when all is well.
 
-// Files include files of their own floor and of the floors below it, by their full names.
+// Files include files of their own room and of the rooms below it, by their full names.
 std::vector<std::string> upward_includes(const Sources& sources);
 // No file includes itself, directly or by way of others.
 std::vector<std::string> circles(const Sources& sources);
-// The headers of one system stay on the floor of that system.
+// The headers of one system stay in the room of that system.
 std::vector<std::string> misplaced_system_headers(const Sources& sources);
 // A file is for one system or for all: it does not ask which one it is on.
 std::vector<std::string> questions_for_the_system(const Sources& sources);

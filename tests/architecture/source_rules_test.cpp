@@ -51,7 +51,7 @@ TEST(SourceRules, an_include_that_goes_on_in_the_next_line_is_found) {
   EXPECT_THAT(names_in("#include \\\n  \"a/a.h\"\nint x;\n"), ElementsAre("a/a.h"));
 }
 
-TEST(SourceRules, a_file_may_use_its_own_floor_and_those_below) {
+TEST(SourceRules, a_file_may_use_its_own_room_and_those_below) {
   const Sources sources = {{"text/a.h", ""},
                            {"text/b.h", including({"text/a.h"})},
                            {"ui/a.h", including({"text/a.h"})},
@@ -61,7 +61,7 @@ TEST(SourceRules, a_file_may_use_its_own_floor_and_those_below) {
   EXPECT_THAT(upward_includes(sources), IsEmpty());
 }
 
-// Every arrow that would point up or sideways.
+// Every include that would go up or sideways.
 struct WrongArrow : ::testing::TestWithParam<std::pair<const char*, const char*>> {};
 
 TEST_P(WrongArrow, is_complained_of) {
@@ -71,7 +71,7 @@ TEST_P(WrongArrow, is_complained_of) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Floors, WrongArrow,
+    Rooms, WrongArrow,
     ::testing::Values(
         std::pair{"text/a.h", "skin/a.h"}, std::pair{"text/a.h", "system/a.h"},
         std::pair{"skin/a.h", "text/a.h"}, std::pair{"system/a.h", "ui/a.h"},
@@ -91,14 +91,14 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair{"win32/peers/a.h", "win32/ports/a.h"}, std::pair{"main_window/a.h", "win32/a.h"},
         std::pair{"location/a.h", "app/a.h"}, std::pair{"win32/a.h", "app/a.h"}));
 
-TEST(SourceRules, an_include_that_names_no_floor_or_no_file_is_complained_of) {
+TEST(SourceRules, an_include_that_names_no_room_or_no_file_is_complained_of) {
   EXPECT_THAT(upward_includes({{"text/a.h", including({"b.h"})}}), SizeIs(1));
   EXPECT_THAT(upward_includes({{"text/a.h", including({"../text/b.h"})}}), SizeIs(1));
   EXPECT_THAT(upward_includes({{"text/a.h", including({"cellar/b.h"})}}), SizeIs(1));
   EXPECT_THAT(upward_includes({{"text/a.h", including({"text/gone.h"})}}), SizeIs(1));
 }
 
-TEST(SourceRules, a_file_on_no_known_floor_is_complained_of) {
+TEST(SourceRules, a_file_in_no_known_room_is_complained_of) {
   EXPECT_THAT(upward_includes({{"cellar/a.h", ""}}), SizeIs(1));
   EXPECT_THAT(upward_includes({{"a.h", ""}}), SizeIs(1));
 }

@@ -49,7 +49,7 @@ struct HoverTest : ::testing::Test {
   bool on_it = true;
 };
 
-TEST_F(HoverTest, nobody_asks_for_the_pointer_until_it_has_come) {
+TEST_F(HoverTest, the_pointer_is_not_polled_until_it_has_come) {
   tick();
   EXPECT_EQ(questions, 0);
   button->mouse_move({{1, 1}, 0, 0});
@@ -75,7 +75,7 @@ TEST_F(HoverTest, the_first_tick_without_the_pointer_ends_it) {
   EXPECT_THAT(events, ElementsAre("MouseIn", "MouseOut 0"));
   const int asked = questions;
   tick();
-  EXPECT_EQ(questions, asked) << "and nobody asks any more";
+  EXPECT_EQ(questions, asked) << "and the pointer is no longer polled";
   EXPECT_THAT(events, ElementsAre("MouseIn", "MouseOut 0"));
   on_it = true;
   button->mouse_move({{1, 1}, 0, 0});
@@ -84,7 +84,7 @@ TEST_F(HoverTest, the_first_tick_without_the_pointer_ends_it) {
   EXPECT_EQ(questions, asked + 1);
 }
 
-TEST_F(HoverTest, the_pointers_going_is_told_before_the_button_is_drawn_without_it) {
+TEST_F(HoverTest, the_pointers_going_is_reported_before_the_button_is_drawn_without_it) {
   std::string seen;
   button->on_mouse_out = [&](int) {
     seen = (button->over() ? "over " : "gone ") + button->picture_to_show();
@@ -123,7 +123,7 @@ TEST_F(HoverTest, a_held_button_shows_nothing_of_it_while_the_pointer_is_elsewhe
   EXPECT_THAT(events, ElementsAre("MouseIn", "MouseOut 1", "MouseIn", "Click"));
 }
 
-TEST_F(HoverTest, without_anybody_to_ask_the_pointer_counts_as_gone) {
+TEST_F(HoverTest, without_a_peer_to_ask_the_pointer_counts_as_gone) {
   button->pointer_is_on_it = nullptr;
   button->mouse_move({{1, 1}, 0, 0});
   tick();

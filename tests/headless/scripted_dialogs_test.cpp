@@ -78,7 +78,7 @@ TEST_F(ScriptedDialogsTest, the_window_goes_on_while_a_dialog_is_up) {
     dialogs.folders = {"late"};
     dialogs.answers = {Answer::yes};
   };
-  EXPECT_THAT(dialogs.open_files({}), ElementsAre("late.vip")) << "answered behind the handler";
+  EXPECT_THAT(dialogs.open_files({}), ElementsAre("late.vip")) << "answered after the handler";
   EXPECT_EQ(ask(Buttons::yes_no), Answer::yes);
   EXPECT_EQ(dialogs.save_file({}), "late.log");
   EXPECT_EQ(dialogs.pick_folder(""), "late");

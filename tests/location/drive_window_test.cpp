@@ -47,7 +47,7 @@ TEST_F(DriveWindow, a_removable_drive_without_a_medium_has_its_box) {
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\", "Unidad: G:\\"));
 }
 
-TEST_F(DriveWindow, one_drive_takes_the_box_that_is_there) {
+TEST_F(DriveWindow, one_drive_takes_the_existing_box) {
   bench.drives.add("C:\\", system::DriveType::fixed, "Sistema");
   start();
   EXPECT_THAT(captions(), ElementsAre("Unidad: C:\\Sistema"));
@@ -78,8 +78,7 @@ TEST_F(DriveWindow, boxes_stand_twenty_pixels_apart_with_the_label_below_and_the
   EXPECT_GT(window().size().height, boxes.Label2.bounds().top + boxes.Label2.bounds().height);
 }
 
-// The number of characters is divided where it was meant to be multiplied; wide labels have always
-// had this one width.
+// The number of characters is divided, not multiplied: all wide labels give this one width.
 TEST_F(DriveWindow, a_wide_label_gives_the_window_its_one_wide_size) {
   bench.drives.add("C:\\");
   bench.drives.add("D:\\", system::DriveType::fixed, std::string(32, 'x'));
@@ -148,7 +147,7 @@ TEST_F(DriveWindow, its_button_closes_it) {
   EXPECT_FALSE(window().visible());
 }
 
-TEST_F(DriveWindow, whoever_closes_it_only_hides_it) {
+TEST_F(DriveWindow, closing_only_hides_it) {
   bench.drives.add("C:\\");
   start();
   const ui::Window* const before = &window();
@@ -157,7 +156,7 @@ TEST_F(DriveWindow, whoever_closes_it_only_hides_it) {
   EXPECT_FALSE(window().visible());
 }
 
-TEST_F(DriveWindow, ActualizarVip_is_there_only_with_a_ticked_drive) {
+TEST_F(DriveWindow, ActualizarVip_is_shown_only_with_a_ticked_drive) {
   bench.drives.add("C:\\");
   start();
   bench.form.ActualizarVip.show();

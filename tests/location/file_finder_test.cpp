@@ -60,7 +60,7 @@ TEST_F(FileFinder, one_piece_without_a_wildcard_is_a_whole_name_in_every_folder)
   EXPECT_THAT(find("toma.wav"), ElementsAre(path("Mix\\toma.wav"), path("Mix\\Viejo\\Toma.WAV")));
 }
 
-TEST_F(FileFinder, files_come_ahead_of_subfolders_each_in_alphabetical_order) {
+TEST_F(FileFinder, files_come_before_subfolders_each_in_alphabetical_order) {
   for (const char* name : {"b\\2.wav", "b\\1.wav", "a\\z\\3.wav", "a\\4.wav", "c.wav", "B2.wav"}) {
     bench.disk.write(name, "");
   }
@@ -128,7 +128,7 @@ TEST_F(FileFinder, limits_of_the_size_let_files_of_just_that_size_pass) {
   EXPECT_EQ(finder.TotalSize(), 100);
 }
 
-// Limits were always compared with 32 bits of the size; a maximum lets the very large pass.
+// Limits are compared with 32 bits of the size; a maximum lets the very large pass.
 TEST_F(FileFinder, a_file_over_two_gibibytes_counts_as_one_of_a_negative_size) {
   bench.disk.write_sparse("grande.wav", 0x8000'0000u);
   finder.set_MaxFileSize(10);
@@ -176,7 +176,7 @@ TEST_F(FileFinder, limits_of_the_date_look_at_the_day_alone) {
   finder.DateLastModifiedFrom = today;
   finder.DateLastModifiedTo = today;
   EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav")));
-  finder.DateLastModifiedFrom = today + 0.5;  // behind its own day
+  finder.DateLastModifiedFrom = today + 0.5;  // after its own day
   EXPECT_THAT(find("*.wav"), IsEmpty());
   finder.DateLastModifiedFrom = 0;
   finder.DateLastModifiedTo = today - 1;
@@ -259,7 +259,7 @@ TEST_F(FileFinder, limits_of_creation_and_of_the_last_access_are_those_of_the_di
   }
 }
 
-TEST_F(FileFinder, the_name_is_looked_for_in_what_stands_ahead_of_the_extension) {
+TEST_F(FileFinder, the_name_is_looked_for_in_what_stands_before_the_extension) {
   bench.disk.write("toma 1.wav", "");
   bench.disk.write("La Toma.mp3", "");
   bench.disk.write("otra.toma", "");
@@ -326,7 +326,7 @@ TEST_F(FileFinder, the_window_has_its_turns_and_may_stop_the_search_in_them) {
   EXPECT_EQ(events.back(), "EndSearch");
 }
 
-TEST_F(FileFinder, questions_about_a_path_tell_files_from_folders) {
+TEST_F(FileFinder, questions_about_a_path_distinguish_files_from_folders) {
   bench.disk.write("a.wav", "");
   EXPECT_TRUE(finder.FileExist(path("a.wav")));
   EXPECT_TRUE(finder.FileExist(bench.disk.folder()));
@@ -342,7 +342,7 @@ TEST_F(FileFinder, helpers_cut_paths) {
   EXPECT_EQ(cFindFiles::CompactPath("D:\\Mix\\Viejo\\toma.wav", 16), "D:\\M...\\toma.wav");
 }
 
-TEST_F(FileFinder, helpers_know_the_drives) {
+TEST_F(FileFinder, helpers_find_the_drives) {
   auto& removable = bench.drives.add("F:\\", system::DriveType::removable, "TARJETA");
   removable.space = {1000, 300};
   bench.drives.add("G:\\", system::DriveType::removable).medium = false;

@@ -1,5 +1,5 @@
-// The search for files as it is told: recursion, two listings a folder, one test after another.
-// Slow and plain, for the fast one to be compared with.
+// The search for files in its plainest form: recursion, two listings a folder, one test after
+// another. Slow and plain, for the fast one to be compared with.
 #pragma once
 
 #include <string>

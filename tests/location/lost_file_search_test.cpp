@@ -118,7 +118,7 @@ TEST_F(LostFileSearch, one_hit_of_the_walk_is_the_file) {
             "El archivo: X:\\Mix\\toma.wav\r\nHa sido encontrado en: \r\n" + f + "Otra\\Toma.wav");
 }
 
-TEST_F(LostFileSearch, of_several_hits_the_first_is_taken_and_all_are_told) {
+TEST_F(LostFileSearch, of_several_hits_the_first_is_taken_and_all_are_reported) {
   bench.disk.write("d\\a\\toma.wav", "");
   bench.disk.write("f\\b\\toma.wav", "");
   bench.start();
@@ -128,7 +128,7 @@ TEST_F(LostFileSearch, of_several_hits_the_first_is_taken_and_all_are_told) {
                          "a\\toma.wav\r\n" + f + "b\\toma.wav");
 }
 
-TEST_F(LostFileSearch, a_file_that_is_nowhere_is_told) {
+TEST_F(LostFileSearch, a_file_that_is_nowhere_is_reported) {
   bench.start();
   EXPECT_FALSE(search("X:\\Mix\\toma.wav"));
   EXPECT_EQ(strip(), "El archivo: \r\nX:\\Mix\\toma.wav\r\nNo existe\r\nEn ninguna unidad");
@@ -164,9 +164,9 @@ TEST_F(LostFileSearch, without_a_ticked_drive_nothing_is_searched) {
   EXPECT_FALSE(bench.form.clocks.TimerLap.running());
 }
 
-// The word has always been spelt so: files in a folder of this name are no hits, those in the
+// The word is spelt so: files in a folder of this name are no hits, those in the
 // system's own bins are.
-TEST_F(LostFileSearch, a_hit_in_a_folder_named_RECICLER_counts_for_nothing) {
+TEST_F(LostFileSearch, a_hit_in_a_folder_named_RECICLER_is_ignored) {
   bench.disk.write("d\\RECICLER\\toma.wav", "");
   bench.start();
   EXPECT_FALSE(search("toma.wav"));
@@ -376,7 +376,7 @@ TEST_F(LostFileChoice, the_windows_place_is_remembered_when_it_goes) {
   EXPECT_EQ(bench.settings.number("ElegirRuta_Top", 0), 88);
 }
 
-// It has always been a choice: the reference is emptied.
+// It is a choice too: the reference is emptied.
 TEST_F(LostFileChoice, a_click_below_the_rows_chooses_no_path) {
   bench.in_the_middle([&] { return up(); }, [&] { window()->ListElegirRuta.on_click_below(); });
   EXPECT_TRUE(search("toma.wav"));

@@ -108,7 +108,7 @@ TEST_F(LostFileReport, what_is_lost_does_not_depend_on_how_many_files_a_folder_h
   EXPECT_EQ(rows(), lost);
 }
 
-// A name with ten hyphens looks like a separator to whoever strikes out repeats.
+// A name with ten hyphens looks like a separator to the code that strikes out repeats.
 TEST_F(LostFileReport, a_lost_name_with_ten_hyphens_may_stand_twice) {
   bench.start();
   const std::string lost = path("Mix\\a----------b.wav");
@@ -149,7 +149,7 @@ TEST_F(LostFileReport, a_sweep_offers_the_report_in_every_case) {
   EXPECT_TRUE(report_offered());
 }
 
-TEST_F(LostFileReport, the_decode_of_one_project_offers_the_report_that_is_there) {
+TEST_F(LostFileReport, the_decode_of_one_project_offers_the_existing_report) {
   write_project("Mix\\tema.vip", {"Mix\\ok.wav"});
   bench.start();
   bench.open("Mix\\tema.vip");
@@ -305,7 +305,7 @@ TEST_F(QuickQuestion, a_lost_file_of_the_shown_project_counts) {
   EXPECT_TRUE(HayPerdidos());
 }
 
-// The place comes from one list and the text from the other.
+// The row's number comes from one list and the text from the other.
 TEST_F(QuickQuestion, rows_are_counted_in_one_list_and_read_in_the_other) {
   const std::string ok = path("Mix\\ok.wav");
   list({ok, ok}, {"1 --> x.vip", path("Mix\\lost.wav")});
@@ -314,7 +314,7 @@ TEST_F(QuickQuestion, rows_are_counted_in_one_list_and_read_in_the_other) {
   EXPECT_TRUE(HayPerdidos()) << "row 2 of ListVip is none";
 }
 
-TEST_F(QuickQuestion, titles_of_projects_do_not_count) {
+TEST_F(QuickQuestion, titles_of_projects_are_ignored) {
   list({path("Mix\\ok.wav")}, {"1 --> x.vip", "2 --> y.vip", "3 --> z.vip"});
   EXPECT_FALSE(HayPerdidos());
 }

@@ -81,7 +81,7 @@ TEST_F(SearchWindow, lists_the_valid_projects_of_a_folder_and_below) {
 }
 
 // Where nothing is swept afterwards, only the search itself can have seen them.
-TEST_F(SearchWindow, tells_which_projects_and_folders_a_search_could_not_look_at) {
+TEST_F(SearchWindow, reports_which_projects_and_folders_a_search_could_not_look_at) {
   bench.disk.make_folder("Mix\\Sub");
   bench.disk.make_folder("Otra");
   std::error_code failed;
@@ -149,7 +149,7 @@ TEST_F(SearchWindow, a_cancelled_search_for_projects_keeps_those_that_it_has_fou
   }
   bench.start();
   bench.buscar().Text1.set_text(bench.disk.path("Mix"));
-  // The hits are there once the search itself is over; then each is read.
+  // The hits exist once the search itself is over; then each is read.
   bench.in_the_middle([&] { return bench.buscar().List2.count() == 3; },
                       [&] { bench.work.Cancelar = true; });
   EXPECT_TRUE(BuscarVips());

@@ -1,5 +1,5 @@
-// Ordinary situations in which a file that somebody wants could be offered or lost, or in which the
-// window tells something else than what holds: through the handlers of the window, on a real disk.
+// Ordinary situations in which a file that the user wants could be offered or lost, or in which
+// the window shows something untrue: through the handlers of the window, on a real disk.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -49,16 +49,16 @@ TEST_F(Attack, what_the_projects_of_a_linked_subfolder_use_is_not_offered_withou
   std::filesystem::create_directory_symlink(disk.native_path("Otra"), disk.native_path("Mix\\Otra"),
                                             failed);
   if (failed) GTEST_SKIP() << "this system makes no links";
-  const auto told = [&] {
+  const auto reported = [&] {
     for (const std::string& path : left_out()) {
       if (path.find("Otra") != std::string::npos) return true;
     }
     return false;
   };
   open("Mix\\p.vip");
-  EXPECT_TRUE(told() || !::testing::Value(offered(), Contains(disk.path("Mix\\m.wav"))));
+  EXPECT_TRUE(reported() || !::testing::Value(offered(), Contains(disk.path("Mix\\m.wav"))));
   drop({"Mix"});
-  EXPECT_TRUE(told() || !::testing::Value(offered(), Contains(disk.path("Mix\\m.wav"))));
+  EXPECT_TRUE(reported() || !::testing::Value(offered(), Contains(disk.path("Mix\\m.wav"))));
 }
 
 TEST_F(Attack, a_drop_that_was_broken_off_leaves_no_offer_of_the_work_before) {
@@ -160,9 +160,9 @@ TEST_F(Attack, files_removed_in_a_drop_are_not_offered_by_its_sweep) {
   EXPECT_THAT(offered(), IsEmpty());
 }
 
-// --- what the window tells
+// --- what the window reports
 
-TEST_F(Attack, the_reports_of_an_empty_window_are_not_told_as_failures) {
+TEST_F(Attack, the_reports_of_an_empty_window_are_not_reported_as_failures) {
   disk.make_folder("vacia");
   project("p.vip", {"a.wav"});
   open("p.vip");
@@ -280,7 +280,7 @@ struct OnADamagedDisk : Attack {
     dialogs.files.push_back({disk.path(below)});
     other.form.AbrirFichero_Click();
   }
-  std::vector<std::string> told() const {
+  std::vector<std::string> reported() const {
     std::vector<std::string> rows;
     for (const auto& each : other.work.ProyectosFuera)
       rows.push_back(each.ruta + ": " + each.motivo);
@@ -288,7 +288,8 @@ struct OnADamagedDisk : Attack {
   }
 };
 
-TEST_F(OnADamagedDisk, locked_hidden_and_broken_projects_and_folders_are_told_with_their_reason) {
+TEST_F(OnADamagedDisk,
+       locked_hidden_and_broken_projects_and_folders_are_reported_with_their_reason) {
   for (const char* name : {"p", "bloqueado", "oculto"}) {
     project("Mix\\" + std::string(name) + ".vip", {"Mix\\a.wav"});
   }
@@ -305,9 +306,9 @@ TEST_F(OnADamagedDisk, locked_hidden_and_broken_projects_and_folders_are_told_wi
       disk.path("Mix\\roto.vip") + ": no se ha podido leer entero",
       disk.path("Mix\\Cerrada\\") + ": no se puede leer: bloqueado o sin permiso"};
   open_there("Mix\\p.vip");
-  EXPECT_THAT(told(), ::testing::UnorderedElementsAreArray(all));
+  EXPECT_THAT(reported(), ::testing::UnorderedElementsAreArray(all));
   other.form.lists.ListProyectos.on_drop({disk.path("Mix")});
-  EXPECT_THAT(told(), ::testing::UnorderedElementsAreArray(all));
+  EXPECT_THAT(reported(), ::testing::UnorderedElementsAreArray(all));
 }
 
 TEST_F(OnADamagedDisk, audio_stays_where_a_subfolder_cannot_be_listed) {
@@ -369,7 +370,7 @@ TEST_F(Attack, a_cancel_at_the_last_item_of_a_drop_sweeps_nothing) {
   EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
 }
 
-TEST_F(Attack, a_hidden_project_among_the_dropped_ones_is_told) {
+TEST_F(Attack, a_hidden_project_among_the_dropped_ones_is_reported) {
   HidingFiles files(disk.files());
   const system::Platform hiding{files, dialogs, backend, clock, regional, drives, shell};
   app::Program other(backend, hiding, settings);
@@ -384,7 +385,7 @@ TEST_F(Attack, a_hidden_project_among_the_dropped_ones_is_told) {
   EXPECT_EQ(other.work.ProyectosFuera[0].ruta, disk.path("Otra\\oculto.vip"));
 }
 
-TEST_F(Attack, a_project_of_the_folder_above_is_told) {
+TEST_F(Attack, a_project_of_the_folder_above_is_reported) {
   project("Mix\\p.vip", {"Mix\\Sub\\m.wav"});
   project("Mix\\Sub\\r.vip", {"Mix\\Sub\\a.wav"});
   for (const char* file : {"Mix\\Sub\\a.wav", "Mix\\Sub\\b.wav", "Mix\\Sub\\m.wav"}) {
@@ -395,13 +396,13 @@ TEST_F(Attack, a_project_of_the_folder_above_is_told) {
   EXPECT_THAT(left_out(), Contains(disk.path("Mix\\p.vip")));
 }
 
-TEST_F(Attack, a_project_that_has_gone_when_it_is_dropped_is_told) {
+TEST_F(Attack, a_project_that_has_gone_when_it_is_dropped_is_reported) {
   project("Mix\\p.vip", {"Mix\\a.wav"});
   drop({"Mix\\p.vip", "Otra\\ida.vip"});
   EXPECT_THAT(left_out(), ElementsAre(disk.path("Otra\\ida.vip")));
 }
 
-TEST_F(Attack, a_listed_project_is_not_told_under_another_path_to_it) {
+TEST_F(Attack, a_listed_project_is_not_reported_under_another_path_to_it) {
   project("Mix\\p.vip", {"Mix\\a.wav"});
   project("Mix\\q.vip", {"Mix\\a.wav"});
   std::error_code failed;

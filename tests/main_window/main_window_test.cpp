@@ -235,7 +235,8 @@ TEST_F(MainWindow, a_cancel_in_the_middle_of_the_decode_ends_it_and_keeps_what_i
   open("Mix\\tema.vip");
   EXPECT_THAT(form.lists.ListProyectos.rows(), ElementsAre(row(1, "Mix\\tema.vip")));
   EXPECT_THAT(form.lists.ListVip.rows(), IsEmpty());
-  EXPECT_FALSE(form.lists.LabelCount[0].visible()) << "nobody knows yet whether it is a MIDI one";
+  EXPECT_FALSE(form.lists.LabelCount[0].visible())
+      << "it is not known yet whether it is a MIDI one";
   EXPECT_TRUE(form.cmdReset.visible());
   EXPECT_FALSE(form.cmdCancelar.visible());
   EXPECT_FALSE(work.Cancelar);
@@ -257,7 +258,7 @@ TEST_F(MainWindow, after_a_cancel_the_next_project_opens) {
   in_the_middle([&] { return form.strip.XP_ProgressBar1.visible(); },
                 [&] { form.cmdCancelar_Click(); });
   open("Mix\\tema.vip");
-  work.Cancelar = true;  // as a job leaves it that nobody closed behind
+  work.Cancelar = true;  // as a job leaves it that did not reset it
   open("Mix\\tema.vip");
   EXPECT_THAT(form.lists.ListVip.rows(), ElementsAre("D:\\Mix\\a.wav"));
 }
@@ -280,7 +281,7 @@ TEST_F(MainWindow, a_reset_in_the_middle_of_the_listing_leaves_the_window_empty)
   expect_empty_state();
 }
 
-TEST_F(MainWindow, a_project_opened_right_behind_a_cancel_takes_the_place_of_the_old_one) {
+TEST_F(MainWindow, a_project_opened_right_after_a_cancel_takes_the_place_of_the_old_one) {
   disk.write("Mix\\tema.vip", project_of({"D:\\Mix\\a.wav"}, 3'000'000));
   disk.write("Otro\\otro.vip", project_of({"D:\\Otro\\z.wav"}));
   in_the_middle([&] { return form.strip.XP_ProgressBar1.visible(); },
@@ -416,7 +417,7 @@ TEST_F(MainWindow, options_are_stored_in_their_order_under_their_captions) {
                 "Incluir Vip_BAK=1\r\nVer Logo al inicio=1\r\n");
 }
 
-// What somebody may lay into a folder: each gives its rows or nothing, and no message box.
+// What a folder may hold: each gives its rows or nothing, and no message box.
 TEST_F(MainWindow, hostile_files_give_their_rows_or_nothing) {
   disk.write("cero.vip", "");
   disk.write("b96.vip", std::string(96, 'x'));

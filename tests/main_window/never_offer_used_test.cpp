@@ -131,7 +131,7 @@ TEST_F(NeverOfferUsed, projects_with_brackets_in_their_path_are_decoded) {
   }
 }
 
-TEST_F(NeverOfferUsed, a_copy_with_brackets_is_told_from_other_files_by_its_name) {
+TEST_F(NeverOfferUsed, a_copy_with_brackets_is_distinguished_from_other_files_by_its_name) {
   project("a.vip", {"toma [1].wav"});
   disk.write("toma [1].wav", "1");
   disk.write("Copia\\toma [1].wav", "1");
@@ -230,7 +230,7 @@ TEST_F(NeverOfferUsed, a_second_name_of_a_used_file_is_not_offered) {
                                     failed);
   if (failed) GTEST_SKIP() << "this system makes no links";
   if (disk.files().info(disk.path("x\\a.wav"))->number == 0) {
-    GTEST_SKIP() << "this system's listings tell no numbers of files";
+    GTEST_SKIP() << "this system's listings give no numbers of files";
   }
   project("x\\p.vip", {"x\\a.wav"});
   open("x\\p.vip");
@@ -308,7 +308,7 @@ TEST_F(NeverOfferUsed, a_used_file_whose_name_looks_like_a_separator_is_not_offe
   EXPECT_THAT(offered(), ElementsAre(disk.path("Copia\\----------.wav")));
 }
 
-// --- projects that count for nothing
+// --- projects that are left out
 
 struct ProjectsLeftOut : NeverOfferUsed {
   ProjectsLeftOut() { project("Mix\\a.vip", {"Mix\\u.wav"}); }
@@ -334,7 +334,7 @@ TEST_F(ProjectsLeftOut, each_is_kept_with_its_reason) {
   EXPECT_THAT(left_out(), ::testing::SizeIs(3));
 }
 
-TEST_F(ProjectsLeftOut, those_of_subfolders_count_for_nothing_where_these_are_not_included) {
+TEST_F(ProjectsLeftOut, those_of_subfolders_are_left_out_where_these_are_not_included) {
   project("Mix\\Sub\\b.vip", {"Mix\\u.wav"});
   form.CheckSubPath.set_checked(false);
   open("Mix\\a.vip");
@@ -342,14 +342,14 @@ TEST_F(ProjectsLeftOut, those_of_subfolders_count_for_nothing_where_these_are_no
                                       ": no está entre los proyectos abiertos o soltados"));
 }
 
-TEST_F(ProjectsLeftOut, those_beside_a_dropped_one_count_for_nothing) {
+TEST_F(ProjectsLeftOut, those_beside_a_dropped_one_are_left_out) {
   project("Mix\\b.vip", {"Mix\\u.wav"});
   drop({"Mix\\a.vip"});
   EXPECT_THAT(left_out(), ElementsAre(disk.path("Mix\\b.vip") +
                                       ": no está entre los proyectos abiertos o soltados"));
 }
 
-TEST_F(ProjectsLeftOut, a_folder_whose_name_holds_the_backup_mark_is_told_of) {
+TEST_F(ProjectsLeftOut, a_folder_whose_name_holds_the_backup_mark_is_reported) {
   // Listed by its file name, passed over by its row: the heading counts it, the totals do not.
   project("Mix\\Viejo_BAK\\b.vip", {"Mix\\u.wav"});
   form.CheckBAK.set_checked(false);
@@ -359,14 +359,14 @@ TEST_F(ProjectsLeftOut, a_folder_whose_name_holds_the_backup_mark_is_told_of) {
               ElementsAre(disk.path("Mix\\Viejo_BAK\\b.vip") + ": copia _BAK, no incluida"));
 }
 
-TEST_F(ProjectsLeftOut, one_that_vanishes_between_listing_and_decoding_is_told) {
+TEST_F(ProjectsLeftOut, one_that_vanishes_between_listing_and_decoding_is_reported) {
   project("Mix\\b.vip", {"Mix\\u.wav"});
   in_the_middle([&] { return form.lists.ListVip.visible(); }, [&] { disk.remove("Mix\\b.vip"); });
   open("Mix\\a.vip");
   EXPECT_THAT(left_out(), ElementsAre(disk.path("Mix\\b.vip") + ": ya no está"));
 }
 
-TEST_F(ProjectsLeftOut, one_whose_name_the_code_page_lacks_is_told_with_marks) {
+TEST_F(ProjectsLeftOut, one_whose_name_the_code_page_lacks_is_reported_with_marks) {
   std::ofstream(disk.native_path("Mix") / u8"nieve \u2603.vip") << "x";
   std::filesystem::create_directory(disk.native_path("Mix") / u8"nieve \u2603");
   std::ofstream(disk.native_path("Mix") / u8"nieve \u2603.wav") << "x";
@@ -379,7 +379,7 @@ TEST_F(ProjectsLeftOut, one_whose_name_the_code_page_lacks_is_told_with_marks) {
   EXPECT_THAT(left_out(), ::testing::UnorderedElementsAreArray(all));
 }
 
-TEST_F(ProjectsLeftOut, a_refused_project_is_told_with_its_reason_on_the_empty_window) {
+TEST_F(ProjectsLeftOut, a_refused_project_is_reported_with_its_reason_on_the_empty_window) {
   disk.write("midi.vip", project_of({}));
   open("midi.vip");
   EXPECT_THAT(left_out(), ElementsAre(disk.path("midi.vip") + ": no se ha encontrado audio en él"));
@@ -445,7 +445,7 @@ TEST_F(SideFilesOfADrop, all_audio_stays_where_a_project_cannot_be_read) {
       << strip_text();
 }
 
-TEST_F(SideFilesOfADrop, what_stays_is_told_after_a_sweep_too) {
+TEST_F(SideFilesOfADrop, what_stays_is_reported_after_a_sweep_too) {
   disk.write("Viejo\\uno.vip", "a.wma");
   project("Mix\\p.vip", {"Mix\\u.wav"});
   drop_and_confirm({"Viejo", "Mix"});
@@ -466,7 +466,7 @@ TEST_F(SideFilesOfADrop, a_cancel_during_the_search_removes_nothing) {
   EXPECT_TRUE(there("Viejo\\x.cue"));
 }
 
-// --- the last look alone, on disks whose listings tell no numbers of files
+// --- the last look alone, on disks whose listings give no numbers of files
 
 class WithoutNumbers final : public ForwardingFiles {
  public:

@@ -1,4 +1,4 @@
-// Projects that count for nothing, as the main window tells of them.
+// Projects that are left out, as the main window reports them.
 #include <gmock/gmock.h>
 
 #include "main_window/projects_left_out_window.h"
@@ -31,7 +31,7 @@ TEST_F(LeftOutWindow, are_counted_in_the_main_window) {
   EXPECT_EQ(form.LabelFuera.caption(), "1 proyectos no cuentan");
   leave_out("D:\\Mix\\b.vip", "vacío");
   EXPECT_EQ(form.LabelFuera.caption(), "2 proyectos no cuentan");
-  EXPECT_EQ(window(), nullptr) << "nobody asked for the list";
+  EXPECT_EQ(window(), nullptr) << "the user did not ask for the list";
 }
 
 TEST_F(LeftOutWindow, the_label_covers_no_place_of_another_control) {

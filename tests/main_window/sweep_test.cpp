@@ -23,7 +23,7 @@ struct Sweep : ::testing::Test, ProgramBench {
   }
 };
 
-TEST_F(Sweep, a_folder_is_listed_with_its_subfolders_each_ahead_of_its_own) {
+TEST_F(Sweep, a_folder_is_listed_with_its_subfolders_each_before_its_own) {
   for (const char* project :
        {"Mix\\b.vip", "Mix\\a.VIP", "Mix\\Dos\\c.vip", "Mix\\Dos\\Tres\\d.vip", "Mix\\Uno\\e.vip",
         "Mix\\FreezeData\\f.vip"}) {
@@ -214,7 +214,7 @@ TEST_F(Sweep, a_double_click_decodes_that_project_alone) {
   EXPECT_TRUE(form.CheckLogo.visible());
 }
 
-TEST_F(Sweep, a_project_that_has_lost_its_audio_meanwhile_is_told_as_a_midi_one) {
+TEST_F(Sweep, a_project_that_has_lost_its_audio_meanwhile_is_reported_as_a_midi_one) {
   disk.write("a.vip", project_of({"D:\\x.wav"}));
   open("a.vip");
   disk.write("a.vip", project_of({}));
@@ -253,7 +253,7 @@ TEST_F(Sweep, drops_and_double_clicks_wait_for_the_end_of_a_decode) {
   EXPECT_THAT(form.lists.ListVip.rows(), ElementsAre("D:\\x.wav"));
 }
 
-// A button pressed in each loop of a sweep: whatever is pressed, the window is usable behind it.
+// A button pressed in each loop of a sweep: whatever is pressed, the window is usable after it.
 struct SweepInterrupted : Sweep {
   SweepInterrupted() {
     for (int i = 10; i < 40; ++i) {
@@ -319,7 +319,7 @@ TEST_F(SweepInterrupted, a_reset_at_any_turn_leaves_the_window_empty) {
   expect_usable();
 }
 
-TEST_F(SweepInterrupted, a_second_drop_behind_a_cancel_takes_the_place_of_the_first) {
+TEST_F(SweepInterrupted, a_second_drop_after_a_cancel_takes_the_place_of_the_first) {
   disk.write("Otro\\z.vip", project_of({"D:\\z.wav"}));
   for (int turn = 1; turn < 100; turn += 3) {
     int turns = 0;
@@ -450,7 +450,7 @@ TEST_F(SavedReports, leave_what_was_shown_of_a_project_that_is_gone) {
   expect_shown(disk.path("a.vip"), {"D:\\x.wav"});
 }
 
-TEST_F(SavedReports, that_cannot_be_written_are_told_on_the_strip) {
+TEST_F(SavedReports, that_cannot_be_written_are_reported_on_the_strip) {
   disk.write("Mix\\a.vip", project_of({"D:\\x.wav"}));
   disk.make_folder("Mix\\Listados\\Archivos Totales.log");
   open("Mix\\a.vip");

@@ -73,17 +73,17 @@ TEST_F(WindowSteps, opening_a_project_forgets_the_first_one_of_an_earlier_drop) 
   EXPECT_EQ(work.PrimerProyecto, "");
 }
 
-TEST_F(WindowSteps, the_search_for_unused_files_is_told_as_a_result) {
-  std::string told;
+TEST_F(WindowSteps, the_search_for_unused_files_is_reported_as_a_result) {
+  std::string shown;
   ui::Color colour{};
   in_the_middle([&] { return form.strip.TextDecode.text().starts_with("Buscando archivos"); },
                 [&] {
-                  told = form.strip.TextDecode.text();
+                  shown = form.strip.TextDecode.text();
                   colour = form.strip.TextDecode.back_color();
                   EXPECT_TRUE(form.strip.TextDecode.visible());
                 });
   open("Mix\\a.vip");
-  EXPECT_EQ(told, "Buscando archivos no utilizados ");
+  EXPECT_EQ(shown, "Buscando archivos no utilizados ");
   EXPECT_EQ(colour, ui::Color{0xFFFFC0});
 }
 

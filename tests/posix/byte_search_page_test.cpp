@@ -1,4 +1,4 @@
-// Byte search at the very edge of memory: a read behind the end would touch a page that may not be
+// Byte search at the very edge of memory: a read past the end would touch a page that may not be
 // read.
 #include <gtest/gtest.h>
 #include <sys/mman.h>
@@ -11,7 +11,7 @@
 namespace ordelan::test {
 namespace {
 
-// One readable page in front of one that nobody may touch.
+// One readable page in front of one that cannot be accessed.
 class LastPage {
  public:
   LastPage() : size_(static_cast<std::size_t>(::sysconf(_SC_PAGESIZE))) {
@@ -37,14 +37,14 @@ class LastPage {
   bool ready_ = false;
 };
 
-TEST(ByteSearchAtTheEndOfMemory, the_page_behind_the_data_really_cannot_be_read) {
+TEST(ByteSearchAtTheEndOfMemory, the_page_after_the_data_really_cannot_be_read) {
   const LastPage page;
   ASSERT_TRUE(page.ready());
-  const volatile std::uint8_t* behind = page.end();
-  EXPECT_DEATH(static_cast<void>(*behind), "");
+  const volatile std::uint8_t* after = page.end();
+  EXPECT_DEATH(static_cast<void>(*after), "");
 }
 
-TEST(ByteSearchAtTheEndOfMemory, searches_for_bytes_read_nothing_behind_the_end) {
+TEST(ByteSearchAtTheEndOfMemory, searches_for_bytes_read_nothing_after_the_end) {
   const LastPage page;
   ASSERT_TRUE(page.ready());
   for (std::ptrdiff_t length = 0; length <= 100; ++length) {

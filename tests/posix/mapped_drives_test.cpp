@@ -25,7 +25,7 @@ TEST_F(MappedDrivesTest, a_letter_in_either_case_stands_for_the_folder) {
   EXPECT_EQ(below("E:\\a.wav"), "/a.wav");
 }
 
-TEST_F(MappedDrivesTest, only_letters_and_folders_that_are_there_can_be_mapped) {
+TEST_F(MappedDrivesTest, only_letters_and_existing_folders_can_be_mapped) {
   disk.file("a.wav");
   EXPECT_FALSE(drives.map('1', disk.native()));
   EXPECT_FALSE(drives.map('\xF1', disk.native()));
@@ -41,7 +41,7 @@ TEST_F(MappedDrivesTest, a_letter_can_be_mapped_anew) {
   EXPECT_EQ(below("D:\\b.wav"), "/other/b.wav");
 }
 
-TEST_F(MappedDrivesTest, letters_are_told_from_a_upwards_with_what_they_pass_for) {
+TEST_F(MappedDrivesTest, letters_are_listed_from_a_upwards_with_their_drives) {
   ASSERT_TRUE(drives.map('c', disk.native(), {system::DriveType::remote, "red"}));
   EXPECT_EQ(drives.letters(), (std::vector<char>{'C', 'D'}));
   ASSERT_NE(drives.drive('C'), nullptr);
@@ -97,7 +97,7 @@ TEST_F(MappedDrivesTest, accents_are_found_in_the_disks_own_spelling_and_in_any_
   EXPECT_EQ(below("D:\\A\xD1O\\CANCI\xD3N.WAV"), "/A\xC3\xB1o/Canci\xC3\xB3n.wav");
 }
 
-TEST_F(MappedDrivesTest, a_last_name_that_is_not_there_is_given_as_it_would_be_created) {
+TEST_F(MappedDrivesTest, a_missing_last_name_is_given_as_it_would_be_created) {
   disk.folder("Mix");
   EXPECT_EQ(below("D:\\mix\\Nuevo \xF1.log"), "/Mix/Nuevo \xC3\xB1.log");
   EXPECT_EQ(below("D:\\gone\\new.log"), std::nullopt);

@@ -17,7 +17,7 @@ class NativeFolder {
   NativeFolder() {
     std::string pattern = std::filesystem::temp_directory_path() / "ordelan-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    // The system's folder for such things may itself stand behind a link.
+    // The system's folder for such things may itself be reached through a link.
     path_ = std::filesystem::canonical(pattern);
   }
   ~NativeFolder() {

@@ -33,7 +33,7 @@ struct PosixFileSystemTest : ::testing::Test, MappedFolder {
   }
 };
 
-TEST_F(PosixFileSystemTest, a_file_is_told_with_its_size_and_its_name_on_the_disk) {
+TEST_F(PosixFileSystemTest, a_file_is_described_with_its_size_and_its_name_on_the_disk) {
   disk.file("Mix/Voz.WAV", "12345");
   const auto found = files.info("D:\\mix\\voz.wav");
   ASSERT_TRUE(found);
@@ -45,7 +45,7 @@ TEST_F(PosixFileSystemTest, a_file_is_told_with_its_size_and_its_name_on_the_dis
   EXPECT_FALSE(found->system);
 }
 
-TEST_F(PosixFileSystemTest, a_folder_is_told_as_one_without_a_size) {
+TEST_F(PosixFileSystemTest, a_folder_is_described_as_one_without_a_size) {
   disk.file("Mix/a");
   for (const char* path : {"D:\\Mix", "D:\\MIX\\"}) {
     const auto found = files.info(path);
@@ -66,7 +66,7 @@ TEST_F(PosixFileSystemTest, the_root_of_a_drive_is_a_folder) {
   EXPECT_EQ(files.create("D:\\"), nullptr);
 }
 
-TEST_F(PosixFileSystemTest, what_is_not_there_is_told_by_nothing) {
+TEST_F(PosixFileSystemTest, what_is_missing_gives_nothing) {
   disk.file("a.wav");
   for (const char* path : {"D:\\b.wav", "D:\\gone\\a.wav", "D:\\a.wav\\b.wav", "E:\\a.wav", "a.wav",
                            "", "D:\\*.wav", "D:\\?.wav", "\\a.wav"}) {
@@ -77,7 +77,7 @@ TEST_F(PosixFileSystemTest, what_is_not_there_is_told_by_nothing) {
   EXPECT_FALSE(files.info(std::string_view("D:\\a.wav\0", 9)));
 }
 
-TEST_F(PosixFileSystemTest, a_backslash_behind_a_file_promises_a_folder_that_is_not_there) {
+TEST_F(PosixFileSystemTest, a_backslash_after_a_file_promises_a_missing_folder) {
   disk.file("a.wav");
   EXPECT_FALSE(files.info("D:\\a.wav\\"));
   EXPECT_EQ(files.open("D:\\a.wav\\"), nullptr);
@@ -206,7 +206,7 @@ TEST_F(PosixFileSystemTest, names_that_cannot_be_shown_spoil_none_that_follow) {
   EXPECT_THAT(names("D:\\"), ElementsAre("Canci\xF3n.wav", "voz.wav"));
 }
 
-TEST_F(PosixFileSystemTest, links_are_told_by_what_they_lead_to) {
+TEST_F(PosixFileSystemTest, links_are_described_by_what_they_lead_to) {
   disk.file("Mix/a.wav", "123");
   disk.link("folder link", disk / "Mix");
   disk.link("file link", disk / "Mix/a.wav");
@@ -238,7 +238,7 @@ TEST_F(PosixFileSystemTest, a_link_that_leads_nowhere_is_left_out) {
 }
 
 TEST_F(PosixFileSystemTest, a_pipe_is_neither_listed_nor_opened) {
-  // Opening it the plain way would wait for somebody at the other end.
+  // Opening it the plain way would wait for a process at the other end.
   ASSERT_EQ(::mkfifo((disk / "pipe.vip").c_str(), 0600), 0);
   EXPECT_THAT(names("D:\\"), IsEmpty());
   EXPECT_FALSE(files.info("D:\\pipe.vip"));
@@ -251,7 +251,7 @@ TEST_F(PosixFileSystemTest, a_pipe_is_not_written_to) {
   ASSERT_GE(reader, 0);
   EXPECT_EQ(files.create("D:\\pipe.log"), nullptr);
   ::close(reader);
-  // Now that nobody reads, a plain opening would wait.
+  // Now that no process reads, a plain opening would wait.
   EXPECT_EQ(files.create("D:\\pipe.log"), nullptr);
 }
 
@@ -286,7 +286,7 @@ TEST_F(ReadingTest, past_the_end_come_fewer_bytes_and_then_none) {
   EXPECT_THAT(read(*file, 5'000'000'000, 100), Optional(std::string()));
 }
 
-TEST_F(ReadingTest, a_file_that_shrinks_behind_its_opening_ends_early) {
+TEST_F(ReadingTest, a_file_that_shrinks_after_its_opening_ends_early) {
   disk.file("a", "0123456789");
   const auto file = files.open("D:\\a");
   ASSERT_NE(file, nullptr);
@@ -322,7 +322,7 @@ TEST_F(PosixFileSystemTest, what_is_written_stands_on_the_disk_once_it_is_closed
   EXPECT_EQ(disk.content("Canci\xC3\xB3n.log"), std::string("one\r\na\0b", 8));
 }
 
-TEST_F(PosixFileSystemTest, creating_empties_the_file_that_is_there_whatever_its_case) {
+TEST_F(PosixFileSystemTest, creating_empties_an_existing_file_whatever_its_case) {
   disk.file("Tema.log", "old and long");
   const auto file = files.create("D:\\TEMA.LOG");
   ASSERT_NE(file, nullptr);

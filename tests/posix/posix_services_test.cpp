@@ -41,14 +41,14 @@ TEST(EnvironmentRegional, the_plain_locale_has_a_point) {
   EXPECT_EQ(posix::EnvironmentRegional().decimal_mark(), '.');
 }
 
-TEST(EnvironmentRegional, a_locale_that_is_not_there_has_a_point) {
+TEST(EnvironmentRegional, a_missing_locale_has_a_point) {
   const Environment unknown("LC_ALL", "xx_XX.nothing");
   EXPECT_EQ(posix::EnvironmentRegional().decimal_mark(), '.');
 }
 
 TEST(EnvironmentRegional, a_spanish_system_has_a_comma) {
   const locale_t spanish = ::newlocale(LC_NUMERIC_MASK, "es_ES.UTF-8", nullptr);
-  if (spanish == nullptr) GTEST_SKIP() << "this system knows no Spanish";
+  if (spanish == nullptr) GTEST_SKIP() << "this system has no Spanish locale";
   ::freelocale(spanish);
   const Environment in_spain("LC_ALL", "es_ES.UTF-8");
   EXPECT_EQ(posix::EnvironmentRegional().decimal_mark(), ',');
@@ -74,11 +74,11 @@ TEST(EnvironmentRegional, dates_and_times_are_the_short_ones_of_the_locale) {
   for (const char* locale : {"C", "C.UTF-8", "xx_XX.nothing"}) {
     const Environment environment("LC_ALL", locale);
     posix::EnvironmentRegional regional;
-    std::string told;
-    auto [before, after] = around("%H:%M", [&] { told = regional.short_time(); });
-    EXPECT_TRUE(told == before || told == after) << locale << " " << told;
-    std::tie(before, after) = around("%m/%d/%y", [&] { told = regional.short_date(); });
-    EXPECT_TRUE(told == before || told == after) << locale << " " << told;
+    std::string text;
+    auto [before, after] = around("%H:%M", [&] { text = regional.short_time(); });
+    EXPECT_TRUE(text == before || text == after) << locale << " " << text;
+    std::tie(before, after) = around("%m/%d/%y", [&] { text = regional.short_date(); });
+    EXPECT_TRUE(text == before || text == after) << locale << " " << text;
   }
 }
 

@@ -29,7 +29,7 @@ TEST_F(PosixShellTest, kinds_of_files_go_by_their_extension_in_capitals) {
   EXPECT_EQ(shell.file_type("D:\\Mix.wav"), "Carpeta");
 }
 
-TEST_F(PosixShellTest, a_file_that_is_not_there_is_of_no_kind) {
+TEST_F(PosixShellTest, a_missing_file_is_of_no_kind) {
   EXPECT_EQ(shell.file_type("D:\\nada.wav"), "");
   EXPECT_EQ(shell.file_type(""), "");
 }

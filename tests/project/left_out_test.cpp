@@ -55,7 +55,7 @@ TEST(LeftOut, what_was_forgotten_can_be_left_out_again) {
   EXPECT_EQ(work.ProyectosFuera[0].motivo, project::motivo(WhyOut::gone));
 }
 
-TEST(LeftOut, a_project_is_known_by_its_whole_extension_in_any_case) {
+TEST(LeftOut, a_project_is_recognised_by_its_whole_extension_in_any_case) {
   for (const char* name : {"a.vip", "A.VIP", ".vip", "D:\\x\\a.b.Vip"}) {
     EXPECT_TRUE(project::is_project_name(name)) << name;
   }

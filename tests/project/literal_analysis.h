@@ -1,5 +1,6 @@
-// The search for unused files as plain and slow as it can be told: every used row against every
-// candidate, rows taken out of the list one by one. What the program does fast is held against it.
+// The search for unused files as plain and slow as it can be: every used row against every
+// candidate, rows taken out of the list one by one. The fast code of the program is compared with
+// it.
 #pragma once
 
 #include <array>
@@ -12,7 +13,7 @@
 
 namespace ordelan::test {
 
-// A candidate with the place that it had at first, so that equal rows can be told apart.
+// A candidate with the place that it had at first, so that equal rows can be distinguished.
 struct Candidate {
   std::string row;
   std::size_t place;

@@ -5,7 +5,7 @@
 namespace ordelan::test {
 namespace {
 
-// The byte at a 1-based position. Behind the end of the file nothing comes, which is a byte that
+// The byte at a 1-based position. After the end of the file nothing comes, which is a byte that
 // equals none of those looked for; position 0 is an error.
 class Bytes {
  public:
@@ -165,7 +165,7 @@ LiteralReader::Answer LiteralReader::ExtraerNombres_Archivos(std::string_view fi
   return answer;
 }
 
-// Every colon with a backslash behind it, between the header and the end.
+// Every colon with a backslash after it, between the header and the end.
 std::vector<std::int64_t> LiteralReader::positions(std::string_view file) {
   std::vector<std::int64_t> found;
   const Bytes bytes(file);

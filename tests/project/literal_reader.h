@@ -1,4 +1,4 @@
-// The reading of a project told byte by byte, one byte a read: slow, plain, and what the fast
+// The reading of a project byte by byte, one byte a read: slow, plain, and what the fast
 // reader is compared with.
 #pragma once
 

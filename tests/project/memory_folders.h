@@ -21,7 +21,7 @@ class MemoryFolders final : public NoFiles {
     folders_[key("D:\\")];
   }
 
-  // Makes a folder in one that is there, given without its backslash. False when it is there
+  // Makes a folder in an existing one, given without its backslash. False when it exists
   // already.
   bool add_folder(const std::string& path, bool link = false) {
     system::FileInfo info;
@@ -32,7 +32,7 @@ class MemoryFolders final : public NoFiles {
     return true;
   }
 
-  // Puts a file into a folder that is there. False when the name is taken.
+  // Puts a file into an existing folder. False when the name is taken.
   bool add_file(const std::string& path, const std::string& bytes, bool hidden = false,
                 bool locked = false) {
     system::FileInfo info;
@@ -53,7 +53,7 @@ class MemoryFolders final : public NoFiles {
     unnamed_[key(folder)].push_back(entry);
   }
 
-  // A folder, given with its backslash, that is there and cannot be listed, until it is allowed.
+  // A folder, given with its backslash, that exists and cannot be listed, until it is allowed.
   void forbid(const std::string& folder) { forbidden_.insert(key(folder)); }
   void allow(const std::string& folder) { forbidden_.erase(key(folder)); }
 
@@ -133,12 +133,12 @@ class MemoryFolders final : public NoFiles {
     const auto slash = path.rfind('\\') + 1;
     info_of_it.name = path.substr(slash);
     auto& entries = folders_.at(key(path.substr(0, slash)));
-    const auto behind = std::upper_bound(
+    const auto after = std::upper_bound(
         entries.begin(), entries.end(), info_of_it, [](const auto& a, const auto& b) {
           if (text::less_ignoring_case(a.name, b.name)) return true;
           return !text::less_ignoring_case(b.name, a.name) && a.name < b.name;
         });
-    entries.insert(behind, std::move(info_of_it));
+    entries.insert(after, std::move(info_of_it));
     return true;
   }
 

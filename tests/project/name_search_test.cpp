@@ -53,7 +53,7 @@ TEST(NameSearch, finds_a_name_across_two_pieces_but_not_across_two_files) {
   EXPECT_FALSE(search.found(0));
 }
 
-TEST(NameSearch, tells_which_of_many_names_stand_there) {
+TEST(NameSearch, reports_which_of_many_names_stand_there) {
   NameSearch search({"a.wma", "b.m4a", "c.wma", "A.WMA"});
   search.feed("a.wma, c.WMA");
   EXPECT_TRUE(search.found(0));

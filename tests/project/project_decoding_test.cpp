@@ -81,7 +81,7 @@ TEST_F(AllProjects, a_backup_is_passed_over_unless_backups_count) {
   EXPECT_EQ(totals(), "3  archivos en: 3 proyectos, 0 duplicados; Total: 3");
 }
 
-TEST_F(AllProjects, tell_of_each_that_was_passed_over_and_show_how_far_they_are) {
+TEST_F(AllProjects, report_each_that_was_passed_over_and_show_how_far_they_are) {
   list_project("Mix\\a_BAK.vip", {"D:\\a.wav"});
   list_project("Mix\\b.vip", {"D:\\b.wav"});
   list_project("Mix\\midi.vip", {});
@@ -134,7 +134,7 @@ TEST_F(AllProjects, a_job_that_takes_their_place_at_any_turn_keeps_its_rows_and_
   }
 }
 
-TEST_F(AllProjects, one_without_references_keeps_its_header_and_does_not_count) {
+TEST_F(AllProjects, one_without_references_keeps_its_header_and_is_not_counted) {
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\midi.vip", {});
   list_project("Mix\\otro.vip", {"D:\\c.wav"});

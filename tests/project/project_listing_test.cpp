@@ -136,7 +136,7 @@ TEST_F(Listing, with_subfolders_takes_names_that_end_in_vip_and_leaves_backups_o
   EXPECT_THAT(lists.ListProyectos.rows(), SizeIs(3)) << "the rows of before are gone";
 }
 
-TEST_F(Listing, tells_why_projects_of_subfolders_get_no_row) {
+TEST_F(Listing, reports_why_projects_of_subfolders_get_no_row) {
   disk.add_folder("D:\\Mix\\FreezeData");
   project("D:\\Mix\\FreezeData\\a.vip");
   project("D:\\Mix\\oculto.vip", true);
@@ -161,7 +161,7 @@ TEST_F(Listing, of_folders_takes_the_blanks_off_the_path_and_shows_the_wait_curs
   EXPECT_THAT(dialogs.messages, IsEmpty());
 }
 
-TEST_F(Listing, of_folders_tells_of_a_missing_one_but_not_of_one_that_cannot_be_read) {
+TEST_F(Listing, of_folders_reports_a_missing_one_but_not_one_that_cannot_be_read) {
   disk.add_folder("D:\\Mix\\Cerrada");
   disk.forbid("D:\\Mix\\Cerrada\\");
   ListarCarpetas();

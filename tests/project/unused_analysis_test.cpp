@@ -19,7 +19,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-// The search on a real disk. A project that is there makes its folder one of those searched.
+// The search on a real disk. An existing project makes its folder one of those searched.
 struct UnusedFiles : ::testing::Test, WorkBench {
   UnusedFiles() { lists.LabelErase.set_visible(false); }
 
@@ -41,7 +41,7 @@ struct UnusedFiles : ::testing::Test, WorkBench {
   project::UnusedAnalysis analysis{platform, lists, strip, left_out};
 };
 
-TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_behind_it_too) {
+TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_after_it_too) {
   list_project("Mix\\tema.vip");
   for (const char* name : {"a.wav", "b.wav", "c.wav", "d.wav"}) {
     disk.write(std::string("Mix\\") + name, name);
@@ -57,7 +57,7 @@ TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_behind_it_too) {
   EXPECT_TRUE(lists.ListBorrar.visible());
 }
 
-TEST_F(UnusedFiles, the_candidate_behind_a_used_one_goes_also_where_it_is_of_another_kind) {
+TEST_F(UnusedFiles, the_candidate_after_a_used_one_goes_also_where_it_is_of_another_kind) {
   list_project("Mix\\tema.vip");
   disk.write("Mix\\a.wav", "a");
   disk.write("Mix\\m.mp3", "m");
@@ -152,7 +152,7 @@ TEST_F(UnusedFiles, where_nothing_is_used_nothing_changes) {
   EXPECT_FALSE(lists.ListBorrar.visible());
 }
 
-TEST_F(UnusedFiles, where_all_is_used_that_is_told) {
+TEST_F(UnusedFiles, where_all_is_used_that_is_reported) {
   list_project("Mix\\tema.vip");
   disk.write("Mix\\a.wav", "a");
   use("Mix\\a.wav");
@@ -244,7 +244,7 @@ TEST_F(UnusedFiles, a_used_file_that_is_gone_keeps_its_namesakes) {
   EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\b.wav")));
 }
 
-TEST_F(UnusedFiles, the_row_behind_a_removed_one_is_not_looked_at) {
+TEST_F(UnusedFiles, the_row_after_a_removed_one_is_not_looked_at) {
   list_project("Mix\\tema.vip");
   for (const char* below : {"Mix\\a.wav", "Mix\\Uno\\a.wav", "Mix\\Uno\\Dos\\a.wav"}) {
     disk.write(below, "a");
@@ -295,10 +295,10 @@ TEST_F(UnusedFiles, a_cancel_in_the_middle_offers_nothing) {
   backend.on_pump = [&] { work.Cancelar = strip.TextDecode.visible() && ++pumps == 4; };
   lists.ListBorrar.clear();
   analysis.BuscarNoUtilizados(job);
-  EXPECT_EQ(pumps, 4) << "it went on behind the cancel";
+  EXPECT_EQ(pumps, 4) << "it went on after the cancel";
   EXPECT_THAT(offered(), IsEmpty());
   EXPECT_TRUE(lists.ListBorrar.visible());
-  EXPECT_FALSE(lists.LabelErase[0].visible()) << "nobody knows what there would have been";
+  EXPECT_FALSE(lists.LabelErase[0].visible()) << "the result is not known";
   EXPECT_FALSE(lists.LabelErase[1].visible());
 }
 
@@ -325,7 +325,7 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
       EXPECT_EQ(heading->caption(), "") << "it heads the report too: " << turn;
     }
   }
-  EXPECT_GT(cancelled, 20) << "behind the strike too";
+  EXPECT_GT(cancelled, 20) << "after the strike too";
 }
 
 TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_untouched) {
@@ -429,14 +429,14 @@ TEST_F(ProjectsWithoutARow, are_those_of_this_search_and_not_of_the_one_before) 
   EXPECT_THAT(left_out_of({"Dos\\c.vip"}), IsEmpty());
 }
 
-TEST_F(ProjectsWithoutARow, are_told_though_a_listed_project_has_gone) {
+TEST_F(ProjectsWithoutARow, are_reported_though_a_listed_project_has_gone) {
   disk.write("Uno\\b.vip", "project");
   lists.ListProyectos.add("1 --> " + disk.path("Uno\\gone.vip"));
   list_project("Uno\\a.vip");
   EXPECT_THAT(search_again(), ElementsAre(disk.path("Uno\\b.vip")));
 }
 
-TEST_F(ProjectsWithoutARow, are_not_told_of_after_a_cancel) {
+TEST_F(ProjectsWithoutARow, are_not_reported_after_a_cancel) {
   disk.write("Uno\\b.vip", "project");
   list_project("Uno\\a.vip");
   work.Cancelar = true;

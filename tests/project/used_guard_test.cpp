@@ -23,7 +23,7 @@ using ::testing::UnorderedElementsAre;
 
 using Rows = std::vector<std::string>;
 
-// On this disk, as on Windows', case does not count.
+// On this disk, as on Windows', case is ignored.
 struct UsedGuard : ::testing::Test {
   UsedGuard() {
     files.faults.on_call = [this](FaultyFiles::Call call, std::string_view path) {
@@ -66,7 +66,7 @@ TEST_F(UsedGuard, thousands_of_used_files_are_all_seen_and_no_other_is) {
   EXPECT_THAT(same(free, shouted), Each(false));
 }
 
-TEST_F(UsedGuard, thousands_of_used_files_are_seen_through_numbers_that_the_listings_tell) {
+TEST_F(UsedGuard, thousands_of_used_files_are_seen_through_numbers_that_the_listings_give) {
   disk.add_folder("D:\\a");
   disk.add_folder("D:\\b");
   Rows used, offered;

@@ -14,7 +14,7 @@ using ::testing::IsEmpty;
 
 constexpr const char* kPath = "D:\\Mix\\tema.vip";
 
-// A project: 96 bytes, a header text, `content`, the marker, and a path behind it that must never
+// A project: 96 bytes, a header text, `content`, the marker, and a path after it that must never
 // be found.
 std::string vip(const std::string& content, const std::string& header = "cabecera") {
   return std::string(96, 'x') + header + '\0' + content + "    LIST" + std::string(4, '\1') +
@@ -64,7 +64,7 @@ TEST_F(VipReaderTest, a_file_of_just_the_marker_holds_only_its_title) {
   EXPECT_FALSE(answer);
 }
 
-TEST_F(VipReaderTest, a_marker_close_behind_the_header_ends_the_scan_at_once) {
+TEST_F(VipReaderTest, a_marker_close_after_the_header_ends_the_scan_at_once) {
   const std::string file =
       std::string(96, '\0') + "h" + '\0' + "C:\\LIST" + std::string(4, '\0') + "mdrl.wav";
   EXPECT_THAT(decode(file), IsEmpty());
@@ -78,12 +78,12 @@ TEST_F(VipReaderTest, a_marker_inside_eleven_bytes_of_another_L_is_missed) {
   const std::string start = std::string(96, '\0') + "h" + '\0' + content;
   EXPECT_THAT(decode(start + "L12345" + marker), IsEmpty());
   EXPECT_EQ(reader.PosFinalVip, 0);
-  EXPECT_THAT(decode(start + "L1234567890" + marker), IsEmpty()) << "eleven behind";
-  EXPECT_THAT(decode(start + "L12345678901" + marker), ElementsAre("D:\\a.wav")) << "twelve behind";
+  EXPECT_THAT(decode(start + "L1234567890" + marker), IsEmpty()) << "eleven after";
+  EXPECT_THAT(decode(start + "L12345678901" + marker), ElementsAre("D:\\a.wav")) << "twelve after";
 }
 
 TEST_F(VipReaderTest, aiff_is_cut_to_aif_and_flac_keeps_its_c) {
-  // The row of a .aiff names a file that is not there: the lost-file report shows it as such.
+  // The row of a .aiff names a missing file: the lost-file report shows it as such.
   EXPECT_THAT(decode(vip(path_field("D:\\x.aiff") + path_field("D:\\x.flac"))),
               ElementsAre("D:\\x.aif", "D:\\x.flac"));
 }
@@ -106,8 +106,8 @@ TEST_F(VipReaderTest, other_extensions_give_no_row) {
               ElementsAre("D:\\z.wav"));
 }
 
-TEST_F(VipReaderTest, a_single_NUL_behind_an_unknown_extension_is_not_seen) {
-  // The byte behind the three of the extension is never looked at: the candidate runs on into the
+TEST_F(VipReaderTest, a_single_NUL_after_an_unknown_extension_is_not_seen) {
+  // The byte after the three of the extension is never looked at: the candidate runs on into the
   // next path, and its row is cut at the NUL when the list stores it.
   EXPECT_THAT(decode(vip(path_field("D:\\x.wma") + path_field("D:\\z.wav"))),
               ElementsAre("D:\\x.wma"));
@@ -161,15 +161,15 @@ TEST_F(VipReaderTest, a_reference_ends_at_its_first_extension_wherever_that_stan
               ElementsAre("C:\\my.wav", "C:\\take.wav"));
 }
 
-TEST_F(VipReaderTest, the_byte_behind_a_NUL_is_not_tested_as_a_colon) {
+TEST_F(VipReaderTest, the_byte_after_a_NUL_is_not_tested_as_a_colon) {
   EXPECT_THAT(decode(vip(path_field("C:\\a.wav") + ":\\zzzz.wav" + '\0')),
               ElementsAre("C:\\a.wav", "C:\\a.wav"))
       << "the colon stands at the top of a scan and begins at the previous start";
   EXPECT_THAT(decode(vip("C:\\a" + std::string(1, '\0') + ":\\zzzz.wav" + '\0')), IsEmpty())
-      << "behind a dropped candidate the byte behind the NUL is skipped";
+      << "after a dropped candidate the byte after the NUL is skipped";
 }
 
-TEST_F(VipReaderTest, a_path_right_behind_a_dropped_one_gives_the_dropped_one_its_row) {
+TEST_F(VipReaderTest, a_path_right_after_a_dropped_one_gives_the_dropped_one_its_row) {
   // The drive letter is the byte that is skipped, so that its colon stands at the top of the scan.
   EXPECT_THAT(decode(vip(path_field("C:\\folder") + path_field("C:\\a.wav"))),
               ElementsAre("C:\\folder"));
@@ -231,7 +231,7 @@ TEST_F(VipReaderTest, a_locked_file_adds_nothing_in_pointer_mode_and_no_empty_ti
   EXPECT_THAT(decode(vip(""), "t"), IsEmpty());
 }
 
-TEST_F(VipReaderTest, tells_how_far_the_last_reading_got) {
+TEST_F(VipReaderTest, reports_how_far_the_last_reading_got) {
   using project::Reading;
   const std::string audio = vip(path_field("D:\\a.wav"));
   // Each after another one, whose state must not stay.
@@ -375,7 +375,7 @@ TEST_F(VipReaderTest, in_pointer_mode_the_bar_and_the_limit_run_to_the_last_byte
   EXPECT_LE(progress.value(), limit);
 }
 
-TEST_F(VipReaderTest, a_cancel_keeps_the_rows_read_behind_the_marker_search) {
+TEST_F(VipReaderTest, a_cancel_keeps_the_rows_read_after_the_marker_search) {
   std::string content;
   for (int i = 0; i < 400'000; ++i) content += path_field("D:\\" + std::to_string(i) + ".wav");
   clock.step = std::chrono::milliseconds(10);
@@ -412,7 +412,7 @@ TEST_F(VipReaderTest, the_bar_runs_to_the_limit) {
 TEST_F(VipReaderTest, pointer_mode_logs_every_colon_and_backslash_and_answers_no) {
   work.ModoPosiciones = true;
   const std::string file = std::string(96, '\0') + "h" + '\0' + path_field("D:\\a.wav") + "x::\\y" +
-                           "LIST0000mdrl" + path_field("E:\\behind") + "end";
+                           "LIST0000mdrl" + path_field("E:\\after") + "end";
   EXPECT_THAT(decode(file, "title"), IsEmpty());
   EXPECT_FALSE(answer);
   EXPECT_EQ(files.contents["D:\\Mix\\tema_vip.log"], "99\r\n109\r\n125\r\n");

@@ -139,7 +139,7 @@ using settings::ini_bytes;
 using settings::ini_text;
 using settings::IniEncoding;
 
-TEST(IniEncoding, is_known_by_the_mark) {
+TEST(IniEncoding, is_recognised_by_the_mark) {
   EXPECT_EQ(encoding_of(""), IniEncoding::code_page);
   EXPECT_EQ(encoding_of("[s]"), IniEncoding::code_page);
   EXPECT_EQ(encoding_of("\xEF\xBB"), IniEncoding::code_page);

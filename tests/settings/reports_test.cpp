@@ -69,7 +69,7 @@ TEST_F(Reports, a_title_is_followed_by_a_blank_line_and_led_by_hyphens) {
                                              "D:\\Mix\\c.wav\r\n");
 }
 
-TEST_F(Reports, a_title_without_files_has_the_hyphens_ahead_of_its_blank_line) {
+TEST_F(Reports, a_title_without_files_has_the_hyphens_before_its_blank_line) {
   list.add("1 --> D:\\Mix\\tema.vip");
   list.add("2 --> D:\\Mix\\otro.vip");
   EXPECT_TRUE(save("D:\\a.log"));
@@ -114,7 +114,7 @@ TEST_F(Reports, one_that_cannot_be_written_leaves_no_file) {
   EXPECT_THAT(files.contents, IsEmpty());
 }
 
-TEST_F(Reports, a_failed_save_is_told_and_leaves_the_old_report) {
+TEST_F(Reports, a_failed_save_is_reported_and_leaves_the_old_report) {
   list.add("D:\\Mix\\a.wav");
   files.contents["D:\\a.log"] = "old";
   FaultyFiles failing(files);

@@ -14,7 +14,7 @@ struct SettingsTest : ::testing::Test, ReaderBench {
   settings::Settings store{files, regional, kFile};
 };
 
-TEST_F(SettingsTest, the_file_stands_where_it_always_stood) {
+TEST_F(SettingsTest, the_file_stands_at_its_fixed_path) {
   settings::Settings usual(files, regional);
   EXPECT_EQ(usual.RutaConfig, "C:\\QZT\\Ordelan\\Config.ini");
   EXPECT_EQ(usual.SeccionConfig, "Settings");

@@ -77,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{"off_on_button", kTextOff, kRaised, kReadableWhenOff}),
     [](const auto& pair) { return std::string(pair.param.name); });
 
-TEST(Palette, the_measure_of_contrast_knows_its_ends) {
+TEST(Palette, the_measure_of_contrast_goes_from_1_to_21) {
   EXPECT_NEAR(contrast(0x000000, 0xFFFFFF), 21.0, 0.001);
   EXPECT_NEAR(contrast(0x777777, 0x777777), 1.0, 0.001);
   EXPECT_NEAR(contrast(word(0x767676), 0xFFFFFF), 4.54, 0.005);

@@ -1,5 +1,5 @@
-// A real folder for one test, which takes everything in it along when it goes. How the program
-// names it is left to the system at hand.
+// A real folder for one test, removed with its contents at the end. How the program
+// names it depends on the system.
 #pragma once
 
 #include <cstdint>

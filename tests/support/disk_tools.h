@@ -6,13 +6,13 @@
 
 namespace ordelan::test {
 
-// Makes a file that is there that long; what is new in it is NULs, which take no room. Throws when
+// Makes an existing file that long; what is new in it is NULs, which take no room. Throws when
 // it cannot. (MinGW's library now and then calls a file of gigabytes too large.)
 void lengthen(const std::filesystem::path& file, std::uint64_t length);
 
 // Removes a folder (an absolute path) with all that is in it, however deep it lies. Links are
 // removed, what they lead to stays; what cannot be removed is left. (MinGW's library stops where
-// paths get longer than they used to be.)
+// paths are longer than MAX_PATH.)
 void remove_tree(const std::filesystem::path& folder);
 
 }  // namespace ordelan::test

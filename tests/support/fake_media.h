@@ -9,7 +9,7 @@
 
 namespace ordelan::test {
 
-// Knows the files that a test puts in. Opening one takes its time too: until `advance` the state is
+// Holds the files that a test puts in. Opening one takes its time too: until `advance` the state is
 // `opening`.
 class FakeMedia final : public system::Media {
  public:

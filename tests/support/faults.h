@@ -67,7 +67,7 @@ class Faults {
   }
   bool killed() const { return killed_; }
 
-  // For the services: tells of a call, which may go on if this gives ok. `on_kill` is called at the
+  // For the services: reports a call, which may go on if this gives ok. `on_kill` is called at the
   // kill, before `Killed` is thrown.
   template <class OnKill>
   system::Status begin(Call call, std::string_view path, OnKill on_kill) {

@@ -51,7 +51,7 @@ class FaultyFiles final : public ForwardingFiles {
   std::size_t room = 0;
   // Whether the kill takes along what was written to files and not flushed, as a power cut does.
   // Names (of new, moved and removed files) are taken to reach the disk at once, which is the worst
-  // case for whoever moves a file into place before its bytes are safe.
+  // case for code that moves a file into place before its bytes are safe.
   bool loses_unflushed = false;
   // Called before each read with its offset. Gives how many bytes may come at most; nothing makes
   // the read fail.

@@ -1,4 +1,4 @@
-// The faulty file system and the faulty shell fail where they are told to and nowhere else.
+// The faulty file system and the faulty shell fail where a test says so and nowhere else.
 #include <gmock/gmock.h>
 
 #include <string>

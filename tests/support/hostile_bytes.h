@@ -46,7 +46,7 @@ inline std::string hostile_piece(Dice& dice) {
 }
 
 // A whole file: 96 bytes, mostly a header with its NUL, hostile content, often a marker at some
-// place and something behind it.
+// place and something after it.
 inline std::string hostile_project(Dice& dice) {
   std::string file(96, '\0');
   if (dice.below(16) == 0) file.resize(dice.below(97));

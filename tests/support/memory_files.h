@@ -18,7 +18,7 @@ namespace ordelan::test {
 class MemoryFiles final : public NoFiles {
  public:
   std::map<std::string, std::string, std::less<>> contents;
-  // Called ahead of each read with its offset; false makes the read fail.
+  // Called before each read with its offset; false makes the read fail.
   std::function<bool(std::uint64_t)> on_read;
 
   std::optional<system::FileInfo> info(std::string_view path) override {

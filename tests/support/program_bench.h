@@ -1,4 +1,4 @@
-// The whole program on a real disk and no screen: what a test of a flow sits down at.
+// The whole program on a real disk and no screen, for tests of whole flows.
 #pragma once
 
 #include <string>

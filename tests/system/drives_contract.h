@@ -1,11 +1,11 @@
-// What every Drives keeps to, told as tests. Each implementation runs them over a place of its own:
+// What every Drives keeps to, as tests. Each implementation runs them over a place of its own:
 //
 //   INSTANTIATE_TYPED_TEST_SUITE_P(Posix, DrivesContract, PosixDrivesPlace);
 //
 // A place has
 //
 //   system::Drives& drives();     what is tried
-//   std::string root();           the root of a drive that is there, with a medium in it
+//   std::string root();           the root of an existing drive, with a medium in it
 //   std::string missing_root();   the root of a letter that no drive has
 #pragma once
 
@@ -45,7 +45,7 @@ TYPED_TEST_P(DrivesContract, the_drives_come_as_roots_from_a_upwards) {
   }
 }
 
-TYPED_TEST_P(DrivesContract, every_drive_that_is_told_has_a_root) {
+TYPED_TEST_P(DrivesContract, every_drive_that_is_reported_has_a_root) {
   for (const std::string& root : this->drives().roots()) {
     EXPECT_NE(this->drives().type(root), system::DriveType::no_root_dir) << root;
   }
@@ -90,7 +90,7 @@ TYPED_TEST_P(DrivesContract, what_is_no_root_has_nothing) {
 }
 
 REGISTER_TYPED_TEST_SUITE_P(DrivesContract, the_drives_come_as_roots_from_a_upwards,
-                            every_drive_that_is_told_has_a_root,
+                            every_drive_that_is_reported_has_a_root,
                             a_letter_without_a_drive_has_nothing,
                             a_drive_with_a_medium_has_a_volume_and_space,
                             the_case_of_the_letter_makes_no_difference,

@@ -1,9 +1,9 @@
-// What every FileSystem keeps to, told as tests. Each implementation runs them over a place of its
+// What every FileSystem keeps to, as tests. Each implementation runs them over a place of its
 // own on the real disk:
 //
 //   INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FileSystemContract, PosixPlace);
 //
-// A place is made anew for each test and takes its files with it when it goes. It has
+// A place is made anew for each test and removes its files when it is destroyed. It has
 //
 //   system::FileSystem& files();            what is tried
 //   std::string folder();                   a fresh, empty folder, as a Windows path without a
@@ -76,7 +76,7 @@ class FileSystemContract : public testing::Test {
 
 TYPED_TEST_SUITE_P(FileSystemContract);
 
-TYPED_TEST_P(FileSystemContract, a_file_is_known_with_its_size) {
+TYPED_TEST_P(FileSystemContract, a_file_is_found_with_its_size) {
   this->place().write(this->path("tema.vip"), "12345");
   const auto info = this->files().info(this->path("tema.vip"));
   ASSERT_TRUE(info);
@@ -98,7 +98,7 @@ TYPED_TEST_P(FileSystemContract, a_path_in_another_case_finds_the_name_as_the_di
   EXPECT_TRUE(this->files().list(this->path("MIX")));
 }
 
-TYPED_TEST_P(FileSystemContract, a_folder_is_known_as_one_and_has_no_size) {
+TYPED_TEST_P(FileSystemContract, a_folder_is_listed_as_one_and_has_no_size) {
   this->place().make_folder(this->path("Mix"));
   for (const char* name : {"Mix", "Mix\\"}) {
     const auto info = this->files().info(this->path(name));
@@ -109,7 +109,7 @@ TYPED_TEST_P(FileSystemContract, a_folder_is_known_as_one_and_has_no_size) {
   }
 }
 
-TYPED_TEST_P(FileSystemContract, what_is_not_there_gives_nothing) {
+TYPED_TEST_P(FileSystemContract, what_is_missing_gives_nothing) {
   EXPECT_FALSE(this->files().info(this->path("nada.vip")));
   EXPECT_FALSE(this->files().info(this->path("nada\\nada.vip")));
   EXPECT_FALSE(this->files().list(this->path("nada")));
@@ -165,7 +165,7 @@ TYPED_TEST_P(FileSystemContract, names_of_the_code_page_are_bytes_of_it) {
   EXPECT_EQ(info->name, name);
 }
 
-TYPED_TEST_P(FileSystemContract, entries_that_cannot_be_named_are_told_of_beside_the_others) {
+TYPED_TEST_P(FileSystemContract, entries_that_cannot_be_named_are_reported_beside_the_others) {
   this->place().write_unnameable();
   this->place().write(this->path("a.wav"), "x");
   std::vector<std::string> named;
@@ -287,7 +287,7 @@ TYPED_TEST_P(FileSystemContract, a_created_file_holds_what_was_written) {
   EXPECT_EQ(this->whole("nuevo.txt"), std::string("uno\r\n\0\xFF", 7));
 }
 
-TYPED_TEST_P(FileSystemContract, creating_empties_the_file_that_is_there) {
+TYPED_TEST_P(FileSystemContract, creating_empties_an_existing_file) {
   this->place().write(this->path("viejo.txt"), "mucho texto");
   const auto file = this->files().create(this->path("viejo.txt"));
   ASSERT_TRUE(file);
@@ -538,7 +538,7 @@ TYPED_TEST_P(FileSystemContract, folders_may_be_visited_from_inside_a_visit) {
                                                    "B\\bajo.wav"));
 }
 
-TYPED_TEST_P(FileSystemContract, the_attribute_word_tells_folders_from_files) {
+TYPED_TEST_P(FileSystemContract, the_attribute_word_distinguishes_folders_from_files) {
   this->place().write(this->path("a.wav"), "1");
   this->place().make_folder(this->path("Mix"));
   using namespace system::attribute;
@@ -781,24 +781,24 @@ REGISTER_TYPED_TEST_SUITE_P(
     a_file_takes_a_place_where_none_is, a_replaced_file_keeps_the_spelling_of_its_name,
     a_file_may_be_empty_before_or_after_it_is_replaced, names_of_the_greatest_length_are_replaced,
     what_may_not_be_replaced_stays_and_so_does_the_other, a_file_is_removed_and_a_folder_is_not,
-    a_file_is_known_with_its_size, a_path_in_another_case_finds_the_name_as_the_disk_has_it,
-    a_folder_is_known_as_one_and_has_no_size, what_is_not_there_gives_nothing,
+    a_file_is_found_with_its_size, a_path_in_another_case_finds_the_name_as_the_disk_has_it,
+    a_folder_is_listed_as_one_and_has_no_size, what_is_missing_gives_nothing,
     paths_that_are_not_plain_and_absolute_give_nothing,
     a_folder_with_the_name_of_a_project_is_no_file, a_path_that_ends_in_a_backslash_is_no_file,
     a_blank_or_a_dot_at_the_end_makes_it_another_name, names_of_the_code_page_are_bytes_of_it,
-    entries_that_cannot_be_named_are_told_of_beside_the_others,
+    entries_that_cannot_be_named_are_reported_beside_the_others,
     a_file_has_one_identity_whatever_the_spelling_of_its_path,
     names_that_the_code_page_lacks_are_left_out,
     a_folder_lists_its_entries_in_alphabetical_order_without_case,
     a_folder_may_be_given_with_its_backslash, an_empty_folder_has_no_entries, a_drive_is_a_folder,
     a_file_is_read_at_any_place, a_large_file_comes_whole,
     a_file_cut_short_after_opening_gives_what_is_left, a_created_file_holds_what_was_written,
-    creating_empties_the_file_that_is_there, a_file_that_is_dropped_unclosed_is_there_all_the_same,
+    creating_empties_an_existing_file, a_file_that_is_dropped_unclosed_is_there_all_the_same,
     nothing_is_created_in_a_folder_that_is_not_there, paths_longer_than_260_characters_work,
     each_entry_is_visited_once_and_is_the_one_that_is_listed,
     a_visitor_that_has_heard_enough_hears_of_no_more, what_is_no_folder_is_not_visited,
     a_name_may_be_moved_away, folders_may_be_visited_from_inside_a_visit,
-    the_attribute_word_tells_folders_from_files,
+    the_attribute_word_distinguishes_folders_from_files,
     times_are_local_days_and_come_only_where_they_are_asked_for, thousands_of_entries_all_come);
 
 }  // namespace ordelan::test

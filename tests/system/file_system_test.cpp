@@ -10,7 +10,7 @@
 namespace ordelan::test {
 namespace {
 
-// A disk that knows one entry.
+// A disk with one entry.
 class OneEntry final : public NoFiles {
  public:
   system::FileInfo entry;
@@ -18,7 +18,7 @@ class OneEntry final : public NoFiles {
   std::optional<system::FileInfo> info(std::string_view) override { return entry; }
 };
 
-TEST(LookUp, a_plain_file_is_found_with_what_the_disk_knows_of_it) {
+TEST(LookUp, a_plain_file_is_found_with_what_the_disk_has_of_it) {
   OneEntry files;
   files.entry = {.name = "Tema.vip", .size = 7};
   const auto found = files.look_up("D:\\tema.vip");
@@ -33,7 +33,7 @@ TEST(LookUp, a_link_to_a_file_counts) {
   EXPECT_TRUE(files.look_up("D:\\a"));
 }
 
-TEST(LookUp, folders_hidden_files_and_system_files_do_not_count) {
+TEST(LookUp, folders_hidden_files_and_system_files_are_ignored) {
   OneEntry files;
   files.entry = {.name = "a", .folder = true};
   EXPECT_FALSE(files.look_up("D:\\a"));

@@ -73,7 +73,7 @@ TEST(CodePage, characters_that_the_page_lacks_give_nothing) {
   EXPECT_EQ(from_utf8("\xD0\xB6"), std::nullopt) << "zhe";
   EXPECT_EQ(from_utf8("n\xCC\x83"), std::nullopt) << "n and a tilde of its own";
   EXPECT_EQ(from_utf8("\xF0\x9F\x8E\xB5"), std::nullopt) << "note";
-  EXPECT_EQ(from_utf8("\xC4\x80"), std::nullopt) << "the first one behind the bytes";
+  EXPECT_EQ(from_utf8("\xC4\x80"), std::nullopt) << "the first one after the bytes";
   EXPECT_EQ(from_utf8("\xF4\x8F\xBF\xBF"), std::nullopt) << "the last of all characters";
 }
 
@@ -86,7 +86,7 @@ TEST(CodePage, overlong_forms_give_nothing) {
   EXPECT_EQ(from_utf8("\xF0\x82\x82\xAC"), std::nullopt);
 }
 
-TEST(CodePage, surrogates_and_what_lies_behind_the_last_character_give_nothing) {
+TEST(CodePage, surrogates_and_what_lies_after_the_last_character_give_nothing) {
   EXPECT_EQ(from_utf8("\xED\xA0\x80"), std::nullopt);
   EXPECT_EQ(from_utf8("\xED\xBF\xBF"), std::nullopt);
   EXPECT_EQ(from_utf8("\xF4\x90\x80\x80"), std::nullopt);
@@ -105,7 +105,7 @@ TEST(CodePage, cut_sequences_give_nothing_wherever_they_are_cut) {
   EXPECT_EQ(from_utf8("\xC3\xB1\xB1"), std::nullopt);
 }
 
-TEST(CodePage, a_text_that_is_there_is_replaced_by_what_comes_out_of_utf8) {
+TEST(CodePage, an_existing_text_is_replaced_by_what_comes_out_of_utf8) {
   std::string ansi = "what stood there before";
   EXPECT_TRUE(from_utf8("Canci\xC3\xB3n", ansi));
   EXPECT_EQ(ansi, "Canci\xF3n");
@@ -116,14 +116,14 @@ TEST(CodePage, a_text_that_is_there_is_replaced_by_what_comes_out_of_utf8) {
   EXPECT_EQ(ansi, "");
 }
 
-TEST(CodePage, plain_text_of_any_length_is_told_from_other_text) {
+TEST(CodePage, plain_text_of_any_length_is_distinguished_from_other_text) {
   for (std::size_t length = 0; length < 40; ++length) {
     const std::string plain(length, 'a');
     EXPECT_EQ(from_utf8(plain), plain);
     for (std::size_t at = 0; at <= length; ++at) {
-      const std::string behind(length - at, 'a');
-      EXPECT_EQ(from_utf8(plain.substr(0, at) + "\xC3\xB1" + behind),
-                plain.substr(0, at) + "\xF1" + behind);
+      const std::string after(length - at, 'a');
+      EXPECT_EQ(from_utf8(plain.substr(0, at) + "\xC3\xB1" + after),
+                plain.substr(0, at) + "\xF1" + after);
     }
   }
 }

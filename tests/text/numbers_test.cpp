@@ -12,7 +12,7 @@ using text::fixed;
 using text::number;
 using text::parse_number;
 
-TEST(Numbers, two_decimals_stand_behind_the_mark_of_the_system) {
+TEST(Numbers, two_decimals_stand_after_the_mark_of_the_system) {
   EXPECT_EQ(fixed(12.34, 2, ','), "12,34");
   EXPECT_EQ(fixed(12.34, 2, '.'), "12.34");
   EXPECT_EQ(fixed(12, 2, ','), "12,00");
@@ -33,7 +33,7 @@ TEST(Numbers, a_number_has_no_more_digits_than_it_needs) {
 
 TEST(Numbers, a_number_has_fifteen_digits_at_most) {
   EXPECT_EQ(number(1.0 / 3, ','), "0,333333333333333");
-  EXPECT_EQ(number(0.1 + 0.2, ','), "0,3") << "the sixteenth digit would tell of the sum";
+  EXPECT_EQ(number(0.1 + 0.2, ','), "0,3") << "the sixteenth digit would show the sum";
   EXPECT_EQ(number(123456789012345.0, ','), "123456789012345");
 }
 

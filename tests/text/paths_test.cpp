@@ -49,7 +49,7 @@ TEST(ObtenerNombrePath, begins_at_the_first_colon) {
   EXPECT_EQ(Obtener_Nombre_Path("C:\\a:\\b.wav", true), "C:\\a:\\");
 }
 
-TEST(ObtenerNombrePath, without_a_drive_keeps_what_is_there) {
+TEST(ObtenerNombrePath, without_a_drive_keeps_what_it_has) {
   EXPECT_EQ(Obtener_Nombre_Path("a\\b\\c.wav", true), "a\\b\\");
   EXPECT_EQ(Obtener_Nombre_Path("\\\\server\\share\\c.wav", false), "\\\\server\\share");
   EXPECT_EQ(Obtener_Nombre_Path("\\c.wav", true), "\\");
@@ -61,7 +61,7 @@ TEST(ObtenerNombrePath, a_colon_with_nothing_before_it_is_no_drive) {
   EXPECT_EQ(Obtener_Nombre_Path(":\\a\\b.wav", false), ":\\a");
 }
 
-TEST(ObtenerNombrePath, a_colon_behind_the_last_backslash_is_part_of_the_name) {
+TEST(ObtenerNombrePath, a_colon_after_the_last_backslash_is_part_of_the_name) {
   EXPECT_EQ(Obtener_Nombre_Path("folder\\b:c.wav", true), "folder\\");
 }
 
@@ -73,7 +73,7 @@ TEST(ObtenerNombrePath, is_empty_without_a_backslash) {
   }
 }
 
-TEST(ObtenerNombreArchivo, is_what_stands_behind_the_last_separator) {
+TEST(ObtenerNombreArchivo, is_what_stands_after_the_last_separator) {
   EXPECT_EQ(Obtener_Nombre_Archivo("D:\\Mix\\Canci\xF3n.wav"), "Canci\xF3n.wav");
   EXPECT_EQ(Obtener_Nombre_Archivo("7 --> E:\\a\\p.vip"), "p.vip");
   EXPECT_EQ(Obtener_Nombre_Archivo("tema.vip"), "tema.vip");
@@ -120,7 +120,7 @@ TEST(SameFileKey, is_equal_for_the_spellings_of_one_path) {
 TEST(ObtenerNombreArchivo, ends_at_a_NUL) {
   EXPECT_EQ(Obtener_Nombre_Archivo(std::string("D:\\a.wav\0D:\\b.wav", 17)), "a.wav");
   EXPECT_EQ(Obtener_Nombre_Archivo(std::string("D:\\a.wav\0*", 10)), "a.wav")
-      << "what stands behind the NUL is not looked at";
+      << "what stands after the NUL is not looked at";
 }
 
 TEST(ObtenerNombreArchivo, is_never_cut) {
@@ -139,7 +139,7 @@ TEST(ObtenerVipPath, is_a_clean_path_out_of_a_row) {
   EXPECT_EQ(Obtener_VipPath(""), "");
 }
 
-TEST(ObtenerExtension, is_what_stands_behind_the_last_dot_in_its_own_case) {
+TEST(ObtenerExtension, is_what_stands_after_the_last_dot_in_its_own_case) {
   EXPECT_EQ(Obtener_Extension("a.b"), "b");
   EXPECT_EQ(Obtener_Extension("D:\\Mix\\tema.vip.Wav"), "Wav");
   EXPECT_EQ(Obtener_Extension(".wav"), "wav");

@@ -10,7 +10,7 @@ TEST(Rows, a_project_row_is_its_number_an_arrow_and_its_path) {
   EXPECT_EQ(text::project_row(123456, ""), "123456 --> ");
 }
 
-TEST(Rows, behind_the_arrow_stands_the_path) {
+TEST(Rows, after_the_arrow_stands_the_path) {
   EXPECT_EQ(text::behind_arrow("7 --> E:\\a\\p.vip"), "E:\\a\\p.vip");
   EXPECT_EQ(text::behind_arrow("7 -->    E:\\p.vip "), "E:\\p.vip ");
   EXPECT_EQ(text::behind_arrow("7 --> "), "");

@@ -160,7 +160,7 @@ TEST(Encoders, a_failing_encoder_is_reported_with_what_it_said_and_leaves_nothin
   EXPECT_TRUE(std::filesystem::is_empty(scratch.path()));
 }
 
-TEST(RunProgram, tells_output_errors_and_exit_code_apart) {
+TEST(RunProgram, separates_output_errors_and_exit_code) {
   const ProgramResult result = run_program({"sh", "-c", "echo uno; echo dos >&2; exit 7"});
   EXPECT_TRUE(result.started);
   EXPECT_EQ(result.exit_code, 7);
@@ -176,7 +176,7 @@ TEST(RunProgram, takes_output_larger_than_a_pipe) {
   EXPECT_EQ(result.errors.size(), 300000u);
 }
 
-TEST(RunProgram, a_program_that_is_not_there_does_not_start) {
+TEST(RunProgram, a_missing_program_does_not_start) {
   const ProgramResult result = run_program({"no-hay-tal-programa"});
   EXPECT_FALSE(result.started);
   EXPECT_EQ(result.exit_code, -1);

@@ -162,7 +162,7 @@ TEST(MakeStudio, a_studio_is_replaced_by_the_next_one_and_files_of_others_stay) 
   auto tree = tree_of(studio);
   make_studio(scratch / "nuevo", demo());
   auto expected = tree_of(scratch / "nuevo");
-  // The list also knows the folder that stays for the sake of the notes.
+  // The list also holds the folder that stays for the sake of the notes.
   EXPECT_NE(tree.at(".ordelan-studio").find("d Mix/2004\n"), std::string::npos);
   tree.erase(".ordelan-studio");
   expected.erase(".ordelan-studio");

@@ -39,7 +39,7 @@ TEST(StudioPlan, names_that_differ_only_in_case_are_the_same_file) {
   EXPECT_EQ(plan.tones().size(), 1u);
 }
 
-TEST(StudioPlan, the_summary_tells_used_moved_lost_and_unused_apart) {
+TEST(StudioPlan, the_summary_separates_used_moved_lost_and_unused) {
   StudioPlan plan('D', 'E');
   const std::size_t tone = plan.tone({});
   plan.audio("Mix\\usada.wav", tone);
@@ -100,7 +100,7 @@ TEST(DemoPlan, has_copies_and_namesakes_and_files_that_two_projects_share) {
   EXPECT_EQ(users["D:\\Mix\\Compartido\\palmas.wav"], 2);
 }
 
-TEST(DemoPlan, what_is_lost_without_the_second_drive_is_there_with_it) {
+TEST(DemoPlan, what_is_lost_without_the_second_drive_exists_with_it) {
   const StudioSummary without = demo_plan('D', 'E', false, 0).summary();
   const StudioSummary with = demo_plan('D', 'E', true, 0).summary();
   EXPECT_EQ(with.references, without.references);
@@ -108,7 +108,7 @@ TEST(DemoPlan, what_is_lost_without_the_second_drive_is_there_with_it) {
   EXPECT_EQ(with.moved, without.moved + 1);
 }
 
-TEST(DemoPlan, projects_know_the_drives_by_the_letters_asked_for) {
+TEST(DemoPlan, projects_name_the_drives_by_the_letters_asked_for) {
   const StudioPlan plan = demo_plan('S', 'T', true, 0);
   std::set<char> letters;
   for (const PlannedProject& project : plan.projects()) {

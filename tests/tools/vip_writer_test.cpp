@@ -21,7 +21,7 @@ std::size_t count(std::string_view text, std::string_view what) {
   return found;
 }
 
-// Where a search finds the marker that steps byte by byte, but twelve bytes on behind an "L".
+// Where a search finds the marker that steps byte by byte, but twelve bytes on after an "L".
 std::size_t reachable_marker(std::string_view file) {
   std::size_t at = 0;
   while (at + 12 <= file.size()) {
@@ -36,7 +36,7 @@ std::size_t reachable_marker(std::string_view file) {
   return file.npos;
 }
 
-// All texts that begin one byte ahead of ":\" and end at a NUL, ahead of the marker.
+// All texts that begin one byte before ":\" and end at a NUL, before the marker.
 std::vector<std::string> paths_in(std::string_view file) {
   const std::string_view body = file.substr(0, reachable_marker(file));
   std::vector<std::string> paths;
@@ -68,7 +68,7 @@ TEST(VipWriter, the_header_text_stands_at_byte_96_and_ends_with_a_nul) {
   EXPECT_EQ(file.substr(0, 4), "RIFF");
 }
 
-TEST(VipWriter, a_header_behind_other_data_is_an_error) {
+TEST(VipWriter, a_header_after_other_data_is_an_error) {
   VipWriter vip(5);
   vip.noise(1);
   EXPECT_THROW(vip.header("tarde"), std::logic_error);
@@ -172,7 +172,7 @@ TEST(VipWriter, the_size_of_a_chunk_never_reads_as_a_colon) {
   EXPECT_THROW(vip.chunk("obj", 1), std::invalid_argument);
 }
 
-TEST(VipWriter, the_marker_is_found_behind_any_noise) {
+TEST(VipWriter, the_marker_is_found_after_any_noise) {
   for (std::uint64_t seed = 0; seed < 2000; ++seed) {
     VipWriter vip(seed);
     vip.header("LLLLLL");
@@ -195,14 +195,14 @@ TEST(VipWriter, a_tail_is_led_by_the_marker) {
   EXPECT_EQ(file.substr(reachable_marker(file) + 12), "cola!");
 }
 
-TEST(MakeVip, the_paths_ahead_of_the_marker_are_the_references_and_one_stored_folder) {
+TEST(MakeVip, the_paths_before_the_marker_are_the_references_and_one_stored_folder) {
   const std::vector<std::string> references = many_references(300);
   const std::string file = make_vip("Tema", references, 400'000, 11);
   EXPECT_EQ(paths_in(file), with_stored_folder(references));
   EXPECT_EQ(file.substr(96, 5), std::string("Tema") + '\0');
 }
 
-TEST(MakeVip, no_pair_of_colons_and_no_colon_behind_a_reference_misleads_a_reader) {
+TEST(MakeVip, no_pair_of_colons_and_no_colon_after_a_reference_misleads_a_reader) {
   for (std::uint64_t seed = 0; seed < 200; ++seed) {
     const std::string file = make_vip("Tema", many_references(40), 60'000, seed);
     EXPECT_EQ(count(file, "::"), 0u);
@@ -238,7 +238,7 @@ TEST(MakeVip, a_path_that_does_not_read_back_stands_in_a_fixed_field) {
   }
 }
 
-TEST(MakeVip, the_data_behind_the_marker_holds_a_path_too) {
+TEST(MakeVip, the_data_after_the_marker_holds_a_path_too) {
   const std::string file = make_vip("Tema", many_references(3), 5000, 4);
   EXPECT_EQ(count(file.substr(reachable_marker(file)), ":\\"), 1u);
 }
@@ -261,7 +261,7 @@ TEST(MakeVip, the_same_seed_gives_the_same_bytes_and_another_seed_others) {
   EXPECT_NE(make_vip("x", references, 50'000, 1), make_vip("x", references, 50'000, 2));
 }
 
-TEST(MakeVip, the_numbers_behind_a_seed_stay_the_same_for_good) {
+TEST(MakeVip, the_numbers_of_a_seed_stay_the_same_for_good) {
   SeededRandom random(1);
   EXPECT_THAT((std::vector<std::uint64_t>{random.next(), random.next()}),
               ElementsAre(0xB3F2AF6D0FC710C5u, 0x853B559647364CEAu));

@@ -56,7 +56,7 @@ TEST_F(BalloonTest, what_is_set_is_kept) {
   EXPECT_EQ(balloon.tip_text(), "text");
   EXPECT_EQ(balloon.visible_time(), 5000);
   EXPECT_EQ(balloon.delay_time(), 10);
-  EXPECT_THAT(backend.changes, IsEmpty()) << "nobody is told before there is a balloon";
+  EXPECT_THAT(backend.changes, IsEmpty()) << "no peer is notified before there is a balloon";
 }
 
 TEST_F(BalloonTest, showing_before_creating_does_nothing) {

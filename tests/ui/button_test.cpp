@@ -22,16 +22,16 @@ const Mouse kOutside{{200, 5}, ui::kLeftButton, 0};
 struct ButtonTest : ::testing::Test {
   ButtonTest() {
     button->set_bounds({0, 0, 100, 20});
-    button->on_click = [this] { tell("Click", Mouse{}); };
-    button->on_mouse_down = [this](const Mouse& m) { tell("MouseDown", m); };
-    button->on_mouse_move = [this](const Mouse& m) { tell("MouseMove", m); };
-    button->on_mouse_up = [this](const Mouse& m) { tell("MouseUp", m); };
-    button->on_mouse_in = [this](int number) { tell("MouseIn", {{}, number, 0}); };
-    button->on_mouse_out = [this](int number) { tell("MouseOut", {{}, number, 0}); };
+    button->on_click = [this] { record("Click", Mouse{}); };
+    button->on_mouse_down = [this](const Mouse& m) { record("MouseDown", m); };
+    button->on_mouse_move = [this](const Mouse& m) { record("MouseMove", m); };
+    button->on_mouse_up = [this](const Mouse& m) { record("MouseUp", m); };
+    button->on_mouse_in = [this](int number) { record("MouseIn", {{}, number, 0}); };
+    button->on_mouse_out = [this](int number) { record("MouseOut", {{}, number, 0}); };
     window.load();
     backend.take();
   }
-  void tell(const std::string& name, const Mouse& mouse) {
+  void record(const std::string& name, const Mouse& mouse) {
     events.push_back(name);
     last = mouse;
   }
@@ -197,7 +197,7 @@ TEST_F(ButtonTest, events_come_in_their_place_between_state_and_drawing) {
                                 "Click over over", "Up over over"));
 }
 
-TEST_F(ButtonTest, refresh_tells_the_look_and_nothing_else) {
+TEST_F(ButtonTest, refresh_reports_the_look_and_nothing_else) {
   button->Refresh();
   EXPECT_THAT(backend.take(), ElementsAre(Change{"button", ui::Aspect::look}));
   EXPECT_THAT(button->changed_properties(), IsEmpty());
@@ -232,7 +232,7 @@ TEST_F(ButtonTest, a_selected_button_under_the_pointer_shows_the_disabled_pictur
   EXPECT_EQ(button->picture_to_show(), "disabled");
 }
 
-TEST_F(ButtonTest, a_click_is_told_between_press_and_release) {
+TEST_F(ButtonTest, a_click_is_reported_between_press_and_release) {
   set_all_pictures();
   button->mouse_move(kMoving);
   EXPECT_EQ(button->picture_to_show(), "over");
@@ -245,7 +245,7 @@ TEST_F(ButtonTest, a_click_is_told_between_press_and_release) {
   EXPECT_THAT(events, ElementsAre("MouseIn", "MouseMove", "MouseDown", "Click", "MouseUp"));
 }
 
-TEST_F(ButtonTest, events_tell_button_keys_and_place) {
+TEST_F(ButtonTest, events_carry_button_keys_and_place) {
   const Mouse mouse{{7, 8}, ui::kMiddleButton, ui::kShiftKey | ui::kAltKey};
   button->mouse_down(mouse);
   EXPECT_EQ(last, mouse);
@@ -269,7 +269,7 @@ TEST_F(ButtonTest, the_pointer_comes_once) {
   EXPECT_THAT(events, ElementsAre("MouseMove", "MouseMove", "MouseIn", "MouseMove", "MouseMove"));
 }
 
-TEST_F(ButtonTest, a_right_click_presses_nothing_and_is_told_all_the_same) {
+TEST_F(ButtonTest, a_right_click_presses_nothing_and_is_reported_all_the_same) {
   set_all_pictures();
   button->mouse_down(kRight);
   EXPECT_FALSE(button->down());
@@ -380,7 +380,7 @@ struct Takeaway {
   const char* event;
   std::function<void(ui::Button&, Handler)> handle;
   Action act;
-  std::vector<std::string> told;  // before it
+  std::vector<std::string> events;  // before it
 };
 
 std::vector<Takeaway> takeaways() {
@@ -425,11 +425,11 @@ TEST_F(ButtonTest, a_handler_may_destroy_the_button) {
     ui::Button& object = *fresh;
     takeaway.act(object);
     EXPECT_FALSE(fresh) << takeaway.event;
-    EXPECT_EQ(take(), takeaway.told) << takeaway.event << ": nothing is told after it";
+    EXPECT_EQ(take(), takeaway.events) << takeaway.event << ": no event comes after it";
   }
 }
 
-TEST_F(ButtonTest, a_handler_may_unload_the_window_and_nothing_is_told_after_it) {
+TEST_F(ButtonTest, a_handler_may_unload_the_window_and_nothing_is_reported_after_it) {
   button->on_click = [&] {
     events.emplace_back("Click");
     window.unload();

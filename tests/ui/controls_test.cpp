@@ -31,7 +31,7 @@ TEST_F(ControlsTest, setting_a_check_box_raises_no_click) {
 TEST_F(ControlsTest, a_click_on_a_check_box_changes_the_tick_before_it_is_handled) {
   ui::CheckBox box(window, "box");
   box.toggle();
-  EXPECT_TRUE(box.checked()) << "also where nobody handles it";
+  EXPECT_TRUE(box.checked()) << "also where no handler is set";
   std::vector<bool> seen;
   box.on_click = [&] { seen.push_back(box.checked()); };
   box.toggle();
@@ -39,7 +39,7 @@ TEST_F(ControlsTest, a_click_on_a_check_box_changes_the_tick_before_it_is_handle
   EXPECT_THAT(seen, ElementsAre(false, true));
 }
 
-TEST_F(ControlsTest, a_text_box_tells_what_the_program_wrote_and_not_what_the_user_typed) {
+TEST_F(ControlsTest, a_text_box_reports_what_the_program_wrote_and_not_what_the_user_typed) {
   ui::TextBox box(window, "box");
   EXPECT_TRUE(box.read_only());
   window.load();
@@ -53,7 +53,7 @@ TEST_F(ControlsTest, a_text_box_tells_what_the_program_wrote_and_not_what_the_us
   EXPECT_THAT(backend.take(), ElementsAre(Change{"box", ui::Aspect::state}));
 }
 
-TEST_F(ControlsTest, a_picture_is_told_when_it_changes) {
+TEST_F(ControlsTest, a_picture_is_reported_when_it_changes) {
   ui::Image image(window, "image");
   window.load();
   image.set_picture("proyecto");
@@ -102,7 +102,7 @@ TEST_F(ControlsTest, a_control_keeps_what_the_program_tags_it_with) {
   array[1].set_tag("7");
   EXPECT_EQ(array[0].tag(), "D:\\Mix");
   EXPECT_EQ(array[1].tag(), "7");
-  EXPECT_THAT(backend.take(), IsEmpty()) << "nobody sees it";
+  EXPECT_THAT(backend.take(), IsEmpty()) << "it is never shown";
 }
 
 TEST_F(ControlsTest, a_progress_bar_keeps_any_value) {
@@ -116,8 +116,8 @@ TEST_F(ControlsTest, a_progress_bar_keeps_any_value) {
               ElementsAre(Change{"bar", ui::Aspect::value}, Change{"bar", ui::Aspect::value}));
 }
 
-TEST_F(ControlsTest, a_range_is_told_once_with_both_its_ends) {
-  // A peer that heard of one end only would see a range that is upside down.
+TEST_F(ControlsTest, a_range_is_reported_once_with_both_its_ends) {
+  // A peer that got one end only would see a range that is upside down.
   ui::ProgressBar bar(window, "bar");
   window.load();
   bar.set_range(1000, 2000);
@@ -177,7 +177,7 @@ TEST_F(ControlsTest, an_array_can_be_shown_and_hidden_as_one) {
   for (const auto& label : array) EXPECT_TRUE(label->visible());
 }
 
-TEST_F(ControlsTest, starting_a_timer_is_told_every_time_and_stopping_it_once) {
+TEST_F(ControlsTest, starting_a_timer_is_reported_every_time_and_stopping_it_once) {
   ui::Timer timer(window, "timer", std::chrono::milliseconds(100));
   EXPECT_FALSE(timer.running());
   window.load();

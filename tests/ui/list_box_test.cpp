@@ -130,7 +130,7 @@ TEST_F(ListBoxTest, every_row_is_asked_about_once_by_its_old_number) {
   EXPECT_THAT(asked, ElementsAre(0u, 1u, 2u));
 }
 
-TEST_F(ListBoxTest, an_unwanted_row_can_be_told_by_its_text) {
+TEST_F(ListBoxTest, an_unwanted_row_can_be_chosen_by_its_text) {
   fill({"a.wav", "x", "b.wav", "x"});
   list.remove_if([&](std::size_t index) { return list.row(index) == "x"; });
   EXPECT_THAT(list.rows(), ElementsAre("a.wav", "b.wav"));
@@ -151,7 +151,7 @@ TEST_F(ListBoxTest, clearing_leaves_no_row_and_no_current_one) {
   EXPECT_EQ(list.current(), -1);
 }
 
-TEST_F(ListBoxTest, a_current_row_that_is_not_there_is_none) {
+TEST_F(ListBoxTest, a_missing_current_row_is_none) {
   fill({"a", "b"});
   EXPECT_EQ(list.current(), -1);
   list.set_current(1);
@@ -168,7 +168,7 @@ TEST_F(ListBoxTest, drops_are_accepted_where_somebody_handles_them) {
   EXPECT_TRUE(list.accepts_drops());
 }
 
-TEST_F(LoadedListBoxTest, each_change_of_the_rows_is_told_once) {
+TEST_F(LoadedListBoxTest, each_change_of_the_rows_is_reported_once) {
   list.add("a");
   expect_only(ui::Aspect::rows);
   list.add(std::vector<std::string>{"b", "c", "d", "e"});
@@ -183,7 +183,7 @@ TEST_F(LoadedListBoxTest, each_change_of_the_rows_is_told_once) {
   expect_only(ui::Aspect::rows);
 }
 
-TEST_F(LoadedListBoxTest, nothing_is_told_when_no_row_changed) {
+TEST_F(LoadedListBoxTest, nothing_is_reported_when_no_row_changed) {
   list.clear();
   list.add(std::vector<std::string>{});
   fill({"a"});
@@ -193,7 +193,7 @@ TEST_F(LoadedListBoxTest, nothing_is_told_when_no_row_changed) {
   EXPECT_THAT(backend.take(), IsEmpty());
 }
 
-TEST_F(LoadedListBoxTest, the_current_row_is_told_when_the_program_sets_it_only) {
+TEST_F(LoadedListBoxTest, the_current_row_is_reported_when_the_program_sets_it_only) {
   fill({"a", "b"});
   list.set_current(1);
   expect_only(ui::Aspect::current_row);
@@ -203,7 +203,7 @@ TEST_F(LoadedListBoxTest, the_current_row_is_told_when_the_program_sets_it_only)
   EXPECT_EQ(list.current_row(), "a");
 }
 
-TEST_F(LoadedListBoxTest, the_extent_is_told_when_it_changes) {
+TEST_F(LoadedListBoxTest, the_extent_is_reported_when_it_changes) {
   list.set_horizontal_extent(300);
   expect_only(ui::Aspect::extent);
   list.set_horizontal_extent(300);

@@ -35,7 +35,7 @@ TEST(PropertyBag, reads_each_type_from_its_line) {
   EXPECT_EQ(bag.read("PictureNormal", ""), "abrir");
 }
 
-TEST(PropertyBag, what_is_not_there_has_its_default) {
+TEST(PropertyBag, what_is_missing_has_its_default) {
   const PropertyBag bag;
   EXPECT_TRUE(bag.read("a", true));
   EXPECT_EQ(bag.read("a", kShort), kShort);
@@ -197,7 +197,7 @@ TEST(PropertyBags, a_control_finds_its_own_bag) {
   EXPECT_TRUE(bags.bag(array[0]).empty());
 }
 
-TEST(PropertyBags, what_stands_under_a_broken_section_belongs_to_nobody) {
+TEST(PropertyBags, what_stands_under_a_broken_section_belongs_to_no_control) {
   const PropertyBags bags = PropertyBags::parse("[a.b]\nx=1\n[a.b\nx=2\n[]\nx=3\n[a.b] c\nx=4\n[");
   EXPECT_EQ(bags.text(), "[a.b]\nx=1\n");
 }

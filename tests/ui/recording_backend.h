@@ -1,4 +1,4 @@
-// A backend that writes down what it is told: which objects it was given, what their peers heard,
+// A backend that records its calls: which objects it was given, which changes their peers got,
 // and which peers are gone.
 #pragma once
 
@@ -80,7 +80,7 @@ class RecordingBackend final : public ui::Backend {
     std::string name_;
   };
 
-  // The controls of an array share a name and are told apart by their number.
+  // The controls of an array share a name and are distinguished by their number.
   std::unique_ptr<ui::Peer> made(const ui::Control& control) {
     const std::string number = control.index() < 0 ? "" : std::to_string(control.index());
     return made(control.name() + number);

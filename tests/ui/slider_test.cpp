@@ -321,7 +321,7 @@ TEST_F(SliderTest, pages_smaller_than_a_pixel_go_on_all_the_same) {
   }
 }
 
-TEST_F(SliderTest, other_buttons_of_the_mouse_move_nothing_and_are_told) {
+TEST_F(SliderTest, other_buttons_of_the_mouse_move_nothing_and_are_reported) {
   slider->mouse_down({{60, 5}, ui::kRightButton, 0});
   slider->mouse_up({{60, 5}, ui::kRightButton, 0});
   EXPECT_EQ(slider->value(), 0);
@@ -512,7 +512,7 @@ TEST_F(SliderTest, an_upright_value_is_placed_from_the_bottom_in_any_range) {
   EXPECT_EQ(slider->value(), 60);
 }
 
-TEST_F(SliderTest, change_is_told_also_where_the_value_is_the_same) {
+TEST_F(SliderTest, change_is_reported_also_where_the_value_is_the_same) {
   click(65, 5);
   click(65, 90);
   EXPECT_THAT(take(), ElementsAre("MouseDown", "Change 60", "MouseUp", "MouseDown", "Change 60",

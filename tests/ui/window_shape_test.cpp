@@ -46,7 +46,7 @@ TEST(WindowShape, red_and_blue_are_not_taken_for_each_other) {
   EXPECT_THAT(runs_without(all(1, 1, 0xFF123456), ui::rgb(0x12, 0x34, 0x56)), IsEmpty());
 }
 
-TEST(WindowShape, opacity_does_not_count) {
+TEST(WindowShape, opacity_is_ignored) {
   EXPECT_THAT(runs_without({3, 1, {0x000000FF, 0x800000FF, 0x00000000}}, kMask),
               ElementsAre(PixelRun{0, 2, 3}));
 }
@@ -93,7 +93,7 @@ TEST(WindowShape, the_runs_are_just_the_pixels_that_are_kept) {
   }
 }
 
-TEST(WindowShape, a_window_is_told_its_outline) {
+TEST(WindowShape, a_window_gets_its_outline) {
   RecordingBackend backend;
   ui::Window window(backend, "Player");
   EXPECT_EQ(window.shape().picture, "");

@@ -15,7 +15,7 @@ using ::testing::UnorderedElementsAre;
 using Change = RecordingBackend::Change;
 
 struct WindowTest : ::testing::Test {
-  // Makes the same change twice: it is to be heard of once.
+  // Makes the same change twice: it is to be reported once.
   void expect_one(const std::string& name, ui::Aspect aspect, const std::function<void()>& change) {
     change();
     change();
@@ -50,7 +50,7 @@ TEST_F(WindowTest, on_load_runs_once_when_all_controls_are_there) {
   EXPECT_EQ(backend.attached.size(), 3u);
 }
 
-TEST_F(WindowTest, nothing_is_told_before_the_window_is_loaded) {
+TEST_F(WindowTest, nothing_is_reported_before_the_window_is_loaded) {
   window.set_title("t");
   window.show();
   label.set_caption("c");
@@ -58,7 +58,7 @@ TEST_F(WindowTest, nothing_is_told_before_the_window_is_loaded) {
   EXPECT_THAT(backend.changes, IsEmpty());
 }
 
-TEST_F(WindowTest, nothing_is_told_after_the_window_is_unloaded) {
+TEST_F(WindowTest, nothing_is_reported_after_the_window_is_unloaded) {
   window.load();
   window.unload();
   window.set_title("t");
@@ -105,7 +105,7 @@ TEST_F(WindowTest, a_window_that_goes_lets_no_peer_live_on) {
   EXPECT_THAT(backend.gone, UnorderedElementsAre("other", "image"));
 }
 
-TEST_F(WindowTest, each_change_of_a_window_is_told_once) {
+TEST_F(WindowTest, each_change_of_a_window_is_reported_once) {
   window.load();
   using ui::Aspect;
   expect_one("window", Aspect::text, [&] { window.set_title("t"); });
@@ -120,7 +120,7 @@ TEST_F(WindowTest, each_change_of_a_window_is_told_once) {
   expect_one("window", Aspect::state, [&] { window.set_waiting(true); });
 }
 
-TEST_F(WindowTest, it_takes_the_size_of_its_background_where_that_is_known) {
+TEST_F(WindowTest, it_takes_the_size_of_its_background_where_that_exists) {
   window.set_size({30, 40});
   window.set_background("fondo");
   window.size_to_background();
@@ -130,7 +130,7 @@ TEST_F(WindowTest, it_takes_the_size_of_its_background_where_that_is_known) {
   EXPECT_EQ(window.size(), (ui::Size{200, 100}));
 }
 
-TEST_F(WindowTest, what_the_user_did_to_the_window_is_not_told_back) {
+TEST_F(WindowTest, what_the_user_did_to_the_window_is_not_reported_back) {
   window.load();
   window.moved_to({5, 6});
   window.minimized_by_user(true);
@@ -139,7 +139,7 @@ TEST_F(WindowTest, what_the_user_did_to_the_window_is_not_told_back) {
   EXPECT_THAT(backend.take(), IsEmpty());
 }
 
-TEST_F(WindowTest, each_change_of_a_control_is_told_once) {
+TEST_F(WindowTest, each_change_of_a_control_is_reported_once) {
   window.load();
   using ui::Aspect;
   expect_one("label", Aspect::text, [&] { label.set_caption("c"); });
@@ -149,11 +149,11 @@ TEST_F(WindowTest, each_change_of_a_control_is_told_once) {
   expect_one("label", Aspect::colors, [&] { label.set_back_color(ui::rgb(1, 2, 3)); });
   expect_one("label", Aspect::colors, [&] { label.set_fore_color(ui::rgb(3, 2, 1)); });
   expect_one("label", Aspect::font, [&] { label.set_font({.points = 18, .bold = true}); });
-  expect_one("label", Aspect::tip, [&] { label.set_tip("help"); });
+  expect_one("label", Aspect::tip, [&] { label.set_tip("tip"); });
   expect_one("label", Aspect::text, [&] { label.set_description("what it is"); });
 }
 
-TEST_F(WindowTest, coming_to_the_front_is_told_every_time) {
+TEST_F(WindowTest, coming_to_the_front_is_reported_every_time) {
   window.load();
   label.bring_to_front();
   label.bring_to_front();

@@ -34,7 +34,7 @@ TEST(AnsiText, what_the_code_page_lacks_or_only_resembles_gives_nothing) {
   EXPECT_EQ(narrow(L"\xD800.wav"), std::nullopt);  // half a character
 }
 
-TEST(AnsiText, a_text_that_is_there_is_replaced_by_the_narrow_one) {
+TEST(AnsiText, an_existing_text_is_replaced_by_the_narrow_one) {
   std::string ansi = "what stood there before";
   EXPECT_TRUE(narrow(L"a.wav", ansi));
   EXPECT_EQ(ansi, "a.wav");
@@ -97,7 +97,7 @@ TEST(ExtendedPath, everything_else_gives_nothing) {
   }
 }
 
-TEST(ExtendedPath, roots_are_told_from_folders) {
+TEST(ExtendedPath, roots_are_distinguished_from_folders) {
   EXPECT_TRUE(is_root(*extended_path("D:\\")));
   EXPECT_TRUE(is_root(*extended_path("\\\\nas\\audio")));
   EXPECT_TRUE(is_root(*extended_path("\\\\nas\\audio\\")));

@@ -38,7 +38,7 @@ class BackendTest : public testing::Test {
   // A length of the layout in the pixels of this screen.
   int px(int units) const { return win32::to_pixels(units, win32::dpi_of(real_window())); }
 
-  // The window is told that it has come to another screen, and where it should stand there.
+  // Sends the window the message that it has come to another screen, and where to stand there.
   void come_to_screen_of(int dpi) {
     const RECT suggested{60, 50, 900, 900};
     SendMessageW(real_window(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),

@@ -52,7 +52,7 @@ TEST_F(Background, leaves_the_back_colour_where_it_does_not_reach) {
   EXPECT_EQ(shown(200, 216), kBack);
 }
 
-TEST_F(Background, that_is_not_there_leaves_the_back_colour_and_the_size) {
+TEST_F(Background, that_is_missing_leaves_the_back_colour_and_the_size) {
   window.set_background("no existe");
   window.size_to_background();
   EXPECT_EQ(window.size(), (ui::Size{500, 400}));

@@ -15,7 +15,7 @@
 namespace ordelan::test {
 namespace {
 
-// The corner of what is in the balloon is where it was told; its own edge may stand outside.
+// The corner of what is in the balloon is at the given place; its own edge may stand outside.
 constexpr int kBorder = 1;
 
 class RealBalloon : public BackendTest {
@@ -99,7 +99,7 @@ TEST_F(RealBalloon, it_is_made_of_what_was_set_and_not_shown_yet) {
   EXPECT_EQ(GetWindowLongPtrW(tip_window(), GWL_STYLE) & TTS_BALLOON, 0);
 }
 
-TEST_F(RealBalloon, it_is_shown_where_it_is_told) {
+TEST_F(RealBalloon, it_is_shown_at_the_given_place) {
   show();
   balloon.Create(window);
   balloon.Show(3, 4, label);
@@ -143,28 +143,28 @@ TEST_F(RealBalloon, one_that_is_up_takes_changes_over) {
 TEST_F(RealBalloon, title_and_icon_arrive_as_they_were_set) {
   using Title = TipMessages::Title;
   show();
-  const TipMessages told;
+  const TipMessages messages;
   balloon.Create(window);
   balloon.set_title("otro");
   balloon.set_icon(3);
-  EXPECT_THAT(told.titles,
+  EXPECT_THAT(messages.titles,
               testing::ElementsAre(Title{1, L"T\u00EDtulo"}, Title{1, L"otro"}, Title{3, L"otro"}));
 }
 
 TEST_F(RealBalloon, an_icon_or_a_title_alone_is_shown_and_neither_is_not) {
   using Title = TipMessages::Title;
   show();
-  const TipMessages told;
+  const TipMessages messages;
   ui::Class1 other;
   other.Create(window);
-  EXPECT_THAT(told.titles, testing::IsEmpty());
+  EXPECT_THAT(messages.titles, testing::IsEmpty());
   other.set_icon(2);
   other.Create(window);
-  EXPECT_EQ(told.titles.back(), (Title{2, L""}));
+  EXPECT_EQ(messages.titles.back(), (Title{2, L""}));
   other.set_icon(0);
   other.set_title("solo");
   other.Create(window);
-  EXPECT_EQ(told.titles.back(), (Title{0, L"solo"}));
+  EXPECT_EQ(messages.titles.back(), (Title{0, L"solo"}));
 }
 
 TEST_F(RealBalloon, a_centred_one_is_shown_with_its_middle_at_the_place) {
@@ -181,21 +181,21 @@ TEST_F(RealBalloon, a_centred_one_is_shown_with_its_middle_at_the_place) {
 // A theme has colours of its own, and a tooltip window that has one shows no others.
 TEST_F(RealBalloon, colours_of_its_own_turn_the_theme_off) {
   show();
-  const TipMessages told;
+  const TipMessages messages;
   ui::Class1 plain;
   plain.Create(window);
-  EXPECT_EQ(told.themes, 0) << "without colours it looks as tips do everywhere";
+  EXPECT_EQ(messages.themes, 0) << "without colours it looks as tooltips do everywhere";
   plain.set_back_color(ui::rgb(1, 2, 3));
-  EXPECT_EQ(told.themes, 1);
+  EXPECT_EQ(messages.themes, 1);
   plain.set_fore_color(ui::rgb(1, 2, 3));
-  EXPECT_EQ(told.themes, 1) << "it is off already";
+  EXPECT_EQ(messages.themes, 1) << "it is off already";
   plain.set_back_color(std::nullopt);
-  EXPECT_EQ(told.themes, 1) << "one of the colours is still its own";
+  EXPECT_EQ(messages.themes, 1) << "one of the colours is still its own";
   plain.set_fore_color(std::nullopt);
-  EXPECT_EQ(told.themes, 2);
+  EXPECT_EQ(messages.themes, 2);
   plain.Destroy();
   balloon.Create(window);
-  EXPECT_EQ(told.themes, 3);
+  EXPECT_EQ(messages.themes, 3);
 }
 
 TEST_F(RealBalloon, its_colours_are_seen) {

@@ -286,11 +286,11 @@ TEST_F(DraggedWindow, labels_and_pictures_without_a_click_are_background) {
 }
 
 TEST_F(DraggedWindow, two_quick_presses_on_a_label_are_the_windows_too) {
-  int told = 0;
-  window.on_double_click = [&] { ++told; };
+  int clicks = 0;
+  window.on_double_click = [&] { ++clicks; };
   show();
   SendMessageW(real(L"Ordelan.lblEstado"), WM_LBUTTONDBLCLK, MK_LBUTTON, at(3, 3));
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(DraggedWindow, what_can_be_clicked_does_not_drag) {

@@ -41,16 +41,16 @@ class RealButton : public BackendTest {
     button.set_picture_normal("paso_1");
     button.set_picture_over("paso_2");
     button.set_picture_down("paso_3");
-    button.on_click = [this] { told.emplace_back("Click"); };
-    button.on_mouse_down = [this](const ui::Mouse& mouse) { tell("Down", mouse); };
+    button.on_click = [this] { events.emplace_back("Click"); };
+    button.on_mouse_down = [this](const ui::Mouse& mouse) { record("Down", mouse); };
     button.on_mouse_move = [this](const ui::Mouse& mouse) { last = mouse; };
-    button.on_mouse_up = [this](const ui::Mouse& mouse) { tell("Up", mouse); };
+    button.on_mouse_up = [this](const ui::Mouse& mouse) { record("Up", mouse); };
   }
-  void tell(const char* event, const ui::Mouse& mouse) {
-    told.push_back(event + std::to_string(mouse.button));
+  void record(const char* event, const ui::Mouse& mouse) {
+    events.push_back(event + std::to_string(mouse.button));
     last = mouse;
   }
-  std::vector<std::string> take() { return std::exchange(told, {}); }
+  std::vector<std::string> take() { return std::exchange(events, {}); }
 
   HWND real_button() const { return real(L"Ordelan.cmdPlayer"); }
   void send(UINT message, WPARAM w = 0, int x = 50, int y = 11) const {
@@ -73,11 +73,11 @@ class RealButton : public BackendTest {
   COLORREF tile() { return shown(6, 20); }
 
   ui::Button button{window, "cmdPlayer"};
-  std::vector<std::string> told;
+  std::vector<std::string> events;
   ui::Mouse last;
 };
 
-TEST_F(RealButton, events_tell_place_button_and_keys) {
+TEST_F(RealButton, events_carry_place_button_and_keys) {
   show();
   for (const MouseButton& mouse : {kLeft, kRight, kMiddle}) {
     send(mouse.down, MK_SHIFT, 37, 12);
@@ -89,7 +89,7 @@ TEST_F(RealButton, events_tell_place_button_and_keys) {
   }
 }
 
-TEST_F(RealButton, all_buttons_of_the_mouse_are_told_and_all_but_the_right_one_click) {
+TEST_F(RealButton, all_buttons_of_the_mouse_are_reported_and_all_but_the_right_one_click) {
   show();
   for (const MouseButton& mouse : {kLeft, kRight, kMiddle}) {
     send(mouse.down);
@@ -97,7 +97,8 @@ TEST_F(RealButton, all_buttons_of_the_mouse_are_told_and_all_but_the_right_one_c
     send(mouse.up);
     EXPECT_NE(GetCapture(), real_button()) << mouse.number;
   }
-  EXPECT_THAT(told, ElementsAre("Down1", "Click", "Up1", "Down2", "Up2", "Down4", "Click", "Up4"));
+  EXPECT_THAT(events,
+              ElementsAre("Down1", "Click", "Up1", "Down2", "Up2", "Down4", "Click", "Up4"));
 }
 
 TEST_F(RealButton, a_quick_second_press_is_a_press_whichever_button_of_the_mouse_it_is) {
@@ -122,7 +123,7 @@ TEST_F(RealButton, a_right_click_inside_a_left_press_takes_nothing_of_it) {
   EXPECT_EQ(GetCapture(), real_button()) << "the left one still holds it";
   send(WM_LBUTTONUP);
   EXPECT_NE(GetCapture(), real_button());
-  EXPECT_THAT(told, ElementsAre("Down1", "Down2", "Up2", "Click", "Up1"));
+  EXPECT_THAT(events, ElementsAre("Down1", "Down2", "Up2", "Click", "Up1"));
 }
 
 TEST_F(RealButton, presses_may_end_in_the_order_in_which_they_began) {
@@ -132,7 +133,7 @@ TEST_F(RealButton, presses_may_end_in_the_order_in_which_they_began) {
   send(WM_LBUTTONUP);
   EXPECT_EQ(GetCapture(), real_button());
   send(WM_RBUTTONUP);
-  EXPECT_THAT(told, ElementsAre("Down1", "Down2", "Click", "Up1", "Up2"));
+  EXPECT_THAT(events, ElementsAre("Down1", "Down2", "Click", "Up1", "Up2"));
 }
 
 TEST_F(RealButton, a_release_without_its_press_means_nothing) {
@@ -142,7 +143,7 @@ TEST_F(RealButton, a_release_without_its_press_means_nothing) {
   send(WM_LBUTTONUP);
   send(WM_RBUTTONUP);
   send(WM_RBUTTONUP);
-  EXPECT_THAT(told, ElementsAre("Down2", "Up2"));
+  EXPECT_THAT(events, ElementsAre("Down2", "Up2"));
 }
 
 TEST_F(RealButton, presses_are_over_where_something_else_takes_the_mouse) {
@@ -154,7 +155,7 @@ TEST_F(RealButton, presses_are_over_where_something_else_takes_the_mouse) {
   EXPECT_EQ(tile(), kNormal);
   send(WM_RBUTTONUP);
   send(WM_LBUTTONUP);
-  EXPECT_THAT(told, ElementsAre("Down1", "Down2"));
+  EXPECT_THAT(events, ElementsAre("Down1", "Down2"));
 }
 
 TEST_F(RealButton, every_state_is_painted_as_it_comes) {
@@ -199,7 +200,7 @@ TEST_F(RealButton, a_held_button_looks_let_go_while_the_pointer_is_elsewhere) {
   EXPECT_TRUE(pump_until([&] { return tile() == kNormal; }));
   EXPECT_TRUE(button.down());
   send(WM_LBUTTONUP, 0, 300, 300);
-  EXPECT_THAT(told, ElementsAre("Down1", "Up1"));
+  EXPECT_THAT(events, ElementsAre("Down1", "Up1"));
 }
 
 TEST_F(RealButton, what_has_the_masks_colour_lets_the_ground_through) {
@@ -234,11 +235,11 @@ TEST_F(RealButton, a_key_that_its_window_keeps_does_not_press_it) {
   };
   press_key(VK_SPACE);
   press_key(VK_RETURN);
-  EXPECT_THAT(told, IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
   keep = false;
   press_key(VK_SPACE);
   press_key(VK_RETURN);
-  EXPECT_THAT(told, ElementsAre("Click", "Click"));
+  EXPECT_THAT(events, ElementsAre("Click", "Click"));
 }
 
 }  // namespace

@@ -66,13 +66,13 @@ TEST_F(RealControls, captions_visibility_and_state_follow_the_objects) {
   label.set_caption("otro");
   button.show();
   box.set_enabled(true);
-  EXPECT_EQ(text_of(real(L"Ordelan.lblEstado")), L"otro");  // whoever asks gets the newest
+  EXPECT_EQ(text_of(real(L"Ordelan.lblEstado")), L"otro");  // a caller gets the newest text
   backend.pump();
   EXPECT_TRUE(IsWindowVisible(real(L"Ordelan.cmdAbrir")));
   EXPECT_TRUE(IsWindowEnabled(real(L"Ordelan.Check1")));
 }
 
-TEST_F(RealControls, a_button_tells_its_click) {
+TEST_F(RealControls, a_button_reports_its_click) {
   int clicks = 0;
   button.on_click = [&] { ++clicks; };
   show();
@@ -123,8 +123,8 @@ TEST_F(RealControls, an_exception_in_a_handler_stays_in_the_program) {
 }
 
 TEST_F(RealControls, a_check_box_shows_the_tick_of_its_object) {
-  std::vector<bool> told;
-  box.on_click = [&] { told.push_back(box.checked()); };
+  std::vector<bool> clicks;
+  box.on_click = [&] { clicks.push_back(box.checked()); };
   show();
   const HWND real_box = real(L"Ordelan.Check1");
   press(real_box);
@@ -133,10 +133,10 @@ TEST_F(RealControls, a_check_box_shows_the_tick_of_its_object) {
   press(real_box);
   EXPECT_FALSE(box.checked());
   EXPECT_EQ(SendMessageW(real_box, BM_GETCHECK, 0, 0), BST_UNCHECKED);
-  EXPECT_THAT(told, testing::ElementsAre(true, false));
+  EXPECT_THAT(clicks, testing::ElementsAre(true, false));
   box.set_checked(true);
   EXPECT_EQ(SendMessageW(real_box, BM_GETCHECK, 0, 0), BST_CHECKED);
-  EXPECT_EQ(told.size(), 2u);
+  EXPECT_EQ(clicks.size(), 2u);
 }
 
 TEST_F(RealControls, a_label_is_clicked_where_the_button_is_let_go) {

@@ -97,7 +97,7 @@ TEST_F(FileDialogs, saving_moves_the_program_to_no_other_folder) {
   EXPECT_STREQ(before, after);
 }
 
-TEST_F(FileDialogs, a_file_that_is_there_is_asked_about_before_it_is_named) {
+TEST_F(FileDialogs, an_existing_file_is_asked_about_before_it_is_named) {
   write_file(folder.path() + L"\\lista.log", "viejo");
   HWND asked = nullptr;
   HWND first = nullptr;
@@ -107,7 +107,7 @@ TEST_F(FileDialogs, a_file_that_is_there_is_asked_about_before_it_is_named) {
       typing(folder.path() + L"\\lista.log")(up);
       return false;
     }
-    if (up == first) {  // back behind the question, or still on the way to it
+    if (up == first) {  // back after the question, or still on the way to it
       if (!asked) return false;
       return cancel(up);
     }

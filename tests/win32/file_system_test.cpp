@@ -46,7 +46,7 @@ class Win32Files : public testing::Test {
   system::FileSystem& files_ = place_.files();
 };
 
-TEST_F(Win32Files, a_hidden_file_is_known_but_not_looked_up) {
+TEST_F(Win32Files, a_hidden_file_is_found_but_not_looked_up) {
   give("oculto.vip", FILE_ATTRIBUTE_HIDDEN);
   if (IsSkipped()) return;
   const auto info = files_.info(path("oculto.vip"));
@@ -119,7 +119,7 @@ TEST_F(Win32Files, a_file_that_cannot_be_replaced_leaves_the_new_one_its_attribu
   EXPECT_EQ(files_.list(place_.folder())->size(), 2u) << "nothing else is left";
 }
 
-TEST_F(Win32Files, a_system_file_is_known_but_not_looked_up) {
+TEST_F(Win32Files, a_system_file_is_found_but_not_looked_up) {
   give("sistema.vip", FILE_ATTRIBUTE_SYSTEM);
   if (IsSkipped()) return;
   const auto info = files_.info(path("sistema.vip"));
@@ -218,7 +218,7 @@ TEST_F(Win32Files, slashes_and_dots_lead_where_they_lead_in_windows) {
   EXPECT_TRUE(files_.info(path("Mix\\.\\..\\Mix\\\\a.wav")));
 }
 
-TEST_F(Win32Files, a_link_to_a_folder_is_known_as_one) {
+TEST_F(Win32Files, a_link_to_a_folder_is_listed_as_one) {
   place_.make_folder(path("Mix"));
   constexpr DWORD kUnprivileged = 2;  // allowed without rights in developer mode
   const std::wstring link = win32::widen(path("enlace"));

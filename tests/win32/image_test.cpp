@@ -61,17 +61,17 @@ TEST_F(RealImage, a_picture_is_clicked_where_the_button_is_let_go) {
 }
 
 TEST_F(RealImage, two_quick_clicks_are_one_click_and_one_double_click) {
-  std::string told;
-  image.on_click = [&] { told += "c"; };
-  image.on_double_click = [&] { told += "d"; };
+  std::string events;
+  image.on_click = [&] { events += "c"; };
+  image.on_double_click = [&] { events += "d"; };
   show();
   press(real_image());
   SendMessageW(real_image(), WM_LBUTTONDBLCLK, MK_LBUTTON, at(3, 3));
   SendMessageW(real_image(), WM_LBUTTONUP, 0, at(3, 3));
-  EXPECT_EQ(told, "cd");
+  EXPECT_EQ(events, "cd");
 }
 
-TEST_F(RealImage, a_picture_that_is_not_there_shows_the_windows_ground) {
+TEST_F(RealImage, a_missing_picture_shows_the_windows_ground) {
   image.set_picture("no existe");
   show();
   EXPECT_EQ(shown(20, 20), kGround);

@@ -114,7 +114,7 @@ TEST_F(RealListBox, two_hundred_thousand_rows_are_shown_and_scrolled_to_the_end)
 
 TEST_F(RealListBox, rows_added_in_a_loop_are_shown_at_the_next_pump) {
   show();
-  int counted = 0;  // how often the real list is told a count
+  int counted = 0;  // how often the real list is given a count
   SetPropW(real_list(), L"test.count", reinterpret_cast<HANDLE>(&counted));
   static WNDPROC standard;
   standard = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
@@ -192,19 +192,19 @@ TEST_F(RealListBox, a_row_that_the_program_chooses_comes_into_sight) {
   EXPECT_EQ(ask(LB_GETCURSEL), LB_ERR);
 }
 
-TEST_F(RealListBox, a_click_chooses_the_row_and_tells_after_it_is_chosen) {
-  std::vector<std::string> told;
-  list.on_click = [&] { told.push_back(list.current_row()); };
+TEST_F(RealListBox, a_click_chooses_the_row_and_reports_after_it_is_chosen) {
+  std::vector<std::string> events;
+  list.on_click = [&] { events.push_back(list.current_row()); };
   show();
   fill(20);
   press(real_list(), 5, 3 * row_height() + 2);
-  EXPECT_THAT(told, testing::ElementsAre("fila 3"));
+  EXPECT_THAT(events, testing::ElementsAre("fila 3"));
   EXPECT_EQ(list.current(), 3);
   press(real_list(), 5, 3 * row_height() + 2);
-  EXPECT_THAT(told, testing::ElementsAre("fila 3", "fila 3"));
+  EXPECT_THAT(events, testing::ElementsAre("fila 3", "fila 3"));
 }
 
-TEST_F(RealListBox, a_click_is_told_once_the_mouse_is_free) {
+TEST_F(RealListBox, a_click_is_reported_once_the_mouse_is_free) {
   HWND captured = real_window();
   list.on_click = [&] { captured = GetCapture(); };
   show();
@@ -229,79 +229,79 @@ TEST_F(RealListBox, a_row_beyond_65535_is_found_under_the_pointer) {
 }
 
 TEST_F(RealListBox, the_right_button_below_the_last_row_chooses_nothing) {
-  int told = 0;
-  list.on_right_click = [&] { ++told; };
+  int events = 0;
+  list.on_right_click = [&] { ++events; };
   show();
   fill(2);
   SendMessageW(real_list(), WM_RBUTTONDOWN, MK_RBUTTON, at(5, 8 * row_height()));
   EXPECT_EQ(list.current(), -1);
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(events, 1);
 }
 
-TEST_F(RealListBox, a_press_below_the_last_row_is_told_and_the_current_row_stays) {
-  std::string told;
-  list.on_click = [&] { told += "c"; };
-  list.on_double_click = [&] { told += "d"; };
-  list.on_click_below = [&] { told += GetCapture() ? "?" : "b"; };
+TEST_F(RealListBox, a_press_below_the_last_row_is_reported_and_the_current_row_stays) {
+  std::string events;
+  list.on_click = [&] { events += "c"; };
+  list.on_double_click = [&] { events += "d"; };
+  list.on_click_below = [&] { events += GetCapture() ? "?" : "b"; };
   show();
   fill(3);
   list.set_current(1);
   const HWND control = real_list();
   SetFocus(nullptr);
   SendMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, at(5, 3 * row_height() + 1));
-  EXPECT_EQ(told, "b") << "as soon as the button is down";
+  EXPECT_EQ(events, "b") << "as soon as the button is down";
   SendMessageW(control, WM_LBUTTONUP, 0, at(5, 3 * row_height() + 1));
-  EXPECT_EQ(told, "b");
+  EXPECT_EQ(events, "b");
   EXPECT_EQ(GetFocus(), control);
   EXPECT_EQ(list.current(), 1);
   EXPECT_EQ(ask(LB_GETCURSEL), 1);
   SendMessageW(control, WM_LBUTTONDBLCLK, MK_LBUTTON, at(5, 8 * row_height()));
   SendMessageW(control, WM_LBUTTONUP, 0, at(5, 8 * row_height()));
-  EXPECT_EQ(told, "bb") << "two quick presses are two";
+  EXPECT_EQ(events, "bb") << "two quick presses are two";
   EXPECT_EQ(list.current(), 1);
-  told.clear();
+  events.clear();
   press(control, 5, 3 * row_height() - 1);
-  EXPECT_EQ(told, "c") << "the last row";
+  EXPECT_EQ(events, "c") << "the last row";
   EXPECT_EQ(list.current(), 2);
 }
 
 TEST_F(RealListBox, an_empty_list_is_nothing_but_room_below_its_rows) {
-  int told = 0;
-  list.on_click_below = [&] { ++told; };
+  int events = 0;
+  list.on_click_below = [&] { ++events; };
   show();
   press(real_list());
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(events, 1);
   fill(1);
   press(real_list());
-  EXPECT_EQ(told, 1);
+  EXPECT_EQ(events, 1);
 }
 
 TEST_F(RealListBox, a_list_that_is_full_has_no_room_below_its_rows) {
-  int told = 0;
-  list.on_click_below = [&] { ++told; };
+  int events = 0;
+  list.on_click_below = [&] { ++events; };
   show();
   fill(100);
   ask(WM_VSCROLL, SB_BOTTOM);
   RECT client{};
   GetClientRect(real_list(), &client);
   press(real_list(), 5, client.bottom / row_height() * row_height() - 1);
-  EXPECT_EQ(told, 0);
+  EXPECT_EQ(events, 0);
   EXPECT_EQ(list.current(), 99);
 }
 
 TEST_F(RealListBox, two_quick_clicks_are_one_click_and_one_double_click) {
-  std::string told;
-  list.on_click = [&] { told += "c"; };
-  list.on_double_click = [&] { told += "d"; };
+  std::string events;
+  list.on_click = [&] { events += "c"; };
+  list.on_double_click = [&] { events += "d"; };
   show();
   fill(5);
   press(real_list());
   SendMessageW(real_list(), WM_LBUTTONDBLCLK, MK_LBUTTON, at(3, 3));
   SendMessageW(real_list(), WM_LBUTTONUP, 0, at(3, 3));
-  EXPECT_EQ(told, "cd");
+  EXPECT_EQ(events, "cd");
 }
 
-TEST_F(RealListBox, keys_are_told_and_arrows_choose) {
+TEST_F(RealListBox, keys_are_reported_and_arrows_choose) {
   std::vector<int> keys;
   int clicks = 0;
   list.on_key = [&](int code) { keys.push_back(code); };
@@ -330,12 +330,12 @@ TEST_F(RealListBox, the_horizontal_extent_covers_the_widest_row) {
   EXPECT_EQ(ask(LB_GETHORIZONTALEXTENT), 0);
 }
 
-TEST_F(RealListBox, mouse_moves_are_told_in_the_lists_own_units) {
-  ui::Point told{-1, -1};
-  list.on_mouse_move = [&](ui::Point point) { told = point; };
+TEST_F(RealListBox, mouse_moves_are_reported_in_the_lists_own_units) {
+  ui::Point events{-1, -1};
+  list.on_mouse_move = [&](ui::Point point) { events = point; };
   show();
   SendMessageW(real_list(), WM_MOUSEMOVE, 0, at(px(17), px(23)));
-  EXPECT_EQ(told, (ui::Point{17, 23}));
+  EXPECT_EQ(events, (ui::Point{17, 23}));
 }
 
 TEST_F(RealListBox, a_handler_may_unload_its_own_window) {

@@ -208,7 +208,7 @@ TEST_F(LocationWindows, a_second_search_asked_for_during_the_first_harms_nothing
               ElementsAre(e + "primera.wav"));
 }
 
-// A window of the directory that tells when it is freed.
+// A window of the directory that reports when it is freed.
 class Mortal final : public ui::Window {
  public:
   static constexpr const char* kName = "Mortal";

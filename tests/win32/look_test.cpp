@@ -84,7 +84,7 @@ TEST_P(LookOfStrip, shows_two_lines_in_its_colour_above_the_headings) {
   GetClientRect(strip, &room);
   EXPECT_EQ(pixel(strip, room.right - 2, 1), GetParam().color);
   EXPECT_EQ(pixel(strip, room.right - 2, room.bottom - 2), GetParam().color);
-  // The second line is there to be read: some of its pixels are not the ground.
+  // The second line is readable: some of its pixels are not the ground.
   int written = 0;
   for (int x = 0; x < room.right; ++x) {
     for (int y = room.bottom / 2 + 1; y < room.bottom - 1; ++y) {
@@ -163,7 +163,7 @@ TEST_F(LookInside, the_strip_of_a_search_leaves_the_clocks_to_be_read) {
   EXPECT_GE(strip.top, elapsed.bottom);
 }
 
-TEST_F(LookInside, projects_that_count_for_nothing_are_told_of_and_listed) {
+TEST_F(LookInside, projects_that_are_left_out_are_reported_and_listed) {
   const std::string folder =
       "D:\\Grabaciones del estudio grande\\Temporada de otoño con la orquesta entera\\"
       "Arreglos definitivos para la mezcla\\";

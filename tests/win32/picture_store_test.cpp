@@ -72,7 +72,7 @@ struct Pictures : testing::Test {
   win32::PictureStore store{GetModuleHandleW(nullptr)};
 };
 
-TEST_F(Pictures, the_skin_and_the_windows_floor_mean_the_same_mask) {
+TEST_F(Pictures, the_skin_and_the_windows_room_mean_the_same_mask) {
   EXPECT_EQ(rgb_of(kMask), win32::kMaskPixel & kRgb);
 }
 
@@ -94,7 +94,7 @@ TEST_F(Pictures, icons_come_in_four_tints) {
   EXPECT_EQ(ink_of(store.pixels("borrar_off", 96)), rgb_of(skin::kTextOff));
 }
 
-TEST_F(Pictures, all_that_the_windows_name_are_there_at_every_scale) {
+TEST_F(Pictures, all_that_the_windows_name_exist_at_every_scale) {
   for (const char* const icon :
        {"abrir", "vaciar", "cancelar", "borrar", "perdidos", "minimizar", "cerrar", "salir",
         "salvar", "actualizar", "configurar", "acerca", "elegir", "disco", "soltar"}) {
@@ -163,7 +163,7 @@ TEST_F(Pictures, beyond_all_scales_the_largest_is_made_larger) {
   EXPECT_EQ(store.decodes(), 1);
 }
 
-TEST_F(Pictures, what_is_not_there_is_nothing) {
+TEST_F(Pictures, what_is_missing_is_nothing) {
   EXPECT_EQ(store.size("no existe"), std::nullopt);
   EXPECT_EQ(store.size(""), std::nullopt);
   EXPECT_TRUE(store.pixels("no existe", 96).argb.empty());
@@ -199,7 +199,7 @@ TEST_P(Ground, is_the_mask_outside_and_takes_nothing_of_it_inside) {
 INSTANTIATE_TEST_SUITE_P(Pictures, Ground,
                          testing::Values("fondo_principal", "fondo_perdidos", "fondo_acerca"));
 
-TEST(ProgramIcon, is_there_in_the_sizes_that_the_system_asks_for) {
+TEST(ProgramIcon, exists_in_the_sizes_that_the_system_asks_for) {
   for (const int side : {16, 20, 24, 32, 48, 64, 128, 256}) {
     const auto icon = static_cast<HICON>(
         LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, side, side, 0));

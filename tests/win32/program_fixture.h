@@ -1,5 +1,5 @@
-// The whole program with its real windows, inside the test's own process: whatever the user does
-// comes as messages. Folders of a temporary disk pass for drives.
+// The whole program with its real windows, inside the test's own process: what the user does
+// comes as messages. Folders of a temporary disk serve as drives.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// The label of the projects that count for nothing, and its window, as real ones.
+// The label of the projects that are left out, and its window, as real ones.
 #include <windows.h>
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// Numbers, dates and times as the user has told Windows to write them.
+// Numbers, dates and times as the user has set Windows to write them.
 #include <windows.h>
 
 #include <gtest/gtest.h>

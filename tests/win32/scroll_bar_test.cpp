@@ -379,7 +379,7 @@ TEST_F(ListScrollBars, go_with_their_list) {
   EXPECT_FALSE(IsWindow(found));
 }
 
-TEST_F(ListScrollBars, the_line_round_lists_and_boxes_tells_of_the_focus) {
+TEST_F(ListScrollBars, the_line_round_lists_and_boxes_shows_the_focus) {
   show();
   const COLORREF line = win32::color_of(win32::palette().line);
   const COLORREF accent = win32::color_of(win32::palette().accent);

@@ -39,7 +39,7 @@ class Win32ShellTest : public testing::Test {
     return GetFileAttributesW(win32::widen(path).c_str()) != INVALID_FILE_ATTRIBUTES;
   }
 
-  // Removes a file. False while somebody holds it.
+  // Removes a file. False while a program holds it.
   static bool is_gone(const std::string& path) {
     return DeleteFileW(win32::widen(path).c_str()) || !is_there(path);
   }
@@ -55,7 +55,7 @@ TEST_F(Win32ShellTest, files_and_folders_have_a_kind) {
   EXPECT_NE(shell.file_type(written("voz.wav")), shell.file_type(own_program()));
 }
 
-TEST_F(Win32ShellTest, what_is_not_there_has_no_kind_no_program_and_no_icon) {
+TEST_F(Win32ShellTest, what_is_missing_has_no_kind_no_program_and_no_icon) {
   for (const std::string& missing : {path("nada.wav"), std::string(), std::string("nada.wav")}) {
     EXPECT_EQ(shell.file_type(missing), "") << missing;
     EXPECT_EQ(shell.executable(missing), "") << missing;
@@ -91,7 +91,7 @@ TEST_F(Win32ShellTest, a_file_below_a_path_of_any_length_has_a_kind_and_an_icon)
   EXPECT_TRUE(shell.icon(file));
 }
 
-TEST_F(Win32ShellTest, what_is_not_there_is_not_opened) {
+TEST_F(Win32ShellTest, what_is_missing_is_not_opened) {
   EXPECT_FALSE(shell.open(path("nada.wav")));
   EXPECT_FALSE(shell.open(""));
   EXPECT_FALSE(shell.open(std::string("C:\\\0", 4)));
@@ -162,7 +162,7 @@ class Win32ShellPlace {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Win32, ShellContract, Win32ShellPlace);
 
-// Gives every question of this process that answer until it goes.
+// Gives every question of this process that answer until it is destroyed.
 class Answerer {
  public:
   explicit Answerer(WORD answer) : thread_([this, answer] { run(answer); }) {}

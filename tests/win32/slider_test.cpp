@@ -21,7 +21,7 @@ class RealSlider : public BackendTest {
   RealSlider() {
     slider.set_bounds({20, 30, 111, 20});
     slider.set_position(1);
-    slider.on_change = [this](std::int32_t value) { told.push_back(value); };
+    slider.on_change = [this](std::int32_t value) { changes.push_back(value); };
   }
 
   HWND real_slider() const { return real(L"Ordelan.SliderVol"); }
@@ -38,7 +38,7 @@ class RealSlider : public BackendTest {
   }
 
   ui::Slider slider{window, "SliderVol"};
-  std::vector<std::int32_t> told;
+  std::vector<std::int32_t> changes;
 };
 
 TEST_F(RealSlider, a_click_on_the_track_moves_the_value) {
@@ -46,12 +46,12 @@ TEST_F(RealSlider, a_click_on_the_track_moves_the_value) {
   send(WM_LBUTTONDOWN, MK_LBUTTON, 110);
   send(WM_LBUTTONUP, 0, 110);
   EXPECT_EQ(slider.value(), 100);
-  EXPECT_THAT(told, ElementsAre(100));
+  EXPECT_THAT(changes, ElementsAre(100));
   EXPECT_FALSE(slider.pressed());
   EXPECT_NE(GetCapture(), real_slider());
 }
 
-TEST_F(RealSlider, is_a_slider_with_its_value_to_whoever_reads_the_screen) {
+TEST_F(RealSlider, is_a_slider_with_its_value_to_screen_readers) {
   slider.set_min(-50);
   slider.set_max(200);
   slider.set_value(20);
@@ -72,7 +72,7 @@ TEST_F(RealSlider, is_a_slider_with_its_value_to_whoever_reads_the_screen) {
   EXPECT_EQ(ask(TBM_GETPOS), -50);
 }
 
-// As programs for people who see nothing set a slider.
+// As screen readers set a slider.
 TEST_F(RealSlider, another_program_may_set_its_value) {
   show();
   const auto set = [&](int value) {
@@ -85,7 +85,7 @@ TEST_F(RealSlider, another_program_may_set_its_value) {
   set(1000);
   EXPECT_EQ(slider.value(), 100);
   EXPECT_EQ(SendMessageW(real_slider(), TBM_GETPOS, 0, 0), 100);
-  EXPECT_THAT(told, ElementsAre(70, 100));
+  EXPECT_THAT(changes, ElementsAre(70, 100));
 }
 
 TEST_F(RealSlider, the_wheel_leaves_value_and_thumb_alone) {
@@ -117,7 +117,7 @@ TEST_F(RealSlider, a_drag_ends_where_something_else_takes_the_mouse) {
   EXPECT_EQ(slider.value(), 0);
 }
 
-TEST_F(RealSlider, events_tell_place_button_and_keys) {
+TEST_F(RealSlider, events_carry_place_button_and_keys) {
   ui::Mouse last;
   slider.on_mouse_down = slider.on_mouse_move =
       slider.on_mouse_up = [&](const ui::Mouse& mouse) { last = mouse; };
@@ -132,7 +132,7 @@ TEST_F(RealSlider, events_tell_place_button_and_keys) {
   EXPECT_EQ(last, (ui::Mouse{{40, 12}, 0, 0}));
 }
 
-TEST_F(RealSlider, every_button_of_the_mouse_is_told_and_keeps_the_mouse) {
+TEST_F(RealSlider, every_button_of_the_mouse_is_reported_and_keeps_the_mouse) {
   std::vector<std::string> events;
   slider.on_mouse_down = [&](const ui::Mouse& m) {
     events.push_back("Down" + std::to_string(m.button));
@@ -172,7 +172,7 @@ TEST_F(RealSlider, a_right_click_inside_a_drag_does_not_end_it) {
   EXPECT_NE(GetCapture(), real_slider());
 }
 
-TEST_F(RealSlider, a_release_without_its_press_is_not_told) {
+TEST_F(RealSlider, a_release_without_its_press_is_not_reported) {
   int releases = 0;
   slider.on_mouse_up = [&](const ui::Mouse&) { ++releases; };
   show();
@@ -244,7 +244,7 @@ TEST_F(RealSlider, is_as_large_as_its_track_also_where_that_was_set_before_it_wa
   EXPECT_EQ(size(), tile);
 }
 
-TEST_F(RealSlider, stands_upright_to_whoever_reads_the_screen_too) {
+TEST_F(RealSlider, stands_upright_to_screen_readers_too) {
   const auto vertical = [&] {
     backend.pump();
     return (GetWindowLongPtrW(real_slider(), GWL_STYLE) & TBS_VERT) != 0;
@@ -269,10 +269,10 @@ TEST_F(RealSlider, a_key_that_its_window_keeps_does_not_move_it) {
   for (const WPARAM key : {VK_END, VK_RIGHT, VK_NEXT, VK_SPACE}) type(real_slider(), key);
   EXPECT_EQ(slider.value(), 0);
   EXPECT_EQ(SendMessageW(real_slider(), TBM_GETPOS, 0, 0), 0);
-  EXPECT_THAT(told, testing::IsEmpty());
+  EXPECT_THAT(changes, testing::IsEmpty());
   keep = false;
   type(real_slider(), VK_END);
-  EXPECT_THAT(told, ElementsAre(100));
+  EXPECT_THAT(changes, ElementsAre(100));
 }
 
 TEST_F(RealSlider, keys_move_it_where_it_has_the_focus) {
@@ -282,7 +282,7 @@ TEST_F(RealSlider, keys_move_it_where_it_has_the_focus) {
   type(real_slider(), VK_UP);
   type(real_slider(), VK_LEFT);
   type(real_slider(), VK_END);
-  EXPECT_THAT(told, ElementsAre(1, 2, 1, 100));
+  EXPECT_THAT(changes, ElementsAre(1, 2, 1, 100));
   EXPECT_EQ(GetFocus(), real_slider()) << "arrows do not leave it";
 }
 

@@ -17,7 +17,7 @@ class TallStrip : public ProgramTest {
 
   TallStrip() { start({disk.folder()}); }
 
-  void tell(int lines) {
+  void write_lines(int lines) {
     std::string text = "El archivo: toma.wav";
     for (int i = 2; i <= lines; ++i) text += "\r\nD:\\Mix\\" + std::to_string(i) + "\\toma.wav";
     program->form.strip.Alerta(work::kResult, text, true);
@@ -86,7 +86,7 @@ class TallStrip : public ProgramTest {
 };
 
 TEST_F(TallStrip, ends_within_the_window_and_keeps_its_text_and_height_in_the_program) {
-  tell(kLines);
+  write_lines(kLines);
   EXPECT_EQ(line_count(), kLines);
   EXPECT_EQ(program->form.strip.TextDecode.bounds().height, 16 * kLines);
   expect_inside();
@@ -95,7 +95,7 @@ TEST_F(TallStrip, ends_within_the_window_and_keeps_its_text_and_height_in_the_pr
 }
 
 TEST_F(TallStrip, is_scrolled_to_its_last_line_and_back_by_the_wheel) {
-  tell(kLines);
+  write_lines(kLines);
   turn_wheel(strip, -1);
   EXPECT_GT(first_line(), 0);
   EXPECT_LT(first_line(), 10);
@@ -107,7 +107,7 @@ TEST_F(TallStrip, is_scrolled_to_its_last_line_and_back_by_the_wheel) {
 }
 
 TEST_F(TallStrip, is_scrolled_by_keys) {
-  tell(kLines);
+  write_lines(kLines);
   SetFocus(strip);
   PostMessageW(strip, WM_KEYDOWN, VK_NEXT, 1);
   backend.pump();
@@ -120,7 +120,7 @@ TEST_F(TallStrip, is_scrolled_by_keys) {
 }
 
 TEST_F(TallStrip, is_scrolled_by_the_bar_beside_it) {
-  tell(kLines);
+  write_lines(kLines);
   ASSERT_TRUE(bar());
   RECT room{};
   GetClientRect(bar(), &room);
@@ -135,14 +135,14 @@ TEST_F(TallStrip, is_scrolled_by_the_bar_beside_it) {
 }
 
 TEST_F(TallStrip, has_no_bar_while_all_its_lines_are_seen) {
-  tell(2);
+  write_lines(2);
   EXPECT_FALSE(bar());
-  tell(kLines);
+  write_lines(kLines);
   EXPECT_TRUE(bar());
-  tell(2);
+  write_lines(2);
   EXPECT_FALSE(bar());
   EXPECT_EQ(program->form.strip.TextDecode.bounds(), (ui::Rect{12, 120, 1076, 32}));
-  tell(kLines);
+  write_lines(kLines);
   program->form.strip.Alerta(work::kProgress, ": ", false);
   backend.pump();
   EXPECT_FALSE(own_window_below(top_level(L"Form1"), [&](HWND each) {

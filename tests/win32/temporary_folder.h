@@ -1,4 +1,4 @@
-// A folder for one test, which takes everything in it along when it goes.
+// A folder for one test, removed with its contents at the end.
 #pragma once
 
 #include <windows.h>

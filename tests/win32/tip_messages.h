@@ -33,7 +33,7 @@ class TipMessages {
   TipMessages& operator=(const TipMessages&) = delete;
 
   std::vector<Title> titles;
-  int themes = 0;  // how often a window of tips was given another theme, or none
+  int themes = 0;  // how often a tooltip window was given another theme, or none
 
  private:
   static TipMessages*& recording() {

@@ -35,31 +35,31 @@ class RealTips : public BackendTest {
   ui::Label label{window, "lblEstado"};
 };
 
-TEST_F(RealTips, helps_are_the_systems_as_long_as_the_colours_are) {
+TEST_F(RealTips, tooltips_are_the_systems_as_long_as_the_colours_are) {
   label.set_tip("la ayuda");
-  const TipMessages told;
+  const TipMessages messages;
   show();
   ASSERT_TRUE(tip_window());
-  EXPECT_EQ(told.themes, 0);
+  EXPECT_EQ(messages.themes, 0);
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), GetSysColor(COLOR_INFOBK));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), GetSysColor(COLOR_INFOTEXT));
 }
 
-TEST_F(RealTips, helps_have_the_colours_of_a_palette) {
+TEST_F(RealTips, tooltips_have_the_colours_of_a_palette) {
   ui::Palette palette;
   palette.raised = ui::rgb(10, 20, 30);
   palette.text = ui::rgb(200, 210, 220);
   win32::use_palette(palette);
   label.set_tip("la ayuda");
-  const TipMessages told;
+  const TipMessages messages;
   show();
   ASSERT_TRUE(tip_window());
-  EXPECT_EQ(told.themes, 1) << "a theme would show its own colours";
+  EXPECT_EQ(messages.themes, 1) << "a theme would show its own colours";
   EXPECT_EQ(color(TTM_GETTIPBKCOLOR), RGB(10, 20, 30));
   EXPECT_EQ(color(TTM_GETTIPTEXTCOLOR), RGB(200, 210, 220));
 }
 
-TEST_F(RealTips, helps_are_as_large_as_their_window_is_shown) {
+TEST_F(RealTips, tooltips_are_as_large_as_their_window_is_shown) {
   label.set_tip("la ayuda");
   show();
   const LONG before = letters();

@@ -219,7 +219,7 @@ COLORREF on_screen(POINT place) {
   return color;
 }
 
-// A click as it comes from the mouse. Under Wine only the screen below knows of keyed holes, and
+// A click as it comes from the mouse. Under Wine only the screen below has the keyed holes, and
 // the click has to come from there.
 void click_by_hand(POINT place) {
   constexpr wchar_t kHand[] = L"Z:\\usr\\bin\\xdotool";
@@ -232,7 +232,7 @@ void click_by_hand(POINT place) {
     ASSERT_EQ(SendInput(2, events, sizeof events[0]), 2u);
     return;
   }
-  // It waits for the pointer to move, and would wait long where that is there already.
+  // It waits for the pointer to move, and would wait long where that has arrived already.
   std::wstring command = std::wstring(kHand) + L" mousemove 0 0 mousemove --sync " +
                          std::to_wstring(place.x) + L" " + std::to_wstring(place.y) + L" click 1";
   STARTUPINFOW start{};

@@ -53,7 +53,7 @@ TEST_F(RealWindow, a_window_cannot_be_made_larger_but_small) {
   EXPECT_FALSE(style & WS_THICKFRAME);
 }
 
-TEST_F(RealWindow, a_loaded_window_is_shown_only_when_it_is_told_to) {
+TEST_F(RealWindow, a_loaded_window_is_shown_only_on_request) {
   window.set_title("Ordel\xE1n");
   window.load();
   EXPECT_FALSE(IsWindowVisible(real_window()));
@@ -407,7 +407,7 @@ TEST_F(RealWindow, what_comes_between_events_waits_for_the_end_of_a_handler_that
     EXPECT_EQ(inner, 3);
     EXPECT_EQ(between, before);
     ++handlers;
-    // Met by the main loop, behind this handler.
+    // Met by the main loop, after this handler.
     PostMessageW(real(L"Ordelan.cmdFin"), BM_CLICK, 0, 0);
     inside = false;
   };

@@ -120,7 +120,7 @@ TEST_F(ConsoleProgram, slashes_separate_as_backslashes_do) {
   EXPECT_THAT(searched.output, HasSubstr("\"ArchivoActual\": \"D:\\\\Mix\\\\tema.vip\""));
 }
 
-TEST_F(ConsoleProgram, a_missing_configuration_is_told_and_none_is_written) {
+TEST_F(ConsoleProgram, a_missing_configuration_is_reported_and_none_is_written) {
   const Result result = run(L"--config C:/none.ini abrir D:/Mix/tema.vip");
   EXPECT_EQ(result.exit_code, 0u);
   EXPECT_THAT(result.error, HasSubstr("--config C:/none.ini: no existe el archivo"));
@@ -128,7 +128,7 @@ TEST_F(ConsoleProgram, a_missing_configuration_is_told_and_none_is_written) {
   EXPECT_FALSE(settings_written());
 }
 
-TEST_F(ConsoleProgram, what_the_code_page_cannot_hold_is_told_as_that) {
+TEST_F(ConsoleProgram, what_the_code_page_cannot_hold_is_reported_as_that) {
   const std::wstring east = L"\x6771.vip";
   write_project(east);
   write_project(L"a.vip");

@@ -6,7 +6,7 @@
 
 namespace ordelan::test {
 
-// The roots of the drives that have a box, as the system tells them: fixed and removable ones, but
+// The roots of the drives that have a box, as the system lists them: fixed and removable ones, but
 // not the floppy's letter.
 std::vector<std::string> boxed_drives();
 
@@ -18,7 +18,7 @@ std::string drive_caption(const std::string& root);
 // lines.
 void write_settings(const std::string& letters, const std::string& more = "");
 
-// Takes the settings away; their folder is there afterwards.
+// Takes the settings away; their folder exists afterwards.
 void remove_settings();
 
 bool settings_written();

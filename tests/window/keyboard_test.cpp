@@ -1,4 +1,4 @@
-// The real program without a mouse, and what it tells a screen reader.
+// The real program without a mouse, and what it reports to a screen reader.
 #include <windows.h>
 
 #include <gmock/gmock.h>
@@ -128,7 +128,7 @@ class Keyboard : public OrdelanTest {
     EXPECT_THAT(round_by_tab(wanted.size(), true), ElementsAreArray(back));
   }
 
-  // The focus makes more of the colour at the control than is there without it.
+  // The focus adds pixels of the colour at the control.
   void expect_seen(const std::string& name) const {
     const HWND control = program->control(name);
     go_to(name);

@@ -235,7 +235,7 @@ TEST_F(LocationLostFiles, the_report_is_saved_under_a_name_that_is_given_its_ext
   EXPECT_TRUE(program->window_shown("Perdidos"));
 }
 
-TEST_F(LocationLostFiles, a_file_that_is_there_is_asked_about_before_it_is_replaced) {
+TEST_F(LocationLostFiles, an_existing_file_is_asked_about_before_it_is_replaced) {
   write("perdidos.log", "viejo");
   show_report();
   program->click("cmdLog");
@@ -307,7 +307,7 @@ TEST_F(LocationLostFiles, the_report_is_minimised_by_its_own_button_and_brought_
 
 class LocationAbout : public OrdelanTest {};
 
-TEST_F(LocationAbout, the_label_opens_the_about_window_which_tells_the_version) {
+TEST_F(LocationAbout, the_label_opens_the_about_window_which_shows_the_version) {
   start();
   program->click("AcercaDe");
   program->use_window("Acerca");

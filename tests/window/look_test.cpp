@@ -1,4 +1,4 @@
-// How the real program looks: a picture of each window, to be looked at, and what can be told
+// How the real program looks: a picture of each window, to be looked at, and what can be checked
 // without eyes: that nothing sticks out or lies over another.
 #include <windows.h>
 
@@ -41,7 +41,7 @@ RECT place_of(HWND window) {
   return area;
 }
 
-std::string told(const RECT& area) {
+std::string described(const RECT& area) {
   return std::to_string(area.left) + "," + std::to_string(area.top) + " to " +
          std::to_string(area.right) + "," + std::to_string(area.bottom);
 }
@@ -79,18 +79,19 @@ class Look : public OrdelanTest {
       const RECT place = place_of(controls[i]);
       RECT inside{};
       IntersectRect(&inside, &place, &room);
-      EXPECT_TRUE(EqualRect(&inside, &place)) << told(place) << " reaches out of " << told(room);
+      EXPECT_TRUE(EqualRect(&inside, &place))
+          << described(place) << " reaches out of " << described(room);
       for (std::size_t j = i + 1; j < controls.size(); ++j) {
         if (controls[i] == invitation || controls[j] == invitation) continue;
         const RECT other = place_of(controls[j]);
         RECT both{};
         EXPECT_FALSE(IntersectRect(&both, &place, &other))
-            << told(place) << " lies over " << told(other);
+            << described(place) << " lies over " << described(other);
       }
     }
   }
 
-  // References of one long folder, none of which is there.
+  // References of one long folder, none of which exists.
   static std::vector<std::string> long_references(int count) {
     const std::string folder =
         "D:\\Grabaciones del estudio grande\\Temporada de otoño con la orquesta entera\\"

@@ -155,7 +155,7 @@ TEST_F(Ordelan, a_cancel_lands_in_the_middle_of_a_long_decode) {
   EXPECT_LT(program->progress("XP_ProgressBar1"), 9000) << "it was not read to its end";
   EXPECT_THAT(program->rows("ListProyectos"), SizeIs(1));
   EXPECT_THAT(program->rows("ListBorrar"), IsEmpty());
-  EXPECT_FALSE(program->visible("LabelErase(0)")) << "nobody knows what there would have been";
+  EXPECT_FALSE(program->visible("LabelErase(0)")) << "the result is not known";
   EXPECT_TRUE(program->visible("cmdReset"));
   program->picture_of_screen("ordelan-cancelled");
 
@@ -321,8 +321,8 @@ TEST_F(Ordelan, closes_by_alt_and_f4_in_the_middle_of_a_decode) {
   EXPECT_EQ(program->wait_for_end(), 0u);
 }
 
-// Asks the window again and again until a sweep has ended, and tells how long it took and how long
-// the longest answer did.
+// Asks the window again and again until a sweep has ended, and reports how long it took and how
+// long the longest answer did.
 void watch_sweep(Program& program) {
   using Clock = std::chrono::steady_clock;
   const auto begun = Clock::now();

@@ -4,13 +4,13 @@
 //   Program program;                               // starts it, waits for its main window
 //   program.click("cmdAbrir");
 //   program.pick_files({"D:\\Mix\\a.vip"});        // in the file dialog that is up
-//   program.wait_until("the row is there", [&] { return program.rows("ListVip").size() == 1; });
+//   program.wait_until("the row exists", [&] { return program.rows("ListVip").size() == 1; });
 //
 // Texts are code-page bytes, as in the program. A control is named as in the program, a member of a
 // control array as "Check1(2)". Names are looked for in the window that `use_window` chose, in the
 // main window at first.
 //
-// Every call that needs something to be there waits for it. When it does not come, the call throws
+// Every call that needs something waits until it exists. When it does not come, the call throws
 // std::runtime_error, which fails the test, and saves the screen as "<test>-failure.png".
 #pragma once
 
@@ -54,7 +54,7 @@ class Program {
   // Waits for its end and gives its exit code.
   DWORD wait_for_end();
 
-  // Polls until it is so; throws when it never is. `what` is told then.
+  // Polls until it is so; throws when it never is. `what` is in the message then.
   void wait_until(const std::string& what, const std::function<bool()>& reached) const;
 
   // --- windows
@@ -75,7 +75,7 @@ class Program {
   void drag_window(POINT grip, POINT by);
 
   // --- what controls show
-  HWND control(const std::string& name) const;   // waits until it is there
+  HWND control(const std::string& name) const;   // waits until it exists
   RECT place_of(const std::string& name) const;  // on the screen
   bool has(const std::string& name) const;       // whether there is one, shown or not
   std::string text(const std::string& name) const;

@@ -77,8 +77,8 @@ std::wstring Program::folder_shown(HWND dialog) const {
   return folder;
 }
 
-// Puts names into the file dialog and presses its button. The dialog forgets what it is told while
-// it still fills itself, so that the names are looked at before the button is pressed.
+// Puts names into the file dialog and presses its button. The dialog loses its names while
+// it still fills itself, so that they are checked before the button is pressed.
 void Program::accept(HWND dialog, const std::wstring& names) const {
   const auto ask = [](HWND box, UINT message, WPARAM w, const wchar_t* text) {
     DWORD_PTR ignored = 0;

@@ -36,7 +36,7 @@ std::optional<Rows> read_rows(HWND list, int index) {
                                       nullptr, kind.hInstance, nullptr);
   Answer answer;
   SetWindowLongPtrW(reader, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&answer));
-  // A test that has only waited for a while counts as hung, and nobody answers a hung program: a
+  // A test that has only waited for a while counts as hung, and no window answers a hung program: a
   // look at its messages shows that it is not.
   MSG message{};
   PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);

@@ -69,7 +69,7 @@ void part_from_last_click() {
   wait_for([&] { return std::chrono::steady_clock::now() > free; });
 }
 
-// Where the mouse was last told to be.
+// Where the mouse was moved to last.
 POINT& target() {
   static POINT place = pointer();
   return place;

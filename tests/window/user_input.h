@@ -19,7 +19,7 @@ void click_mouse(MouseButton button = MouseButton::left);
 void double_click_mouse();
 
 // Holds the left button down from one place to another. It starts to move once `held` says that the
-// program has taken hold: before that, the system would give the movement to whatever lies below.
+// program has taken hold: before that, the system would give the movement to the window below.
 void drag_mouse(POINT from, POINT to, const std::function<bool()>& held);
 
 // Presses a key and lets it go, with other keys held down meanwhile.

@@ -79,7 +79,7 @@ TEST_F(ClocksTest, a_number_with_hundredths_keeps_them) {
   EXPECT_EQ(clocks.TextLapsoTotal.text(), "15,35");
 }
 
-TEST_F(ClocksTest, fifty_nine_seconds_of_ticks_are_still_told_in_seconds) {
+TEST_F(ClocksTest, fifty_nine_seconds_of_ticks_are_still_shown_in_seconds) {
   clocks.iniciarCrono();
   tick(590);
   EXPECT_EQ(clocks.TextLapsoTotal.text(), "59");

@@ -55,7 +55,7 @@ TEST_F(Dress, every_section_of_the_skin_is_that_of_a_window_or_a_control) {
   for (const std::string& section : named) EXPECT_TRUE(known.contains(section)) << section;
 }
 
-TEST_F(Dress, no_control_is_told_of_twice) {
+TEST_F(Dress, no_control_is_described_twice) {
   const std::vector<std::string> named = sections();
   EXPECT_EQ(std::set<std::string>(named.begin(), named.end()).size(), named.size());
 }
@@ -73,7 +73,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
       EXPECT_EQ(look.picture_down, look.picture_normal + "_down") << section_of(*control);
       EXPECT_EQ(look.picture_disabled, look.picture_normal + "_off") << section_of(*control);
       EXPECT_FALSE(look.picture_normal.empty()) << section_of(*control);
-      // What has no words says what it is to those who hear it.
+      // A control without words has a description for screen readers.
       EXPECT_FALSE(button->caption().empty() && button->description().empty())
           << section_of(*control);
     }

@@ -44,7 +44,7 @@ struct Folders : ::testing::Test {
   work::FolderTree tree{files};
 };
 
-TEST_F(Folders, each_is_visited_ahead_of_its_own_subfolders_in_the_order_of_the_disk) {
+TEST_F(Folders, each_is_visited_before_its_own_subfolders_in_the_order_of_the_disk) {
   EXPECT_THAT(walked("D:\\Mix\\"), ElementsAre("D:\\Mix\\", "D:\\Mix\\A\\", "D:\\Mix\\A\\Dentro\\",
                                                "D:\\Mix\\b\\", "D:\\Mix\\c\\"));
 }
@@ -104,7 +104,7 @@ TEST_F(Folders, links_to_folders_are_left_out) {
   EXPECT_THAT(walked("D:\\Mix\\"), SizeIs(5));
 }
 
-TEST_F(Folders, one_that_is_not_there_is_visited_as_an_empty_one) {
+TEST_F(Folders, a_missing_one_is_visited_as_an_empty_one) {
   EXPECT_THAT(walked("D:\\Falta\\"), ElementsAre("D:\\Falta\\"));
   EXPECT_FALSE(tree.listing("D:\\Falta\\").readable);
   EXPECT_TRUE(tree.listing("D:\\Mix\\c\\").readable);
@@ -117,7 +117,7 @@ TEST_F(Folders, a_listing_stays_in_its_place_while_others_come) {
   EXPECT_THAT(listing.files, SizeIs(3));
 }
 
-TEST_F(Folders, a_file_is_known_once_its_folder_has_been_listed) {
+TEST_F(Folders, a_file_is_found_once_its_folder_has_been_listed) {
   EXPECT_EQ(tree.known_file("D:\\Mix\\z.wav"), nullptr);
   tree.listing("D:\\Mix\\");
   ASSERT_NE(tree.known_file("D:\\Mix\\z.wav"), nullptr);
@@ -127,7 +127,7 @@ TEST_F(Folders, a_file_is_known_once_its_folder_has_been_listed) {
   EXPECT_FALSE(tree.known_file("D:\\Mix\\oculto.wav")->plain);
 }
 
-TEST_F(Folders, a_file_is_known_only_under_its_own_spelling) {
+TEST_F(Folders, a_file_is_found_only_under_its_own_spelling) {
   tree.listing("D:\\Mix\\");
   for (const char* path : {"D:\\Mix\\Z.wav", "D:\\mix\\z.wav", "D:\\Mix\\falta.wav", "D:\\Mix\\A",
                            "D:\\Mix\\A\\a.wav", "z.wav", "", "D:\\Mix\\"}) {
@@ -135,7 +135,7 @@ TEST_F(Folders, a_file_is_known_only_under_its_own_spelling) {
   }
 }
 
-TEST_F(Folders, names_that_differ_only_by_case_are_told_apart) {
+TEST_F(Folders, names_that_differ_only_by_case_are_distinguished) {
   files.add_file("D:\\Mix\\c\\T.wav", "", true);
   files.add_file("D:\\Mix\\c\\s.wav", "");
   files.add_file("D:\\Mix\\c\\t.wav", "");
@@ -146,7 +146,7 @@ TEST_F(Folders, names_that_differ_only_by_case_are_told_apart) {
   EXPECT_FALSE(tree.known_file("D:\\Mix\\c\\T.wav")->plain);
 }
 
-TEST_F(Folders, a_listing_tells_which_plain_files_are_there) {
+TEST_F(Folders, a_listing_reports_which_plain_files_are_there) {
   EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\z.wav"), true);
   EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\Z.WAV"), true);
   EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\falta.wav"), false);
@@ -155,7 +155,7 @@ TEST_F(Folders, a_listing_tells_which_plain_files_are_there) {
   EXPECT_EQ(files.listings["D:\\Mix\\"], 1);
 }
 
-TEST_F(Folders, a_listing_cannot_tell_of_names_that_the_system_reads_otherwise) {
+TEST_F(Folders, a_listing_cannot_answer_for_names_that_the_system_reads_otherwise) {
   for (const char* path : {"D:\\Mix\\LARGO~1.WAV", "D:\\Mix\\z.wav.", "D:\\Mix\\z.wav ", "z.wav",
                            "", "D:\\Mix\\", "D:\\nada\\z.wav", "D:\\Mix\\z?.wav"}) {
     EXPECT_EQ(tree.holds_plain_file(path), std::nullopt) << path;

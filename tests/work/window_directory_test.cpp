@@ -63,12 +63,12 @@ TEST_F(WindowDirectoryTest, a_window_is_made_and_loaded_at_its_first_touch) {
   EXPECT_THAT(log, ElementsAre("made", "loaded"));
 }
 
-TEST_F(WindowDirectoryTest, a_name_that_nobody_knows_gives_no_window) {
-  EXPECT_EQ(windows.touch("Nobody"), nullptr);
-  EXPECT_EQ(windows.find("Nobody"), nullptr);
-  EXPECT_FALSE(windows.visible("Nobody"));
-  windows.hide("Nobody");
-  windows.close("Nobody");
+TEST_F(WindowDirectoryTest, an_unknown_name_gives_no_window) {
+  EXPECT_EQ(windows.touch("Unknown"), nullptr);
+  EXPECT_EQ(windows.find("Unknown"), nullptr);
+  EXPECT_FALSE(windows.visible("Unknown"));
+  windows.hide("Unknown");
+  windows.close("Unknown");
 }
 
 TEST_F(WindowDirectoryTest, asking_whether_a_window_shows_does_not_make_it) {
@@ -201,7 +201,7 @@ TEST_F(WindowDirectoryTest, a_window_is_given_as_its_own_class) {
   EXPECT_FALSE(made->visible());
   windows.close<ZoomDiary>();
   EXPECT_EQ(windows.find<ZoomDiary>(), nullptr);
-  EXPECT_EQ(windows.touch<SecondDiary>(), nullptr) << "nobody said how it is made";
+  EXPECT_EQ(windows.touch<SecondDiary>(), nullptr) << "no maker was added";
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ TEST_F(LayoutTest, a_project_without_audio_has_a_heading_of_one_line) {
   EXPECT_FALSE(lists.LabelCount[1].visible());
 }
 
-TEST_F(LayoutTest, the_scratch_list_is_never_shown_and_does_not_count) {
+TEST_F(LayoutTest, the_scratch_list_is_never_shown_and_is_ignored) {
   work::WorkLists lists(window);
   lists.List1.add("scratch");
   EXPECT_FALSE(lists.List1.visible());
@@ -77,7 +77,7 @@ TEST_F(LayoutTest, each_control_stands_where_the_layout_says) {
   other.set_bounds({9, 9, 9, 9});
   const std::array places = {
       skin::Place{"array", 1, 5, 6, 7, 8}, skin::Place{"array", 0, 3, 4, 5, 6},
-      skin::Place{"label", -1, 1, 2, 3, 4}, skin::Place{"nobody", -1, 0, 0, 1, 1}};
+      skin::Place{"label", -1, 1, 2, 3, 4}, skin::Place{"unknown", -1, 0, 0, 1, 1}};
   work::arrange(window, {100, 100, places});
   EXPECT_EQ(label.bounds(), (ui::Rect{1, 2, 3, 4}));
   EXPECT_EQ(array[0].bounds(), (ui::Rect{3, 4, 5, 6}));

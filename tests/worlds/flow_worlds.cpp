@@ -62,7 +62,7 @@ std::uint64_t worlds_of_a_plan() {
 
 std::string headed(std::uint64_t seed, const std::string& forbidden, const FlowWorld& world) {
   return "ORDELAN_FLOW_SEED=" + std::to_string(seed) + " " + reference::utf8_of(forbidden) + "\n" +
-         world.told();
+         world.description();
 }
 
 constexpr const char* kGoneBefore = "project gone before the search";
@@ -282,8 +282,8 @@ FlowWorld::Forbidden FlowWorld::wrongly_left_out() const {
   return {};
 }
 
-std::string FlowWorld::told() const {
-  std::string text = studio.told();
+std::string FlowWorld::description() const {
+  std::string text = studio.description();
   for (const Field& field : fields()) {
     const bool same = field.program == field.reference;
     text += field.name + (same ? ":\n" : " of the program:\n");
@@ -299,11 +299,11 @@ std::string FlowWorld::told() const {
   return text;
 }
 
-void FlowTally::fail(const std::string& what, const std::string& told) {
+void FlowTally::fail(const std::string& what, const std::string& description) {
   ++failures;
   ++differences[what];
   std::string& known = smallest[what];
-  if (known.empty() || told.size() < known.size()) known = told;
+  if (known.empty() || description.size() < known.size()) known = description;
 }
 
 std::string FlowTally::summary() const {
@@ -333,11 +333,11 @@ FlowTally run_flows(Studio::Plan plan) {
     const FlowWorld::Forbidden forbidden = world.forbidden_offer();
     const FlowWorld::Forbidden left_out = world.wrongly_left_out();
     if (!forbidden.kind.empty()) {
-      tally.fail(forbidden.kind, headed(seed, forbidden.told, world));
+      tally.fail(forbidden.kind, headed(seed, forbidden.description, world));
     } else if (!difference.empty()) {
       tally.fail(difference, headed(seed, "", world));
     } else if (!left_out.kind.empty()) {
-      tally.fail(left_out.kind, headed(seed, left_out.told, world));
+      tally.fail(left_out.kind, headed(seed, left_out.description, world));
     }
     ++tally.worlds;
     count_what_happened(world, tally);
@@ -358,7 +358,7 @@ FlowTally run_interrupted_flows() {
     }();
     FlowWorld world(seed, Studio::Plan::interrupted);
     const Action& action = world.studio.actions.front();
-    world.act_in_reference(action);  // the disk is still as it was
+    world.act_in_reference(action);  // the disk has not changed yet
     ++tally.worlds;
     count_what_happened(world, tally);
     if (pumps == 0) continue;
@@ -368,14 +368,14 @@ FlowTally run_interrupted_flows() {
 
     FlowWorld::Forbidden forbidden = world.forbidden_offer();
     if (forbidden.kind.empty() && happened == kGoneBefore) forbidden = world.offer_out_of_reach();
-    const std::string told = happened + " " + headed(seed, forbidden.told, world);
+    const std::string description = happened + " " + headed(seed, forbidden.description, world);
     const auto& offered = world.bench.form.lists.ListBorrar.rows();
     if (!forbidden.kind.empty()) {
-      tally.fail(forbidden.kind, told);
+      tally.fail(forbidden.kind, description);
     } else if (happened == "reset" && !offered.empty()) {
-      tally.fail("rows after a reset", told);
+      tally.fail("rows after a reset", description);
     } else if (happened == "cancel" && !offered.empty() && offered != world.wanted.ListBorrar) {
-      tally.fail("half a result after a cancel", told);
+      tally.fail("half a result after a cancel", description);
     }
     if (!offered.empty()) ++tally.counts["offers after all"];
   }

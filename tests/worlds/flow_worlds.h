@@ -1,4 +1,4 @@
-// Runs random studios through the real program and holds what it shows against the reference.
+// Runs random studios through the real program and compares what it shows with the reference.
 #pragma once
 
 #include <cstdint>
@@ -46,16 +46,16 @@ class FlowWorld {
   // A row that may not be offered: one that is no file, or a file that is used under any name.
   struct Forbidden {
     std::string kind;  // empty if there is none
-    std::string told;
+    std::string description;
   };
   Forbidden forbidden_offer() const;
   // An offered file that lies in no folder of a listed project that exists.
   Forbidden offer_out_of_reach() const;
-  // A project that counts for nothing and is not among those shown as such, or is there with a
-  // wrong reason, or is there although it was decoded. Only after the reference did the same.
+  // A project that is left out and is not among those shown as such, or is shown with a
+  // wrong reason, or is shown although it was decoded. Only after the reference did the same.
   Forbidden wrongly_left_out() const;
   // The world and both sides of every list, for a person to read.
-  std::string told() const;
+  std::string description() const;
 
   ProgramBench bench;
   Studio studio;
@@ -85,11 +85,11 @@ struct FlowTally {
     const auto found = counts.find(what);
     return found == counts.end() ? 0 : found->second;
   }
-  void fail(const std::string& what, const std::string& told);
+  void fail(const std::string& what, const std::string& description);
   std::string summary() const;
 };
 
-// Runs the worlds of one plan, and holds every list and caption against the reference.
+// Runs the worlds of one plan, and compares every list and caption with the reference.
 FlowTally run_flows(Studio::Plan plan);
 
 // Runs the worlds in which something happens in the middle of the work: a cancel, a reset, a

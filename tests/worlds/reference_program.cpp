@@ -108,7 +108,7 @@ void Program::drop(const Rows& dropped) {
     reset();
     return;
   }
-  bool first = true;  // no valid project has been met yet
+  bool first = true;  // no valid project has been found yet
   std::size_t number = 1;
   for (std::size_t i = 0; i < items.size(); ++i) {
     const std::string& item = items[i];

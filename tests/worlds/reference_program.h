@@ -1,5 +1,5 @@
-// The program's flows, from a pick or a drop to filled lists, as plain and slow as they are
-// described: every loop over rows is a loop, and rows are taken out one by one.
+// The program's flows, from a pick or a drop to filled lists, as plain and slow as
+// possible: every loop over rows is a loop, and rows are taken out one by one.
 #pragma once
 
 #include <array>
@@ -52,7 +52,7 @@ class Program {
   const Disk disk;
 
   // What the last work made of single projects, by normalised path: whose references were found for
-  // ListUtilizados; and why others count for nothing, where there is no doubt about it.
+  // ListUtilizados; and why others are left out, where there is no doubt about it.
   std::set<std::string> decoded;
   std::map<std::string, std::string> refused;
 

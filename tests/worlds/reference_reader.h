@@ -1,4 +1,4 @@
-// The reader of project files, byte by byte and step by step as it is described.
+// The reader of project files, byte by byte and step by step.
 #pragma once
 
 #include <string>

@@ -98,7 +98,7 @@ void Studio::add_folders() {
   }
   for (const std::string& path : folders_) {
     fs::create_directories(native(path));
-    tell(utf8_of(path));
+    describe(utf8_of(path));
   }
 }
 
@@ -133,7 +133,7 @@ void Studio::add_files() {
         native(folder()) / (std::string("nieve\xE2\x98\x83") + one_of(dice_, kUnnamed));
     fs::create_directories(snow.parent_path());
     std::ofstream(snow) << "1";
-    tell(snow.lexically_relative(root_).string() + " (not in the code page)");
+    describe(snow.lexically_relative(root_).string() + " (not in the code page)");
   }
 }
 
@@ -168,7 +168,7 @@ void Studio::add_links() {
         fs::create_symlink(native(target), native(path));
       }
       files_.push_back(path);
-      tell(utf8_of(path) + (hard ? " = " : " -> ") + utf8_of(target));
+      describe(utf8_of(path) + (hard ? " = " : " -> ") + utf8_of(target));
     }
   }
   // Where a folder has two names, it is open which of the twins in it a path means.
@@ -178,14 +178,14 @@ void Studio::add_links() {
     if (take(path)) {
       fs::create_directory_symlink(native(target), native(path));
       links_.push_back(path + "\\");
-      tell(utf8_of(path) + " -> " + utf8_of(target));
+      describe(utf8_of(path) + " -> " + utf8_of(target));
     }
   }
   if (one_in(15)) {
     const std::string path = folder() + (one_in(2) ? "roto.wav" : "roto.vip");
     if (take(path)) {
       fs::create_symlink("/nowhere/at/all", native(path));
-      tell(utf8_of(path) + " -> nothing");
+      describe(utf8_of(path) + " -> nothing");
     }
   }
 }
@@ -282,12 +282,12 @@ void Studio::write_project(const std::string& path, const std::vector<std::strin
   projects.push_back(path);
   const bool frozen = reference::contains(path, "FreezeData");
   if (!references.empty() && !frozen && folded(path).ends_with(".vip")) promising_.push_back(path);
-  tell("   uses: " + listed(references));
+  describe("   uses: " + listed(references));
   std::string shown;
   for (const char c : bytes.substr(std::min<std::size_t>(bytes.size(), 96))) {
     shown += c >= 0 && c < ' ' ? "\\" + std::to_string(c) : utf8_of(std::string(1, c));
   }
-  tell("   bytes after 96: " + shown);
+  describe("   bytes after 96: " + shown);
 }
 
 void Studio::add_projects() {
@@ -308,7 +308,7 @@ void Studio::add_projects() {
     if (take(path)) {
       fs::create_symlink(native(target), native(path));
       projects.push_back(path);
-      tell(utf8_of(path) + " -> " + utf8_of(target));
+      describe(utf8_of(path) + " -> " + utf8_of(target));
     }
   }
 }
@@ -319,14 +319,14 @@ void Studio::add_project() {
   std::string bytes = std::string(96, 'x') + "cabecera" + '\0';
   for (const std::string& file : files_) bytes += file + '\0';
   write(path, bytes + std::string("    LIST\0\1\2\3mdrl", 16));
-  tell("   uses: " + listed(files_));
+  describe("   uses: " + listed(files_));
 }
 
 void Studio::remove_project() {
   if (projects.empty()) return;
   const std::string path = projects[dice_.below(projects.size())];
   fs::remove(native(path));
-  tell(utf8_of(path) + " is removed");
+  describe(utf8_of(path) + " is removed");
 }
 
 Action Studio::some_open() {
@@ -386,7 +386,7 @@ void Studio::choose_actions(Plan plan) {
   }
 }
 
-std::string Studio::told_actions() const {
+std::string Studio::described_actions() const {
   std::string text = std::string("subfolders ") + (with_subfolders ? "on" : "off") + ", backups " +
                      (with_backups ? "on" : "off") + "\n";
   for (const Action& action : actions) {
@@ -411,7 +411,7 @@ void Studio::write(const std::string& path, const std::string& bytes) {
   const fs::path place = native(path);
   fs::create_directories(place.parent_path());
   std::ofstream(place, std::ios::binary) << bytes;
-  tell(utf8_of(path) + (bytes.size() < 10 ? " \"" + bytes + "\"" : ""));
+  describe(utf8_of(path) + (bytes.size() < 10 ? " \"" + bytes + "\"" : ""));
 }
 
 }  // namespace ordelan::test

@@ -32,10 +32,10 @@ class Studio {
   std::vector<std::string> projects;  // the program's paths of the project files
 
   // What is on the disk and what is done, in UTF-8.
-  std::string told() const { return told_ + told_actions(); }
+  std::string description() const { return description_ + described_actions(); }
   std::uint64_t roll(std::uint64_t bound) { return dice_.below(bound); }
 
-  // Writes one more project, which uses every file of the studio; removes one that is there.
+  // Writes one more project, which uses every file of the studio; removes an existing one.
   void add_project();
   void remove_project();
 
@@ -47,7 +47,7 @@ class Studio {
   void choose_actions(Plan plan);
   Action some_open();
   Action some_drop();
-  std::string told_actions() const;
+  std::string described_actions() const;
 
   bool one_in(std::uint64_t count) { return dice_.below(count) == 0; }
   std::string folder() { return folders_[dice_.below(folders_.size())]; }
@@ -62,12 +62,12 @@ class Studio {
   void add_twins();
   std::string project_bytes(const std::vector<std::string>& references);
 
-  // Whether nothing of that name is there yet, case ignored; it is taken from then on.
+  // Whether no entry has that name yet, case ignored; it is taken from then on.
   bool take(const std::string& path);
   std::filesystem::path native(const std::string& path) const;
   void write(const std::string& path, const std::string& bytes);
   void write_project(const std::string& path, const std::vector<std::string>& references);
-  void tell(const std::string& line) { told_ += "  " + line + "\n"; }
+  void describe(const std::string& line) { description_ += "  " + line + "\n"; }
 
   Dice dice_;
   std::filesystem::path root_;
@@ -79,7 +79,7 @@ class Studio {
   std::set<std::string> taken_;
   bool twins_ = false;  // there are names that differ by case alone
   bool odd_;            // dropped paths have slashes, projects the longest names
-  std::string told_;
+  std::string description_;
 };
 
 }  // namespace ordelan::test

@@ -23,7 +23,7 @@ class MousePointers {
   static constexpr std::int16_t kOwn = 99;
 
   // The pointer of that number, or of the picture for `kOwn`; it points with its top left corner.
-  // Null for the usual one: number 0, an unknown number, a picture that is not there. Lives as long
+  // Null for the usual one: number 0, an unknown number, a missing picture. Lives as long
   // as this object.
   HCURSOR find(std::int16_t number, const std::string& picture, int dpi);
 

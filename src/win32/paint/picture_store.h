@@ -28,7 +28,7 @@ class PictureStore {
   PictureStore& operator=(const PictureStore&) = delete;
 
   // Paints the picture over `area`, stretched to fill it, its transparent parts letting through
-  // what is there. It is taken in the scale of `dpi`, or in the next larger one. False when there
+  // the ground. It is taken in the scale of `dpi`, or in the next larger one. False when there
   // is no such picture.
   bool paint(HDC context, const RECT& area, const std::string& name, int dpi);
 

@@ -54,7 +54,7 @@ POINT origin_of_room(HWND window) {
 }
 
 bool cut(HWND window, const ui::Pixels& picture, ui::Color mask) {
-  if (picture.argb.empty()) return false;  // nobody could see or reach the window
+  if (picture.argb.empty()) return false;  // the user could not see or reach the window
   HRGN const region = CrearRegion(picture, mask);
   if (!region) return false;
   const POINT origin = origin_of_room(window);

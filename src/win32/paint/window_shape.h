@@ -1,4 +1,4 @@
-// Windows that are not rectangles: a picture says which of their pixels are there.
+// Windows that are not rectangles: a picture says which of their pixels exist.
 #pragma once
 
 #include <windows.h>
@@ -7,13 +7,13 @@
 
 namespace ordelan::win32 {
 
-// Whether a library of the system's has a function. `library` is named without path, "user32"; one
-// that is not there has none.
+// Whether a library of the system's has a function. `library` is named without path, "user32"; a
+// missing one has none.
 bool ExisteFuncion(const char* library, const char* name);
 
-// What of the picture is not the mask: every pixel whose colour differs from it, by however little.
-// Opacity does not count. A picture of nothing but the mask gives an empty region. The caller owns
-// the region; null when the system has no room for it.
+// The part of the picture that is not the mask: every pixel whose colour differs from it, by
+// however little. Opacity is ignored. A picture of nothing but the mask gives an empty region. The
+// caller owns the region; null when the system has no room for it.
 HRGN CrearRegion(const ui::Pixels& picture, ui::Color mask);
 
 enum class ShapeRoad {
@@ -31,7 +31,7 @@ ShapeRoad best_road(bool (*exists)(const char* library, const char* name) = Exis
 bool AplicarForma(HWND window, const ui::Pixels& picture, ui::Color mask,
                   ShapeRoad road = best_road());
 
-// Makes the window a rectangle again, whichever road gave it a shape. One without is not touched.
+// Makes the window a rectangle again, whichever call gave it a shape. One without is not touched.
 void end_shape(HWND window);
 
 }  // namespace ordelan::win32

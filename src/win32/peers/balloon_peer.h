@@ -1,4 +1,4 @@
-// The real balloon behind a ui::Class1.
+// The real balloon of a ui::Class1.
 #pragma once
 
 #include <windows.h>

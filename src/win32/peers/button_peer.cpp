@@ -16,9 +16,9 @@ namespace {
 
 // At 96 dots per inch.
 constexpr int kRadius = 5;
-constexpr int kGap = 6;  // between picture and caption, and ahead of a picture at the left
+constexpr int kGap = 6;  // between picture and caption, and before a picture at the left
 
-// The pixels of just this colour let through what is there.
+// The pixels of just this colour let through the ground.
 ui::Pixels without(ui::Pixels pixels, ui::Color mask) {
   const COLORREF color = color_of(mask);
   const std::uint32_t wanted = (std::uint32_t{GetRValue(color)} << 16) |
@@ -145,7 +145,7 @@ void ButtonPeer::paint_ground(HDC context, const RECT& area, bool pressed, bool 
   rounded_box(context, area, to_pixels(kRadius, dpi()), fill, {edge, line_width(dpi())});
 }
 
-// A button that cannot be pressed shows the picture that says so, whatever the mouse does.
+// A button that cannot be pressed shows the picture that says so, regardless of the mouse.
 std::string ButtonPeer::picture() const {
   const ui::ButtonProperties& all = button_.properties();
   if (!button_.enabled() && all.style == 1 && !all.picture_disabled.empty()) {

@@ -1,4 +1,4 @@
-// The real push button behind a ui::Button: the system's keys and names, our looks and mouse.
+// The real push button of a ui::Button: the system's keys and names, our looks and mouse.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The real check box behind a ui::CheckBox.
+// The real check box of a ui::CheckBox.
 #pragma once
 
 #include <string>

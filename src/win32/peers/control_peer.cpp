@@ -178,7 +178,7 @@ LRESULT CALLBACK ControlPeer::procedure(HWND window, UINT message, WPARAM w, LPA
 
 LRESULT ControlPeer::process(UINT message, WPARAM w, LPARAM l) {
   const std::weak_ptr<void> still = alive_;
-  // Whoever asks the control, or acts on it, meets it as the program has it.
+  // A caller that reads the control, or acts on it, finds it in the program's state.
   if (!marks_.empty() && inside_ == 0) flush();
   if (is_input(message)) parent_.tips().relay(handle_, message, w, l);
   if (const auto result = incoming(message, w, l)) return *result;

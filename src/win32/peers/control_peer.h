@@ -1,4 +1,4 @@
-// What all real controls share: one child window behind a ui::Control.
+// What all real controls share: one child window of a ui::Control.
 #pragma once
 
 #include <windows.h>
@@ -21,7 +21,7 @@ class ControlPeer : public ui::Peer {
   ControlPeer(const ControlPeer&) = delete;
   ControlPeer& operator=(const ControlPeer&) = delete;
 
-  // Makes the real control. To be called once, by whoever made the peer.
+  // Makes the real control. To be called once, by the code that made the peer.
   void appear();
 
   HWND handle() const { return handle_; }
@@ -36,8 +36,8 @@ class ControlPeer : public ui::Peer {
   // The window has moved to a screen of another density.
   void rescale();
 
-  // What Windows tells a control's parent is handed on to the control: a notification, the request
-  // for its colours (null for the system's own), the request to draw an item.
+  // What Windows sends to a control's parent is handed on to the control: a notification, the
+  // request for its colours (null for the system's own), the request to draw an item.
   void notified(WORD code);
   virtual HBRUSH colors(HDC context);
   virtual void draw(const DRAWITEMSTRUCT&) {}

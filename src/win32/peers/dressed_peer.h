@@ -1,5 +1,5 @@
 // A control of the system's of which only the looks are ours: it keeps its behaviour, its keys and
-// what it tells screen readers.
+// what it reports to screen readers.
 #pragma once
 
 #include "win32/peers/control_peer.h"

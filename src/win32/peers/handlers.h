@@ -8,14 +8,14 @@
 
 namespace ordelan::win32 {
 
-// Runs a handler, if it is one. A copy is run: the control that it belongs to may go meanwhile.
+// Runs a handler, unless it is empty. A copy is run: the handler may destroy its control.
 template <class... Taken, class... Given>
 void raise(const std::function<void(Taken...)>& handler, Given&&... arguments) {
   if (const auto copy = handler) copy(std::forward<Given>(arguments)...);
 }
 
-// Runs what the system called us for. Nothing thrown may cross into the system: it is told to
-// whoever debugs, and the event counts as done.
+// Runs what the system called us for. Nothing thrown may cross into the system: it is
+// reported to the debugger, and the event counts as handled.
 template <class Body>
 LRESULT guarded(const Body& body) noexcept {
   try {

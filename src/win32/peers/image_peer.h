@@ -1,4 +1,4 @@
-// The real picture behind a ui::Image.
+// The real picture of a ui::Image.
 #pragma once
 
 #include "ui/image.h"

@@ -1,4 +1,4 @@
-// The real label behind a ui::Label. We paint it ourselves: a text that is too long ends in an
+// The real label of a ui::Label. We paint it ourselves: a text that is too long ends in an
 // ellipsis, one in several lines breaks at its words. One that can be clicked is reached with the
 // keys too, and says so under the pointer.
 #pragma once

@@ -148,7 +148,7 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
       paint_empty();
       return 0;
     case WM_NCHITTEST:
-      // What is not the rows' is the line, never one of the bars that nobody sees.
+      // What is not the rows' is the line, never one of the hidden bars.
       return standard(message, w, l) == HTCLIENT ? HTCLIENT : HTBORDER;
     default:
       break;
@@ -262,7 +262,7 @@ LRESULT ListBoxPeer::answer_rows(WPARAM row, HWND asker) {
     text = list_.row(row);
   }
   std::wstring wide = widen(text);
-  // At least one piece, also of no text: it tells how many rows there are.
+  // At least one piece, also of no text: it says how many rows there are.
   for (std::size_t at = 0; at == 0 || at < wide.size(); at += kLargestPiece) {
     const std::size_t size = std::min(kLargestPiece, wide.size() - at);
     COPYDATASTRUCT data{};
@@ -329,13 +329,13 @@ void ListBoxPeer::show_bars() {
   cut_from_ = SIZE{whole.right - whole.left, whole.bottom - whole.top};
   cut_out(cut_of(right), cut_of(bottom));
   show_bar(vertical_, SB_VERT, right, client.bottom - client.top, handle());
-  const HWND ahead = vertical_ && vertical_->handle() ? vertical_->handle() : handle();
-  show_bar(horizontal_, SB_HORZ, bottom, client.right - client.left, ahead);
+  const HWND above = vertical_ && vertical_->handle() ? vertical_->handle() : handle();
+  show_bar(horizontal_, SB_HORZ, bottom, client.right - client.left, above);
   showing_bars_ = false;
 }
 
 void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const RECT& area, int track,
-                           HWND ahead) {
+                           HWND above) {
   const bool seen = (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
   if (!seen || IsRectEmpty(&area)) {
     if (bar) bar->hide();
@@ -350,7 +350,7 @@ void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const REC
   info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   GetScrollInfo(handle(), which, &info);
   bar->show(area, track, Scroll{info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos},
-            {ControlFrame::line(GetFocus() == handle()), line_width(dpi())}, ahead);
+            {ControlFrame::line(GetFocus() == handle()), line_width(dpi())}, above);
 }
 
 void ListBoxPeer::scroll_to(int which, int place) const {

@@ -1,4 +1,4 @@
-// The real list behind a ui::ListBox. It is a virtual one: it knows how many rows there are and
+// The real list of a ui::ListBox. It is a virtual one: it stores how many rows there are and
 // which is chosen, and asks for the text of those that it paints. Its own scroll bars keep count of
 // what is in sight, but are cut out of the list's outline: what is seen there are bars of ours.
 #pragma once
@@ -29,7 +29,7 @@ class ListBoxPeer final : public ControlPeer {
 
   void draw(const DRAWITEMSTRUCT& item) override;
 
-  // Takes what was dropped over the list, and lets go of `drop`.
+  // Takes what was dropped on the list, and frees `drop`.
   void dropped(HDROP drop);
 
  protected:
@@ -52,7 +52,7 @@ class ListBoxPeer final : public ControlPeer {
   void focus_changed(bool focused);
   void show_bars();
   void show_bar(std::unique_ptr<ScrollBar>& bar, int which, const RECT& area, int track,
-                HWND ahead);
+                HWND above);
   void scroll_to(int which, int place) const;
   void cut_out(const RECT& right, const RECT& bottom);
 

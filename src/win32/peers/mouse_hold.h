@@ -13,7 +13,7 @@ class MouseHold {
     if (GetCapture() != control) SetCapture(control);
   }
 
-  // It goes up; with the last one, the mouse is let go. False for one that was not pressed here.
+  // It goes up; with the last one, the mouse is released. False for one that was not pressed here.
   bool release(int button) {
     if ((held_ & button) == 0) return false;
     held_ &= ~button;

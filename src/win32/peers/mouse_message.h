@@ -1,4 +1,4 @@
-// A message of the mouse, as the toolkit tells it.
+// A message of the mouse, as the toolkit reports it.
 #pragma once
 
 #include <windows.h>
@@ -7,11 +7,11 @@
 
 namespace ordelan::win32 {
 
-// What a mouse message says, its place in units of the layout. A press or release tells its one
+// What a mouse message says, its place in units of the layout. A press or release gives its one
 // button, a move those that are held.
 ui::Mouse mouse_of(UINT message, WPARAM w, LPARAM l, int dpi);
 
-// Whether the pointer is over the window, with nothing before it.
+// Whether the pointer is over the window, with nothing above it.
 bool pointer_is_on(HWND window);
 
 }  // namespace ordelan::win32

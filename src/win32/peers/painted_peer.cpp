@@ -84,7 +84,7 @@ void PaintedPeer::deliver() {
   }
 }
 
-// The mouse's other messages stay with the control: moves are told, and bring its help.
+// The mouse's other messages stay with the control: moves are reported, and bring its tooltip.
 void PaintedPeer::press_window(UINT message, WPARAM w, LPARAM l) const {
   POINT place{GET_X_LPARAM(l), GET_Y_LPARAM(l)};
   MapWindowPoints(handle(), parent().handle(), &place, 1);

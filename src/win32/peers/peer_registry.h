@@ -42,14 +42,14 @@ class PeerRegistry {
   int measure_dpi() const { return measure_dpi_; }
 
   // Windows and controls enter when they are made and leave before they go. The look-ups give null
-  // for what is not here.
+  // for what is not registered.
   void enter(WindowPeer& window);
   void leave(WindowPeer& window);
   void enter(ControlPeer& control);
   void leave(ControlPeer& control);
   void enter(const ui::TextBox& box, TextBoxPeer& peer) { text_boxes_[&box] = &peer; }
   void leave(const ui::TextBox& box) { text_boxes_.erase(&box); }
-  // A balloon is told when what it belongs to leaves.
+  // A balloon is notified when its window or control leaves.
   void enter(BalloonPeer& balloon) { balloons_.push_back(&balloon); }
   void leave(BalloonPeer& balloon);
   WindowPeer* window(const ui::Window& window) const;
@@ -60,17 +60,17 @@ class PeerRegistry {
   const std::map<HWND, WindowPeer*>& windows() const { return windows_; }
 
   // A control has something new to show. It is shown at the next flush, which comes by itself in
-  // whatever loop runs: a thousand changes in a row cost one showing.
+  // any loop: a thousand changes in a row cost one showing.
   void mark(ControlPeer& control);
   void flush();
 
-  // Timers tick in whatever loop runs. Starting one again begins its interval anew.
+  // Timers tick in any loop. Starting one again begins its interval anew.
   UINT_PTR enter(TimerPeer& timer);
   void leave(UINT_PTR timer);
   void start(UINT_PTR timer, UINT milliseconds);
   void stop(UINT_PTR timer);
 
-  // The program is over: windows go, and no more are shown.
+  // The program has ended: windows are destroyed, and no more are shown.
   void end();
   bool ended() const { return ended_; }
 
@@ -84,7 +84,7 @@ class PeerRegistry {
   PictureStore pictures_;
   MousePointers pointers_{pictures_};
   int measure_dpi_;
-  HWND messages_ = nullptr;  // a window that nobody sees: timers and reminders arrive there
+  HWND messages_ = nullptr;  // a hidden window that receives timers and reminders
   std::map<HWND, WindowPeer*> windows_;
   std::unordered_map<HWND, ControlPeer*> controls_;
   std::unordered_map<const ui::TextBox*, TextBoxPeer*> text_boxes_;

@@ -1,4 +1,4 @@
-// The real progress bar behind a ui::ProgressBar.
+// The real progress bar of a ui::ProgressBar.
 #pragma once
 
 #include <cstdint>

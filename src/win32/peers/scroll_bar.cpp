@@ -77,7 +77,7 @@ ScrollBar::~ScrollBar() {
 }
 
 void ScrollBar::show(const RECT& area, int track, const Scroll& scroll, const Line& line,
-                     HWND ahead) {
+                     HWND above) {
   if (!handle_) return;
   const bool enabled = IsWindowEnabled(list_) != FALSE;
   if ((IsWindowEnabled(handle_) != FALSE) != enabled) EnableWindow(handle_, enabled);
@@ -87,9 +87,9 @@ void ScrollBar::show(const RECT& area, int track, const Scroll& scroll, const Li
   track_ = track;
   scroll_ = scroll;
   line_ = line;
-  if (moved || GetWindow(ahead, GW_HWNDNEXT) != handle_) {
+  if (moved || GetWindow(above, GW_HWNDNEXT) != handle_) {
     visible_ = true;
-    SetWindowPos(handle_, ahead, area.left, area.top, area.right - area.left,
+    SetWindowPos(handle_, above, area.left, area.top, area.right - area.left,
                  area.bottom - area.top, SWP_NOACTIVATE | SWP_SHOWWINDOW);
   }
   if (changed) InvalidateRect(handle_, nullptr, FALSE);
@@ -107,7 +107,7 @@ LRESULT CALLBACK ScrollBar::procedure(HWND window, UINT message, WPARAM w, LPARA
   return guarded([&] { return bar->process(message, w, l); });
 }
 
-// Scrolling comes last, everywhere: nothing of the bar may be touched behind it.
+// Scrolling comes last, everywhere: nothing of the bar may be touched after it.
 LRESULT ScrollBar::process(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_ERASEBKGND:
@@ -206,8 +206,8 @@ void ScrollBar::drag(int at) {
 void ScrollBar::page_on() {
   const Thumb place = thumb();
   const bool before = pointer_ < place.start;
-  const bool behind = pointer_ >= place.start + place.length;
-  if ((paging_ < 0 && !before) || (paging_ > 0 && !behind) || paging_ == 0) return;
+  const bool after = pointer_ >= place.start + place.length;
+  if ((paging_ < 0 && !before) || (paging_ > 0 && !after) || paging_ == 0) return;
   scroll_to(std::int64_t{scroll_.at} + std::int64_t{paging_} * std::max(scroll_.page, 1));
 }
 

@@ -34,13 +34,13 @@ struct Thumb {
 Thumb thumb_of(const Scroll& scroll, int track, int shortest);
 
 // The place to scroll to for a thumb that is dragged to `start`: the first at the beginning of the
-// track or before it, the last possible at its end or behind.
+// track or before it, the last possible at its end or after it.
 int place_of(const Scroll& scroll, int track, const Thumb& thumb, int start);
 
 class ScrollBar {
  public:
   // Stands beside `list`, which may be a box of text as well, in the same parent, out of sight at
-  // first. The list gets what the mouse's wheel does here. It and `tools` must live longer.
+  // first. The list gets what the mouse's wheel does here. `list` and `tools` must outlive it.
   ScrollBar(HWND list, bool vertical, DrawingTools& tools);
   ~ScrollBar();
   ScrollBar(const ScrollBar&) = delete;
@@ -49,10 +49,10 @@ class ScrollBar {
   // Null where the system made no window, or has taken it away with the parent.
   HWND handle() const { return handle_; }
 
-  // Shows it at `area` of the parent, right behind `ahead` in the order of windows. Its track is
+  // Shows it at `area` of the parent, right below `above` in the order of windows. Its track is
   // `track` pixels long; what is left of the area is the corner between two bars. Its outer edge is
   // painted as `line`, as the list's are; that of the corner too.
-  void show(const RECT& area, int track, const Scroll& scroll, const Line& line, HWND ahead);
+  void show(const RECT& area, int track, const Scroll& scroll, const Line& line, HWND above);
   void hide();
 
   // Called with the place that the user wants to see first. The bar may be gone afterwards.

@@ -1,4 +1,4 @@
-// The real slider behind a ui::Slider: to others it is the system's own, with our looks, mouse and
+// The real slider of a ui::Slider: to others it is the system's own, with our looks, mouse and
 // keys.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The real edit control behind a ui::TextBox. A box of many lines that reaches beyond its window's
+// The real edit control of a ui::TextBox. A box of many lines that reaches beyond its window's
 // lower edge ends before that, and scrolls: with the wheel, with the caret, and with a bar of ours.
 #pragma once
 

@@ -43,7 +43,7 @@ bool TipWindow::make() {
                             CW_USEDEFAULT, CW_USEDEFAULT, owner_, nullptr, instance_, nullptr);
   if (!window_) return false;
   scale_tips(window_, tools_, dpi_);
-  // With the system's own colours, helps look as everywhere.
+  // With the system's own colours, tooltips look as everywhere.
   if (!palette_is_the_systems()) {
     theme_tips(window_, false);
     SendMessageW(window_, TTM_SETTIPBKCOLOR, color_of(palette().raised), 0);

@@ -147,7 +147,7 @@ int Win32Backend::run() {
     dispatch(message);
     if (between_events) between_events();
   }
-  // Whoever runs a loop after this one shall not find the order that was meant for it.
+  // A loop that runs after this one must not find the message that was meant for it.
   PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
   return exit_code_;
 }

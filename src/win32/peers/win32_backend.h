@@ -1,4 +1,4 @@
-// Windows that people see: each object of src/ui is mirrored by a real window or control, and what
+// Windows on the screen: each object of src/ui is mirrored by a real window or control, and what
 // the user does to those comes back as the objects' events.
 #pragma once
 
@@ -55,7 +55,7 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   int run();
 
   // Called by `run` after each event, where no handler runs and no job is under way: what handlers
-  // could not free under their own feet can be freed here. Never called from inside a pump.
+  // could not free while they ran can be freed here. Never called from inside a pump.
   std::function<void()> between_events;
 
   // The window that a dialog belongs to: the one the user works in. Null when there is none.

@@ -129,7 +129,7 @@ void WindowPeer::show() {
   }
   update_kind();
   ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : SW_SHOW);
-  // At once: who shows the window may be busy for a while, and the controls would be holes in it.
+  // At once: the caller may be busy for a while, and the controls would be holes in it.
   registry_.flush();
   RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -216,7 +216,7 @@ LRESULT CALLBACK WindowPeer::procedure(HWND handle, UINT message, WPARAM w, LPAR
   return guarded([&] { return peer->process(message, w, l); });
 }
 
-// Nothing of the peer may be touched behind an event: the window may have been unloaded in it.
+// Nothing of the peer may be touched after an event: the window may have been unloaded in it.
 LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_CLOSE:

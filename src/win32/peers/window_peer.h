@@ -1,4 +1,4 @@
-// The real window behind a ui::Window.
+// The real window of a ui::Window.
 #pragma once
 
 #include <windows.h>

@@ -82,7 +82,7 @@ void WindowPeer::place() {
   SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, desktop_dpi),
                to_pixels(window_.position().y, desktop_dpi), area.right - area.left,
                area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  // Where the system does not scale borders and title, they are not what was reckoned with.
+  // Where the system does not scale borders and title, they are not what was computed.
   RECT room{};
   if (!IsIconic(handle_) && GetClientRect(handle_, &room) &&
       (room.right != width || room.bottom != height)) {

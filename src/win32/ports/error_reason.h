@@ -23,7 +23,7 @@ bool is_held(const std::wstring& extended);
 
 // The reason of a call on the file at an extended path that has failed with that number. Windows
 // gives one number for several things (access denied for folders, read-only files and files that
-// are open elsewhere), which are told apart by a look at the file.
+// are open elsewhere), which a look at the file distinguishes.
 system::Reason reason_at(unsigned long error, const std::wstring& extended);
 
 }  // namespace ordelan::win32

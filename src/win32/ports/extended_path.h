@@ -9,8 +9,8 @@ namespace ordelan::win32 {
 
 // "D:\Mix\a.vip" as "\\?\D:\Mix\a.vip", "\\server\share\a.vip" as "\\?\UNC\server\share\a.vip".
 // Windows then looks for exactly that name: it no longer drops blanks and dots from its end. So
-// what it would otherwise tidy is tidied here: slashes, doubled backslashes, "." and "..". A
-// backslash at the end stays. Nothing for what is no absolute path, and for names that only a
+// what it would otherwise normalise is normalised here: slashes, doubled backslashes, "." and "..".
+// A backslash at the end stays. Nothing for what is no absolute path, and for names that only a
 // search, a stream or a device could have: with NUL, wildcards or a second colon.
 std::optional<std::wstring> extended_path(std::string_view path);
 

@@ -49,8 +49,8 @@ OPENFILENAMEW file_dialog(HWND owner, const std::wstring& filter, std::vector<wc
   dialog.lpstrFilter = filter.front() == L'\0' ? nullptr : filter.c_str();
   dialog.lpstrFile = buffer.data();
   dialog.nMaxFile = static_cast<DWORD>(buffer.size());
-  // The current folder stays as it is: a program that sits in a folder keeps it from being moved
-  // or removed.
+  // The current folder stays as it is: a program whose current folder it is keeps a folder from
+  // being moved or removed.
   dialog.Flags =
       OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
   return dialog;

@@ -1,4 +1,4 @@
-// The drives that Windows knows.
+// The drives of Windows.
 #pragma once
 
 #include "system/drives.h"
@@ -6,10 +6,10 @@
 namespace ordelan::win32 {
 
 // Each call asks the system anew: media and sticks come and go. Roots of shares
-// ("\\server\share\") have a type, a volume and space too, although `roots` does not tell them.
+// ("\\server\share\") have a type, a volume and space too, although `roots` does not list them.
 class Win32Drives final : public system::Drives {
  public:
-  // Tells Windows to report a drive without a medium as a failure, without a box on the screen.
+  // Makes Windows report a drive without a medium as a failure, without a box on the screen.
   Win32Drives();
 
   std::vector<std::string> roots() override;

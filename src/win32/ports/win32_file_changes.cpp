@@ -115,7 +115,7 @@ bool set_bits(const std::wstring& path, DWORD old, DWORD wanted) {
 }
 
 // Writes the bytes of a file into another one and waits until they have reached the disk. Windows'
-// own copy is not used: where it tells of its progress is not the same on every system.
+// own copy is not used: when it reports its progress differs between systems.
 Status copy_bytes(const FileHandle& source, const FileHandle& copy,
                   const system::FileSystem::Progress& progress) {
   constexpr DWORD kBlock = 1 << 20;
@@ -172,7 +172,7 @@ Status Win32FileSystem::set_attributes(std::string_view path, std::uint32_t attr
   if (old == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *extended);
   if (path.back() == '\\' && (old & FILE_ATTRIBUTE_DIRECTORY) == 0) return Reason::not_found;
   if (!set_bits(*extended, old, attributes)) return last_reason();
-  // A volume without such bits drops them without a word.
+  // A volume without such bits drops them silently.
   const DWORD kept = GetFileAttributesW(extended->c_str());
   if ((attributes & kSettable & ~kept) == 0) return {};
   set_bits(*extended, old, old);

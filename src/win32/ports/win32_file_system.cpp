@@ -79,7 +79,7 @@ std::optional<FileInfo> info_of_root(const std::wstring& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   const std::wstring root = path.ends_with(L'\\') ? path : path + L'\\';
   if (!GetFileAttributesExW(root.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
-  // Roots are marked hidden and system on some drives; nobody ever hid them.
+  // Roots are marked hidden and system on some drives; no user ever hid them.
   data.dwFileAttributes &= ~DWORD{FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM};
   data.dwFileAttributes |= FILE_ATTRIBUTE_DIRECTORY;
   FileInfo info;
@@ -98,7 +98,7 @@ class Win32InputFile final : public system::InputFile {
   std::uint64_t size() const override { return size_; }
 
   std::optional<std::size_t> read(std::uint64_t offset, std::span<std::uint8_t> buffer) override {
-    // Wine takes up to ten times as long for a read that is told its place in the same call.
+    // Wine takes up to ten times as long for a read that is given its offset in the same call.
     LARGE_INTEGER place{};
     place.QuadPart = static_cast<LONGLONG>(offset);
     if (!SetFilePointerEx(file_.get(), place, nullptr, FILE_BEGIN)) return std::nullopt;

@@ -7,7 +7,7 @@ namespace ordelan::win32 {
 
 class Win32FileSystem final : public system::FileSystem {
  public:
-  // Tells Windows to report a drive without a medium as a failure, without a box on the screen.
+  // Makes Windows report a drive without a medium as a failure, without a box on the screen.
   Win32FileSystem();
 
   std::optional<system::FileInfo> info(std::string_view path) override;
@@ -23,7 +23,7 @@ class Win32FileSystem final : public system::FileSystem {
   system::Status replace(std::string_view from, std::string_view to) override;
   // Tries as long as `replace`.
   system::Status move(std::string_view from, std::string_view to) override;
-  // Nobody may write to `from` meanwhile. Other streams of the file are not copied.
+  // No other program may write to `from` meanwhile. Other streams of the file are not copied.
   system::Status copy_new(std::string_view from, std::string_view to,
                           const Progress& progress) override;
   // Only looks whether the folder exists.
@@ -31,7 +31,7 @@ class Win32FileSystem final : public system::FileSystem {
   system::Status remove(std::string_view path) override;
 
  private:
-  // Windows tells sizes and attributes with the names, whatever is asked for.
+  // Windows gives sizes and attributes with the names in any case.
   bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
                   const VisitUnnamed& unnamed) override;
 };

@@ -1,4 +1,4 @@
-// How the user has told Windows to write numbers, dates and times.
+// How the user has set Windows to write numbers, dates and times.
 #pragma once
 
 #include "system/regional.h"

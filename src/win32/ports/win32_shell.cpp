@@ -14,7 +14,7 @@
 namespace ordelan::win32 {
 namespace {
 
-// What the shell's old calls give: a number that says how they went.
+// The results of ShellExecute: a number that says how the call went.
 bool went_well(HINSTANCE given) {
   constexpr INT_PTR kLastFailure = 32;
   return reinterpret_cast<INT_PTR>(given) > kLastFailure;
@@ -29,13 +29,13 @@ std::optional<DWORD> attributes_of(const std::string& path) {
   return attributes == INVALID_FILE_ATTRIBUTES ? std::nullopt : std::optional(attributes);
 }
 
-// Asks the shell about a path that is there. It knows no paths longer than in old times; of those
-// it is asked what it thinks of the kind of file.
-bool ask(const std::string& path, DWORD attributes, UINT wanted, SHFILEINFOW& told) {
+// Asks the shell about an existing path. It takes no paths longer than MAX_PATH; for those it is
+// asked about the kind of file.
+bool ask(const std::string& path, DWORD attributes, UINT wanted, SHFILEINFOW& info) {
   const std::wstring wide = widen(path);
-  if (SHGetFileInfoW(wide.c_str(), 0, &told, sizeof told, wanted) != 0) return true;
+  if (SHGetFileInfoW(wide.c_str(), 0, &info, sizeof info, wanted) != 0) return true;
   const std::wstring name = wide.substr(wide.rfind(L'\\') + 1);
-  return SHGetFileInfoW(name.c_str(), attributes, &told, sizeof told,
+  return SHGetFileInfoW(name.c_str(), attributes, &info, sizeof info,
                         wanted | SHGFI_USEFILEATTRIBUTES) != 0;
 }
 
@@ -55,9 +55,9 @@ bool Win32Shell::open(const std::string& target) {
 
 std::string Win32Shell::file_type(const std::string& path) {
   const auto attributes = attributes_of(path);
-  SHFILEINFOW told{};
-  if (!attributes || !ask(path, *attributes, SHGFI_TYPENAME, told)) return {};
-  return narrow_with_marks(told.szTypeName);
+  SHFILEINFOW info{};
+  if (!attributes || !ask(path, *attributes, SHGFI_TYPENAME, info)) return {};
+  return narrow_with_marks(info.szTypeName);
 }
 
 std::string Win32Shell::executable(const std::string& path) {
@@ -70,11 +70,11 @@ std::string Win32Shell::executable(const std::string& path) {
 
 std::optional<system::Pixels> Win32Shell::icon(const std::string& path) {
   const auto attributes = attributes_of(path);
-  SHFILEINFOW told{};
-  if (!attributes || !ask(path, *attributes, SHGFI_ICON | SHGFI_LARGEICON, told)) {
+  SHFILEINFOW info{};
+  if (!attributes || !ask(path, *attributes, SHGFI_ICON | SHGFI_LARGEICON, info)) {
     return std::nullopt;
   }
-  const IconHandle icon(told.hIcon);
+  const IconHandle icon(info.hIcon);
   return icon ? pixels_of(icon.get()) : std::nullopt;
 }
 

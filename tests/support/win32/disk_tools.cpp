@@ -43,7 +43,7 @@ void lengthen(const std::filesystem::path& file, std::uint64_t length) {
   const win32::FileHandle opened(
       CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
   check(static_cast<bool>(opened));
-  // Where the disk knows no such files, it is merely full sooner.
+  // Where the disk has no sparse files, it is merely full sooner.
   DWORD unused = 0;
   DeviceIoControl(opened.get(), FSCTL_SET_SPARSE, nullptr, 0, nullptr, 0, &unused, nullptr);
   LARGE_INTEGER end{};

@@ -1,7 +1,7 @@
 // A real folder for one test, in Windows' own temporary folder.
 #pragma once
 
-// Windows' own header stays out: its macros rename what our classes call as Windows does.
+// Windows' own header is not included: its macros rename what our classes call as Windows does.
 #include <process.h>
 
 #include <filesystem>

@@ -1,5 +1,5 @@
 // A window with one control of each kind, built as the program's own windows are. The tests of the
-// driver work it; nobody else does.
+// driver use it; no other code does.
 
 #include <windows.h>
 

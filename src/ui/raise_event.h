@@ -6,10 +6,10 @@
 
 namespace ordelan::ui {
 
-// Runs a handler, if it is one. A copy is run: the control that it belongs to may go meanwhile.
-// Whoever goes on after it asks Control::alive first.
+// Runs a handler, unless it is empty. A copy is run: the handler may destroy its control.
+// A caller that goes on afterwards checks Control::alive first.
 template <class... Taken, class... Given>
-void tell(const std::function<void(Taken...)>& handler, Given&&... arguments) {
+void raise_event(const std::function<void(Taken...)>& handler, Given&&... arguments) {
   if (const auto copy = handler) copy(std::forward<Given>(arguments)...);
 }
 
