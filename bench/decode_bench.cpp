@@ -91,8 +91,8 @@ void one_call_of_the_reader(benchmark::State& state) {
 
 void scan_in_memory(benchmark::State& state) {
   const std::string& bytes = project().bytes;
-  const project::Stretch whole{reinterpret_cast<const std::uint8_t*>(bytes.data()), 1, bytes.size(),
-                               true};
+  const project::Chunk whole{reinterpret_cast<const std::uint8_t*>(bytes.data()), 1, bytes.size(),
+                             true};
   long long rows = 0;
   for (auto _ : state) {
     project::HeaderScan header(whole.end() - 1);

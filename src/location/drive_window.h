@@ -17,7 +17,7 @@ class UnidadesBuscar final : public work::ProgramWindow {
   static constexpr const char* kName = "UnidadesBuscar";
 
   // `UnidadesDisponibles` makes the boxes; it is called when the window is loaded. `on_chosen` is
-  // told how many drives are ticked each time the user has closed the window.
+  // called with how many drives are ticked each time the user has closed the window.
   UnidadesBuscar(const work::Context& context, std::function<void()> UnidadesDisponibles,
                  std::function<void(int)> on_chosen);
 

@@ -15,7 +15,7 @@ namespace {
 // How many entries of one folder are looked at before the window may have a turn.
 constexpr int kEntriesPerTurn = 256;
 
-// Sizes are reckoned in 32 bits with a sign, so that limits mean the same as ever: a file of over
+// Sizes are calculated in 32 bits with a sign, as the limits are defined: a file of over
 // 2 GiB counts as one of a wrong, often negative, size.
 std::int32_t reckoned_size(std::uint64_t size) {
   const auto low = static_cast<std::uint32_t>(size);
@@ -156,7 +156,7 @@ bool cFindFiles::passes_name(const std::string& name) const {
   return text::trim(base) == text::trim(search_name_);
 }
 
-// Each folder is listed once. Its files are told of ahead of its subfolders, both in alphabetical
+// Each folder is listed once. Its files are reported before its subfolders, both in alphabetical
 // order, and nothing is kept of it but what was found and what is still to be searched.
 void cFindFiles::scan(const std::string& path) {
   const system::Detail wanted = detail();

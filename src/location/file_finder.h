@@ -1,4 +1,4 @@
-// The search for files: walks a folder tree, or all drives, and tells of each file that passes its
+// The search for files: walks a folder tree, or all drives, and reports each file that passes its
 // filters.
 #pragma once
 
@@ -43,7 +43,7 @@ class cFindFiles {
   bool SearchSubDirs = true;
   std::int32_t Attributes = 0;  // 0 for any; otherwise a file's attribute word must equal it
 
-  // Limits of the date alone, 0 for none. A limit with a time of day lies behind its own day.
+  // Limits of the date alone, 0 for none. A limit with a time of day lies after its own day.
   Date DateCreationFrom = 0;
   Date DateCreationTo = 0;
   Date DateLastModifiedFrom = 0;
@@ -59,7 +59,7 @@ class cFindFiles {
   void set_MaxFileSize(std::int64_t bytes);
 
   // --- events
-  std::function<void(const std::string& Archivo)> GetFile;  // ahead of its place in ColFiles
+  std::function<void(const std::string& Archivo)> GetFile;  // before it is added to ColFiles
   std::function<void()> InitSearch;
   std::function<void()> EndSearch;
   // What a search passes over: entries that the code page cannot name, folders that cannot be
@@ -79,7 +79,7 @@ class cFindFiles {
   // nothing while a search of this finder runs.
   void Find(const std::string& Path, const std::string& Extensions, const std::string& FileName,
             int Mode);
-  // Ends the running search at once: no further file is told of.
+  // Ends the running search at once: no further file is reported.
   void StopSearch() { stop_ = true; }
 
   // --- helpers; they keep nothing

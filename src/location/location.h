@@ -19,7 +19,7 @@ struct Listener {
 
 class Location {
  public:
-  // Adds the windows of this room to the directory. What is given must outlive them.
+  // Adds the windows of this room to the directory. The arguments must outlive them.
   Location(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
            const Listener& listener);
   Location(const Location&) = delete;

@@ -21,7 +21,8 @@ Buscar::Buscar(const work::Context& context, project::VipReader& reader, project
   on_load = [this] { cFind_ = new_finder(); };
 }
 
-// A finder is shared by whoever runs it: a new search may put another into its place meanwhile.
+// A finder is shared by the searches that run it: a new search may put another into its place
+// meanwhile.
 std::shared_ptr<cFindFiles> Buscar::new_finder() {
   auto finder = std::make_shared<cFindFiles>(context_.platform);
   finder->SearchSubDirs = true;
@@ -135,7 +136,7 @@ void Buscar::cFind_EndSearch(const cFindFiles& finder) {
   std::vector<std::string> hits;
   for (const std::string& path : finder.ColFiles()) {
     // Only folders of just this name are left out; the system's own bins are spelt otherwise, and
-    // who keeps audio there wants it found.
+    // a user who keeps audio there wants it found.
     if (path.find("RECICLER") == std::string::npos &&
         (asked_.empty() || text::equal_ignoring_case(text::file_name(path), asked_))) {
       hits.push_back(path);

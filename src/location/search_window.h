@@ -20,7 +20,7 @@ class Buscar final : public ui::Window {
  public:
   static constexpr const char* kName = "Buscar";
 
-  // What is given must outlive the window. `cmdReset_Click` empties the main window: a cancelled
+  // The arguments must outlive the window. `cmdReset_Click` empties the main window: a cancelled
   // search asks for it.
   Buscar(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
          std::function<void()> cmdReset_Click);

@@ -72,7 +72,7 @@ class Form1 final : public work::ProgramWindow {
   void Configurar_Click();
   // Ends the program, without a question.
   void Salir_Click();
-  // Shows how many projects count for nothing, as the work in hand has them now. The window that
+  // Shows how many projects are left out, as the work in hand has them now. The window that
   // lists them follows where it is open, and is closed when there are none.
   void show_ProyectosFuera();
   // Opens the window that lists those projects, or closes it.
@@ -95,7 +95,7 @@ class Form1 final : public work::ProgramWindow {
   ui::Label Configurar;
   ui::Label AcercaDe;
   ui::Label cmdSalir;    // ends the program too: in words, among the labels
-  ui::Label LabelFuera;  // how many projects count for nothing
+  ui::Label LabelFuera;  // how many projects are left out
   ui::CheckBox CheckSubPath;
   ui::CheckBox CheckBAK;
   ui::CheckBox CheckToolTips;
@@ -193,7 +193,7 @@ class Form1 final : public work::ProgramWindow {
   project::UnusedAnalysis analysis_;
   location::Location location_;
   std::optional<ShownProject> shown_before_reports_;  // while reports are saved
-  std::vector<std::string> kept_side_files_;          // of this drop, to be told at its end
+  std::vector<std::string> kept_side_files_;          // of this drop, to be named at its end
 };
 
 }  // namespace ordelan::main_window

@@ -1,4 +1,4 @@
-// What the main window shows of projects that count for nothing.
+// What the main window shows of the projects that are left out.
 #include "main_window/main_window.h"
 #include "main_window/projects_left_out_window.h"
 

@@ -1,4 +1,4 @@
-// The window that lists the projects that count for nothing, each with the reason.
+// The window that lists the projects that are left out, each with the reason.
 #pragma once
 
 #include "ui/button.h"

@@ -47,7 +47,7 @@ void Form1::SalvaListados_Click() {
   tell_unsaved(failed);
 }
 
-// What the window shows of the decoded project. It is put back as it stood, not decoded anew: the
+// What the window shows of the decoded project. It is put back as it stood, not decoded again: the
 // project may be no row of the list (a backup opened by hand), stand there in another case, or have
 // changed on the disk since.
 Form1::ShownProject Form1::shown_project() const {

@@ -11,15 +11,15 @@ FileWindow::FileWindow(system::InputFile& file, std::size_t block, ReadBuffer me
       block_(block),
       length_(static_cast<Position>(file.size())),
       buffer_(std::move(memory)) {
-  stretch_.last = length_ == 0;
+  chunk_.last = length_ == 0;
 }
 
 bool FileWindow::move(Position from) {
   std::size_t kept = 0;
-  if (from >= stretch_.first && from < stretch_.end()) {
-    kept = static_cast<std::size_t>(stretch_.end() - from);
+  if (from >= chunk_.first && from < chunk_.end()) {
+    kept = static_cast<std::size_t>(chunk_.end() - from);
   }
-  const auto skipped = static_cast<std::size_t>(kept > 0 ? from - stretch_.first : 0);
+  const auto skipped = static_cast<std::size_t>(kept > 0 ? from - chunk_.first : 0);
   const Position next = from + static_cast<Position>(kept);
   std::size_t wanted = 0;
   if (next <= length_) {
@@ -41,7 +41,7 @@ bool FileWindow::move(Position from) {
   if (!came || *came < wanted) failed_ = true;
   const std::size_t size = kept + came.value_or(0);
   const bool last = !came || *came < wanted || from + static_cast<Position>(size) > length_;
-  stretch_ = {buffer_.bytes.get(), from, size, last};
+  chunk_ = {buffer_.bytes.get(), from, size, last};
   return came.has_value();
 }
 

@@ -31,14 +31,14 @@ class FileWindow {
   ReadBuffer release() { return std::move(buffer_); }
 
   // Moves the window so that it begins at `from` and holds at least one byte more than it held
-  // behind that, unless the file ends. False when the reading failed; the window is then the last.
+  // after that, unless the file ends. False when the reading failed; the window is then the last.
   bool move(Position from);
 
   // Whether a read has failed, or the file turned out shorter than it was when it was opened: what
   // was seen of it is not the whole.
   bool failed() const { return failed_; }
 
-  const Stretch& stretch() const { return stretch_; }
+  const Chunk& chunk() const { return chunk_; }
   Position length() const { return length_; }
 
  private:
@@ -46,7 +46,7 @@ class FileWindow {
   std::size_t block_;
   Position length_;
   ReadBuffer buffer_;
-  Stretch stretch_;
+  Chunk chunk_;
   bool failed_ = false;
 };
 

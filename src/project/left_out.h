@@ -1,4 +1,4 @@
-// The projects that count for nothing in the work in hand, each with its reason. What such a
+// The projects that are left out of the work in hand, each with its reason. What such a
 // project uses may pass for unused, so that the user must be able to see them.
 #pragma once
 

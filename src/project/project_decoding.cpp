@@ -49,7 +49,7 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
   if (job.display_due()) strip_.Alerta(work::kProgress, "Descodificando: " + row, true);
 
   const std::string prefix = row.substr(0, row.find('>') + 1) + " ";
-  const std::string own_path(text::behind_arrow(row));
+  const std::string own_path(text::after_arrow(row));
   std::string path = with_backups ? text::Obtener_VipPath(row) : own_path;
   if (!with_backups && !work_.PrimerProyecto.empty() &&
       !platform_.files.look_up(work_.PrimerProyecto)) {

@@ -16,7 +16,7 @@ namespace ordelan::project {
 
 class ProjectDecoding {
  public:
-  // What is given must outlive the decoding.
+  // The arguments must outlive the decoding.
   ProjectDecoding(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
                   work::StatusStrip& strip, VipReader& reader, LeftOut& left_out)
       : platform_(platform),

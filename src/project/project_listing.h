@@ -14,7 +14,7 @@ namespace ordelan::project {
 
 class ProjectListing {
  public:
-  // What is given must outlive the listing.
+  // The arguments must outlive the listing.
   ProjectListing(const system::Platform& platform, work::WorkInHand& work, work::WorkLists& lists,
                  ProjectGate& gate, LeftOut& left_out)
       : platform_(platform), work_(work), lists_(lists), gate_(gate), left_out_(left_out) {}
@@ -26,7 +26,7 @@ class ProjectListing {
   void list_flat(work::Job& job, bool with_backups);
 
   // List1 becomes RutaProyectos and all the folders below it. Folders that may not be read are
-  // passed over; a RutaProyectos that is not there at all is told in a message box.
+  // passed over; a RutaProyectos that does not exist is reported in a message box.
   void ListarCarpetas(work::Job& job);
 
   // Fills ListProyectos with the valid projects of the folders of List1, numbered from 1. Here

@@ -49,7 +49,7 @@ bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
   if (listed_.empty()) {
     for (const std::string& row : projects) {
       if (!job.turn()) return true;  // nothing of this will be used
-      const auto identity = platform_.files.identity(text::behind_arrow(row));
+      const auto identity = platform_.files.identity(text::after_arrow(row));
       if (identity) listed_.push_back(*identity);
     }
   }
@@ -64,7 +64,7 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   listed_.clear();
   std::unordered_set<std::string> listed;
   for (const std::string& row : projects) {
-    listed.insert(text::same_file_key(text::behind_arrow(row)));
+    listed.insert(text::same_file_key(text::after_arrow(row)));
     if (!job.turn()) return;
   }
   const auto note_files = [&](const std::string& folder, WhyOut why) {
@@ -98,7 +98,7 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   }
   std::set<std::string> above;
   for (const std::string& row : projects) {
-    const std::string path(text::behind_arrow(row));
+    const std::string path(text::after_arrow(row));
     for (std::string& around : work::folders_around(text::getPath(path, "\\"))) {
       if (!searched_.contains(around)) above.insert(std::move(around));
     }

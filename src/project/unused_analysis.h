@@ -16,13 +16,13 @@ namespace ordelan::project {
 
 class UnusedAnalysis {
  public:
-  // What is given must outlive the analysis.
+  // The arguments must outlive the analysis.
   UnusedAnalysis(const system::Platform& platform, work::WorkLists& lists, work::StatusStrip& strip,
                  LeftOut& left_out)
       : platform_(platform), lists_(lists), strip_(strip), left_out_(left_out) {}
 
   // List1 becomes every file of the twenty kinds in the folders of the listed projects and below:
-  // folder by folder, within it pattern by pattern, and within that each folder ahead of its own
+  // folder by folder, within it pattern by pattern, and within that each folder before its own
   // subfolders. A folder inside another project's folder is listed with both. Projects in those
   // folders that are no rows of ListProyectos are left out with their reason: what they use is
   // looked for among files that may be offered.
@@ -39,7 +39,7 @@ class UnusedAnalysis {
   bool ComparaFiles(const std::string& Archivo1, const std::string& Archivo2, work::Job& job);
 
   // Adds to `Lista` every file in `Ruta` and below that fits one of the twenty patterns: pattern by
-  // pattern, each folder ahead of its own subfolders. The folders are walked once for all patterns.
+  // pattern, each folder before its own subfolders. The folders are walked once for all patterns.
   // False when it was stopped in the middle.
   bool BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista, work::Job& job);
 

@@ -28,7 +28,7 @@ class Remaining {
 
   bool is_struck(Index i) const { return struck_[i]; }
 
-  // Takes one out and gives the one behind it, kNone at the end.
+  // Takes one out and gives the one after it, kNone at the end.
   Index strike(Index i) {
     struck_[i] = true;
     if (previous_[i] != kNone) next_[previous_[i]] = next_[i];

@@ -21,9 +21,10 @@ struct DiskQuestions {
 // - One with the same name, letter for letter, goes if its content is that of the used file, and
 //   also if one of the two is not there: a file that was moved is not offered.
 // - One whose whole path is the used one goes in any case. Where it went by its name already, the
-//   candidate behind it goes in its stead, unlooked at: at worst a file is kept that nobody uses.
-// - The candidate behind one that went is not looked at in this turn. Where a file was listed
-//   twice it may thus stay although it is used: whoever offers files looks once more.
+//   candidate after it goes in its place, unlooked at: at worst a file is kept that no project
+//   uses.
+// - The candidate after one that went is not looked at in this turn. Where a file was listed
+//   twice it may thus stay although it is used: the caller that offers files looks once more.
 //
 // Rows of `used` that are no files, and those that hold "FreezeData", strike nothing: frozen tracks
 // can be made again. `go_on` is asked before each used file, with its index, and now and then

@@ -15,7 +15,7 @@ namespace ordelan::project {
 namespace {
 
 // References are collected while the marker is still searched, so that the file is read once. This
-// many bytes of rows may wait for it; a file that would take more has its references read behind
+// many bytes of rows may wait for it; a file that would take more has its references read after
 // the marker search.
 constexpr std::size_t kWaitingRows = std::size_t{16} << 20;
 
@@ -72,7 +72,7 @@ bool VipReader::ExtraerNombres_Archivos(const std::string& Ruta, const RowSink& 
                                         const std::string& Titulo, bool Agregar) {
   last_reading_ = Reading::no_project;
   if (text::lower(Ruta).find(".vip") == std::string::npos) return false;
-  const std::string path(text::behind_arrow(Ruta));
+  const std::string path(text::after_arrow(Ruta));
   const auto there = platform_.files.look_up(path);
   if (!there) return false;
   last_reading_ = Reading::whole;
@@ -121,7 +121,7 @@ bool VipReader::read_references(Run& run, const RowSink& list, const std::string
 }
 
 // Searches marker and references side by side over one reading of the file. A cancel before the
-// marker is found leaves no row, as nobody knows yet which of them count.
+// marker is found leaves no row, as it is not known yet which of them count.
 void VipReader::find_references(Run& run, bool only_first) {
   const Position from = PosInicioVip;
   MarkerSearch marker(from, run.length());
@@ -130,10 +130,10 @@ void VipReader::find_references(Run& run, bool only_first) {
   progress_.set_range(0, run.length());
 
   const Position begin = std::max<Position>(from, 1);
-  if (begin < run.window.stretch().first) run.window.move(begin);
-  bool waiting = true;  // rows may still be collected ahead of the marker
+  if (begin < run.window.chunk().first) run.window.move(begin);
+  bool waiting = true;  // rows may still be collected before the marker
   while (!run.stopped) {
-    marker.advance(run.window.stretch());
+    marker.advance(run.window.chunk());
     if (marker.done()) break;
     if (waiting) collect(run, kNoLimit, only_first);
     waiting = waiting && run.row_bytes < kWaitingRows && !(only_first && !run.rows.empty());
@@ -152,9 +152,9 @@ void VipReader::find_references(Run& run, bool only_first) {
   std::erase_if(run.rows, [&](const Run::Row& row) { return row.dot > PosFinalVip; });
   progress_.set_range(0, PosFinalVip);
   while (!run.stopped && !run.scan.ended() && !(only_first && !run.rows.empty())) {
-    const Stretch& stretch = run.window.stretch();
+    const Chunk& chunk = run.window.chunk();
     const Position needed = run.scan.position();
-    if (needed < stretch.first || (needed >= stretch.end() && !stretch.last)) {
+    if (needed < chunk.first || (needed >= chunk.end() && !chunk.last)) {
       run.window.move(std::max<Position>(needed, 1));
     }
     collect(run, PosFinalVip, only_first);
@@ -167,7 +167,7 @@ void VipReader::find_references(Run& run, bool only_first) {
 // Takes up the references that the window holds.
 void VipReader::collect(Run& run, Position limit, bool only_first) {
   Reference found{};
-  while (!(only_first && !run.rows.empty()) && run.scan.next(run.window.stretch(), limit, found)) {
+  while (!(only_first && !run.rows.empty()) && run.scan.next(run.window.chunk(), limit, found)) {
     run.rows.push_back({found.dot, only_first ? std::string() : row_text(run, found)});
     run.row_bytes += run.rows.back().text.size() + sizeof(Run::Row);
   }
@@ -175,10 +175,10 @@ void VipReader::collect(Run& run, Position limit, bool only_first) {
 
 // The bytes of a reference up to its first NUL, which is where a list ends a row.
 std::string VipReader::row_text(Run& run, const Reference& found) {
-  const Stretch& stretch = run.window.stretch();
-  if (found.start >= stretch.first) {
-    const auto* begin = stretch.at(found.start);
-    return {begin, text::find_byte(begin, stretch.at(found.last + 1), 0)};
+  const Chunk& chunk = run.window.chunk();
+  if (found.start >= chunk.first) {
+    const auto* begin = chunk.at(found.start);
+    return {begin, text::find_byte(begin, chunk.at(found.last + 1), 0)};
   }
   // It began before the window: seldom, so that the file is asked once more.
   std::string row;
@@ -203,11 +203,11 @@ void VipReader::find_header_end(Run& run, std::string* text) {
   run.window.move(kHeaderPosition);
   while (true) {
     const Position from = header.position();
-    header.advance(run.window.stretch());
+    header.advance(run.window.chunk());
     if (text != nullptr) {
       const Position end = header.position() - (header.found() ? 1 : 0);
-      const Stretch& stretch = run.window.stretch();
-      if (end > from) text->append(stretch.at(from), stretch.at(end));
+      const Chunk& chunk = run.window.chunk();
+      if (end > from) text->append(chunk.at(from), chunk.at(end));
     }
     if (header.done() || !turn(run)) break;
     run.window.move(header.position());
@@ -235,7 +235,7 @@ Position VipReader::BuscarMarcaListas(const std::string& Ruta, Position Desde) {
   MarkerSearch marker(Desde, run.length());
   do {
     run.window.move(marker.position());
-    marker.advance(run.window.stretch());
+    marker.advance(run.window.chunk());
     run.pacer.turn();
   } while (!marker.done());
   return marker.limit();
@@ -252,7 +252,7 @@ void VipReader::write_positions(Run& run, const std::string& log_name) {
   do {
     run.window.move(scan.position());
     Position start = 0;
-    while (scan.next(run.window.stretch(), limit, start)) {
+    while (scan.next(run.window.chunk(), limit, start)) {
       lines += std::to_string(start) + "\r\n";
     }
     progress_.set_value(std::min(scan.position(), limit));

@@ -55,7 +55,7 @@ class VipReader {
   // How the last call of ExtraerNombres_Archivos ended.
   Reading last_reading() const { return last_reading_; }
 
-  Position PosInicioVip = 0;         // just behind the header text; kept from one call to the next
+  Position PosInicioVip = 0;         // just after the header text; kept from one call to the next
   Position PosFinalVip = 0;          // scan limit of the last call
   std::size_t TotalArchivosVip = 0;  // file rows added so far
 

@@ -19,7 +19,7 @@ bool is_marker(const std::uint8_t* at) {
 
 enum class Extension { none, three, four };
 
-// What the three bytes behind a dot make of it. A "fla" takes one byte more, whatever that is.
+// What the three bytes after a dot make of it. A "fla" takes one byte more, whatever that is.
 Extension extension(const std::uint8_t* behind_dot) {
   std::array<char, 3> folded{};
   for (std::size_t i = 0; i < folded.size(); ++i) {
@@ -35,39 +35,38 @@ Extension extension(const std::uint8_t* behind_dot) {
 
 }  // namespace
 
-void HeaderScan::advance(const Stretch& stretch) {
+void HeaderScan::advance(const Chunk& chunk) {
   if (done_) return;
-  const Position end = std::min(stretch.end(), length_);
+  const Position end = std::min(chunk.end(), length_);
   if (position_ < end) {
-    const auto* stop = stretch.at(end);
-    const auto* nul = text::find_byte(stretch.at(position_), stop, 0);
-    position_ += nul - stretch.at(position_);
+    const auto* stop = chunk.at(end);
+    const auto* nul = text::find_byte(chunk.at(position_), stop, 0);
+    position_ += nul - chunk.at(position_);
     if (nul != stop) {
       ++position_;
       done_ = found_ = true;
       return;
     }
   }
-  done_ = stretch.last || position_ >= length_;
+  done_ = chunk.last || position_ >= length_;
 }
 
-void MarkerSearch::advance(const Stretch& stretch) {
-  const Position end = std::min(stretch.end(), length_);
+void MarkerSearch::advance(const Chunk& chunk) {
+  const Position end = std::min(chunk.end(), length_);
   while (!done_) {
     if (position_ >= end) break;
-    position_ +=
-        text::find_byte(stretch.at(position_), stretch.at(end), 'L') - stretch.at(position_);
+    position_ += text::find_byte(chunk.at(position_), chunk.at(end), 'L') - chunk.at(position_);
     if (position_ == end) break;
-    const bool whole = position_ + kMarkerSize <= stretch.end();
-    if (!whole && !stretch.last) return;
-    if (whole && is_marker(stretch.at(position_))) {
+    const bool whole = position_ + kMarkerSize <= chunk.end();
+    if (!whole && !chunk.last) return;
+    if (whole && is_marker(chunk.at(position_))) {
       limit_ = position_ - 5;
       done_ = true;
       return;
     }
     position_ += kMarkerSize;
   }
-  done_ = done_ || stretch.last || position_ >= length_;
+  done_ = done_ || chunk.last || position_ >= length_;
 }
 
 Position ReferenceScan::candidate() const {
@@ -75,24 +74,24 @@ Position ReferenceScan::candidate() const {
   return reading && start_ > 0 ? std::min(start_, position_) : position_;
 }
 
-bool ReferenceScan::next(const Stretch& stretch, Position limit, Reference& found) {
+bool ReferenceScan::next(const Chunk& chunk, Position limit, Reference& found) {
   while (phase_ != Phase::ended) {
     if (phase_ == Phase::top && (position_ >= limit || position_ < 1)) {
       phase_ = Phase::ended;
       return false;
     }
-    if (position_ >= stretch.end()) break;
+    if (position_ >= chunk.end()) break;
 
     if (phase_ == Phase::top) {
       // A colon at the very top is taken for one that a backslash follows; the reference then
       // begins where the one before it began. What comes of it is cut at its first NUL, so such
       // rows repeat the path before them.
-      phase_ = stretch[position_] == ':' ? Phase::extension : Phase::colon;
+      phase_ = chunk[position_] == ':' ? Phase::extension : Phase::colon;
     }
-    if (phase_ == Phase::colon && !seek_colon(stretch, limit)) break;
+    if (phase_ == Phase::colon && !seek_colon(chunk, limit)) break;
     if (phase_ == Phase::entry) {
-      if (position_ >= stretch.end()) break;
-      if (stretch[position_] == 0) {
+      if (position_ >= chunk.end()) break;
+      if (chunk[position_] == 0) {
         end_candidate(position_, limit);
         continue;
       }
@@ -100,28 +99,28 @@ bool ReferenceScan::next(const Stretch& stretch, Position limit, Reference& foun
     }
     if (phase_ == Phase::extension) {
       bool hit = false;
-      if (!seek_extension(stretch, limit, found, hit)) break;
+      if (!seek_extension(chunk, limit, found, hit)) break;
       if (hit) return true;
     }
   }
-  if (stretch.last) phase_ = Phase::ended;
+  if (chunk.last) phase_ = Phase::ended;
   return false;
 }
 
-// Goes on to a colon with a backslash or a second colon behind it. False when the stretch ends
+// Goes on to a colon with a backslash or a second colon after it. False when the chunk ends
 // first.
-bool ReferenceScan::seek_colon(const Stretch& stretch, Position limit) {
-  const Position end = std::min(limit + 1, stretch.end() - 1);
+bool ReferenceScan::seek_colon(const Chunk& chunk, Position limit) {
+  const Position end = std::min(limit + 1, chunk.end() - 1);
   if (position_ < end) {
-    position_ += text::find_pair(stretch.at(position_), stretch.at(end), ':', '\\', ':') -
-                 stretch.at(position_);
+    position_ +=
+        text::find_pair(chunk.at(position_), chunk.at(end), ':', '\\', ':') - chunk.at(position_);
   }
   if (position_ > limit) {
     phase_ = Phase::ended;
     return true;
   }
   if (position_ >= end) return false;
-  if (stretch[position_ + 1] == '\\') {
+  if (chunk[position_ + 1] == '\\') {
     start_ = position_ - 1;
     ++position_;
     phase_ = Phase::extension;
@@ -134,21 +133,21 @@ bool ReferenceScan::seek_colon(const Stretch& stretch, Position limit) {
 }
 
 // Goes on to a known extension (`hit`), or to the NUL that drops the candidate. False when the
-// stretch ends first.
-bool ReferenceScan::seek_extension(const Stretch& stretch, Position limit, Reference& found,
+// chunk ends first.
+bool ReferenceScan::seek_extension(const Chunk& chunk, Position limit, Reference& found,
                                    bool& hit) {
   for (;;) {
-    const Position end = std::min(limit + 1, stretch.end());
+    const Position end = std::min(limit + 1, chunk.end());
     if (position_ < end) {
       position_ +=
-          text::find_either(stretch.at(position_), stretch.at(end), 0, '.') - stretch.at(position_);
+          text::find_either(chunk.at(position_), chunk.at(end), 0, '.') - chunk.at(position_);
     }
     if (position_ > limit) {
       phase_ = Phase::ended;
       return true;
     }
     if (position_ >= end) return false;
-    if (stretch[position_] == 0) {
+    if (chunk[position_] == 0) {
       if (position_ + 1 > limit) {
         phase_ = Phase::ended;
       } else {
@@ -159,13 +158,13 @@ bool ReferenceScan::seek_extension(const Stretch& stretch, Position limit, Refer
 
     constexpr Position kLookahead = 4;
     const Position dot = position_;
-    const bool whole = dot + kLookahead < stretch.end();
-    if (!whole && !stretch.last) return false;
-    if (dot + 3 >= stretch.end()) {
+    const bool whole = dot + kLookahead < chunk.end();
+    if (!whole && !chunk.last) return false;
+    if (dot + 3 >= chunk.end()) {
       phase_ = Phase::ended;
       return true;
     }
-    const Extension kind = extension(stretch.at(dot + 1));
+    const Extension kind = extension(chunk.at(dot + 1));
     if (kind != Extension::none) {
       if (start_ < 1 || (kind == Extension::four && !whole)) {
         // Nothing has begun yet that could be read: the scan breaks off with what it has.
@@ -177,8 +176,8 @@ bool ReferenceScan::seek_extension(const Stretch& stretch, Position limit, Refer
       end_candidate(dot + 4, limit);
       return true;
     }
-    // The three bytes behind the dot are used up, and the one behind them is never looked at.
-    const bool nul = stretch[dot + 3] == 0;
+    // The three bytes after the dot are used up, and the one after them is never looked at.
+    const bool nul = chunk[dot + 3] == 0;
     position_ = dot + 5;
     if (position_ > limit) {
       phase_ = Phase::ended;
@@ -191,27 +190,27 @@ bool ReferenceScan::seek_extension(const Stretch& stretch, Position limit, Refer
   }
 }
 
-// The byte at `position` is passed over: behind a path it is the NUL, or the byte behind the NUL.
+// The byte at `position` is skipped: after a path it is the NUL, or the byte after the NUL.
 void ReferenceScan::end_candidate(Position position, Position limit) {
   progress_ = position;
   position_ = position + 1;
   phase_ = position_ > limit ? Phase::ended : Phase::top;
 }
 
-bool PointerScan::next(const Stretch& stretch, Position limit, Position& start) {
+bool PointerScan::next(const Chunk& chunk, Position limit, Position& start) {
   if (ended_) return false;
   if (top_ && position_ >= limit) {
     ended_ = true;
     return false;
   }
   top_ = false;
-  const Position end = std::min(limit + 1, stretch.end() - 1);
+  const Position end = std::min(limit + 1, chunk.end() - 1);
   if (position_ < end) {
-    position_ += text::find_pair(stretch.at(position_), stretch.at(end), ':', '\\', '\\') -
-                 stretch.at(position_);
+    position_ +=
+        text::find_pair(chunk.at(position_), chunk.at(end), ':', '\\', '\\') - chunk.at(position_);
   }
   if (position_ >= end) {
-    ended_ = position_ > limit || stretch.last;
+    ended_ = position_ > limit || chunk.last;
     return false;
   }
   start = position_ - 1;

@@ -20,12 +20,12 @@ using Position = std::int64_t;
 inline constexpr Position kHeaderPosition = 97;
 inline constexpr Position kNoLimit = std::numeric_limits<Position>::max() / 2;
 
-// Bytes of a file that stand one behind the other.
-struct Stretch {
+// Bytes of a file in a row.
+struct Chunk {
   const std::uint8_t* data = nullptr;
   Position first = 1;    // the position of data[0]
   std::size_t size = 0;  // bytes at hand
-  bool last = false;     // no byte of the file stands behind these
+  bool last = false;     // no byte of the file follows these
 
   Position end() const { return first + static_cast<Position>(size); }
   const std::uint8_t* at(Position position) const { return data + (position - first); }
@@ -37,13 +37,13 @@ class HeaderScan {
  public:
   explicit HeaderScan(Position length) : length_(length) {}
 
-  // Looks at the stretch, which holds `position()` unless the file ends before it.
-  void advance(const Stretch& stretch);
+  // Looks at the chunk, which holds `position()` unless the file ends before it.
+  void advance(const Chunk& chunk);
 
   bool done() const { return done_; }
-  // Whether the NUL was found, and then the position just behind it.
+  // Whether the NUL was found, and then the position just after it.
   bool found() const { return found_; }
-  // The next position to be looked at; behind the NUL once that is found.
+  // The next position to be looked at; after the NUL once that is found.
   Position position() const { return position_; }
 
  private:
@@ -55,15 +55,15 @@ class HeaderScan {
 
 // Finds the marker: "LIST", four bytes of any value, "mdrl".
 //
-// Every "L" that does not begin the marker makes the search go on twelve bytes behind it, so that
+// Every "L" that does not begin the marker makes the search go on twelve bytes after it, so that
 // a marker which begins within eleven bytes of another "L" is missed. Projects are known to the
 // program by this rule: the rows of old projects would change with any other.
 class MarkerSearch {
  public:
   MarkerSearch(Position from, Position length) : position_(from < 1 ? 1 : from), length_(length) {}
 
-  // Looks at the stretch, which holds `position()` unless the file ends before it.
-  void advance(const Stretch& stretch);
+  // Looks at the chunk, which holds `position()` unless the file ends before it.
+  void advance(const Chunk& chunk);
 
   bool done() const { return done_; }
   // Once done: the scan limit, five less than the marker's position; 0 when there is no marker.
@@ -86,16 +86,16 @@ struct Reference {
 };
 
 // Finds the references. The limit need not be known from the start: run with kNoLimit, the scan
-// gives the same references in the same order, and those whose dot lies behind the limit are the
+// gives the same references in the same order, and those whose dot lies after the limit are the
 // ones that do not count.
 class ReferenceScan {
  public:
   explicit ReferenceScan(Position from) : position_(from) {}
 
-  // Looks on in the stretch, which holds `position()` unless the file ends before it. Gives true
-  // with the next reference in `found`, false when the stretch holds no further one or the scan
+  // Looks on in the chunk, which holds `position()` unless the file ends before it. Gives true
+  // with the next reference in `found`, false when the chunk holds no further one or the scan
   // has ended.
-  bool next(const Stretch& stretch, Position limit, Reference& found);
+  bool next(const Chunk& chunk, Position limit, Reference& found);
 
   bool ended() const { return phase_ == Phase::ended; }
   // The next position to be looked at.
@@ -108,8 +108,8 @@ class ReferenceScan {
  private:
   enum class Phase { top, colon, entry, extension, ended };
 
-  bool seek_colon(const Stretch& stretch, Position limit);
-  bool seek_extension(const Stretch& stretch, Position limit, Reference& found, bool& hit);
+  bool seek_colon(const Chunk& chunk, Position limit);
+  bool seek_extension(const Chunk& chunk, Position limit, Reference& found, bool& hit);
   void end_candidate(Position position, Position limit);
 
   Phase phase_ = Phase::top;
@@ -118,13 +118,13 @@ class ReferenceScan {
   Position progress_ = 0;
 };
 
-// Finds every colon with a backslash behind it, wherever it stands.
+// Finds every colon with a backslash after it, wherever it stands.
 class PointerScan {
  public:
   explicit PointerScan(Position from) : position_(from) {}
 
   // As ReferenceScan::next; `start` is the position of the byte before the colon.
-  bool next(const Stretch& stretch, Position limit, Position& start);
+  bool next(const Chunk& chunk, Position limit, Position& start);
 
   bool ended() const { return ended_; }
   Position position() const { return position_; }

@@ -11,7 +11,7 @@ std::string project_row(std::size_t number, std::string_view path) {
   return row;
 }
 
-std::string_view behind_arrow(std::string_view row) {
+std::string_view after_arrow(std::string_view row) {
   const auto arrow = row.find('>');
   return arrow == std::string_view::npos ? row : trim_left(row.substr(arrow + 1));
 }

@@ -12,7 +12,7 @@ std::string project_row(std::size_t number, std::string_view path);
 
 // What follows the first ">" of a row, without the blanks before it; the row itself when it has
 // no ">".
-std::string_view behind_arrow(std::string_view row);
+std::string_view after_arrow(std::string_view row);
 
 // Whether the row names a file: rows that hold ">" or "----------" are titles and separators.
 bool is_file_row(std::string_view row);

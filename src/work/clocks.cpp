@@ -10,8 +10,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kTick{100};
 
-// A tenth more. Rounded far behind the tenths, so that a minute of ticks is a minute and not a hair
-// beside it.
+// A tenth more. Rounded far below the tenths, so that a minute of ticks is exactly a minute.
 double tenth_more(double seconds) {
   constexpr double kGrain = 1e6;
   return std::round((seconds + 0.1) * kGrain) / kGrain;
@@ -72,8 +71,8 @@ void Clocks::reset() {
   LapsoDeco = 0;
 }
 
-// The shown number is read back and added to, so that whoever writes another into the box sets the
-// clock.
+// The shown number is read back and added to, so that a caller that writes another into the box
+// sets the clock.
 void Clocks::tick(ui::TextBox& box, double& seconds) {
   const char mark = regional_.decimal_mark();
   box.set_text(text::number(tenth_more(text::parse_number(box.text(), mark)), mark));

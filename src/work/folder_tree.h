@@ -56,7 +56,7 @@ class FolderTree {
   std::optional<bool> holds_plain_file(std::string_view path);
 
   // Calls `visit` with a folder and, after it, with every folder below: each with its backslash,
-  // ahead of its own subfolders, in the order of the disk. Folders that cannot be read are visited
+  // before its own subfolders, in the order of the disk. Folders that cannot be read are visited
   // too, as empty ones. `visit` gives false to stop the walk; so does this function then.
   bool walk(const std::string& folder,
             const std::function<bool(const std::string& folder, const Listing& listing)>& visit);

@@ -12,7 +12,7 @@ namespace ordelan::work {
 
 class Job {
  public:
-  // Begins a run: those that are under way are superseded by it. What is given must outlive it.
+  // Begins a run: those that are under way are superseded by it. The arguments must outlive it.
   static Job begin(WorkInHand& work, const system::Platform& platform) {
     return {work, platform, work.begin_job()};
   }

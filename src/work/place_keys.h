@@ -4,7 +4,7 @@
 
 namespace ordelan::work::place_key {
 
-inline constexpr const char* kForm1 = "Me";  // not its name: files of earlier versions have this
+inline constexpr const char* kForm1 = "Me";  // its name in the file is not that of the window
 inline constexpr const char* kPerdidos = "Perdidos";
 inline constexpr const char* kUnidadesBuscar = "UnidadesBuscar";
 inline constexpr const char* kElegirRuta = "ElegirRuta";

@@ -13,20 +13,21 @@ namespace ordelan::work {
 // Marks one run of a long job, so that the run notices when something newer has taken its place.
 using JobNumber = std::uint64_t;
 
-// A project that counts for nothing in the work in hand: what it uses may pass for unused.
+// A project that is left out of the work in hand: what it uses may pass for unused.
 struct ProyectoFuera {
   std::string ruta;    // its path, or that of a folder whose projects cannot be seen
   std::string motivo;  // the reason, for the user
 };
 
 struct WorkInHand {
-  std::string RutaProyectos;   // folder of the projects, with its backslash when picked in a dialog
-  std::string RutaVip;         // full path of the project picked in the file dialog
-  std::string CabeceraVip;     // header text of that project; kept for whoever asks, nobody does
-  std::string PrimerProyecto;  // the project that a sweep by drop decodes first
-  std::string NombreProyecto;  // full path of the decoded project
-  std::string ArchivoActual;   // audio file of the moment
-  bool Cancelar = false;       // stop request, looked at by every long loop
+  std::string RutaProyectos;  // folder of the projects, with its backslash when picked in a dialog
+  std::string RutaVip;        // full path of the project picked in the file dialog
+  std::string
+      CabeceraVip;  // header text of that project; kept beside the project; no code reads it
+  std::string PrimerProyecto;          // the project that a sweep by drop decodes first
+  std::string NombreProyecto;          // full path of the decoded project
+  std::string ArchivoActual;           // audio file of the moment
+  bool Cancelar = false;               // stop request, looked at by every long loop
   bool Descodificando = false;         // a decode runs
   bool ModoPosiciones = false;         // relinking runs: the reader writes positions, adds no rows
   bool ClickEnLista = false;           // a click on a list is being handled

@@ -18,7 +18,7 @@ std::string vip_path(const std::string& row) {
 }
 
 // What a project row holds after its arrow.
-std::string behind_arrow(const std::string& row) {
+std::string after_arrow(const std::string& row) {
   std::string path = row.substr(row.find('>') + 1);
   while (!path.empty() && path.front() == ' ') path.erase(0, 1);
   return path;
@@ -282,7 +282,7 @@ void Program::DescodificarProyectos() {
         refuse(vip_path(row), kBackup);
         continue;
       }
-      path = behind_arrow(row);
+      path = after_arrow(row);
       if (!PrimerProyecto_.empty() && disk.look_up(PrimerProyecto_).empty()) {
         path = RutaProyectos_ + path;
         PrimerProyecto_ = path;
@@ -374,7 +374,7 @@ Rows Program::listed_references() const {
   Rows references;
   for (const std::string& row : ListProyectos) {
     if (!CheckBAK && contains(row, "_BAK")) continue;
-    Reader(disk).ExtraerNombres_Archivos(behind_arrow(row), references, "", true);
+    Reader(disk).ExtraerNombres_Archivos(after_arrow(row), references, "", true);
   }
   return references;
 }
