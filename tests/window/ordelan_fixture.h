@@ -69,8 +69,12 @@ class OrdelanTest : public ::testing::Test {
     program->pick_files({project});
   }
 
+  // SalvaListados shows before the report of lost files is made, while clicks are still refused;
+  // ZoomListas shows at the very end.
   void wait_decoded() {
-    program->wait_until("the end of the decode", [&] { return program->visible("SalvaListados"); });
+    program->wait_until("the end of the decode", [&] {
+      return program->visible("SalvaListados") && program->visible("ZoomListas");
+    });
   }
 
   void wait_shown(const std::string& name) {
