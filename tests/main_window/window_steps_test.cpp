@@ -1,7 +1,10 @@
 // Single steps of the main window's handlers, each of which a user would miss.
 #include <gmock/gmock.h>
 
+#include <initializer_list>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "main_window/main_window.h"
 #include "support/program_bench.h"
@@ -161,6 +164,53 @@ TEST_F(WindowSteps, a_reset_before_the_folders_are_listed_leaves_no_folder_behin
   open("Mix\\a.vip");
   EXPECT_TRUE(form.lists.List1.empty());
   EXPECT_TRUE(form.lists.empty());
+}
+
+// What the window shows in the first turn of a run.
+struct FirstTurn : WindowSteps {
+  using Controls = std::initializer_list<const ui::Control*>;
+
+  void expect_in_first_turn(Controls shown, Controls hidden) {
+    backend.on_pump = [this, shown = std::vector<const ui::Control*>(shown),
+                       hidden = std::vector<const ui::Control*>(hidden)] {
+      if (std::exchange(looked, true)) return;
+      for (const ui::Control* control : shown) EXPECT_TRUE(control->visible()) << control->name();
+      for (const ui::Control* control : hidden) EXPECT_FALSE(control->visible()) << control->name();
+    };
+  }
+
+  bool looked = false;
+};
+
+TEST_F(FirstTurn, a_drop_puts_away_what_the_work_before_has_found) {
+  project("Mix\\l.vip", {"Mix\\lost.wav"});
+  open("Mix\\a.vip");
+  ASSERT_TRUE(form.cmdPerdidos.visible());
+  ASSERT_TRUE(form.CommandBorrado.visible());
+  ASSERT_TRUE(form.SalvaListados.visible());
+  expect_in_first_turn(
+      {&form.cmdCancelar, &form.strip.LabelAviso},
+      {&form.lists.ListVip, &form.lists.ListUtilizados, &form.lists.ListBorrar, &form.cmdPerdidos,
+       &form.CommandBorrado, &form.SalvaListados, &form.ActualizarVip, &form.ZoomListas,
+       &form.strip.TextDecode, &form.lists.LabelAdd[0], &form.lists.LabelErase[0]});
+  drop({"Mix"});
+  EXPECT_TRUE(looked);
+}
+
+TEST_F(FirstTurn, the_first_drop_puts_away_the_hint_and_the_logo) {
+  ASSERT_TRUE(form.ListProyectosInfo.visible());
+  ASSERT_TRUE(form.ShowIco.visible());
+  expect_in_first_turn({&form.cmdCancelar}, {&form.ListProyectosInfo, &form.ShowIco});
+  drop({"Mix"});
+  EXPECT_TRUE(looked);
+}
+
+TEST_F(WindowSteps, a_double_click_on_a_project_without_audio_shows_the_empty_list) {
+  open("Mix\\a.vip");
+  disk.write("Mix\\b.vip", project_of({}));
+  double_click(1);
+  EXPECT_TRUE(form.lists.ListVip.visible());
+  EXPECT_THAT(form.lists.ListVip.rows(), IsEmpty());
 }
 
 }  // namespace
