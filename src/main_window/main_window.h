@@ -121,6 +121,7 @@ class Form1 final : public work::ProgramWindow {
   void name_controls();
 
   // The states of the window, each in one place: view_states.cpp.
+  void hide_headings();
   void show_empty();
   void show_choosing();
   void show_opening();

@@ -1,6 +1,6 @@
-// The states of the main window: one function for each, which shows and hides its controls. The
-// handlers call these and no control directly. A state leaves alone what it does not name: it
-// stays as the state before left it.
+// The states of the main window: one function for each, which shows and hides its controls. A state
+// leaves alone what it does not name: it stays as the state before left it. Only what appears in
+// the middle of a job, such as a list once it is filled, is shown by the step that fills it.
 #include <initializer_list>
 
 #include "main_window/main_window.h"
@@ -18,15 +18,19 @@ void hide_these(std::initializer_list<ui::Control*> controls) {
 
 }  // namespace
 
+void Form1::hide_headings() {
+  for (auto* headings :
+       {&lists.LabelCount, &lists.LabelAdd, &lists.LabelCheck, &lists.LabelErase}) {
+    headings->set_visible(false);
+  }
+}
+
 // Nothing is open: the lists are empty, and their places say what they are for.
 void Form1::show_empty() {
   hide_these({&strip.XP_ProgressBar1, &strip.TextDecode, &strip.LabelAviso, &lists.ListVip,
               &lists.ListUtilizados, &lists.ListBorrar, &cmdCancelar, &cmdPerdidos, &CommandBorrado,
               &SalvaListados, &ActualizarVip, &ZoomListas});
-  for (auto* headings :
-       {&lists.LabelCount, &lists.LabelAdd, &lists.LabelCheck, &lists.LabelErase}) {
-    headings->set_visible(false);
-  }
+  hide_headings();
   path_strip.hide();
   // The list of projects stays, as the place where projects are dropped.
   show_these({&CheckDragDrop, &CheckLogo, &lists.ListProyectos});
@@ -49,9 +53,8 @@ void Form1::show_opening() {
   strip.notice_decoding();
 }
 
-// Projects and folders have been dropped, and are being looked at.
+// Projects and folders have been dropped, and are being looked at. Follows `show_sweeping`.
 void Form1::show_dropping() {
-  show_sweeping();
   hide_these({&ListProyectosInfo, &strip.TextDecode, &ZoomListas, &ShowIco, &SalvaListados,
               &ActualizarVip});
   strip.notice_decoding();
@@ -59,10 +62,7 @@ void Form1::show_dropping() {
 
 // A sweep begins: what the one before has found is put away.
 void Form1::show_sweeping() {
-  for (auto* headings :
-       {&lists.LabelCount, &lists.LabelAdd, &lists.LabelCheck, &lists.LabelErase}) {
-    headings->set_visible(false);
-  }
+  hide_headings();
   hide_these(
       {&lists.ListVip, &lists.ListBorrar, &lists.ListUtilizados, &cmdPerdidos, &CommandBorrado});
   show_these({&cmdCancelar});

@@ -370,6 +370,25 @@ TEST_F(Attack, a_cancel_at_the_last_item_of_a_drop_sweeps_nothing) {
   EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
 }
 
+TEST_F(Attack, a_cancel_at_any_turn_of_a_drop_offers_nothing) {
+  project("p.vip", {"a.wav"});
+  disk.write("q.vip", project_of({disk.path("z.wav")}, 3'000'000));
+  for (const char* file : {"a.wav", "b.wav", "z.wav"}) disk.write(file, file);
+  int cancelled = 0;
+  for (int turn = 1; turn < 200; ++turn) {
+    int pumps = 0;
+    backend.on_pump = [&] {
+      if (++pumps == turn) form.cmdCancelar_Click();
+    };
+    drop({"p.vip", "q.vip"});
+    if (pumps < turn) break;
+    ++cancelled;
+    EXPECT_THAT(offered(), IsEmpty()) << turn;
+    EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty()) << turn;
+  }
+  EXPECT_GT(cancelled, 20);
+}
+
 TEST_F(Attack, a_hidden_project_among_the_dropped_ones_is_reported) {
   HidingFiles files(disk.files());
   const system::Platform hiding{files, dialogs, backend, clock, regional, drives, shell};
