@@ -203,6 +203,21 @@ TEST_F(Win32Files, a_file_that_another_program_keeps_to_itself_is_in_use) {
   CloseHandle(lock);
 }
 
+// As virus scanners do with files that have just come.
+TEST_F(Win32Files, another_program_may_read_a_copy_while_it_is_made) {
+  place_.write(path("a.wav"), "1");
+  HANDLE reader = INVALID_HANDLE_VALUE;
+  EXPECT_TRUE(files_.copy_new(path("a.wav"), path("b.wav"), [&](std::uint64_t) {
+    reader = CreateFileW(win32::widen(path("b.wav")).c_str(), GENERIC_READ,
+                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                         OPEN_EXISTING, 0, nullptr);
+    return true;
+  }));
+  EXPECT_NE(reader, INVALID_HANDLE_VALUE);
+  CloseHandle(reader);
+  EXPECT_EQ(files_.info(path("b.wav"))->size, 1u);
+}
+
 TEST_F(Win32Files, a_copy_keeps_hidden_and_system) {
   give("a.wav", FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
   if (IsSkipped()) return;

@@ -75,20 +75,21 @@ POINT& target() {
   return place;
 }
 
-INPUT move_to(POINT place) {
+// Moves the pointer, and presses or releases a button there if `button_flags` says so. All of it is
+// one event: a busy program that still works off earlier moves takes the pointer back to them, also
+// between two events that are sent together.
+INPUT at(POINT place, DWORD button_flags = 0) {
   const LONG width = GetSystemMetrics(SM_CXSCREEN);
   const LONG height = GetSystemMetrics(SM_CYSCREEN);
   // The system divides again and rounds down.
-  return mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, (place.x * 65536 + width - 1) / width,
-               (place.y * 65536 + height - 1) / height);
+  return mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | button_flags,
+               (place.x * 65536 + width - 1) / width, (place.y * 65536 + height - 1) / height);
 }
 
-// The move comes with the press: a busy program may still be working off earlier moves, and takes
-// the pointer back to them.
 void click_once(MouseButton button) {
   const bool left = button == MouseButton::left;
-  send({move_to(target()), mouse(left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
-        mouse(left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
+  send({at(target(), left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
+        at(target(), left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
   last_click() = {pointer(), std::chrono::steady_clock::now()};
 }
 
@@ -101,7 +102,7 @@ void move_mouse(POINT place) {
   constexpr std::chrono::milliseconds kAgain{250};
   const bool there = wait_for([&] {
     SetCursorPos(place.x, place.y);
-    send({move_to(place)});
+    send({at(place)});
     return wait_for(
         [&] {
           const POINT now = pointer();
@@ -131,7 +132,7 @@ void double_click_mouse() {
 void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
   move_mouse(from);
   part_from_last_click();
-  send({move_to(from), mouse(MOUSEEVENTF_LEFTDOWN)});
+  send({at(from, MOUSEEVENTF_LEFTDOWN)});
   if (!wait_for(held)) {
     send({mouse(MOUSEEVENTF_LEFTUP)});
     throw std::runtime_error("nothing took hold of the mouse");
@@ -141,7 +142,7 @@ void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
   for (int i = 1; i <= kSteps; ++i) {
     move_mouse({from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
   }
-  send({move_to(to), mouse(MOUSEEVENTF_LEFTUP)});
+  send({at(to, MOUSEEVENTF_LEFTUP)});
 }
 
 void press_key(WORD code, bool control, bool shift, bool alt) {

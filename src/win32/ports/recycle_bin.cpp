@@ -31,8 +31,14 @@ bool is_taken_literally(const std::wstring& path) {
   return length == path.size() && path == full;
 }
 
-bool exists(const std::wstring& extended) {
-  return GetFileAttributesW(extended.c_str()) != INVALID_FILE_ATTRIBUTES;
+// Ok if nothing of that name is left. A file that cannot be looked at may still be there: so it is
+// in a folder that has gone with its drive or its network.
+Status is_gone(const std::wstring& extended) {
+  if (GetFileAttributesW(extended.c_str()) != INVALID_FILE_ATTRIBUTES) return Reason::other;
+  const DWORD error = GetLastError();
+  if (error != ERROR_FILE_NOT_FOUND) return reason_at(error, extended);
+  const std::wstring folder = extended.substr(0, extended.rfind(L'\\') + 1);
+  return GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES ? Reason::ok : last_reason();
 }
 
 // The file operations of the shell have numbers of their own besides those of Windows.
@@ -65,7 +71,9 @@ DWORD setting(HKEY where, const std::wstring& key, const wchar_t* name) {
   return value;
 }
 
-// Whether removed files are set to go for good, on all drives or on that one.
+// Whether removed files are set to go for good, on all drives or on that one. Also true where the
+// settings of the drive cannot be found: a file that should have been kept is worse than one that
+// could have gone to the bin.
 bool bin_is_off(const std::wstring& root) {
   const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
   const std::wstring policies = explorer + L"Policies\\Explorer";
@@ -74,11 +82,11 @@ bool bin_is_off(const std::wstring& root) {
   }
   // "\\?\Volume{...}\" of the drive; the settings have the part in braces.
   wchar_t volume[64] = {};
-  if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume, 64)) return false;
+  if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume, 64)) return true;
   const std::wstring_view name = volume;
   const auto open = name.find(L'{');
   const auto close = name.find(L'}');
-  if (open == name.npos || close == name.npos) return false;
+  if (open == name.npos || close == name.npos) return true;
   const std::wstring key = explorer + L"Explorer\\BitBucket\\Volume\\" +
                            std::wstring(name.substr(open, close - open + 1));
   return setting(HKEY_CURRENT_USER, key, L"NukeOnDelete") != 0;
@@ -115,9 +123,10 @@ Status Win32Shell::recycle(const std::string& path, Confirm confirm) {
   operation.fFlags = FOF_ALLOWUNDO | FOF_WANTNUKEWARNING | FOF_NOERRORUI;
   if (confirm == Confirm::without_asking) operation.fFlags |= FOF_NOCONFIRMATION;
   const int result = SHFileOperationW(&operation);
-  if (!exists(*extended)) return {};
+  const Status gone = is_gone(*extended);
+  if (gone) return {};
   if (operation.fAnyOperationsAborted) return Reason::cancelled;
-  return result == 0 ? Reason::other : reason_of_operation(result, *extended);
+  return result == 0 ? gone : reason_of_operation(result, *extended);
 }
 
 Status Win32Shell::recycles(std::string_view root) {

@@ -116,7 +116,7 @@ bool set_bits(const std::wstring& path, DWORD old, DWORD wanted) {
 
 // Writes the bytes of a file into another one and waits until they have reached the disk. Windows'
 // own copy is not used: when it reports its progress differs between systems.
-Status copy_bytes(const FileHandle& source, const FileHandle& copy,
+Status copy_bytes(const FileHandle& source, system::OutputFile& copy,
                   const system::FileSystem::Progress& progress) {
   constexpr DWORD kBlock = 1 << 20;
   std::vector<char> buffer(kBlock);
@@ -125,31 +125,25 @@ Status copy_bytes(const FileHandle& source, const FileHandle& copy,
     DWORD came = 0;
     if (!ReadFile(source.get(), buffer.data(), kBlock, &came, nullptr)) return last_reason();
     if (came == 0) break;
-    for (DWORD done = 0; done < came;) {
-      DWORD went = 0;
-      if (!WriteFile(copy.get(), buffer.data() + done, came - done, &went, nullptr) || went == 0) {
-        return last_reason();
-      }
-      done += went;
-    }
+    if (const Status wrote = copy.write({buffer.data(), came}); !wrote) return wrote;
     copied += came;
     if (progress && !progress(copied)) return Reason::cancelled;
   }
-  return FlushFileBuffers(copy.get()) ? Reason::ok : last_reason();
+  return copy.flush();
 }
 
-// Fills a copy that has just been created, and gives it the time of the last write and the
-// attributes of the original.
-Status fill_copy(const FileHandle& source, const std::wstring& target,
+// Fills a copy that has just been created, closes it, and gives it the time of the last write and
+// the attributes of the original. It is not opened anew to be written: a virus scanner looks at new
+// files, and would be in the way.
+Status fill_copy(const FileHandle& source, system::OutputFile& copy, const std::wstring& target,
                  const system::FileSystem::Progress& progress) {
   BY_HANDLE_FILE_INFORMATION original{};
   if (!GetFileInformationByHandle(source.get(), &original)) return last_reason();
-  FileHandle copy(CreateFileW(target.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                              FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-  if (!copy) return reason_at(GetLastError(), target);
   if (const Status status = copy_bytes(source, copy, progress); !status) return status;
-  if (!SetFileTime(copy.get(), nullptr, nullptr, &original.ftLastWriteTime) || !copy.close() ||
-      !set_bits(target, 0, original.dwFileAttributes)) {
+  if (const Status closed = copy.close(); !closed) return closed;
+  FileHandle written = open_for(target, FILE_WRITE_ATTRIBUTES);
+  if (!written || !SetFileTime(written.get(), nullptr, nullptr, &original.ftLastWriteTime) ||
+      !written.close() || !set_bits(target, 0, original.dwFileAttributes)) {
     return last_reason();
   }
   return {};
@@ -247,14 +241,14 @@ Status Win32FileSystem::copy_new(std::string_view from, std::string_view to,
   // Created by this call: so it is ours to be removed on failure.
   auto made = create_new(to);
   if (!made) return made.status();
-  made.reset();
   const std::wstring target = *file_path(to);
-  const auto take_back = [&target] {
+  const auto take_back = [&] {
+    made.reset();
     SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
     DeleteFileW(target.c_str());
   };
   try {
-    const Status status = fill_copy(file, target, progress);
+    const Status status = fill_copy(file, *made, target, progress);
     if (!status) take_back();
     return status;
   } catch (...) {
