@@ -1,5 +1,6 @@
 // The calls that change what stands on the disk.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -125,6 +126,53 @@ Status PosixFileSystem::flush_folder(std::string_view folder) {
   if (!native) return reason_without_path(drives_, folder);
   const Descriptor open(::open(native->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   return open.valid() ? flush_descriptor(open) : last_reason();
+}
+
+Status PosixFileSystem::flush_file(std::string_view path) {
+  const auto native = drives_.native(path);
+  if (!native) return reason_without_path(drives_, path);
+  if (promises_folder(path)) return Reason::not_a_file;
+  const Descriptor open(::open(native->c_str(), O_RDONLY | O_CLOEXEC));
+  return open.valid() ? flush_descriptor(open) : last_reason();
+}
+
+namespace {
+
+class PosixLock final : public system::FileLock {
+ public:
+  PosixLock(std::string path, Descriptor file) : path_(std::move(path)), file_(std::move(file)) {}
+  // Removed while it is still held, so that nothing of another holder is removed.
+  ~PosixLock() override { ::unlink(path_.c_str()); }
+  PosixLock(const PosixLock&) = delete;
+  PosixLock& operator=(const PosixLock&) = delete;
+
+ private:
+  std::string path_;
+  Descriptor file_;
+};
+
+}  // namespace
+
+system::Opened<system::FileLock> PosixFileSystem::lock(std::string_view path) {
+  const auto native = drives_.native(path);
+  if (!native) return reason_without_path(drives_, path);
+  if (promises_folder(path)) return Reason::not_a_file;
+  constexpr int kTries = 10;
+  for (int tries = 0; tries < kTries; ++tries) {
+    Descriptor file(::open(native->c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!file.valid()) return last_reason();
+    if (::flock(file.number(), LOCK_EX | LOCK_NB) != 0) {
+      return errno == EWOULDBLOCK ? Reason::in_use : last_reason();
+    }
+    // Another holder may have removed the name between the two calls.
+    struct stat held {};
+    struct stat named {};
+    if (::fstat(file.number(), &held) == 0 && ::lstat(native->c_str(), &named) == 0 &&
+        held.st_ino == named.st_ino && held.st_dev == named.st_dev) {
+      return std::make_unique<PosixLock>(*native, std::move(file));
+    }
+  }
+  return Reason::in_use;
 }
 
 Status PosixFileSystem::replace(std::string_view from, std::string_view to) {

@@ -141,6 +141,12 @@ Status PosixShell::recycle(const std::string& path, system::Confirm confirm) {
   return Reason::other;
 }
 
+Status PosixShell::copy_into(const std::string& from, const std::string& folder) {
+  const std::string to = system::with_backslash(folder) + text::Obtener_Nombre_Archivo(from);
+  const Status copied = files_.copy_new(from, to);
+  return copied == Reason::exists ? Reason::cancelled : copied;
+}
+
 Status PosixShell::recycles(std::string_view root) {
   if (root.size() != 3 || root.substr(1) != ":\\") return Reason::bad_path;
   if (drives_ == nullptr) return Reason::not_supported;

@@ -32,6 +32,7 @@ class PosixShell final : public system::Shell {
   std::string executable(const std::string&) override { return {}; }
   std::optional<system::Pixels> icon(const std::string&) override { return std::nullopt; }
   system::Status recycle(const std::string& path, system::Confirm confirm) override;
+  system::Status copy_into(const std::string& from, const std::string& folder) override;
   system::Status recycles(std::string_view root) override;
   // There is one trash for all drives: it is emptied as a whole, also for one root.
   system::Status empty_bin(const std::string& root, system::Confirm confirm) override;

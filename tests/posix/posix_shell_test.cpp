@@ -130,6 +130,13 @@ TEST_F(PosixTrash, a_link_is_recycled_and_not_what_it_leads_to) {
   EXPECT_EQ(disk.content("real.wav"), "voz");
 }
 
+TEST_F(PosixTrash, where_nobody_can_be_asked_no_copy_is_made_over_a_file) {
+  disk.file("a.wav", "new");
+  disk.file("Copias/a.wav", "old");
+  EXPECT_EQ(shell.copy_into("D:\\a.wav", "D:\\Copias"), system::Reason::cancelled);
+  EXPECT_EQ(disk.content("Copias/a.wav"), "old");
+}
+
 TEST_F(PosixTrash, without_a_trash_or_a_way_to_ask_nothing_is_recycled) {
   disk.file("a.wav");
   posix::PosixShell none(files);

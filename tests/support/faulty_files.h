@@ -41,6 +41,8 @@ class FaultyFiles final : public ForwardingFiles {
     move,
     copy_new,
     flush_folder,
+    flush_file,
+    lock,
     remove
   };
 
@@ -106,6 +108,19 @@ class FaultyFiles final : public ForwardingFiles {
   system::Status flush_folder(std::string_view folder) override {
     const auto status = begin(Call::flush_folder, folder);
     return status ? files().flush_folder(folder) : status;
+  }
+  system::Status flush_file(std::string_view path) override {
+    auto status = begin(Call::flush_file, path);
+    if (status) status = files().flush_file(path);
+    if (status) {
+      const auto file = unflushed_.find(key(path));
+      if (file != unflushed_.end()) file->second.flushed = file->second.written;
+    }
+    return status;
+  }
+  system::Opened<system::FileLock> lock(std::string_view path) override {
+    if (const auto status = begin(Call::lock, path); !status) return status;
+    return files().lock(path);
   }
   system::Status remove(std::string_view path) override {
     auto status = begin(Call::remove, path);
