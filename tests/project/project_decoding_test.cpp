@@ -275,6 +275,7 @@ TEST_F(AllProjects, paths_stay_as_they_are_while_the_first_project_is_there) {
 }
 
 TEST_F(AllProjects, the_strip_names_each_and_the_totals_of_before_are_put_away_meanwhile) {
+  list_project("Mix\\copia_BAK.vip", {"D:\\a.wav"});
   list_project("Mix\\tema.vip", {"D:\\a.wav"});
   list_project("Mix\\otro.vip", {"D:\\b.wav"});
   lists.LabelAdd[0].set_caption("before");
@@ -288,9 +289,9 @@ TEST_F(AllProjects, the_strip_names_each_and_the_totals_of_before_are_put_away_m
     heading = heading || lists.LabelAdd[0].visible();
     EXPECT_TRUE(strip.TextDecode.visible());
   };
-  decoding.DescodificarProyectos(job, true);
-  EXPECT_THAT(texts, ElementsAre("Descodificando: " + row(1, "Mix\\tema.vip"),
-                                 "Descodificando: " + row(2, "Mix\\otro.vip")));
+  decoding.DescodificarProyectos(job, false);
+  EXPECT_THAT(texts, ElementsAre("", "Descodificando: " + row(2, "Mix\\tema.vip"),
+                                 "Descodificando: " + row(3, "Mix\\otro.vip")));
   EXPECT_FALSE(heading);
   EXPECT_TRUE(lists.LabelAdd[0].visible());
 }
