@@ -197,7 +197,9 @@ TEST_F(LostFileSearch, the_strip_names_each_drive_while_it_is_searched) {
   std::vector<std::string> texts;
   bench.backend.on_pump = [&] {
     if (texts.empty() || texts.back() != strip()) texts.push_back(strip());
+    EXPECT_TRUE(bench.form.strip.TextDecode.visible());
   };
+  bench.form.strip.TextDecode.hide();
   search("toma.wav");
   EXPECT_THAT(texts, ElementsAre("Buscando: toma.wav\r\nEn la Unidad: " + d + "\r\nESPERAR",
                                  "Buscando: toma.wav\r\nEn la Unidad: " + e + "\r\nESPERAR",
@@ -233,6 +235,15 @@ TEST_F(LostFileSearch, ends_with_the_time_that_it_took_and_the_usual_pointer) {
   EXPECT_TRUE(search("X:\\toma.wav"));
   EXPECT_EQ(clocks.TextLapsoTotal.text(), text::elapsed(0, ','));
   EXPECT_FALSE(clocks.TimerLap.running());
+}
+
+TEST_F(LostFileSearch, the_clock_begins_anew_at_each_drive_also_at_one_that_is_not_ticked) {
+  bench.start();
+  for (const int box : {1, 2}) bench.boxes().Check1[box].set_checked(false);
+  work::Clocks& clocks = bench.form.clocks;
+  bench.backend.on_pump = [&] { clocks.LapsoDeco = 3.5; };
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_EQ(clocks.TextLapsoTotal.text(), text::elapsed(0, ','));
 }
 
 TEST_F(LostFileSearch, a_cancel_ends_the_search_and_puts_the_strip_away) {
@@ -429,16 +440,17 @@ TEST_F(LostFileChoice, several_hits_wait_for_the_users_choice) {
   EXPECT_EQ(window(), nullptr);
 }
 
-TEST_F(LostFileChoice, leaves_the_clock_of_the_update_alone) {
+TEST_F(LostFileChoice, leaves_the_clock_of_the_update_running_in_its_colour) {
   bench.disk.remove("f\\b\\toma.wav");
-  const auto color = bench.form.clocks.TextLapsoTotal.back_color();
-  bench.form.clocks.TextLapsoTotal.set_text("0:07");
+  work::Clocks& clocks = bench.form.clocks;
+  const ui::Color color{0x123456};
+  clocks.TextLapsoTotal.set_back_color(color);
   bool changed = false;
-  bench.backend.on_pump = [&] {
-    changed = changed || bench.form.clocks.TextLapsoTotal.back_color() != color;
-  };
+  bench.backend.on_pump = [&] { changed = changed || clocks.TextLapsoTotal.back_color() != color; };
   EXPECT_TRUE(search("toma.wav"));
   EXPECT_FALSE(changed);
+  EXPECT_EQ(clocks.TextLapsoTotal.back_color(), color);
+  EXPECT_TRUE(clocks.TimerLap.running());
 }
 
 TEST_F(LostFileChoice, the_windows_place_is_remembered_when_it_goes) {
