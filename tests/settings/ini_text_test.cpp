@@ -238,6 +238,7 @@ TEST(IniText, a_bracket_that_is_not_closed_opens_no_section) {
   EXPECT_EQ(ini_value("[s\nk=1\n", "s", "k"), std::nullopt);
   EXPECT_EQ(ini_value("[s]\nx]=1\n", "s", "x]"), "1");
   EXPECT_EQ(ini_value("[a]b]\nk=1\n", "a]b", "k"), "1") << "the last bracket closes";
+  EXPECT_EQ(ini_value("[s]=1\n", "s", "[s]"), std::nullopt) << "the line of a section holds no key";
 }
 
 TEST(IniText, of_sections_of_one_name_the_first_counts) {
