@@ -181,21 +181,41 @@ TEST_F(InterruptedRuns, a_cancel_in_any_turn_ends_idle_and_offers_no_used_file) 
                });
 }
 
-// The lists are emptied: reports of them would replace good ones.
-TEST_F(InterruptedRuns, a_reset_while_reports_are_saved_writes_no_report_of_empty_lists) {
-  for (int turn = 1; turn < 400; ++turn) {
-    open("Mix\\a.vip");
-    int turns = 0;
-    backend.on_pump = [&] {
-      if (++turns == turn) form.cmdReset_Click();
-    };
-    form.SalvaListados_Click();
-    backend.on_pump = nullptr;
-    if (turns < turn) break;
-    EXPECT_FALSE(there("Mix\\Listados\\Archivos Totales.log")) << turn;
-    EXPECT_FALSE(there("Mix\\Listados\\Archivos a Borrar.log")) << turn;
+// The lists are emptied or filled anew: reports of them would replace good ones.
+TEST_F(InterruptedRuns, reports_that_are_overtaken_in_any_turn_write_no_further_one) {
+  const auto saved = [&] {
+    std::vector<std::string> names;
+    if (const auto entries = disk.files().list(disk.path("Mix\\Listados"))) {
+      for (const auto& entry : *entries) names.push_back(entry.name);
+    }
+    return names;
+  };
+  const std::vector<std::function<void()>> actions{[&] { form.cmdReset_Click(); },
+                                                   [&] {
+                                                     form.cmdCancelar_Click();
+                                                     open("Otro\\z.vip");
+                                                   }};
+  for (const auto& action : actions) {
+    for (int turn = 1; turn < 400; ++turn) {
+      disk.remove("Mix\\Listados");
+      open("Mix\\a.vip");
+      int turns = 0;
+      std::vector<std::string> by_then;
+      backend.on_pump = [&] {
+        if (++turns != turn) return;
+        by_then = saved();
+        action();
+      };
+      form.SalvaListados_Click();
+      backend.on_pump = nullptr;
+      if (turns < turn) {
+        EXPECT_GT(turn, 2);
+        EXPECT_EQ(saved().size(), 5u) << "not overtaken at last";
+        break;
+      }
+      EXPECT_EQ(saved(), by_then) << turn;
+    }
   }
-  EXPECT_TRUE(there("Mix\\Listados\\Archivos Totales.log")) << "not interrupted at last";
 }
 
 TEST_F(InterruptedRuns, a_cancel_while_reports_are_saved_leaves_out_the_projects_that_are_left) {
