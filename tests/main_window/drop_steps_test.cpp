@@ -67,6 +67,34 @@ TEST_F(DropSteps, slashes_in_a_picked_path_are_backslashes_in_the_lists) {
   EXPECT_EQ(work.RutaProyectos, disk.path("Otro\\"));
 }
 
+TEST_F(DropSteps, the_rows_of_the_work_before_go_with_the_first_project_that_is_taken) {
+  open("Otro\\z.vip");
+  std::vector<std::string> rows;
+  in_the_middle([&] { return !work.PrimerProyecto.empty(); },
+                [&] { rows = form.lists.ListProyectos.rows(); });
+  drop({"Mix\\a.vip", "Mix\\b.vip"});
+  EXPECT_THAT(rows, ElementsAre(row(1, "Mix\\a.vip"))) << "while the second one is checked";
+  EXPECT_THAT(form.lists.ListProyectos.rows(),
+              ElementsAre(row(1, "Mix\\a.vip"), row(2, "Mix\\b.vip")));
+}
+
+TEST_F(DropSteps, a_drop_that_was_overtaken_in_its_search_asks_nothing) {
+  settings.GrabarIni(settings.RutaConfig, "Borrar todos los asociados      ------>", "1");
+  for (int turn = 1; turn < 100; ++turn) {
+    int turns = 0;
+    backend.on_pump = [&] {
+      if (++turns == turn) form.cmdReset_Click();
+    };
+    drop({"Mix"});
+    backend.on_pump = nullptr;
+    if (turns < turn) {
+      EXPECT_GT(turn, 2);
+      break;
+    }
+    EXPECT_THAT(dialogs.messages, IsEmpty()) << turn;
+  }
+}
+
 TEST_F(DropSteps, side_files_that_were_kept_are_named_after_a_sweep_and_after_a_drop_of_nothing) {
   make_old_folder();
   const std::string told = " >>> AVISO <<<   Se conserva el audio que nombra algún proyecto:\r\n" +
@@ -195,6 +223,18 @@ TEST_F(DoubleClickSteps, it_is_busy_until_its_end) {
   EXPECT_GT(turns, 0);
   EXPECT_TRUE(busy);
   EXPECT_FALSE(work.Descodificando);
+}
+
+TEST_F(DoubleClickSteps, one_that_was_overtaken_puts_nothing_of_the_newer_work_away) {
+  open("Mix\\a.vip");
+  in_the_middle([&] { return work.Descodificando; },
+                [&] {
+                  form.cmdCancelar_Click();
+                  open("Otro\\z.vip");
+                  form.lists.LabelCheck[1].on_click();
+                });
+  double_click(1);
+  EXPECT_TRUE(form.path_strip.ListPath.visible());
 }
 
 TEST_F(DoubleClickSteps, its_time_is_measured_anew_and_shown) {

@@ -61,6 +61,21 @@ TEST_F(OpenSteps, an_error_in_the_middle_leaves_the_display_as_far_as_it_got) {
   EXPECT_THAT(form.lists.ListVip.rows(), ElementsAre(disk.path("Mix\\a.wav")));
 }
 
+// A backup that was opened by hand and is not listed: nothing is used by those that are listed.
+TEST_F(OpenSteps, the_list_of_unused_files_is_shown_even_where_no_project_is_listed) {
+  disk.write("Solo\\s_BAK.vip", project_of({disk.path("Solo\\s.wav")}));
+  start();
+  form.CheckBAK.set_checked(false);
+  open("Solo\\s_BAK.vip");
+  EXPECT_THAT(form.lists.ListProyectos.rows(), IsEmpty());
+  EXPECT_THAT(form.lists.ListVip.rows(), SizeIs(1));
+  for (const ui::ListBox* list : {&form.lists.ListProyectos, &form.lists.ListVip,
+                                  &form.lists.ListUtilizados, &form.lists.ListBorrar}) {
+    EXPECT_TRUE(list->visible()) << list->name();
+  }
+  EXPECT_FALSE(form.strip.TextDecode.visible());
+}
+
 TEST_F(OpenSteps, a_cancel_while_the_report_is_made_empties_the_window_but_for_the_box) {
   start();
   bool cancelled = false;

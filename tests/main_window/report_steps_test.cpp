@@ -165,6 +165,7 @@ TEST_F(SweepSteps, a_sweep_is_busy_until_its_end) {
   EXPECT_GT(turns, 0);
   EXPECT_TRUE(busy);
   EXPECT_FALSE(work.Descodificando) << "the job still lives";
+  EXPECT_TRUE(form.ZoomListas.visible());
 }
 
 TEST_F(SweepSteps, a_drop_is_busy_from_its_first_turn) {
