@@ -140,6 +140,14 @@ TEST_F(DropSteps, only_projects_and_folders_dropped_after_a_folder_are_left_out)
   EXPECT_TRUE(form.LabelFuera.visible());
 }
 
+TEST_F(DropSteps, what_is_no_project_is_not_left_out_as_one) {
+  disk.write("nota.txt", "x");
+  disk.make_folder("carpeta.vip");
+  drop({"nota.txt", "nada.txt", "carpeta.vip"});
+  EXPECT_THAT(left_out(), IsEmpty());
+  EXPECT_FALSE(form.LabelFuera.visible());
+}
+
 // A folder of a similar name is not below the swept one.
 TEST_F(DropSteps, a_folder_whose_name_begins_like_the_swept_one_is_left_out) {
   project("Mixto\\m.vip", {"Mixto\\m.wav"});
