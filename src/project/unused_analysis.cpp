@@ -62,6 +62,8 @@ bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
 void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects,
                                             work::Job& job) {
   listed_.clear();
+  // A handler that runs in a turn may begin another search.
+  const std::set<std::string> searched = std::exchange(searched_, {});
   std::unordered_set<std::string> listed;
   for (const std::string& row : projects) {
     listed.insert(text::same_file_key(text::after_arrow(row)));
@@ -80,13 +82,14 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
       const bool frozen = path.find("FreezeData") != std::string::npos;
       left_out_.add(path, frozen ? WhyOut::frozen : !file.plain ? WhyOut::hidden : why);
     }
+    if (job.must_stop()) return;
     for (const system::UnnamedEntry& entry : job.folders().listing(folder).unnamed) {
       if (!entry.folder && is_project_name(entry.shown)) {
         left_out_.add(folder + entry.shown, WhyOut::unnamed);
       }
     }
   };
-  for (const std::string& folder : searched_) {
+  for (const std::string& folder : searched) {
     const work::FolderTree::Listing& found = job.folders().listing(folder);
     if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
     for (const std::string& link : found.links) left_out_.add(folder + link + "\\", WhyOut::linked);
@@ -100,7 +103,7 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   for (const std::string& row : projects) {
     const std::string path(text::after_arrow(row));
     for (std::string& around : work::folders_around(text::getPath(path, "\\"))) {
-      if (!searched_.contains(around)) above.insert(std::move(around));
+      if (!searched.contains(around)) above.insert(std::move(around));
     }
     if (!job.turn()) return;
   }

@@ -59,7 +59,7 @@ class UnusedAnalysis {
   work::StatusStrip& strip_;
   LeftOut& left_out_;
   std::vector<system::FileIdentity> listed_;  // of the projects; empty until they are asked for
-  std::set<std::string> searched_;  // the folders of the last search, each with its backslash
+  std::set<std::string> searched_;            // the folders of this search, each with its backslash
 };
 
 }  // namespace ordelan::project
