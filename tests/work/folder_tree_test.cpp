@@ -36,7 +36,7 @@ struct Folders : ::testing::Test {
 
   static std::vector<std::string> names(const std::vector<work::FolderTree::Entry>& entries) {
     std::vector<std::string> all;
-    for (const auto& entry : entries) all.push_back(entry.name);
+    for (const auto& entry : entries) all.emplace_back(entry.name);
     return all;
   }
 
