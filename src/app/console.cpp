@@ -134,6 +134,12 @@ void report(const Session& session, const Options& options, std::ostream& output
   ConsoleReport(session.program, session.dialogs.messages).print(output, options.json);
 }
 
+// The exit code of a command that has printed all that it has to.
+int leave(const ConsoleHost& host, int code) {
+  if (host.leave) host.leave(code);
+  return code;
+}
+
 // Presses AbrirFichero, and the label that saves the reports where that is asked for.
 int open_project(const Options& options, bool save_reports, const ConsoleHost& host,
                  std::ostream& output, std::ostream& error) {
@@ -160,7 +166,7 @@ int open_project(const Options& options, bool save_reports, const ConsoleHost& h
   if (!decoded && !reported) {
     complain(error, options.project, "no se ha descodificado ningún proyecto");
   }
-  return decoded && saved ? kDone : kRefused;
+  return leave(host, decoded && saved ? kDone : kRefused);
 }
 
 // Drops the items on the list of projects. Those that are missing are named and left out.
@@ -186,7 +192,7 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
   // What the strip holds after a drop may be a notice about files that were kept: it says nothing
   // of how the drop went.
   print_strip(session, error);
-  if (form.decoded_projects() > 0) return kDone;
+  if (form.decoded_projects() > 0) return leave(host, kDone);
   error << "ordelan: "
         << text::to_utf8(form.lists.ListProyectos.empty()
                              ? "no hay proyectos con audio en lo que se ha soltado"

@@ -35,6 +35,9 @@ struct ConsoleHost {
   std::function<ConfigFile(const std::string& file)> config;
   // The path of an argument in UTF-8.
   std::function<ArgumentPath(const std::string& argument)> windows_path;
+  // Called with the exit code when all is printed and saved, and may end the program there: a large
+  // studio takes a while to free. Unset where the caller goes on.
+  std::function<void(int code)> leave = nullptr;
 };
 
 // Exit codes.

@@ -13,6 +13,9 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Headings = ui::ControlArray<ui::Label>;
 
+// Lines go to the stream in pieces of about so many bytes.
+constexpr std::size_t kPrintedAtOnce = std::size_t{1} << 16;
+
 Json rows(const std::vector<std::string>& list) {
   Json array = Json::array();
   for (const std::string& row : list) array.push_back(text::to_utf8(row));
@@ -46,7 +49,16 @@ void print_list(std::ostream& output, const Headings& headings, const ui::ListBo
     output << text::to_utf8(heading->caption()) << "\n";
     headed = true;
   }
-  for (const std::string& row : list.rows()) output << "  " << text::to_utf8(row) << "\n";
+  std::string lines;
+  for (const std::string& row : list.rows()) {
+    lines += "  ";
+    text::append_utf8(row, lines);
+    lines += '\n';
+    if (lines.size() < kPrintedAtOnce) continue;
+    output << lines;
+    lines.clear();
+  }
+  output << lines;
   if (headed || !list.empty()) output << "\n";
 }
 

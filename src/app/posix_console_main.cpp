@@ -1,4 +1,5 @@
 // The console program on Linux.
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <utility>
@@ -45,6 +46,11 @@ int main(int count, char** arguments) {
         if (!below) return app::ArgumentPath::none("no está en ninguna unidad");
         return app::ArgumentPath::none(text::from_utf8(*below) ? "Windows no admite este nombre"
                                                                : app::kNotInCodePage);
+      },
+      [](int code) {
+        std::cout.flush();
+        std::cerr.flush();
+        std::_Exit(code);
       }};
   return app::run_console(std::vector<std::string>(arguments + 1, arguments + count), host,
                           std::cout, std::cerr);

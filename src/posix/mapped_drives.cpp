@@ -43,8 +43,13 @@ std::optional<std::string> entry_ignoring_case(const std::string& folder, std::s
 
 // The native path of names below a mapped folder, just as they are spelt.
 std::string joined(const std::string& folder, const std::vector<std::string_view>& names) {
-  std::string native = folder;
-  for (const std::string_view name : names) native.append("/").append(text::to_utf8(name));
+  std::string native;
+  native.reserve(256);
+  native = folder;
+  for (const std::string_view name : names) {
+    native += '/';
+    text::append_utf8(name, native);
+  }
   return native.empty() ? "/" : native;
 }
 
@@ -87,17 +92,17 @@ const MappedDrive* MappedDrives::drive(char letter) const {
 }
 
 std::optional<MappedDrives::Cut> MappedDrives::cut(std::string_view path) const {
-  constexpr std::string_view kSeparators = "\\/";
-  if (path.size() < 3 || path[1] != ':' || kSeparators.find(path[2]) == kSeparators.npos) {
-    return std::nullopt;
-  }
+  const auto is_separator = [](char c) { return c == '\\' || c == '/'; };
+  if (path.size() < 3 || path[1] != ':' || !is_separator(path[2])) return std::nullopt;
   const auto place = places_.find(capital(path[0]));
   if (place == places_.end() || !place->second.drive.medium) return std::nullopt;
   std::string_view rest = path.substr(3);
 
   Cut cut{place->second.folder, {}};
+  cut.names.reserve(8);
   while (!rest.empty()) {
-    const auto slash = std::min(rest.find_first_of(kSeparators), rest.size());
+    const auto slash = static_cast<std::size_t>(
+        std::find_if(rest.begin(), rest.end(), is_separator) - rest.begin());
     const std::string_view name = rest.substr(0, slash);
     rest.remove_prefix(std::min(slash + 1, rest.size()));
     if (name.empty() || name == ".") continue;

@@ -125,11 +125,18 @@ Folder open_folder(const std::optional<std::string>& native) {
 }  // namespace
 
 std::optional<system::FileInfo> PosixFileSystem::info(std::string_view path) {
-  const auto native = drives_.native(path);
+  auto native = drives_.spelt(path);
   if (!native) return std::nullopt;
   system::FileInfo found;
-  if (!windows_name(std::string_view(*native).substr(native->rfind('/') + 1), found.name) ||
-      !describe(AT_FDCWD, native->c_str(), system::Detail::times, found)) {
+  const auto describe_it = [&] {
+    return describe(AT_FDCWD, native->c_str(), system::Detail::times, found);
+  };
+  // Most paths stand on the disk just as they are spelt.
+  if (!describe_it()) {
+    native = drives_.native(path);
+    if (!native || !describe_it()) return std::nullopt;
+  }
+  if (!windows_name(std::string_view(*native).substr(native->rfind('/') + 1), found.name)) {
     return std::nullopt;
   }
   if (promises_folder(path) && !found.folder) return std::nullopt;
@@ -183,11 +190,18 @@ std::optional<system::FileIdentity> PosixFileSystem::identity(std::string_view p
 }
 
 system::Opened<system::InputFile> PosixFileSystem::open(std::string_view path) {
-  const auto native = drives_.native(path);
-  if (!native) return reason_without_path(drives_, path);
-  if (promises_folder(path)) return system::Reason::not_a_file;
-  Descriptor file(::open(native->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (!file.valid()) return last_reason();
+  constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+  // Most paths stand on the disk just as they are spelt, and opening one is look enough.
+  const auto spelt = drives_.spelt(path);
+  int number = spelt && !promises_folder(path) ? ::open(spelt->c_str(), kFlags) : -1;
+  if (number < 0) {
+    const auto native = drives_.native(path);
+    if (!native) return reason_without_path(drives_, path);
+    if (promises_folder(path)) return system::Reason::not_a_file;
+    number = ::open(native->c_str(), kFlags);
+    if (number < 0) return last_reason();
+  }
+  Descriptor file(number);
   struct stat status {};
   if (::fstat(file.number(), &status) != 0) return last_reason();
   if (!S_ISREG(status.st_mode)) return system::Reason::not_a_file;

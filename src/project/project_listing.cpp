@@ -3,18 +3,19 @@
 #include <utility>
 
 #include "text/code_page.h"
+#include "text/paths.h"
 #include "text/rows.h"
 #include "text/wildcard.h"
 
 namespace ordelan::project {
 namespace {
 
-bool is_backup(const std::string& path) {
-  return path.find("_BAK") != std::string::npos;
+bool is_backup(std::string_view path) {
+  return path.find("_BAK") != std::string_view::npos;
 }
 
-bool ends_in_vip(const std::string& name) {
-  return name.size() >= 3 && text::lower(std::string_view(name).substr(name.size() - 3)) == "vip";
+bool ends_in_vip(std::string_view name) {
+  return name.size() >= 3 && text::equal_ignoring_case(name.substr(name.size() - 3), "vip");
 }
 
 // The wait cursor of a window, for as long as this lives: also a walk that was broken off gives the
@@ -43,7 +44,7 @@ void ProjectListing::list_flat(work::Job& job, bool with_backups) {
   std::vector<std::string> candidates;
   for (const auto& entry : job.folders().listing(work_.RutaProyectos).files) {
     if (entry.plain && text::matches("*.vip", entry.name)) {
-      candidates.push_back(work_.RutaProyectos + entry.name);
+      candidates.push_back(text::path_of(work_.RutaProyectos, entry.name));
     }
   }
   lists_.List1.clear();
@@ -92,12 +93,14 @@ void ProjectListing::ListarProyectosCarpetas(work::Job& job, bool with_backups) 
     for (const auto& entry : job.folders().listing(folder).files) {
       if (!ends_in_vip(entry.name)) continue;
       if (!with_backups && is_backup(entry.name)) {
-        if (is_project_name(entry.name)) left_out_.add(folder + entry.name, WhyOut::backup);
+        if (is_project_name(entry.name))
+          left_out_.add(text::path_of(folder, entry.name), WhyOut::backup);
         continue;
       }
-      const bool valid = accepts(folder + entry.name);
+      const std::string path = text::path_of(folder, entry.name);
+      const bool valid = accepts(path);
       if (job.superseded()) return;
-      if (valid) lists_.ListProyectos.add(text::project_row(++number, folder + entry.name));
+      if (valid) lists_.ListProyectos.add(text::project_row(++number, path));
       job.turn();
       if (job.superseded()) return;
     }

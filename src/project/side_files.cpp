@@ -18,7 +18,7 @@ bool is_audio(const std::string& extension) {
   return extension == "wma" || extension == "m4a";
 }
 
-bool may_be_project(const std::string& name) {
+bool may_be_project(std::string_view name) {
   return text::lower(name).find(".vip") != std::string::npos;
 }
 
@@ -54,7 +54,7 @@ class ProjectSearch {
   void search(const std::string& folder, const work::FolderTree::Listing& listing) {
     if (!listing.readable) unreadable_ = folder;
     for (const work::FolderTree::Entry& file : listing.files) {
-      if (may_be_project(file.name)) search(folder + file.name);
+      if (may_be_project(file.name)) search(text::path_of(folder, file.name));
     }
     for (const system::UnnamedEntry& entry : listing.unnamed) {
       if (!entry.folder && may_be_project(entry.shown)) unreadable_ = folder + entry.shown;
@@ -108,8 +108,8 @@ SideFiles side_files_of(const std::string& folder, const std::vector<std::string
   for (const char* kind : kSideKinds) {
     for (const work::FolderTree::Entry& file : tree.listing(folder).files) {
       if (!file.plain || text::lower(text::Obtener_Extension(file.name)) != kind) continue;
-      found.push_back({file.name, is_audio(kind)});
-      if (is_audio(kind)) audio.push_back(file.name);
+      found.push_back({std::string(file.name), is_audio(kind)});
+      if (is_audio(kind)) audio.emplace_back(file.name);
     }
   }
   SideFiles side;

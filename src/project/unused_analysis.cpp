@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <unordered_set>
@@ -13,9 +14,16 @@
 #include "project/used_guard.h"
 #include "project/used_strike.h"
 #include "text/paths.h"
+#include "text/row_table.h"
 #include "text/rows.h"
 
 namespace ordelan::project {
+namespace {
+
+// In loops that only move rows: so few take much less than a turn's time.
+constexpr std::size_t kRowsBetweenTurns = 256;
+
+}  // namespace
 
 void UnusedAnalysis::ListarArchivosCarpetas(work::Job& job) {
   const auto projects = lists_.ListProyectos.kept_rows();
@@ -62,6 +70,8 @@ bool UnusedAnalysis::is_listed_elsewhere(const std::string& path,
 void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& projects,
                                             work::Job& job) {
   listed_.clear();
+  // A handler that runs in a turn may begin another search.
+  const std::set<std::string> searched = std::exchange(searched_, {});
   std::unordered_set<std::string> listed;
   for (const std::string& row : projects) {
     listed.insert(text::same_file_key(text::after_arrow(row)));
@@ -72,7 +82,7 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
       if (!is_project_name(file.name)) continue;
       // The question below gives the window its turns: what is noted may belong to a newer job.
       if (job.must_stop()) return;
-      const std::string path = folder + file.name;
+      const std::string path = text::path_of(folder, file.name);
       if (listed.contains(text::same_file_key(path)) || left_out_.holds(path) ||
           is_listed_elsewhere(path, projects, job)) {
         continue;
@@ -80,13 +90,14 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
       const bool frozen = path.find("FreezeData") != std::string::npos;
       left_out_.add(path, frozen ? WhyOut::frozen : !file.plain ? WhyOut::hidden : why);
     }
+    if (job.must_stop()) return;
     for (const system::UnnamedEntry& entry : job.folders().listing(folder).unnamed) {
       if (!entry.folder && is_project_name(entry.shown)) {
         left_out_.add(folder + entry.shown, WhyOut::unnamed);
       }
     }
   };
-  for (const std::string& folder : searched_) {
+  for (const std::string& folder : searched) {
     const work::FolderTree::Listing& found = job.folders().listing(folder);
     if (!found.readable && platform_.files.info(folder)) left_out_.add(folder, WhyOut::unreadable);
     for (const std::string& link : found.links) left_out_.add(folder + link + "\\", WhyOut::linked);
@@ -100,7 +111,7 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   for (const std::string& row : projects) {
     const std::string path(text::after_arrow(row));
     for (std::string& around : work::folders_around(text::getPath(path, "\\"))) {
-      if (!searched_.contains(around)) above.insert(std::move(around));
+      if (!searched.contains(around)) above.insert(std::move(around));
     }
     if (!job.turn()) return;
   }
@@ -118,15 +129,16 @@ bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std:
                          [&](const std::string& folder, const work::FolderTree::Listing& listing) {
                            searched_.insert(folder);
                            for (const work::FolderTree::Entry& file : listing.files) {
-                             if (const auto kind = kind_of(file.name))
-                               found[*kind].push_back(folder + file.name);
+                             if (const auto kind = kind_of(file.name)) {
+                               found[*kind].push_back(text::path_of(folder, file.name));
+                             }
                            }
                            return job.turn();
                          });
   for (auto& rows : found) {
     for (std::string& row : rows) {
       Lista.push_back(std::move(row));
-      job.turn();
+      if (Lista.size() % kRowsBetweenTurns == 0) job.turn();
     }
     rows = {};
   }
@@ -141,8 +153,9 @@ bool UnusedAnalysis::exists(const std::string& path, const work::FolderTree& fol
 // Whether a candidate goes because its content is that of a used file of the same name. Also where
 // one of the two has gone since the folders were listed: a file that was moved is not offered.
 bool UnusedAnalysis::equal(const std::string& used, const std::string& candidate, work::Job& job) {
-  return ComparaFiles(used, candidate, job) || !platform_.files.look_up(used) ||
-         !platform_.files.look_up(candidate);
+  const Likeness likeness = compare(used, candidate, job);
+  if (likeness != Likeness::unread) return likeness == Likeness::equal;
+  return !platform_.files.look_up(used) || !platform_.files.look_up(candidate);
 }
 
 void UnusedAnalysis::BuscarNoUtilizados(work::Job& job, const std::vector<std::string>& also_used) {
@@ -166,7 +179,7 @@ void UnusedAnalysis::BuscarNoUtilizados(work::Job& job, const std::vector<std::s
   for (std::size_t i = 0; i < candidates.size(); ++i) {
     if (!struck[i]) left.push_back(std::move(candidates[i]));
     if (job.must_stop()) break;
-    job.turn();
+    if (i % kRowsBetweenTurns == 0) job.turn();
   }
   candidates = {};
   if (!job.cancelled()) offer_unused({used.get(), shown.get(), &also_used}, left, job);
@@ -180,10 +193,20 @@ void UnusedAnalysis::BuscarNoUtilizados(work::Job& job, const std::vector<std::s
 void UnusedAnalysis::offer_unused(const std::vector<const std::vector<std::string>*>& used,
                                   const std::vector<std::string>& left, work::Job& job) {
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(left.size()));
+  // A file may be listed with several folders: it is looked at once.
   std::vector<std::string> audio;
+  std::vector<text::RowTable::Row> row_of;  // of each listing of a file: its row in `audio`
+  text::RowTable seen(left.size());
+  const auto text_of = [&](text::RowTable::Row row) { return std::string_view(audio[row]); };
   for (std::size_t i = 0; i < left.size(); ++i) {
     if (is_offered(left[i]) && left[i].find("FreezeData") == std::string::npos) {
-      audio.push_back(left[i]);
+      const auto row = static_cast<text::RowTable::Row>(audio.size());
+      const auto before = seen.find(left[i], text_of);
+      row_of.push_back(before == text::RowTable::kNone ? row : before);
+      if (before == text::RowTable::kNone) {
+        audio.push_back(left[i]);
+        seen.put(row, text_of);
+      }
     }
     if (!job.turn([&] { strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i)); })) return;
   }
@@ -192,19 +215,20 @@ void UnusedAnalysis::offer_unused(const std::vector<const std::vector<std::strin
   const auto same =
       same_as_used(audio, used, platform_.files, job.folders(), [&] { return job.turn(); });
   if (job.must_stop()) return;
-  std::vector<std::string> unused;
-  for (std::size_t i = 0; i < audio.size(); ++i) {
-    if (!same[i]) unused.push_back(std::move(audio[i]));
+  std::size_t total = 0;
+  std::size_t rows = 0;
+  const std::string* last_repeated = nullptr;
+  for (const text::RowTable::Row row : row_of) {
+    const bool repeated = row < rows;
+    if (!repeated) ++rows;
+    if (same[row]) continue;
+    ++total;
+    if (repeated) last_repeated = &audio[row];
   }
-  const auto none_exempt = [](const std::string&) { return false; };
-  const auto repeated = repeated_rows(unused, none_exempt, [&] { job.turn(); });
-  if (job.must_stop()) return;
-
-  const std::size_t total = unused.size();
+  const std::string duplicate = last_repeated == nullptr ? "" : *last_repeated;
   std::vector<std::string> kept;
-  std::string duplicate;
-  for (std::size_t i = 0; i < total; ++i) {
-    (repeated[i] ? duplicate : kept.emplace_back()) = std::move(unused[i]);
+  for (std::size_t i = 0; i < audio.size(); ++i) {
+    if (!same[i]) kept.push_back(std::move(audio[i]));
   }
   const std::size_t duplicates = total - kept.size();
   if (duplicates > 0) strip_.Alerta(work::kProgress, "Eliminando duplicado: " + duplicate, true);
@@ -239,25 +263,34 @@ void UnusedAnalysis::head_unused(std::size_t found, std::size_t duplicates) {
 bool UnusedAnalysis::ComparaFiles(const std::string& Archivo1, const std::string& Archivo2,
                                   work::Job& job) {
   if (Archivo1.empty() || Archivo2.empty()) return false;
-  const auto first = platform_.files.open(Archivo1);
-  const auto second = platform_.files.open(Archivo2);
-  if (!first || !second || first->size() != second->size()) return false;
+  return compare(Archivo1, Archivo2, job) == Likeness::equal;
+}
+
+UnusedAnalysis::Likeness UnusedAnalysis::compare(const std::string& path, const std::string& other,
+                                                 work::Job& job) {
+  const auto first = platform_.files.open(path);
+  if (!first) return Likeness::unread;
+  const auto second = platform_.files.open(other);
+  if (!second) return Likeness::unread;
+  if (first->size() != second->size()) return Likeness::different;
 
   constexpr std::size_t kBlock = std::size_t{1} << 18;
   const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, first->size()));
-  std::vector<std::uint8_t> a(size);
-  std::vector<std::uint8_t> b(size);
+  // Nothing is filled in: all of it will be read over.
+  const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(2 * size);
+  const std::span a(memory.get(), size);
+  const std::span b(memory.get() + size, size);
   for (std::uint64_t at = 0; at < first->size(); at += size) {
     const auto left = static_cast<std::size_t>(std::min<std::uint64_t>(size, first->size() - at));
-    const auto from_a = first->read(at, std::span(a).first(left));
-    const auto from_b = second->read(at, std::span(b).first(left));
-    if (from_a != left || from_b != left) return false;
+    const auto from_a = first->read(at, a.first(left));
+    const auto from_b = second->read(at, b.first(left));
+    if (from_a != left || from_b != left) return Likeness::unread;
     if (!std::equal(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(left), b.begin())) {
-      return false;
+      return Likeness::different;
     }
-    if (!job.turn()) return false;
+    if (!job.turn()) return Likeness::unread;
   }
-  return true;
+  return Likeness::equal;
 }
 
 }  // namespace ordelan::project

@@ -48,6 +48,9 @@ class UnusedAnalysis {
   bool is_listed_elsewhere(const std::string& path, const std::vector<std::string>& projects,
                            work::Job& job);
   bool exists(const std::string& path, const work::FolderTree& folders) const;
+  // What a comparison of two files has given: `unread` where one of them could not be opened.
+  enum class Likeness { equal, different, unread };
+  Likeness compare(const std::string& a, const std::string& b, work::Job& job);
   bool equal(const std::string& used, const std::string& candidate, work::Job& job);
   void offer_unused(const std::vector<const std::vector<std::string>*>& used,
                     const std::vector<std::string>& left, work::Job& job);
@@ -59,7 +62,7 @@ class UnusedAnalysis {
   work::StatusStrip& strip_;
   LeftOut& left_out_;
   std::vector<system::FileIdentity> listed_;  // of the projects; empty until they are asked for
-  std::set<std::string> searched_;  // the folders of the last search, each with its backslash
+  std::set<std::string> searched_;            // the folders of this search, each with its backslash
 };
 
 }  // namespace ordelan::project

@@ -9,6 +9,7 @@
 
 #include "text/code_page.h"
 #include "text/paths.h"
+#include "text/recent.h"
 
 namespace ordelan::project {
 namespace {
@@ -66,9 +67,7 @@ class HashSet {
   std::size_t count_ = 0;
 };
 
-std::string_view folder_of(std::string_view path) {
-  return path.substr(0, path.find_last_of("\\/") + 1);
-}
+using text::folder_of;
 
 // What is used, as hashes: eight bytes each. Two files of one hash pass for one, which at worst
 // keeps a file.
@@ -76,32 +75,30 @@ class UsedFiles {
  public:
   UsedFiles(system::FileSystem& files, work::FolderTree& tree) : files_(files), tree_(tree) {}
 
-  void count(const std::string& row) {
-    const std::string_view folder = folder_of(row);
-    if (counted_ == nullptr || counted_->first != folder)
-      counted_ = &*crowd_.try_emplace(folder).first;
-    ++counted_->second;
-  }
+  void count(const std::string& row) { ++at(folder_of(row)).used; }
 
   void add(const std::string& row) {
     paths_.insert(path_hash(row));
     const std::string_view folder = folder_of(row);
     const std::string_view name = std::string_view(row).substr(folder.size());
-    const bool known = tree_.knows(folder);
+    Folder& place = at(folder);
+    if (place.listing == nullptr && (place.used >= kWorthAListing || tree_.knows(folder))) {
+      place.listing = &tree_.listing(folder);
+    }
     const work::FolderTree::Entry* entry = nullptr;
-    if (known || crowd_[folder] >= kWorthAListing) {
-      entry = work::FolderTree::find_file(tree_.listing(folder), name);
+    if (place.listing != nullptr) {
+      entry = work::FolderTree::find_file(*place.listing, name);
       // A short name stands in no listing; any other that is missing is lost.
       if (entry == nullptr && name.find('~') == std::string_view::npos) return;
     }
     if (entry != nullptr) {
       if (entry->link) add_target(row);
-      add_name(folder, entry->name);
-      if (entry->number != 0) add_number(folder, entry->number);
+      add_name(identity_of(folder), entry->name);
+      if (entry->number != 0) add_number(identity_of(folder), entry->number);
     } else if (const auto info = files_.info(row)) {
       if (info->link) add_target(row);
-      add_name(folder, info->name);
-      if (info->number != 0) add_number(folder, info->number);
+      add_name(identity_of(folder), info->name);
+      if (info->number != 0) add_number(identity_of(folder), info->number);
     }
   }
 
@@ -110,7 +107,7 @@ class UsedFiles {
     if (paths_.contains(path_hash(row))) return true;
     if (names_.empty() && numbers_.empty()) return false;
     const std::string_view folder = folder_of(row);
-    const auto place = identity_of_folder(folder);
+    const auto& place = identity_of(folder);
     if (!place) return false;
     if (names_.contains(name_hash(*place, std::string_view(row).substr(folder.size()))))
       return true;
@@ -130,11 +127,11 @@ class UsedFiles {
 
  private:
   // A file in what may be another way to a folder that was searched.
-  void add_name(std::string_view folder, std::string_view name) {
-    if (const auto& place = identity_of_folder(folder)) names_.insert(name_hash(*place, name));
+  void add_name(const std::optional<FileIdentity>& folder, std::string_view name) {
+    if (folder) names_.insert(name_hash(*folder, name));
   }
-  void add_number(std::string_view folder, std::uint64_t number) {
-    if (const auto& place = identity_of_folder(folder)) numbers_.insert(mix(place->volume, number));
+  void add_number(const std::optional<FileIdentity>& folder, std::uint64_t number) {
+    if (folder) numbers_.insert(mix(folder->volume, number));
   }
 
   std::size_t path_hash(std::string_view path) {
@@ -149,21 +146,33 @@ class UsedFiles {
     return mix(hash(folder), std::hash<std::string_view>()(key_));
   }
 
-  const std::optional<FileIdentity>& identity_of_folder(std::string_view folder) {
-    if (last_ == nullptr || last_->first != folder) {
-      const auto [at, added] = folders_.try_emplace(std::string(folder));
-      if (added) at->second = files_.identity(folder);
-      last_ = &*at;
-    }
-    return last_->second;
+  // What is found out about a folder, once.
+  struct Folder {
+    int used = 0;  // files in it
+    const work::FolderTree::Listing* listing = nullptr;
+    bool identified = false;
+    std::optional<FileIdentity> identity;
+  };
+  using Folders = std::unordered_map<std::string_view, Folder>;  // by the text of a row
+
+  Folder& at(std::string_view folder) {
+    if (auto* const recent = recent_.find(folder)) return recent->second;
+    auto& entry = *folders_.try_emplace(folder).first;
+    recent_.put(entry);
+    return entry.second;
+  }
+
+  const std::optional<FileIdentity>& identity_of(std::string_view folder) {
+    Folder& place = at(folder);
+    if (!place.identified) place.identity = files_.identity(folder);
+    place.identified = true;
+    return place.identity;
   }
 
   system::FileSystem& files_;
   work::FolderTree& tree_;
-  std::unordered_map<std::string_view, int> crowd_;  // used files by folder
-  std::pair<const std::string_view, int>* counted_ = nullptr;
-  std::unordered_map<std::string, std::optional<FileIdentity>> folders_;
-  const std::pair<const std::string, std::optional<FileIdentity>>* last_ = nullptr;
+  Folders folders_;
+  text::Recent<Folders::value_type> recent_;
   HashSet paths_;
   HashSet names_;    // a folder and a name in it
   HashSet numbers_;  // a volume and a file's number

@@ -49,23 +49,34 @@ class ByName {
  public:
   // Stops early, with a part of the candidates, when `go_on` gives false.
   ByName(const std::vector<std::string>& rows, const std::function<bool(std::size_t)>& go_on)
-      : rows_(rows), first_(rows.size()), behind_(rows.size(), kNone) {
+      : rows_(rows), names_(rows.size()), first_(rows.size()), behind_(rows.size(), kNone) {
     for (std::size_t i = rows.size(); i-- > 0;) {
       if (i % kRowsBetweenTurns == 0 && !go_on(0)) return;
+      const std::string_view name = text::file_name(rows[i]);
+      names_[i] = {static_cast<std::uint32_t>(name.data() - rows[i].data()),
+                   static_cast<std::uint32_t>(name.size())};
       const auto row = static_cast<Index>(i);
-      behind_[i] = first_.put(row, [&](Index each) { return name(each); });
+      behind_[i] = first_.put(row, [this](Index each) { return name_of(each); });
     }
   }
 
   Index first(std::string_view wanted) const {
-    return first_.find(wanted, [&](Index each) { return name(each); });
+    return first_.find(wanted, [this](Index each) { return name_of(each); });
   }
   Index behind(Index i) const { return behind_[i]; }
 
  private:
-  std::string_view name(Index i) const { return text::file_name(rows_[i]); }
+  // Where a row's name stands in it.
+  struct Name {
+    std::uint32_t at;
+    std::uint32_t size;
+  };
+  std::string_view name_of(Index i) const {
+    return std::string_view(rows_[i]).substr(names_[i].at, names_[i].size);
+  }
 
   const std::vector<std::string>& rows_;
+  std::vector<Name> names_;
   text::RowTable first_;
   std::vector<Index> behind_;
 };

@@ -27,8 +27,12 @@ std::optional<std::vector<FileInfo>> FileSystem::list(std::string_view folder, D
 }
 
 bool in_listing_order(const FileInfo& a, const FileInfo& b) {
-  if (text::less_ignoring_case(a.name, b.name)) return true;
-  return !text::less_ignoring_case(b.name, a.name) && a.name < b.name;
+  return name_before(a.name, b.name);
+}
+
+bool name_before(std::string_view a, std::string_view b) {
+  const int order = text::compare_ignoring_case(a, b);
+  return order != 0 ? order < 0 : a < b;
 }
 
 std::string with_backslash(std::string_view folder) {

@@ -197,8 +197,9 @@ class FileSystem {
                           const VisitUnnamed& unnamed) = 0;
 };
 
-// Whether `a` stands before `b` in a listing: by the capitals of the name, as NTFS orders them, and
-// where they are equal by the bytes of the name.
+// Whether the first stands before the second in a listing: by the capitals of the name, as NTFS
+// orders them, and where they are equal by the bytes of the name.
+bool name_before(std::string_view a, std::string_view b);
 bool in_listing_order(const FileInfo& a, const FileInfo& b);
 
 // `folder` with exactly one backslash at its end added if it has none.

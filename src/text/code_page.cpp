@@ -33,7 +33,7 @@ constexpr std::array<char, 256> make_lower() {
   return table;
 }
 
-constexpr std::array<char, 256> kLower = make_lower();
+constexpr std::array<char, 256> kLowerForms = make_lower();
 
 constexpr std::array<char, 256> make_upper() {
   std::array<char, 256> table{};
@@ -41,20 +41,20 @@ constexpr std::array<char, 256> make_upper() {
     table[byte] = static_cast<char>(static_cast<unsigned char>(byte));
   }
   for (unsigned byte = 0; byte < table.size(); ++byte) {
-    const auto small = static_cast<unsigned char>(kLower[byte]);
+    const auto small = static_cast<unsigned char>(kLowerForms[byte]);
     if (small != byte) table[small] = static_cast<char>(static_cast<unsigned char>(byte));
   }
   return table;
 }
 
-constexpr std::array<char, 256> kUpper = make_upper();
+constexpr std::array<char, 256> kCapitals = make_upper();
 
 // Where each byte stands in the order of names: by the code point of its capital.
 constexpr std::array<std::uint16_t, 256> make_places() {
   const auto points = make_code_points();
   std::array<std::uint16_t, 256> places{};
   for (std::size_t byte = 0; byte < places.size(); ++byte) {
-    places[byte] = points[static_cast<unsigned char>(kUpper[byte])];
+    places[byte] = points[static_cast<unsigned char>(kCapitals[byte])];
   }
   return places;
 }
@@ -93,40 +93,52 @@ std::optional<char> byte_of(std::uint32_t point) {
   return static_cast<char>(static_cast<unsigned char>(0x80 + (found - kHighControls.begin())));
 }
 
-// Text that reads the same in both codes.
-bool is_ascii(std::string_view text) {
+constexpr std::size_t kWord = sizeof(std::uint64_t);
+
+// Eight bytes of a text at once.
+std::uint64_t word_at(std::string_view text, std::size_t at) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, text.data() + at, kWord);
+  return word;
+}
+
+// How many bytes of the text from `from` on read the same in both codes.
+std::size_t ascii_run(std::string_view text, std::size_t from) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-  std::uint64_t eight = 0;
-  for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
-    std::memcpy(&eight, text.data(), sizeof eight);
-    if ((eight & kHighBits) != 0) return false;
-  }
-  return std::all_of(text.begin(), text.end(),
-                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  std::size_t at = from;
+  while (at + kWord <= text.size() && (word_at(text, at) & kHighBits) == 0) at += kWord;
+  while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+  return at - from;
 }
 
 }  // namespace
 
 const std::array<std::uint16_t, 256> kCodePoints = make_code_points();
+const std::array<char, 256> kLower = kLowerForms;
+const std::array<char, 256> kUpper = kCapitals;
 
 std::string to_utf8(std::string_view ansi) {
-  if (is_ascii(ansi)) return std::string(ansi);
   std::string utf8;
-  utf8.reserve(ansi.size());
-  for (const char c : ansi) {
-    const unsigned point = kCodePoints[static_cast<unsigned char>(c)];
-    if (point < 0x80) {
-      utf8 += c;
-    } else if (point < 0x800) {
+  utf8.reserve(ansi.size() + ansi.size() / 8);  // few letters take more bytes than one
+  append_utf8(ansi, utf8);
+  return utf8;
+}
+
+void append_utf8(std::string_view ansi, std::string& utf8) {
+  for (std::size_t at = 0;; ++at) {
+    const std::size_t run = ascii_run(ansi, at);
+    utf8.append(ansi, at, run);
+    at += run;
+    if (at == ansi.size()) return;
+    const unsigned point = kCodePoints[static_cast<unsigned char>(ansi[at])];
+    if (point < 0x800) {
       utf8 += static_cast<char>(0xC0u | (point >> 6));
-      utf8 += static_cast<char>(0x80u | (point & 0x3Fu));
     } else {
       utf8 += static_cast<char>(0xE0u | (point >> 12));
       utf8 += static_cast<char>(0x80u | ((point >> 6) & 0x3Fu));
-      utf8 += static_cast<char>(0x80u | (point & 0x3Fu));
     }
+    utf8 += static_cast<char>(0x80u | (point & 0x3Fu));
   }
-  return utf8;
 }
 
 std::optional<std::string> from_utf8(std::string_view utf8) {
@@ -136,20 +148,19 @@ std::optional<std::string> from_utf8(std::string_view utf8) {
 }
 
 bool from_utf8(std::string_view utf8, std::string& ansi) {
-  if (is_ascii(utf8)) {
-    ansi.assign(utf8);
-    return true;
-  }
   ansi.clear();
   ansi.reserve(utf8.size());
-  for (std::size_t at = 0; at < utf8.size();) {
+  for (std::size_t at = 0;;) {
+    const std::size_t run = ascii_run(utf8, at);
+    ansi.append(utf8, at, run);
+    at += run;
+    if (at == utf8.size()) return true;
     const auto point = next_code_point(utf8, at);
     if (!point) return false;
     const auto byte = byte_of(*point);
     if (!byte) return false;
     ansi += *byte;
   }
-  return true;
 }
 
 std::string from_utf8_with_marks(std::string_view utf8) {
@@ -163,18 +174,10 @@ std::string from_utf8_with_marks(std::string_view utf8) {
   return ansi;
 }
 
-char lower(char byte) {
-  return kLower[static_cast<unsigned char>(byte)];
-}
-
 std::string lower(std::string_view text) {
   std::string folded(text);
   for (char& c : folded) c = lower(c);
   return folded;
-}
-
-char upper(char byte) {
-  return kUpper[static_cast<unsigned char>(byte)];
 }
 
 std::string upper(std::string_view text) {
@@ -184,19 +187,24 @@ std::string upper(std::string_view text) {
 }
 
 bool equal_ignoring_case(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lower(x) == lower(y); });
+  if (a.size() != b.size()) return false;
+  // Mostly they are equal letter for letter, or differ soon.
+  return a == b || std::equal(a.begin(), a.end(), b.begin(),
+                              [](char x, char y) { return lower(x) == lower(y); });
 }
 
-bool less_ignoring_case(std::string_view a, std::string_view b) {
+int compare_ignoring_case(std::string_view a, std::string_view b) {
   const std::size_t shorter = std::min(a.size(), b.size());
-  for (std::size_t i = 0; i < shorter; ++i) {
+  std::size_t i = 0;
+  // The takes of a folder mostly begin alike.
+  while (i + kWord <= shorter && word_at(a, i) == word_at(b, i)) i += kWord;
+  for (; i < shorter; ++i) {
     if (a[i] == b[i]) continue;
-    const auto place_a = kPlaces[static_cast<unsigned char>(a[i])];
-    const auto place_b = kPlaces[static_cast<unsigned char>(b[i])];
-    if (place_a != place_b) return place_a < place_b;
+    const int place_a = kPlaces[static_cast<unsigned char>(a[i])];
+    const int place_b = kPlaces[static_cast<unsigned char>(b[i])];
+    if (place_a != place_b) return place_a - place_b;
   }
-  return a.size() < b.size();
+  return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
 }
 
 std::string_view trim_left(std::string_view text) {

@@ -13,8 +13,9 @@ namespace ordelan::text {
 // stand for themselves, as Windows reads them, so that every byte survives the way there and back.
 extern const std::array<std::uint16_t, 256> kCodePoints;
 
-// Code-page text as UTF-8. Takes any bytes and never fails.
+// Code-page text as UTF-8. Takes any bytes and never fails. `append_` adds it to a text.
 std::string to_utf8(std::string_view ansi);
+void append_utf8(std::string_view ansi, std::string& utf8);
 
 // UTF-8 as code-page text. Gives nothing when the text is not UTF-8 or holds a character that the
 // code page lacks: such a name must never be taken for another one.
@@ -27,14 +28,22 @@ bool from_utf8(std::string_view utf8, std::string& ansi);
 // lacks, and for each byte that is no UTF-8.
 std::string from_utf8_with_marks(std::string_view utf8);
 
+// The lower-case form and the capital of each byte.
+extern const std::array<char, 256> kLower;
+extern const std::array<char, 256> kUpper;
+
 // The lower-case form of one byte, accented letters included.
-char lower(char byte);
+inline char lower(char byte) {
+  return kLower[static_cast<unsigned char>(byte)];
+}
 
 // The text with each byte in lower case.
 std::string lower(std::string_view text);
 
 // The capital of one byte; a byte that has none in the code page stays as it is.
-char upper(char byte);
+inline char upper(char byte) {
+  return kUpper[static_cast<unsigned char>(byte)];
+}
 
 // The text with each byte in capitals.
 std::string upper(std::string_view text);
@@ -42,9 +51,15 @@ std::string upper(std::string_view text);
 // Whether two texts are equal when case is ignored, as the disk compares names.
 bool equal_ignoring_case(std::string_view a, std::string_view b);
 
-// Whether `a` comes before `b` in the order in which NTFS lists a folder: by capital letters, as
-// Unicode numbers them, so that "temaA" comes before "tema_B".
-bool less_ignoring_case(std::string_view a, std::string_view b);
+// The order in which NTFS lists a folder: by capital letters, as Unicode numbers them, so that
+// "temaA" comes before "tema_B". Less than 0 where `a` comes before `b`, 0 where they differ by
+// case at most.
+int compare_ignoring_case(std::string_view a, std::string_view b);
+
+// Whether `a` comes before `b` in that order.
+inline bool less_ignoring_case(std::string_view a, std::string_view b) {
+  return compare_ignoring_case(a, b) < 0;
+}
 
 // `text` without the blanks at its start; without those at both ends.
 std::string_view trim_left(std::string_view text);

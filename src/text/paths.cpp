@@ -11,6 +11,11 @@ constexpr bool is_separator(char c) {
   return c == '\\' || c == '/' || c == ':';
 }
 
+// Whether a name loses this at its end, or a path one of two backslashes.
+constexpr bool is_dropped_at_end(char c) {
+  return c == '\\' || c == '.' || c == ' ';
+}
+
 }  // namespace
 
 std::string getPath(std::string_view Ruta, std::string_view Separador) {
@@ -27,6 +32,18 @@ std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra) {
   if (colon != std::string_view::npos && colon > 0) folder.remove_prefix(colon - 1);
   if (!ConBarra) folder.remove_suffix(1);
   return std::string(folder);
+}
+
+std::string path_of(std::string_view folder, std::string_view name) {
+  std::string path;
+  path.reserve(folder.size() + name.size());
+  return path.append(folder).append(name);
+}
+
+std::string_view folder_of(std::string_view path) {
+  std::size_t end = path.size();
+  while (end > 0 && path[end - 1] != '\\' && path[end - 1] != '/') --end;
+  return path.substr(0, end);
 }
 
 std::string_view file_name(std::string_view Ruta) {
@@ -56,7 +73,33 @@ std::string same_file_key(std::string_view path) {
   return key;
 }
 
+namespace {
+
+// The key of a path with a drive that is clean already but for its case, as nearly all are. False,
+// with the key as it was, for any other.
+bool append_clean_key(std::string_view path, std::string& key) {
+  if (path.size() < 3 || path[1] != ':') return false;
+  const std::size_t start = key.size();
+  key.resize(start + path.size());
+  char* out = key.data() + start;
+  *out++ = upper(path[0]);
+  *out++ = ':';
+  char before = 0;
+  bool clean = path[2] == '\\';
+  for (const char c : path.substr(2)) {
+    clean &= c != '/' && (c != '\\' || !is_dropped_at_end(before));
+    *out++ = upper(c);
+    before = c;
+  }
+  clean &= !is_dropped_at_end(before);
+  if (!clean) key.resize(start);
+  return clean;
+}
+
+}  // namespace
+
 void append_same_file_key(std::string_view path, std::string& key) {
+  if (append_clean_key(path, key)) return;
   const std::size_t start = key.size();
   if (path.size() >= 2 && path[1] == ':') {
     key += upper(path[0]);

@@ -16,6 +16,12 @@ std::string getPath(std::string_view Ruta, std::string_view Separador);
 // Text without a backslash gives an empty folder; text without a drive keeps what it has.
 std::string Obtener_Nombre_Path(std::string_view Ruta, bool ConBarra);
 
+// A folder, given with its backslash, and a name in it as one path.
+std::string path_of(std::string_view folder, std::string_view name);
+
+// The folder of a path with its closing backslash or slash; empty without one.
+std::string_view folder_of(std::string_view path);
+
 // The bare file name: what stands after the last backslash, slash or colon, up to a NUL. Brackets,
 // "*" and "?" are characters like any other: files with brackets are common, and a name that no
 // disk can hold is at least no other file's name. Empty for a path that is empty or ends in a

@@ -2,7 +2,9 @@
 // opened project walks the same folders again and again.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +12,7 @@
 #include <vector>
 
 #include "system/file_system.h"
+#include "text/recent.h"
 
 namespace ordelan::work {
 
@@ -21,13 +24,14 @@ class FolderTree {
  public:
   // A file or folder of a listing.
   struct Entry {
-    std::string name;
-    bool plain;            // neither hidden nor a system file
-    bool link;             // only stands for another file
-    std::uint64_t number;  // on its volume; 0 where it is not known
+    std::string_view name;  // among the `names` of its listing
+    bool plain;             // neither hidden nor a system file
+    bool link;              // only stands for another file
+    std::uint64_t number;   // on its volume; 0 where it is not known
   };
   struct Listing {
     bool readable = false;
+    std::unique_ptr<char[]> names;   // in one piece: large studios have very many
     std::vector<Entry> files;        // in the order of the disk
     std::vector<Entry> folders;      // without those that only stand for another place
     std::vector<std::string> links;  // names of folders that do
@@ -75,12 +79,24 @@ class FolderTree {
   };
   using Listings = std::unordered_map<std::string, Listing, Hash, std::equal_to<>>;
 
+  struct Found {
+    std::size_t name_at;  // in names_
+    std::size_t name_size;
+    bool folder;
+    bool plain;
+    bool link;
+    std::uint64_t number;
+  };
+
   Listing* known(std::string_view folder) const;
+  void take_found(Listing& listing);
 
   system::FileSystem& files_;
   mutable Listings listings_;
-  // Who asks for a folder mostly asks for the same one again.
-  mutable Listings::iterator last_ = listings_.end();
+  mutable text::Recent<Listings::value_type> recent_;
+  // Of the folder that is being listed; here so that they are made once.
+  std::string names_;
+  std::vector<Found> found_;
 };
 
 }  // namespace ordelan::work

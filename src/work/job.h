@@ -32,10 +32,11 @@ class Job {
     pacer_.turn();
     return !must_stop();
   }
-  // The same; `show` is called after a turn that was due, to show how far the run has got.
+  // The same; `show` is called after a turn that was due, to show how far the run has got. A run
+  // that was superseded in that turn has nothing to show: the window is the newer one's.
   template <class Show>
   bool turn(Show&& show) {
-    if (pacer_.turn()) show();
+    if (pacer_.turn() && !superseded()) show();
     return !must_stop();
   }
 

@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "project/memory_folders.h"
 #include "support/program_bench.h"
 
@@ -11,6 +15,7 @@ namespace {
 using location::cFindFiles;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Pair;
 
 // A finder on a real disk, with a record of its events.
 struct FileFinder : ::testing::Test {
@@ -389,6 +394,127 @@ TEST_F(FileFinder, the_desktop_is_asked_for_kinds_programs_icons_and_folders) {
   ui::Image image(window, "Icono");
   cFindFiles::DrawIcon(*icon, image);
   EXPECT_EQ(image.pixels().argb, icon->argb);
+}
+
+TEST_F(FileFinder, a_stop_that_came_before_a_search_is_none_of_its_own) {
+  bench.disk.write("a.wav", "1");
+  finder.StopSearch();
+  EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav")));
+}
+
+TEST_F(FileFinder, each_search_counts_from_nothing) {
+  bench.disk.write("a.wav", "123");
+  bench.disk.write("b\\c.wav", "45");
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_THAT(find("*.wav"), ElementsAre(path("a.wav"), path("b\\c.wav")));
+    EXPECT_EQ(finder.FilesCount(), 2);
+    EXPECT_EQ(finder.DirCount(), 1);
+    EXPECT_EQ(finder.TotalSize(), 5);
+    EXPECT_THAT(finder.ColExtensions(), ElementsAre("*.wav"));
+  }
+  EXPECT_THAT(find("c.wav"), ElementsAre(path("b\\c.wav"))) << "the pattern of before is forgotten";
+}
+
+TEST_F(FileFinder, a_maximum_of_none_and_limits_that_are_equal_are_taken) {
+  finder.set_MinFileSize(100);
+  finder.set_MaxFileSize(100);
+  EXPECT_EQ(finder.MaxFileSize(), 100);
+  finder.set_MinFileSize(100);
+  EXPECT_EQ(finder.MinFileSize(), 100);
+  finder.set_MaxFileSize(0);
+  EXPECT_EQ(finder.MaxFileSize(), 0);
+  finder.set_MinFileSize(1000);
+  EXPECT_EQ(finder.MinFileSize(), 1000);
+  EXPECT_THAT(bench.dialogs.messages, IsEmpty());
+}
+
+// A finder on a disk in memory, and all that it passes over.
+struct FinderOfUnseen : ::testing::Test {
+  FinderOfUnseen() {
+    for (const char* folder : {"D:\\a", "D:\\b", "D:\\c"}) files.add_folder(folder);
+    files.add_folder("D:\\a\\Enlace", true);
+    for (const char* file : {"D:\\a\\1.wav", "D:\\b\\2.wav", "D:\\c\\3.wav"}) {
+      files.add_file(file, "x");
+    }
+  }
+  void note_unseen() {
+    finder.on_unseen = [this](const std::string& path, cFindFiles::Unseen why) {
+      unseen.emplace_back(path, why);
+    };
+  }
+
+  ProgramBench bench;
+  MemoryFolders files;
+  system::Platform platform{files,          bench.dialogs, bench.backend, bench.clock,
+                            bench.regional, bench.drives,  bench.shell};
+  cFindFiles finder{platform};
+  std::vector<std::pair<std::string, cFindFiles::Unseen>> unseen;
+};
+
+TEST_F(FinderOfUnseen, links_names_outside_the_code_page_and_closed_folders_are_reported) {
+  files.forbid("D:\\b\\");
+  files.add_unnamed("D:\\c\\", {"toma ?.wav", false});
+  files.add_unnamed("D:\\c\\", {"Mezcla ?", true});
+  for (const bool listens : {false, true}) {
+    if (listens) note_unseen();
+    finder.Find("D:\\", "*.wav", "", 1);
+    EXPECT_THAT(finder.ColFiles(), ElementsAre("D:\\a\\1.wav", "D:\\c\\3.wav")) << listens;
+  }
+  using Unseen = cFindFiles::Unseen;
+  EXPECT_THAT(unseen, ElementsAre(Pair("D:\\a\\Enlace\\", Unseen::linked),
+                                  Pair("D:\\b\\", Unseen::unreadable),
+                                  Pair("D:\\c\\toma ?.wav", Unseen::unnamed),
+                                  Pair("D:\\c\\Mezcla ?\\", Unseen::unnamed)));
+  EXPECT_EQ(finder.DirCount(), 4) << "the link is counted";
+}
+
+TEST_F(FinderOfUnseen, a_folder_that_is_missing_is_not_called_unreadable) {
+  note_unseen();
+  finder.Find("D:\\nada", "*.wav", "", 1);
+  EXPECT_THAT(finder.ColFiles(), IsEmpty());
+  EXPECT_THAT(unseen, IsEmpty());
+}
+
+TEST_F(FinderOfUnseen, a_search_without_subfolders_reports_no_link) {
+  note_unseen();
+  finder.SearchSubDirs = false;
+  finder.Find("D:\\a", "*.wav", "", 1);
+  EXPECT_THAT(finder.ColFiles(), ElementsAre("D:\\a\\1.wav"));
+  EXPECT_THAT(unseen, IsEmpty());
+}
+
+TEST_F(FinderOfUnseen, the_window_has_its_turns_in_a_folder_of_files_that_do_not_fit) {
+  for (int i = 0; i < 5'000; ++i) files.add_file("D:\\c\\" + std::to_string(i) + ".mp3", "");
+  int turns = 0;
+  finder.on_turn = [&] { ++turns; };
+  finder.Find("D:\\c", "*.wav", "", 1);
+  EXPECT_GE(turns, 5'000 / 256);
+  EXPECT_LE(turns, 200) << "not one for each file";
+
+  // A stop in the middle of the folder: what was found in it is not reported.
+  turns = 0;
+  files.add_file("D:\\c\\0.wav", "");
+  finder.on_turn = [&] {
+    if (++turns == 4) finder.StopSearch();
+  };
+  finder.Find("D:\\c", "*.wav", "", 1);
+  EXPECT_THAT(finder.ColFiles(), IsEmpty());
+  EXPECT_LE(turns, 6) << "the rest of the folder is left alone";
+}
+
+TEST_F(FinderOfUnseen, each_drive_of_a_search_of_all_begins_with_a_turn) {
+  bench.drives.drives.clear();
+  for (const char* root : {"D:\\", "E:\\", "F:\\"}) bench.drives.add(root);
+  cFindFiles everywhere(platform);
+  bench.clock.step = {};  // no turn is due
+  int turns = 0;
+  everywhere.on_turn = [&] { ++turns; };
+  int pumps = 0;
+  bench.backend.on_pump = [&] { ++pumps; };
+  everywhere.Find("", "*.wav", "", 1);
+  EXPECT_EQ(everywhere.ColFiles().size(), 3u);
+  EXPECT_EQ(turns, 4) << "and one at the end";
+  EXPECT_EQ(pumps, 4);
 }
 
 }  // namespace

@@ -197,7 +197,9 @@ TEST_F(LostFileSearch, the_strip_names_each_drive_while_it_is_searched) {
   std::vector<std::string> texts;
   bench.backend.on_pump = [&] {
     if (texts.empty() || texts.back() != strip()) texts.push_back(strip());
+    EXPECT_TRUE(bench.form.strip.TextDecode.visible());
   };
+  bench.form.strip.TextDecode.hide();
   search("toma.wav");
   EXPECT_THAT(texts, ElementsAre("Buscando: toma.wav\r\nEn la Unidad: " + d + "\r\nESPERAR",
                                  "Buscando: toma.wav\r\nEn la Unidad: " + e + "\r\nESPERAR",
@@ -233,6 +235,15 @@ TEST_F(LostFileSearch, ends_with_the_time_that_it_took_and_the_usual_pointer) {
   EXPECT_TRUE(search("X:\\toma.wav"));
   EXPECT_EQ(clocks.TextLapsoTotal.text(), text::elapsed(0, ','));
   EXPECT_FALSE(clocks.TimerLap.running());
+}
+
+TEST_F(LostFileSearch, the_clock_begins_anew_at_each_drive_also_at_one_that_is_not_ticked) {
+  bench.start();
+  for (const int box : {1, 2}) bench.boxes().Check1[box].set_checked(false);
+  work::Clocks& clocks = bench.form.clocks;
+  bench.backend.on_pump = [&] { clocks.LapsoDeco = 3.5; };
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_EQ(clocks.TextLapsoTotal.text(), text::elapsed(0, ','));
 }
 
 TEST_F(LostFileSearch, a_cancel_ends_the_search_and_puts_the_strip_away) {
@@ -324,6 +335,83 @@ TEST_F(LostFileSearch, a_folder_dropped_during_a_search_takes_its_place) {
   EXPECT_EQ(bench.form.lists.ListVip.count(), 1u);
 }
 
+// A job that has been cancelled looks for that at its next turn, and the search has turns of its
+// own.
+TEST_F(LostFileSearch, ends_a_job_that_was_cancelled_and_has_not_looked_yet) {
+  bench.disk.write("d\\toma.wav", "");
+  bench.start();
+  const work::Job cancelled = work::Job::begin(bench.work, bench.platform);
+  bench.work.Cancelar = true;
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_FALSE(bench.work.Cancelar);
+  EXPECT_TRUE(cancelled.must_stop());
+}
+
+TEST_F(LostFileSearch, a_cancel_that_a_decode_or_an_update_waits_for_stays_and_ends_it) {
+  bench.disk.write("d\\a\\toma.wav", "");
+  bench.start();
+  for (bool* const busy : {&bench.work.Descodificando, &bench.work.ModoPosiciones}) {
+    *busy = true;
+    bench.work.Cancelar = true;
+    bench.form.strip.LabelAviso.show();
+    const auto job = bench.work.current_job();
+    EXPECT_FALSE(search("toma.wav"));
+    EXPECT_TRUE(bench.work.Cancelar);
+    EXPECT_FALSE(bench.work.superseded(job)) << "it is a part of that job";
+    EXPECT_TRUE(bench.form.strip.LabelAviso.visible());
+    bench.work.Cancelar = false;
+    EXPECT_TRUE(search("toma.wav"));
+    EXPECT_FALSE(bench.work.superseded(job));
+    *busy = false;
+  }
+}
+
+// No disk has such a name: another file must not pass for it.
+TEST_F(LostFileSearch, the_path_of_a_lost_file_is_no_pattern) {
+  for (const char* name : {"toma.wav", "a;b.wav", "tom\xE1.wav"}) {
+    bench.disk.write(std::string("d\\a\\") + name, "");
+  }
+  bench.start();
+  for (const char* path : {"X:\\to?a.wav", "X:\\*.wav", "X:\\tom*.wav", "X:\\a?b.wav"}) {
+    EXPECT_FALSE(search(path)) << path;
+    EXPECT_THAT(hits(), IsEmpty()) << path;
+  }
+  EXPECT_TRUE(search("to?a.wav")) << "a bare name is one";
+}
+
+TEST_F(LostFileSearch, every_semicolon_of_a_name_is_a_letter_of_it) {
+  bench.disk.write("d\\b\\a;b;c.wav", "");
+  bench.disk.write("d\\b\\a;bxc.wav", "");
+  bench.disk.write("d\\b\\otra.a", "");
+  bench.start();
+  for (const char* file : {"X:\\a;b;c.wav", "a;b;c.wav", "X:\\A;B;C.WAV"}) {
+    EXPECT_TRUE(search(file)) << file;
+    EXPECT_THAT(hits(), ElementsAre(d + "b\\a;b;c.wav")) << file;
+  }
+  EXPECT_TRUE(search("otra.a")) << "the search after it has no such name in mind";
+}
+
+TEST_F(LostFileSearch, reports_each_outcome_in_its_own_colour) {
+  bench.disk.write("e\\Mix\\igual.wav", "");
+  bench.disk.write("d\\a\\una.wav", "");
+  bench.disk.write("d\\a\\dos.wav", "");
+  bench.disk.write("d\\b\\dos.wav", "");
+  bench.start();
+  const ui::TextBox& shown = bench.form.strip.TextDecode;
+  const auto color_of = [&](const char* file) {
+    bench.form.strip.TextDecode.hide();
+    search(file);
+    EXPECT_TRUE(shown.visible()) << file;
+    return shown.back_color();
+  };
+  for (const char* found : {"X:\\Mix\\igual.wav", "X:\\una.wav", "X:\\dos.wav"}) {
+    EXPECT_EQ(color_of(found), ui::Color{0xFFFFC0}) << found;
+  }
+  EXPECT_EQ(color_of("X:\\nada.wav"), ui::Color{0x8080EE});
+  for (auto& box : bench.boxes().Check1) box->set_checked(false);
+  EXPECT_EQ(color_of("X:\\nada.wav"), ui::Color{0x8080EE});
+}
+
 // --- while projects are updated
 
 struct LostFileChoice : LostFileSearch {
@@ -352,16 +440,17 @@ TEST_F(LostFileChoice, several_hits_wait_for_the_users_choice) {
   EXPECT_EQ(window(), nullptr);
 }
 
-TEST_F(LostFileChoice, leaves_the_clock_of_the_update_alone) {
+TEST_F(LostFileChoice, leaves_the_clock_of_the_update_running_in_its_colour) {
   bench.disk.remove("f\\b\\toma.wav");
-  const auto color = bench.form.clocks.TextLapsoTotal.back_color();
-  bench.form.clocks.TextLapsoTotal.set_text("0:07");
+  work::Clocks& clocks = bench.form.clocks;
+  const ui::Color color{0x123456};
+  clocks.TextLapsoTotal.set_back_color(color);
   bool changed = false;
-  bench.backend.on_pump = [&] {
-    changed = changed || bench.form.clocks.TextLapsoTotal.back_color() != color;
-  };
+  bench.backend.on_pump = [&] { changed = changed || clocks.TextLapsoTotal.back_color() != color; };
   EXPECT_TRUE(search("toma.wav"));
   EXPECT_FALSE(changed);
+  EXPECT_EQ(clocks.TextLapsoTotal.back_color(), color);
+  EXPECT_TRUE(clocks.TimerLap.running());
 }
 
 TEST_F(LostFileChoice, the_windows_place_is_remembered_when_it_goes) {
@@ -433,6 +522,43 @@ TEST_F(LostFileChoice, one_hit_is_taken_in_silence) {
   EXPECT_TRUE(search("toma.wav"));
   EXPECT_EQ(bench.work.ArchivoActual, d + "a\\toma.wav");
   EXPECT_EQ(strip(), "Buscando: toma.wav\r\nEn la Unidad: " + f + "\r\nESPERAR");
+}
+
+TEST_F(LostFileChoice, an_open_window_of_an_earlier_choice_is_filled_anew_and_asks_again) {
+  auto& left_open = *bench.windows.touch<location::ElegirRuta>();
+  left_open.ListElegirRuta.add("before");
+  left_open.Elegido = true;
+  bool asked = false;
+  bench.in_the_middle([&] { return up() && window()->ListElegirRuta.count() > 1; },
+                      [&] {
+                        asked = true;
+                        EXPECT_THAT(window()->ListElegirRuta.rows(),
+                                    ElementsAre(d + "a\\toma.wav", f + "b\\toma.wav"));
+                        EXPECT_GT(window()->ListElegirRuta.horizontal_extent(), 0);
+                        window()->ListElegirRuta.chosen(1);
+                        window()->ListElegirRuta.on_click();
+                      });
+  EXPECT_TRUE(search("toma.wav"));
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(bench.work.ArchivoActual, f + "b\\toma.wav");
+}
+
+TEST_F(LostFileChoice, a_window_that_is_taken_away_ends_the_wait_without_a_choice) {
+  bench.in_the_middle([&] { return up(); }, [&] { bench.windows.close<location::ElegirRuta>(); });
+  EXPECT_FALSE(search("toma.wav"));
+}
+
+TEST_F(LostFileChoice, a_newer_job_ends_the_wait_without_a_choice) {
+  bench.in_the_middle([&] { return up(); }, [&] { bench.work.begin_job(); });
+  EXPECT_FALSE(search("toma.wav"));
+  EXPECT_FALSE(up());
+}
+
+TEST_F(LostFileChoice, none_is_asked_for_where_there_is_no_hit) {
+  bool asked = false;
+  bench.backend.on_pump = [&] { asked = asked || up(); };
+  EXPECT_FALSE(search("ninguna.wav"));
+  EXPECT_FALSE(asked);
 }
 
 }  // namespace

@@ -61,6 +61,7 @@ class MemoryFolders final : public NoFiles {
     const std::string folder(path.substr(0, path.rfind('\\') + 1));
     const auto found = folders_.find(key(folder));
     if (found == folders_.end()) return std::nullopt;
+    if (folder == path) return folder_info(path);
     const std::string name = key(std::string(path.substr(folder.size())));
     for (const system::FileInfo& entry : found->second) {
       if (key(entry.name) == name) return entry;
@@ -88,6 +89,15 @@ class MemoryFolders final : public NoFiles {
   std::map<std::string, int> listings;  // how often each folder has been listed
 
  private:
+  // Of a folder given with its backslash.
+  static system::FileInfo folder_info(std::string_view path) {
+    system::FileInfo info;
+    path.remove_suffix(1);
+    info.name = path.substr(path.rfind('\\') + 1);
+    info.folder = true;
+    return info;
+  }
+
   bool each_entry(std::string_view folder, system::Detail, const Visit& visit,
                   const VisitUnnamed& visit_unnamed) override {
     ++listings[std::string(folder)];

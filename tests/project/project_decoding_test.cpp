@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "project/literal_analysis.h"
+#include "support/faulty_files.h"
 #include "support/hostile_bytes.h"
 #include "support/program_bench.h"
 #include "support/work_bench.h"
@@ -30,6 +31,11 @@ struct AllProjects : ::testing::Test, WorkBench {
   project::LeftOut left_out{work};
   work::Job job = work::Job::join(work, platform);
   project::ProjectDecoding decoding{platform, work, lists, strip, reader, left_out};
+
+  // The same disk, whose reads can fail.
+  FaultyFiles broken{disk.files()};
+  system::Platform broken_platform{broken, dialogs, backend, clock, regional, drives, shell};
+  project::VipReader broken_reader{broken_platform, work, strip.XP_ProgressBar1};
 };
 
 TEST_F(AllProjects, give_a_header_and_their_files_each) {
@@ -231,6 +237,82 @@ TEST_F(AllProjects, repeats_go_as_a_double_loop_takes_them_whatever_is_shared) {
                             " duplicados; Total: " + std::to_string(total - duplicates))
         << "seed " << seed;
   }
+}
+
+// The folder of the projects is put before whole paths too where the first project is gone.
+TEST_F(AllProjects,
+       what_a_project_that_is_looked_for_in_the_wrong_place_uses_is_in_use_all_the_same) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav", "D:\\b.wav"});
+  work.RutaProyectos = disk.path("Mix\\");
+  work.PrimerProyecto = disk.path("falta.vip");
+  decoding.DescodificarProyectos(job, false);
+  EXPECT_THAT(used(), IsEmpty());
+  EXPECT_THAT(decoding.also_used(), ElementsAre("D:\\a.wav", "D:\\b.wav"));
+  EXPECT_EQ(decoding.decoded(), 0u);
+  EXPECT_EQ(totals(), "0  archivos en: 0 proyectos, 0 duplicados; Total: 0");
+  ASSERT_EQ(work.ProyectosFuera.size(), 1u);
+  EXPECT_EQ(work.ProyectosFuera[0].ruta, disk.path("Mix\\tema.vip"));
+  EXPECT_EQ(work.ProyectosFuera[0].motivo, project::motivo(project::WhyOut::gone));
+
+  work.PrimerProyecto.clear();
+  decoding.DescodificarProyectos(job, false);
+  EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav", "D:\\b.wav"));
+  EXPECT_THAT(decoding.also_used(), IsEmpty()) << "they are rows now";
+  EXPECT_EQ(decoding.decoded(), 1u);
+  EXPECT_EQ(totals(), "2  archivos en: 1 proyectos, 0 duplicados; Total: 2");
+}
+
+TEST_F(AllProjects, paths_stay_as_they_are_while_the_first_project_is_there) {
+  list_project("Mix\\tema.vip", {"D:\\a.wav"});
+  work.RutaProyectos = disk.path("Mix\\");
+  for (const bool with_backups : {false, true}) {
+    work.PrimerProyecto = disk.path(with_backups ? "falta.vip" : "Mix\\tema.vip");
+    lists.ListUtilizados.clear();
+    decoding.DescodificarProyectos(job, with_backups);
+    EXPECT_THAT(used(), ElementsAre(row(1, "Mix\\tema.vip"), "D:\\a.wav")) << with_backups;
+    EXPECT_THAT(decoding.also_used(), IsEmpty()) << with_backups;
+  }
+}
+
+TEST_F(AllProjects, the_strip_names_each_and_the_totals_of_before_are_put_away_meanwhile) {
+  list_project("Mix\\copia_BAK.vip", {"D:\\a.wav"});
+  list_project("Mix\\tema.vip", {"D:\\a.wav"});
+  list_project("Mix\\otro.vip", {"D:\\b.wav"});
+  lists.LabelAdd[0].set_caption("before");
+  lists.LabelAdd[0].show();
+  clock.step = std::chrono::milliseconds(100);  // each turn of a loop pumps, each text is shown
+  std::vector<std::string> texts;
+  bool heading = false;
+  backend.on_pump = [&] {
+    const std::string& text = strip.TextDecode.text();
+    if (texts.empty() || texts.back() != text) texts.push_back(text);
+    heading = heading || lists.LabelAdd[0].visible();
+    EXPECT_TRUE(strip.TextDecode.visible());
+  };
+  decoding.DescodificarProyectos(job, false);
+  EXPECT_THAT(texts, ElementsAre("", "Descodificando: " + row(2, "Mix\\tema.vip"),
+                                 "Descodificando: " + row(3, "Mix\\otro.vip")));
+  EXPECT_FALSE(heading);
+  EXPECT_TRUE(lists.LabelAdd[0].visible());
+}
+
+TEST_F(AllProjects, one_that_breaks_off_after_some_rows_keeps_them_and_is_named) {
+  // More rows than are kept before the marker of the file is found: it is read twice.
+  std::string bytes = std::string(96, 'x') + "cabecera" + '\0';
+  for (int i = 0; i < 400'000; ++i) bytes += "D:\\" + std::to_string(i) + ".wav" + '\0';
+  bytes += "    LIST" + std::string(4, '\0') + "mdrl tail";
+  WorkBench::list_project("Mix\\tema.vip", bytes);
+  broken.on_read = [&](std::uint64_t) {
+    return broken_reader.PosFinalVip > 0 ? std::nullopt : std::optional(std::size_t{1} << 30);
+  };
+  project::ProjectDecoding on_broken{broken_platform, work, lists, strip, broken_reader, left_out};
+  on_broken.DescodificarProyectos(job, true);
+  EXPECT_EQ(on_broken.decoded(), 1u);
+  EXPECT_GT(used().size(), 100'000u);
+  EXPECT_LT(used().size(), 400'000u);
+  ASSERT_EQ(work.ProyectosFuera.size(), 1u);
+  EXPECT_EQ(work.ProyectosFuera[0].ruta, disk.path("Mix\\tema.vip"));
+  EXPECT_EQ(work.ProyectosFuera[0].motivo, project::motivo(project::WhyOut::broken));
 }
 
 }  // namespace

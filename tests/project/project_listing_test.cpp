@@ -210,5 +210,94 @@ TEST_F(Listing, that_a_newer_job_has_replaced_adds_nothing_more_and_gives_the_po
   }
 }
 
+TEST_F(Listing, of_folders_whose_first_cannot_be_read_does_not_call_it_missing) {
+  disk.forbid("D:\\Mix\\");
+  ListarCarpetas();
+  EXPECT_THAT(lists.List1.rows(), ElementsAre("D:\\Mix\\"));
+  EXPECT_THAT(dialogs.messages, IsEmpty());
+}
+
+TEST_F(Listing, of_projects_gives_turns_in_folders_without_any) {
+  for (int i = 0; i < 20; ++i) disk.add_folder("D:\\Mix\\" + std::to_string(i));
+  ListarCarpetas();
+  clock.step = std::chrono::milliseconds(20);
+  int turns = 0;
+  backend.on_pump = [&] { ++turns; };
+  ListarProyectosCarpetas(true);
+  EXPECT_GE(turns, 20);
+}
+
+// A question that the user has broken off says nothing about the project.
+TEST_F(Listing, a_project_whose_reading_was_cancelled_is_not_left_out_with_a_reason) {
+  disk.add_file("D:\\Mix\\midi.vip", project_of({}, 10'000'000));
+  clock.step = std::chrono::milliseconds(20);
+  backend.on_pump = [&] { work.Cancelar = true; };
+  for (const bool below : {false, true}) {
+    work.Cancelar = false;
+    lists.List1.clear();
+    lists.List1.add("D:\\Mix\\");
+    below ? ListarProyectosCarpetas(true) : list_flat(true);
+    EXPECT_TRUE(work.Cancelar);
+    EXPECT_THAT(lists.ListProyectos.rows(), IsEmpty()) << below;
+    EXPECT_THAT(left(), IsEmpty()) << below;
+  }
+}
+
+TEST_F(Listing, of_one_folder_gives_a_turn_after_each_project_however_short) {
+  for (int i = 0; i < 20; ++i) disk.add_file("D:\\Mix\\" + std::to_string(i) + ".vip", "");
+  clock.step = std::chrono::milliseconds(20);
+  int turns = 0;
+  backend.on_pump = [&] { ++turns; };
+  list_flat(true);
+  EXPECT_GE(turns, 20);
+}
+
+TEST_F(Listing, that_a_newer_job_has_replaced_adds_no_reasons_to_those_of_that_job) {
+  for (const char* folder : {"D:\\Mix\\", "D:\\Mix\\a\\", "D:\\Mix\\b\\"}) {
+    const std::string path = folder;
+    if (path != "D:\\Mix\\") disk.add_folder(path.substr(0, path.size() - 1));
+    disk.add_file(path + "a.vip", "");
+    project(path + "b_BAK.vip");
+    disk.add_file(path + "c.vip", "");
+    project(path + "d FreezeData.vip");
+    project(path + "e_BAK.vip");
+  }
+  disk.add_folder("D:\\Mix\\0");  // none in it
+  clock.step = std::chrono::milliseconds(20);
+  for (const bool below : {false, true}) {
+    int all = 0;
+    for (int last = 0; last <= all; ++last) {
+      lists.List1.clear();
+      for (const char* row : {"D:\\Mix\\0", "D:\\Mix", "D:\\Mix\\a", "D:\\Mix\\b"}) {
+        lists.List1.add(row);
+      }
+      left_out.clear();
+      int turns = 0;
+      backend.on_pump = [&] {
+        if (++turns != last) return;
+        work.begin_job();
+        left_out.clear();
+      };
+      below ? ListarProyectosCarpetas(false) : list_flat(false);
+      backend.on_pump = nullptr;
+      if (last == 0) {
+        all = turns;
+        ASSERT_GE(all, below ? 12 : 3);
+        ASSERT_THAT(left(), SizeIs(below ? 15 : 5));
+      } else {
+        EXPECT_THAT(left(), IsEmpty()) << last << " of " << all << (below ? " below" : "");
+      }
+    }
+  }
+}
+
+TEST_F(Listing, that_a_newer_job_has_replaced_reports_no_missing_folder) {
+  work.RutaProyectos = "D:\\missing\\";
+  backend.on_pump = [&] { work.begin_job(); };
+  ListarCarpetas();
+  EXPECT_THAT(dialogs.messages, IsEmpty());
+  EXPECT_FALSE(window.waiting());
+}
+
 }  // namespace
 }  // namespace ordelan::test

@@ -501,16 +501,16 @@ TEST_F(UnusedFiles, files_that_cannot_be_read_to_their_ends_equal_nothing) {
   const auto same = [&] {
     return other.ComparaFiles(disk.path("igual.wav"), disk.path("mismo.wav"), job);
   };
-  using Bytes = std::optional<std::size_t>;
+  using Came = std::optional<std::size_t>;
   int reads = 0;
   int from = 0;
-  Bytes came;
-  failing.on_read = [&](std::uint64_t) { return ++reads > from ? came : Bytes(1 << 20); };
+  Came came;
+  failing.on_read = [&](std::uint64_t) { return ++reads > from ? came : Came(1 << 20); };
   from = 1'000;
   EXPECT_TRUE(same());
   const int all = reads;
   ASSERT_GE(all, 6) << "three blocks of each file";
-  for (const Bytes each : {Bytes(), Bytes(0), Bytes(7)}) {
+  for (const Came each : {Came(), Came(0), Came(7)}) {
     came = each;
     for (from = 0; from < all; ++from) {
       reads = 0;

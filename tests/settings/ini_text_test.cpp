@@ -174,5 +174,90 @@ TEST(IniEncoding, half_a_pair_and_a_cut_unit_are_survived) {
   EXPECT_EQ(ini_text("\xFF\xFE"s + "a", IniEncoding::utf16_low_first), "");
 }
 
+TEST(IniEncoding, the_first_and_the_last_character_of_each_length_come_out_right_and_back) {
+  struct Character {
+    std::string utf16;  // high byte first
+    std::string utf8;
+  };
+  using namespace std::string_literals;
+  for (const auto& [utf16, utf8] : {Character{"\x00\x7F"s, "\x7F"},
+                                    {"\x00\x80"s, "\xC2\x80"},
+                                    {"\x07\xFF"s, "\xDF\xBF"},
+                                    {"\x08\x00"s, "\xE0\xA0\x80"},
+                                    {"\xD7\xFF"s, "\xED\x9F\xBF"},
+                                    {"\xE0\x00"s, "\xEE\x80\x80"},
+                                    {"\xFF\xFD"s, "\xEF\xBF\xBD"},
+                                    {"\xD8\x00\xDC\x00"s, "\xF0\x90\x80\x80"},
+                                    {"\xD8\x00\xDF\xFF"s, "\xF0\x90\x8F\xBF"},
+                                    {"\xD8\x01\xDC\x00"s, "\xF0\x90\x90\x80"},
+                                    {"\xDB\xFF\xDC\x00"s, "\xF4\x8F\xB0\x80"},
+                                    {"\xDB\xFF\xDF\xFF"s, "\xF4\x8F\xBF\xBF"}}) {
+    SCOPED_TRACE(::testing::PrintToString(utf16));
+    const std::string high = "\xFE\xFF"s + utf16 + "\0x"s;
+    std::string low = high;
+    for (std::size_t i = 0; i + 1 < low.size(); i += 2) std::swap(low[i], low[i + 1]);
+    EXPECT_EQ(ini_text(high, IniEncoding::utf16_high_first), utf8 + "x");
+    EXPECT_EQ(ini_text(low, IniEncoding::utf16_low_first), utf8 + "x");
+    EXPECT_EQ(ini_bytes(utf8 + "x", IniEncoding::utf16_high_first), high);
+    EXPECT_EQ(ini_bytes(utf8 + "x", IniEncoding::utf16_low_first), low);
+  }
+}
+
+TEST(IniEncoding, half_a_pair_takes_nothing_of_the_character_after_it) {
+  using namespace std::string_literals;
+  const auto text_of = [](const std::string& utf16) {
+    const std::string bytes = "\xFE\xFF"s + utf16;
+    const std::string text = ini_text(bytes, IniEncoding::utf16_high_first);
+    EXPECT_EQ(ini_bytes(text, IniEncoding::utf16_high_first), bytes);
+    return text;
+  };
+  EXPECT_EQ(text_of("\xD8\x00\x00k\x00="s), "\xED\xA0\x80k=");
+  EXPECT_EQ(text_of("\xDB\xFF\xE0\x00"s), "\xED\xAF\xBF\xEE\x80\x80");
+  EXPECT_EQ(text_of("\xDC\x00\xDC\x00"s), "\xED\xB0\x80\xED\xB0\x80");
+  EXPECT_EQ(text_of("\xD8\x00\xD8\x00\xDC\x00"s), "\xED\xA0\x80\xF0\x90\x80\x80");
+  EXPECT_EQ(text_of("\x00k\xD8\x00"s), "k\xED\xA0\x80");
+}
+
+// A mark of UTF-8 before nothing but a cut character: the bytes stay, and none after them is read.
+TEST(IniEncoding, a_cut_character_of_utf8_is_survived) {
+  using namespace std::string_literals;
+  EXPECT_EQ(ini_bytes("k\xC3", IniEncoding::utf16_high_first), "\xFE\xFF\x00k\x00\x03"s);
+  EXPECT_EQ(ini_bytes("\xE2\x82", IniEncoding::utf16_high_first), "\xFE\xFF\x00\x82"s);
+}
+
+TEST(IniText, tabs_and_carriage_returns_around_names_and_values_are_blanks) {
+  EXPECT_EQ(ini_value("\t[\ts\t]\t\r\n\tk\t=\t1\t\r\n", "s", "k"), "1");
+  EXPECT_EQ(ini_value("[s]\nk=\"\"\nl=''\nm=\"\n", "s", "k"), "");
+  EXPECT_EQ(ini_value("[s]\nk=\"\"\nl=''\nm='\n", "s", "l"), "");
+  EXPECT_EQ(ini_value("[s]\nk=\"\"\nl=''\nm='\n", "s", "m"), "'");
+  EXPECT_EQ(with_ini_value("[s]\nk=1\n", "s", "\tk\t", "2"), "[s]\nk\t=2\n");
+}
+
+TEST(IniText, a_bracket_that_is_not_closed_opens_no_section) {
+  EXPECT_EQ(ini_value("[s]\n[k=1\n", "s", "[k"), "1");
+  EXPECT_EQ(ini_value("[s\nk=1\n", "s", "k"), std::nullopt);
+  EXPECT_EQ(ini_value("[s]\nx]=1\n", "s", "x]"), "1");
+  EXPECT_EQ(ini_value("[a]b]\nk=1\n", "a]b", "k"), "1") << "the last bracket closes";
+  EXPECT_EQ(ini_value("[s]=1\n", "s", "[s]"), std::nullopt) << "the line of a section holds no key";
+}
+
+TEST(IniText, of_sections_of_one_name_the_first_counts) {
+  const std::string text = "[s]\r\na=1\r\n[b]\r\n[s]\r\nk=2\r\n";
+  EXPECT_EQ(ini_value(text, "s", "k"), std::nullopt);
+  EXPECT_EQ(with_ini_value(text, "s", "k", "3"), "[s]\r\na=1\r\nk=3\r\n[b]\r\n[s]\r\nk=2\r\n");
+}
+
+TEST(IniText, a_new_key_stands_below_comments_of_its_section_and_of_an_empty_one_first) {
+  EXPECT_EQ(with_ini_value("[s]\n;k=1\n; more\n\n[b]\n", "s", "k", "2"),
+            "[s]\n;k=1\n; more\nk=2\n\n[b]\n");
+  EXPECT_EQ(with_ini_value("[s]\n\n[b]\n", "s", "k", "2"), "[s]\nk=2\n\n[b]\n");
+}
+
+TEST(IniText, the_line_ends_of_a_file_are_those_of_its_first_line) {
+  EXPECT_EQ(with_ini_value("\n[s]\r\nk=1\r\n", "s", "l", "2"), "\n[s]\r\nk=1\r\nl=2\n");
+  EXPECT_EQ(with_ini_value("[s]\r\nk=1\n", "s", "l", "2"), "[s]\r\nk=1\nl=2\r\n");
+  EXPECT_EQ(with_ini_value("[s]", "s", "l", "2"), "[s]\r\nl=2\r\n");
+}
+
 }  // namespace
 }  // namespace ordelan::test

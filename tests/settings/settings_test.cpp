@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <new>
+#include <optional>
+
+#include "support/computer.h"
 #include "support/faulty_files.h"
 #include "support/reader_bench.h"
 
@@ -167,6 +172,62 @@ TEST_F(SettingsTest, a_key_goes_to_the_file_as_it_stands_with_all_its_blanks_and
       EXPECT_EQ(store.LeerIni(kFile, key, "-"), value);
     }
   }
+}
+
+TEST_F(SettingsTest, a_file_whose_reading_fails_is_not_written_over) {
+  const std::string old = "[Settings]\r\nA=1\r\n";
+  files.contents[kFile] = old;
+  FaultyFiles failing(files);
+  settings::Settings unlucky(failing, regional, kFile);
+  failing.faults.fail(FaultyFiles::Call::read);
+  EXPECT_EQ(unlucky.LeerIni(kFile, "A", "7"), "7");
+  unlucky.GrabarIni(kFile, "A", "2");
+  EXPECT_EQ(files.contents[kFile], old);
+  failing.faults.heal();
+  failing.on_read = [](std::uint64_t) -> std::optional<std::size_t> { throw std::bad_alloc(); };
+  EXPECT_EQ(unlucky.LeerIni(kFile, "A", "7"), "7");
+  unlucky.GrabarIni(kFile, "A", "2");
+  EXPECT_EQ(files.contents[kFile], old);
+}
+
+TEST_F(SettingsTest, an_empty_file_and_a_missing_one_get_the_first_value) {
+  files.contents[kFile] = "";
+  store.GrabarIni(kFile, "A", "1");
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nA=1\r\n");
+  files.contents.clear();
+  store.GrabarIni(kFile, "A", "1");
+  EXPECT_EQ(files.contents[kFile], "[Settings]\r\nA=1\r\n");
+}
+
+TEST_F(SettingsTest,
+       a_value_that_the_code_page_lacks_gives_the_default_and_its_key_can_be_written) {
+  files.contents[kFile] = "\xEF\xBB\xBF[Settings]\r\nA=\xD0\x96\r\nB=1\r\n";
+  EXPECT_EQ(store.LeerIni(kFile, "A", "7"), "7");
+  EXPECT_EQ(store.LeerIni(kFile, "B", "7"), "1");
+  store.GrabarIni(kFile, "A", "2");
+  EXPECT_EQ(files.contents[kFile], "\xEF\xBB\xBF[Settings]\r\nA=2\r\nB=1\r\n");
+}
+
+TEST_F(SettingsTest, a_value_of_255_characters_is_whole_and_so_is_a_number_with_an_exponent) {
+  files.contents[kFile] = "[Settings]\r\nk=" + std::string(255, 'y') + "\r\nn=1E+2\r\n";
+  EXPECT_EQ(store.LeerIni(kFile, "k", ""), std::string(255, 'y'));
+  EXPECT_EQ(store.LeerIni(kFile, "missing", std::string(300, 'z')).size(), 255u);
+  EXPECT_EQ(store.number("n", 0), 100);
+  EXPECT_EQ(store.number("missing", 5), 5);
+}
+
+// A file of that size is none of the program's own.
+TEST(SettingsOnDisk, a_file_of_hundreds_of_megabytes_is_neither_read_nor_written) {
+  Computer computer;
+  computer.disk.write_sparse("Config.ini", std::uint64_t{257} << 20);
+  const std::string path = computer.disk.path("Config.ini");
+  FaultyFiles watched(computer.disk.files());
+  settings::Settings store(watched, computer.regional, path);
+  EXPECT_EQ(store.LeerIni(path, "A", "7"), "7");
+  store.GrabarIni(path, "A", "2");
+  EXPECT_EQ(watched.faults.count(FaultyFiles::Call::read), 0);
+  EXPECT_EQ(watched.faults.count(FaultyFiles::Call::create_new), 0);
+  EXPECT_EQ(watched.info(path)->size, std::uint64_t{257} << 20);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
 #include "support/fake_services.h"
+#include "system/platform.h"
 #include "test_disk.h"
 
 namespace ordelan::test {

@@ -209,6 +209,24 @@ TEST_F(WholeFile, temporary_names_are_short_in_the_files_own_folder_and_all_diff
   }
 }
 
+TEST_F(WholeFile, where_every_temporary_name_is_taken_it_gives_up_and_the_old_file_stays) {
+  disk.write("a.log", "the old one");
+  FaultyFiles crowded(disk.files());
+  crowded.faults.fail(Call::create_new, Reason::exists);
+  EXPECT_EQ(system::write_whole(crowded, disk.path("a.log"), "uno"), Reason::exists);
+  EXPECT_GE(crowded.faults.count(Call::create_new), 2);
+  EXPECT_LE(crowded.faults.count(Call::create_new), 100);
+  EXPECT_EQ(content("a.log"), "the old one");
+  EXPECT_THAT(names(), ElementsAre("a.log"));
+}
+
+TEST_F(WholeFile, nine_temporary_names_may_be_taken) {
+  FaultyFiles crowded(disk.files());
+  crowded.faults.fail({.call = Call::create_new}, Reason::exists, 9);
+  EXPECT_TRUE(system::write_whole(crowded, disk.path("a.log"), "uno"));
+  EXPECT_EQ(content("a.log"), "uno");
+}
+
 // Copying: a whole copy comes to be, or nothing.
 struct WholeCopy : WholeFile {
   WholeCopy() {
@@ -245,6 +263,22 @@ TEST_F(WholeCopy, a_file_that_has_the_name_stays_unless_it_is_to_be_replaced) {
   EXPECT_TRUE(copy(disk.files(), system::Existing::replace));
   EXPECT_EQ(content("Copia\\a.wav"), audio);
   EXPECT_THAT(copies(), ElementsAre("A.wav"));
+}
+
+TEST_F(WholeCopy, nothing_is_copied_in_vain_where_a_file_has_the_name) {
+  disk.write("Copia\\a.wav", "another");
+  FaultyFiles files(disk.files());
+  EXPECT_EQ(copy(files), Reason::exists);
+  EXPECT_EQ(files.faults.count(Call::copy_new), 0);
+}
+
+TEST_F(WholeCopy, where_every_temporary_name_is_taken_it_gives_up) {
+  FaultyFiles crowded(disk.files());
+  crowded.faults.fail(Call::copy_new, Reason::exists);
+  EXPECT_EQ(copy(crowded), Reason::exists);
+  EXPECT_GE(crowded.faults.count(Call::copy_new), 2);
+  EXPECT_LE(crowded.faults.count(Call::copy_new), 100);
+  EXPECT_THAT(copies(), IsEmpty());
 }
 
 TEST_F(WholeCopy, a_file_that_comes_to_the_name_meanwhile_stays) {

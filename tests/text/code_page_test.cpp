@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <set>
 #include <string>
 
@@ -203,6 +205,47 @@ TEST(CodePage, trimming_takes_blanks_and_nothing_else) {
   EXPECT_EQ(text::trim("   "), "");
   EXPECT_EQ(text::trim_left("   "), "");
   EXPECT_EQ(text::trim(""), "");
+}
+
+TEST(CodePage, long_texts_are_converted_like_their_letters_one_by_one) {
+  std::mt19937 random(11);
+  for (int i = 0; i < 20'000; ++i) {
+    std::string ansi;
+    std::string utf8 = "before ";
+    std::string one_by_one = utf8;
+    for (std::size_t size = random() % 40; size > 0; --size) {
+      ansi += static_cast<char>(random() % 4 == 0 ? random() % 256 : 'a' + random() % 26);
+      one_by_one += to_utf8(ansi.substr(ansi.size() - 1));
+    }
+    text::append_utf8(ansi, utf8);
+    ASSERT_EQ(utf8, one_by_one);
+    ASSERT_EQ(to_utf8(ansi), one_by_one.substr(7));
+    ASSERT_EQ(from_utf8(to_utf8(ansi)), ansi);
+  }
+}
+
+TEST(CodePage, the_order_of_long_names_is_that_of_their_first_different_letter) {
+  std::mt19937 random(13);
+  const std::string_view letters = "aAb_B\xF1\xD1\x9A.";
+  const auto sign = [](int order) { return (order > 0) - (order < 0); };
+  for (int i = 0; i < 50'000; ++i) {
+    const std::string same(random() % 20, 'x');
+    std::string a = same;
+    std::string b = same;
+    for (std::size_t size = random() % 4; size > 0; --size) a += letters[random() % letters.size()];
+    for (std::size_t size = random() % 4; size > 0; --size) b += letters[random() % letters.size()];
+    int expected = 0;
+    for (std::size_t at = 0; expected == 0 && at < std::max(a.size(), b.size()); ++at) {
+      const auto place = [&](const std::string& name) {
+        if (at >= name.size()) return -1;
+        return int{text::kCodePoints[static_cast<unsigned char>(text::upper(name[at]))]};
+      };
+      expected = sign(place(a) - place(b));
+    }
+    ASSERT_EQ(sign(text::compare_ignoring_case(a, b)), expected) << a << " " << b;
+    ASSERT_EQ(text::less_ignoring_case(a, b), expected < 0);
+    ASSERT_EQ(text::equal_ignoring_case(a, b), expected == 0);
+  }
 }
 
 }  // namespace

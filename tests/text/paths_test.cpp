@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+#include <vector>
+
+#include "text/code_page.h"
+
 namespace ordelan::test {
 namespace {
 
@@ -181,6 +187,62 @@ TEST(CompactPath, gives_up_the_middle_before_the_name) {
   for (std::size_t length = 0; length < 30; ++length) {
     EXPECT_LE(compact_path(path, length).size(), length);
   }
+}
+
+// The key character by character, without the shorter way of clean paths.
+std::string literal_key(const std::string& path) {
+  std::string key;
+  std::string rest = path;
+  std::vector<std::string> names;
+  if (rest.size() >= 2 && rest[1] == ':') {
+    key = {text::upper(rest[0]), ':'};
+    rest.erase(0, 2);
+  } else if (rest.size() >= 2 && (rest.substr(0, 2) == "\\\\" || rest.substr(0, 2) == "//")) {
+    key = "\\";
+  }
+  std::string name;
+  for (const char c : rest + "\\") {
+    if (c != '\\' && c != '/') {
+      name += c;
+      continue;
+    }
+    if (name == "..") {
+      if (!names.empty()) names.pop_back();
+    } else {
+      while (!name.empty() && (name.back() == '.' || name.back() == ' ')) name.pop_back();
+      if (!name.empty()) names.push_back(text::upper(name));
+    }
+    name.clear();
+  }
+  for (const std::string& each : names) key += "\\" + each;
+  return key.empty() ? "\\" : key;
+}
+
+TEST(SameFileKey, is_the_literal_one_for_random_paths) {
+  std::mt19937 random(7);
+  const std::string_view letters = "\\\\\\/..  :aBz\xF1\xD1";
+  for (int i = 0; i < 200'000; ++i) {
+    std::string path = random() % 4 != 0 ? "d:\\" : "";
+    for (std::size_t size = random() % 12; size > 0; --size)
+      path += letters[random() % letters.size()];
+    ASSERT_EQ(text::same_file_key(path), literal_key(path)) << path;
+  }
+}
+
+TEST(SameFileKey, is_added_to_a_text_and_leaves_what_that_holds) {
+  for (const char* path : {"d:\\a\\b.wav", "d:\\a.\\b.wav", "d:\\a\\", "a", ""}) {
+    std::string key = "kept ";
+    text::append_same_file_key(path, key);
+    EXPECT_EQ(key, "kept " + text::same_file_key(path)) << path;
+  }
+}
+
+TEST(FolderOf, ends_at_the_last_separator_of_either_kind) {
+  EXPECT_EQ(text::folder_of("D:\\a\\b.wav"), "D:\\a\\");
+  EXPECT_EQ(text::folder_of("D:\\a/b.wav"), "D:\\a/");
+  EXPECT_EQ(text::folder_of("D:/a\\b.wav"), "D:/a\\");
+  EXPECT_EQ(text::folder_of("D:b.wav"), "");
+  EXPECT_EQ(text::folder_of(""), "");
 }
 
 }  // namespace

@@ -44,6 +44,20 @@ class BorderlessWindow : public BackendTest {
   ui::Button button{window, "cmdAbrir"};
 };
 
+TEST_F(BorderlessWindow,
+       one_that_can_be_resized_is_painted_anew_for_a_new_size_not_for_a_new_place) {
+  window.set_resizable({100, 100});
+  show();
+  const auto waits_for_painting = [&] {
+    return GetUpdateRect(real_window(), nullptr, FALSE) != FALSE;
+  };
+  ASSERT_TRUE(pump_until([&] { return !waits_for_painting(); }));
+  window.set_position({90, 70});
+  EXPECT_FALSE(waits_for_painting());
+  window.set_size({520, 420});
+  EXPECT_TRUE(waits_for_painting());
+}
+
 TEST_F(BorderlessWindow, it_has_the_shape_that_it_is_given_until_that_is_taken_away) {
   // The colour that is not shown; none where all of the window is.
   const auto hole = [&]() -> std::optional<COLORREF> {

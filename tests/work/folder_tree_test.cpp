@@ -36,7 +36,7 @@ struct Folders : ::testing::Test {
 
   static std::vector<std::string> names(const std::vector<work::FolderTree::Entry>& entries) {
     std::vector<std::string> all;
-    for (const auto& entry : entries) all.push_back(entry.name);
+    for (const auto& entry : entries) all.emplace_back(entry.name);
     return all;
   }
 
@@ -159,6 +159,112 @@ TEST_F(Folders, a_listing_cannot_answer_for_names_that_the_system_reads_otherwis
   for (const char* path : {"D:\\Mix\\LARGO~1.WAV", "D:\\Mix\\z.wav.", "D:\\Mix\\z.wav ", "z.wav",
                            "", "D:\\Mix\\", "D:\\nada\\z.wav", "D:\\Mix\\z?.wav"}) {
     EXPECT_EQ(tree.holds_plain_file(path), std::nullopt) << path;
+  }
+}
+
+TEST_F(Folders, a_listing_reports_what_is_not_walked_links_and_names_outside_the_code_page) {
+  files.add_folder("D:\\Mix\\c\\Enlace", true);
+  files.add_unnamed("D:\\Mix\\c\\", {"toma ?.wav", false});
+  files.add_unnamed("D:\\Mix\\c\\", {"?", true});
+  const auto& listing = tree.listing("D:\\Mix\\c\\");
+  EXPECT_THAT(listing.links, ElementsAre("Enlace"));
+  ASSERT_THAT(listing.unnamed, SizeIs(2));
+  EXPECT_EQ(listing.unnamed[0].shown, "toma ?.wav");
+  EXPECT_FALSE(listing.unnamed[0].folder);
+  EXPECT_TRUE(listing.unnamed[1].folder);
+  EXPECT_THAT(tree.listing("D:\\Mix\\").links, IsEmpty());
+}
+
+TEST_F(Folders, an_entry_carries_what_its_file_is) {
+  system::FileInfo system_file, link;
+  system_file.system = true;
+  link.link = true;
+  link.number = 77;
+  files.add_file("D:\\Mix\\c\\sistema.wav", system_file);
+  files.add_file("D:\\Mix\\c\\otra.wav", link);
+  const auto& listing = tree.listing("D:\\Mix\\c\\");
+  ASSERT_THAT(names(listing.files), ElementsAre("otra.wav", "sistema.wav"));
+  EXPECT_TRUE(listing.files[0].plain);
+  EXPECT_TRUE(listing.files[0].link) << "a link to a file is a file of the listing";
+  EXPECT_EQ(listing.files[0].number, 77u);
+  EXPECT_FALSE(listing.files[1].plain);
+  EXPECT_FALSE(listing.files[1].link);
+  EXPECT_EQ(listing.files[1].number, 0u);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\c\\sistema.wav"), false);
+}
+
+TEST_F(Folders, of_names_that_differ_by_case_the_same_spelling_is_found_and_else_the_first) {
+  for (const char* name : {"T.wav", "a.wav", "t.WAV", "t.wav", "z.wav"}) {
+    files.add_file(std::string("D:\\Mix\\c\\") + name, "");
+  }
+  const auto& listing = tree.listing("D:\\Mix\\c\\");
+  ASSERT_THAT(names(listing.files), ElementsAre("a.wav", "T.wav", "t.WAV", "t.wav", "z.wav"));
+  const auto found = [&](const char* name) {
+    const auto* const entry = work::FolderTree::find_file(listing, name);
+    return entry == nullptr ? "" : entry->name;
+  };
+  for (const char* name : {"T.wav", "a.wav", "t.WAV", "t.wav", "z.wav"}) {
+    EXPECT_EQ(found(name), name);
+  }
+  EXPECT_EQ(found("T.WAV"), "T.wav");
+  EXPECT_EQ(found("A.wav"), "a.wav");
+  for (const char* missing : {"", "0.wav", "b.wav", "t.wave", "zz.wav"}) {
+    EXPECT_EQ(found(missing), "") << missing;
+  }
+}
+
+TEST_F(Folders, a_plain_file_is_seen_past_a_hidden_one_of_the_same_letters) {
+  files.add_file("D:\\Mix\\c\\T.wav", "", true);
+  files.add_file("D:\\Mix\\c\\t.wav", "");
+  files.add_file("D:\\Mix\\c\\U.wav", "");
+  for (const char* path : {"D:\\Mix\\c\\T.wav", "D:\\Mix\\c\\t.wav", "D:\\Mix\\c\\u.WAV"}) {
+    EXPECT_EQ(tree.holds_plain_file(path), true) << path;
+  }
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\c\\s.wav"), false);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\c\\v.wav"), false);
+}
+
+TEST_F(Folders, each_character_that_no_plain_name_holds_leaves_the_answer_open) {
+  for (const char c : std::string("~*?/:<>|\"")) {
+    EXPECT_EQ(tree.holds_plain_file(std::string("D:\\Mix\\a") + c + "b.wav"), std::nullopt) << c;
+  }
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\a.b c.wav"), false);
+  EXPECT_EQ(tree.holds_plain_file("D:\\Mix\\ .a"), false);
+}
+
+TEST_F(Folders, what_is_listed_while_the_old_listings_are_freed_is_new_and_stays) {
+  tree.listing("D:\\Mix\\A\\");
+  for (const char* folder : {"D:\\Mix\\b\\", "D:\\Mix\\c\\", "D:\\Mix\\"}) tree.listing(folder);
+  tree.listing("D:\\Mix\\A\\");  // the last that was asked for
+  files.add_file("D:\\Mix\\A\\b.wav", "");
+  int turns = 0;
+  tree.forget([&] {
+    if (++turns > 1) return;
+    EXPECT_FALSE(tree.knows("D:\\Mix\\A\\"));
+    EXPECT_FALSE(tree.knows("D:\\Mix\\"));
+    EXPECT_THAT(names(tree.listing("D:\\Mix\\A\\").files), ElementsAre("a.wav", "b.wav"));
+  });
+  EXPECT_EQ(turns, 4) << "one for each listing that was freed";
+  EXPECT_TRUE(tree.knows("D:\\Mix\\A\\"));
+  EXPECT_FALSE(tree.knows("D:\\Mix\\b\\"));
+  EXPECT_EQ(files.listings["D:\\Mix\\A\\"], 2);
+}
+
+TEST(FoldersAround, are_those_up_to_the_root_the_nearest_first) {
+  using work::folders_around;
+  for (const char* folder : {"D:\\Mix\\a\\b\\", "D:\\Mix\\a\\b"}) {
+    EXPECT_THAT(folders_around(folder), ElementsAre("D:\\Mix\\a\\", "D:\\Mix\\", "D:\\")) << folder;
+  }
+  EXPECT_THAT(folders_around("D:\\Mix"), ElementsAre("D:\\"));
+  EXPECT_THAT(folders_around("\\\\nas\\audio\\Mix\\a\\"),
+              ElementsAre("\\\\nas\\audio\\Mix\\", "\\\\nas\\audio\\"));
+  EXPECT_THAT(folders_around("\\\\nas\\audio\\Mix"), ElementsAre("\\\\nas\\audio\\"));
+}
+
+TEST(FoldersAround, are_none_of_a_root_and_of_a_path_without_one) {
+  for (const char* folder : {"D:\\", "D:", "\\\\nas\\audio\\", "\\\\nas\\audio", "", "\\", "Mix",
+                             "D:Mix", "Mix\\a\\", "\\Mix\\a\\"}) {
+    EXPECT_THAT(work::folders_around(folder), IsEmpty()) << folder;
   }
 }
 

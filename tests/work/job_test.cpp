@@ -54,6 +54,23 @@ TEST_F(JobTest, shows_how_far_it_is_after_turns_that_were_due_and_no_others) {
   EXPECT_EQ(shown, 5);
 }
 
+// What it would show is the window of the newer job by then.
+TEST_F(JobTest, shows_nothing_once_a_newer_job_has_taken_its_place_in_the_turn) {
+  auto job = begin();
+  int shown = 0;
+  backend.on_pump = [&] { in_hand.begin_job(); };
+  EXPECT_FALSE(job.turn([&] { ++shown; }));
+  EXPECT_EQ(shown, 0);
+}
+
+TEST_F(JobTest, shows_how_far_it_has_got_when_a_turn_has_cancelled_it) {
+  auto job = begin();
+  int shown = 0;
+  backend.on_pump = [&] { in_hand.Cancelar = true; };
+  EXPECT_FALSE(job.turn([&] { ++shown; }));
+  EXPECT_EQ(shown, 1);
+}
+
 TEST_F(JobTest, shows_what_it_does_ten_times_a_second_from_the_first_moment_on) {
   clock.step = std::chrono::milliseconds(10);
   auto job = begin();

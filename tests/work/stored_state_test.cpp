@@ -100,6 +100,21 @@ TEST_F(StoredState, places_beyond_all_measure_do_no_harm) {
   EXPECT_EQ(window.position(), (ui::Point{1'000'000, -1'000'000}));
 }
 
+TEST_F(StoredState, a_size_is_kept_within_the_smallest_and_what_any_screen_has) {
+  window.set_resizable({300, 200});
+  window.set_size({640, 480});
+  work::write_size(store, window, "Me");
+  EXPECT_EQ(files.contents[kStoredFile], "[Settings]\r\nMe_Width=640\r\nMe_Height=480\r\n");
+  window.set_size({310, 210});
+  work::read_size(store, window, "Me");
+  EXPECT_EQ(window.size(), (ui::Size{640, 480}));
+  work::read_size(store, window, "Zoom");
+  EXPECT_EQ(window.size(), (ui::Size{640, 480})) << "its own, where none is stored";
+  files.contents[kStoredFile] = "[Settings]\r\nMe_Width=299\r\nMe_Height=16385\r\n";
+  work::read_size(store, window, "Me");
+  EXPECT_EQ(window.size(), (ui::Size{300, 16384}));
+}
+
 TEST_F(StoredState, settings_that_are_read_only_are_read_and_never_written) {
   files.contents[kStoredFile] = "[Settings]\r\nAuto Play=1\r\nMe_Left=7\r\n";
   const auto before = files.contents;

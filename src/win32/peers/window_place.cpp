@@ -78,6 +78,8 @@ void WindowPeer::place() {
   const int width = to_pixels(window_.size().width, dpi_);
   const int height = to_pixels(window_.size().height, dpi_);
   const RECT area = outer_area(window_.size(), dpi_);
+  RECT before{};
+  GetClientRect(handle_, &before);
   placing_ = true;
   SetWindowPos(handle_, nullptr, to_pixels(window_.position().x, desktop_dpi),
                to_pixels(window_.position().y, desktop_dpi), area.right - area.left,
@@ -91,7 +93,9 @@ void WindowPeer::place() {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
   placing_ = false;
-  if (window_.resizable()) show_new_size();
+  // Not where only its place is new: it would be painted for nothing.
+  const bool same_size = before.right == width && before.bottom == height;
+  if (window_.resizable() && !same_size) show_new_size();
 }
 
 // The ground and the shape are those of the size.
