@@ -137,6 +137,10 @@ void BacUp::BorrarSeleccionados() {
   RemovalRun(removal_, *this).BorrarSeleccionados();
 }
 
+RemovalRun::Plan BacUp::plan() {
+  return RemovalRun(removal_, *this).plan();
+}
+
 void BacUp::cmdSalir_Click() {
   stop_playback(context());
   context().windows.close<ParaBorrar>();

@@ -1,6 +1,7 @@
 // The window from which removal begins: its options, and how the last run went.
 #pragma once
 
+#include "removal/removal_run.h"
 #include "removal/removal_state.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
@@ -45,6 +46,8 @@ class BacUp final : public work::ProgramWindow {
 
   // Removes what has been set up in the windows of this room; see `RemovalRun`.
   void BorrarSeleccionados();
+  // What that would do.
+  RemovalRun::Plan plan();
   void cmdBorrar_Click();
   void cmdSalir_Click();
   void Salir_Click();

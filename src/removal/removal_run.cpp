@@ -72,33 +72,44 @@ RemovalRun::RemovalRun(const RemovalContext& removal, BacUp& options)
       options_(options),
       check_(context_) {}
 
+// Takes up what has been set up in the windows. False if one of them does not come.
+bool RemovalRun::begin() {
+  review_ = context_.windows.touch<ParaBorrar>();
+  folders_ = context_.windows.touch<FormNoBorrar>();
+  if (review_ == nullptr || folders_ == nullptr) return false;
+  order_ = {options_.CheckBackup.checked(),         options_.CheckBorrar.checked(),
+            options_.CheckBorraAsociados.checked(), options_.CheckComprobar.checked(),
+            review_->CheckVaciarPapelera.checked(), review_->CheckBorrarPapelera.checked(),
+            review_->CheckConfirmar.checked()};
+  return true;
+}
+
 void RemovalRun::BorrarSeleccionados() {
   if (state_.running) return;
   const WhileRunning running(state_.running);
   state_.asked = state_.gone = state_.side_files_gone = 0;
   state_.kept.clear();
-  review_ = context_.windows.touch<ParaBorrar>();
-  folders_ = context_.windows.touch<FormNoBorrar>();
-  if (review_ == nullptr || folders_ == nullptr) return;
-  order_ = {options_.CheckBackup.checked(),         options_.CheckBorrar.checked(),
-            options_.CheckBorraAsociados.checked(), options_.CheckComprobar.checked(),
-            review_->CheckVaciarPapelera.checked(), review_->CheckBorrarPapelera.checked(),
-            review_->CheckConfirmar.checked()};
-  if (refused()) return;
+  state_.begun = false;
+  if (!begin() || refused()) return;
+  state_.begun = true;
   options_.cmdParar.show();
   run();
   if (windows_open()) report();
   options_.cmdParar.hide();
 }
 
+// Why no run may begin as things are. Afterwards the job of the run has begun, unless one of the
+// first reasons was found.
+std::optional<std::string> RemovalRun::why_refused() {
+  if (auto why = RunCheck::why_never(context_.work)) return why;
+  job_.reset(new work::Job(work::Job::begin(context_.work, context_.platform)));
+  return order_.CheckComprobar ? check_.why_not_now(*job_) : std::nullopt;
+}
+
 // Whether the run must not begin. Nothing has been changed then.
 bool RemovalRun::refused() {
-  std::optional<std::string> why = RunCheck::why_never(context_.work);
-  if (!why) {
-    job_.reset(new work::Job(work::Job::begin(context_.work, context_.platform)));
-    if (order_.CheckComprobar) why = check_.why_not_now(*job_);
-    if (!why && (job_->superseded() || !windows_open())) return true;
-  }
+  std::optional<std::string> why = why_refused();
+  if (!why && (job_->superseded() || !windows_open())) return true;
   if (!why && order_.CheckBackup) {
     backup_.emplace(context_.platform.files, context_.platform.shell, state_.RutaBackup,
                     [this, waiting = state_.CancelarBorrado] {
@@ -118,6 +129,31 @@ bool RemovalRun::refused() {
   options_.LabelResultado.show();
   options_.ListNoBorrados.hide();
   return true;
+}
+
+RemovalRun::Plan RemovalRun::plan() {
+  Plan plan;
+  if (state_.running || !begin()) return plan;
+  if (auto why = why_refused()) plan.negativa = *why;
+  if (!job_) return plan;
+  look_at_rows();
+  if (order_.CheckBorraAsociados) {
+    for (const std::string& row : *context_.lists.List1.kept_rows()) {
+      if (is_audio(row) || !context_.platform.files.info(row)) continue;
+      plan.archivos.push_back({row, why_side_file_stays(row), false, true});
+    }
+  }
+  if (!order_.CheckBorrar) return plan;
+  const auto rows = review_->ListBorrar.kept_rows();
+  for (std::size_t i = 0; i < rows->size(); ++i) {
+    const std::string& row = (*rows)[i];
+    Judged judged = judge(i, row);
+    if (judged.fate == Fate::unticked) judged.motivo = reason::kUnticked;
+    if (judged.fate == Fate::missing) judged.motivo = reason::of(Reason::not_found);
+    const bool copied = order_.CheckBackup && context_.platform.files.info(row);
+    plan.archivos.push_back({row, std::move(judged.motivo), copied, false});
+  }
+  return plan;
 }
 
 bool RemovalRun::windows_open() const {
@@ -219,37 +255,37 @@ void RemovalRun::idle_branch() {
   options_.LabelInfo.show();
 }
 
+RemovalRun::Judged RemovalRun::judge(std::size_t i, const std::string& path) const {
+  if (!review_->ListStatus.ticked(i) || !ticked_.contains(path)) return {Fate::unticked, {}, {}};
+  if (is_protected(path, folders_->List1.rows())) {
+    return {Fate::is_protected, std::string(reason::kProtected) + "una carpeta de la lista", {}};
+  }
+  if (!context_.platform.files.look_up(path)) {
+    if (context_.platform.files.info(path)) return {Fate::stays, reason::kHidden, {}};
+    return {Fate::missing, {}, {}};
+  }
+  if (RunCheck::is_project(path)) return {Fate::stays, reason::kProject, {}};
+  if (!order_.CheckComprobar) return {Fate::goes, {}, {}};
+  if (const Kept* const kept = check_.kept(path)) {
+    return {Fate::stays, kept->motivo, kept->proyecto};
+  }
+  if (check_.has_changed(path)) return {Fate::stays, reason::kChanged, {}};
+  return {Fate::goes, {}, {}};
+}
+
 // False when the run has to end.
 bool RemovalRun::row_procedure(std::size_t i) {
   if (!windows_open() || job_->superseded()) return let_events_run(i);
   const std::string path = review_->ListBorrar.row(i);
-  if (!review_->ListStatus.ticked(i) || !ticked_.contains(path)) return let_events_run(i);
-  if (is_protected(path, folders_->List1.rows())) {
-    keep(path, std::string(reason::kProtected) + "una carpeta de la lista");
+  const Judged judged = judge(i, path);
+  if (!judged.motivo.empty()) keep(path, judged.motivo, judged.proyecto);
+  if (judged.fate == Fate::is_protected) {
     // Protected rows pass over the events and the look at the cancel.
     options_.XP_Bar.set_value(static_cast<std::int64_t>(i));
     return true;
   }
-  if (!context_.platform.files.look_up(path)) {
-    if (context_.platform.files.info(path)) keep(path, reason::kHidden);
-    return let_events_run(i);
-  }
-  if (RunCheck::is_project(path)) {
-    keep(path, reason::kProject);
-    return let_events_run(i);
-  }
-  if (order_.CheckComprobar) {
-    if (const Kept* const stays = check_.kept(path)) {
-      state_.kept.push_back(*stays);
-      return let_events_run(i);
-    }
-    if (check_.has_changed(path)) {
-      keep(path, reason::kChanged);
-      return let_events_run(i);
-    }
-    if (uncopied_.contains(path)) return let_events_run(i);
-  }
-  remove_row(i, path);
+  const bool without_copy = order_.CheckComprobar && uncopied_.contains(path);
+  if (judged.fate == Fate::goes && !without_copy) remove_row(i, path);
   return let_events_run(i);
 }
 
@@ -342,10 +378,8 @@ void RemovalRun::BorrarAsociados() {
   for (std::size_t i = 0; i < rows->size(); ++i) {
     const std::string& row = (*rows)[i];
     if (is_audio(row)) continue;
-    // Audio of more letters ("x.aiff") is none by the last four, and is in the list as well.
-    if (RunCheck::is_project(row) || (order_.CheckComprobar && !RunCheck::is_side_file(row))) {
-      const bool project = RunCheck::is_project(row);
-      if (files.info(row)) keep(row, project ? reason::kProject : reason::kOtherKind);
+    if (std::string why = why_side_file_stays(row); !why.empty()) {
+      if (files.info(row)) keep(row, std::move(why));
     } else {
       files.set_attributes(row, 0).ignore();
       if (files.look_up(row)) {
@@ -376,6 +410,12 @@ void RemovalRun::BorrarAsociados() {
   options_.LabelInfo.show();
 }
 
+// Audio of more letters ("x.aiff") is none by its last four, and stands among the side files.
+std::string RemovalRun::why_side_file_stays(const std::string& row) const {
+  if (RunCheck::is_project(row)) return reason::kProject;
+  return order_.CheckComprobar && !RunCheck::is_side_file(row) ? reason::kOtherKind : "";
+}
+
 void RemovalRun::keep(const std::string& row, std::string motivo, std::string proyecto) {
   state_.kept.push_back({row, std::move(motivo), std::move(proyecto)});
 }
@@ -386,8 +426,8 @@ std::vector<std::string> RemovalRun::names_not_to_overwrite() {
   std::vector<std::string> names;
   std::vector<std::string> paths;
   for (const work::FolderTree::Entry& file : job_->folders().listing(folder).files) {
-    names.push_back(file.name);
-    paths.push_back(folder + file.name);
+    names.emplace_back(file.name);
+    paths.push_back(folder + std::string(file.name));
   }
   const auto used = context_.lists.ListUtilizados.kept_rows();
   const auto shown = context_.lists.ListVip.kept_rows();

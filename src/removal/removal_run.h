@@ -41,14 +41,39 @@ class RemovalRun {
   // `options` then says why.
   void BorrarSeleccionados();
 
+  // What `BorrarSeleccionados` would do, without touching anything.
+  struct Planned {
+    std::string ruta;
+    std::string motivo;  // why it would stay; empty if it would go
+    bool copia = false;  // whether it would be copied
+    bool asociado = false;
+  };
+  struct Plan {
+    std::string negativa;  // why no run would begin; empty if one would
+    std::vector<Planned> archivos;
+  };
+  Plan plan();
+
  private:
   struct Order {  // the options as they were when the run began
     bool CheckBackup, CheckBorrar, CheckBorraAsociados, CheckComprobar;
     bool CheckVaciarPapelera, CheckBorrarPapelera, CheckConfirmar;
   };
 
+  // What becomes of a row.
+  enum class Fate { goes, unticked, is_protected, missing, stays };
+  struct Judged {
+    Fate fate;
+    std::string motivo;  // where it stays although it is ticked
+    std::string proyecto;
+  };
+
+  bool begin();
   void run();
   bool refused();
+  std::optional<std::string> why_refused();
+  Judged judge(std::size_t i, const std::string& path) const;
+  std::string why_side_file_stays(const std::string& row) const;
   void BorrarAsociados();
   void plain_branch();
   void backup_branch();

@@ -29,6 +29,7 @@ struct RemovalState {
   int TotalRutas = 0;  // highest number of a protected folder in the settings
 
   bool running = false;
+  bool begun = false;  // the last run was not refused
   // What the last run was asked to remove and what is gone; and why the rest is still there.
   std::size_t asked = 0;
   std::size_t gone = 0;
