@@ -1,43 +1,24 @@
 #include "removal/removal_run.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 #include "project/used_guard.h"
 #include "removal/backup_folder_window.h"
 #include "removal/backup_options_window.h"
-#include "removal/protected_folders.h"
 #include "removal/protected_folders_window.h"
 #include "removal/reasons.h"
 #include "removal/removal_log.h"
 #include "removal/removal_review_window.h"
-#include "text/code_page.h"
+#include "removal/run_colors.h"
+#include "removal/shell_calls.h"
 #include "text/paths.h"
 #include "ui/list_width.h"
 
 namespace ordelan::removal {
 namespace {
 
-using system::Confirm;
 using system::Reason;
 using system::Status;
-
-constexpr const char* kMark = "  --> Borrado";
-
-constexpr ui::Color color(std::uint32_t word) {
-  return static_cast<ui::Color>(word);
-}
-constexpr ui::Color kGreen = color(0x00FF00);
-constexpr ui::Color kPaleGreen = color(0x80FF80);
-constexpr ui::Color kPaleRed = color(0x8080FF);
-
-bool is_audio(const std::string& row) {
-  constexpr std::array<std::string_view, 7> kAudio = {".wav", ".aif", ".mp3", ".ogg",
-                                                      "flac", ".wma", ".m4a"};
-  const std::string last = text::lower(row.substr(row.size() < 4 ? 0 : row.size() - 4));
-  return std::find(kAudio.begin(), kAudio.end(), last) != kAudio.end();
-}
 
 // Sets a flag for as long as it lives.
 class WhileRunning {
@@ -52,18 +33,6 @@ class WhileRunning {
 };
 
 }  // namespace
-
-Status EnviarPapelera(system::Shell& shell, const std::string& Archivo, bool ask) {
-  return shell.recycle(Archivo, ask ? Confirm::ask : Confirm::without_asking);
-}
-
-Status VaciarPapelera(system::Shell& shell, const std::string& Ruta, bool SinConfirmar) {
-  return shell.empty_bin(Ruta, SinConfirmar ? Confirm::without_asking : Confirm::ask);
-}
-
-Status CopiarArchivo(system::Shell& shell, const std::string& Origen, const std::string& Destino) {
-  return shell.copy_into(Origen, Destino);
-}
 
 RemovalRun::RemovalRun(const RemovalContext& removal, BacUp& options)
     : removal_(removal),
@@ -139,7 +108,7 @@ RemovalRun::Plan RemovalRun::plan() {
   look_at_rows();
   if (order_.CheckBorraAsociados) {
     for (const std::string& row : *context_.lists.List1.kept_rows()) {
-      if (is_audio(row) || !context_.platform.files.info(row)) continue;
+      if (is_audio_row(row) || !context_.platform.files.info(row)) continue;
       plan.archivos.push_back({row, why_side_file_stays(row), false, true});
     }
   }
@@ -255,70 +224,6 @@ void RemovalRun::idle_branch() {
   options_.LabelInfo.show();
 }
 
-RemovalRun::Judged RemovalRun::judge(std::size_t i, const std::string& path) const {
-  if (!review_->ListStatus.ticked(i) || !ticked_.contains(path)) return {Fate::unticked, {}, {}};
-  if (is_protected(path, folders_->List1.rows())) {
-    return {Fate::is_protected, std::string(reason::kProtected) + "una carpeta de la lista", {}};
-  }
-  if (!context_.platform.files.look_up(path)) {
-    if (context_.platform.files.info(path)) return {Fate::stays, reason::kHidden, {}};
-    return {Fate::missing, {}, {}};
-  }
-  if (RunCheck::is_project(path)) return {Fate::stays, reason::kProject, {}};
-  if (!order_.CheckComprobar) return {Fate::goes, {}, {}};
-  if (const Kept* const kept = check_.kept(path)) {
-    return {Fate::stays, kept->motivo, kept->proyecto};
-  }
-  if (check_.has_changed(path)) return {Fate::stays, reason::kChanged, {}};
-  return {Fate::goes, {}, {}};
-}
-
-// False when the run has to end.
-bool RemovalRun::row_procedure(std::size_t i) {
-  if (!windows_open() || job_->superseded()) return let_events_run(i);
-  const std::string path = review_->ListBorrar.row(i);
-  const Judged judged = judge(i, path);
-  if (!judged.motivo.empty()) keep(path, judged.motivo, judged.proyecto);
-  if (judged.fate == Fate::is_protected) {
-    // Protected rows pass over the events and the look at the cancel.
-    options_.XP_Bar.set_value(static_cast<std::int64_t>(i));
-    return true;
-  }
-  const bool without_copy = order_.CheckComprobar && uncopied_.contains(path);
-  if (judged.fate == Fate::goes && !without_copy) remove_row(i, path);
-  return let_events_run(i);
-}
-
-void RemovalRun::remove_row(std::size_t i, const std::string& path) {
-  if (order_.CheckBackup) {
-    const Status logged = backup_->log(log_line(path));
-    if (!logged && order_.CheckComprobar) {
-      keep(path, reason::kNoLine + reason::of(logged));
-      return;
-    }
-  }
-  const Status removed = remove_file(path);
-  mark(i, path);
-  ++state_.ArchivosBorrados;
-  if (context_.platform.files.info(path)) {
-    keep(path, reason::of(removed));
-  } else {
-    ++state_.gone;
-  }
-}
-
-Status RemovalRun::remove_file(const std::string& path) {
-  return order_.CheckBorrarPapelera
-             ? EnviarPapelera(context_.platform.shell, path, order_.CheckConfirmar)
-             : context_.platform.files.remove(path);
-}
-
-// The mark is set whatever has become of the file: what really happened is listed in BacUp.
-void RemovalRun::mark(std::size_t i, const std::string& path) {
-  if (!windows_open() || review_->ListBorrar.row(i) != path) return;  // a question gave it time
-  review_->ListBorrar.replace(i, path + kMark);
-}
-
 bool RemovalRun::let_events_run(std::size_t i) {
   job_->turn();
   if (stopped()) {
@@ -359,61 +264,6 @@ void RemovalRun::end() {
   }
   state_.CancelarBorrado = false;
   context_.windows.close<CarpetaBack>();
-}
-
-// Everything in List1 that is not audio goes, whatever is ticked or protected: the audio program
-// makes these files again.
-void RemovalRun::BorrarAsociados() {
-  options_.LabelInfo.hide();
-  const auto rows = context_.lists.List1.kept_rows();
-  show_bar(rows->size());
-  system::FileSystem& files = context_.platform.files;
-  std::size_t removed = 0;
-  state_.AsociadosEncontrados = 0;
-  for (const std::string& row : *rows) {
-    if (!is_audio(row) && files.look_up(row)) ++state_.AsociadosEncontrados;
-    job_->turn();
-    if (job_->superseded() || !windows_open()) return;
-  }
-  for (std::size_t i = 0; i < rows->size(); ++i) {
-    const std::string& row = (*rows)[i];
-    if (is_audio(row)) continue;
-    if (std::string why = why_side_file_stays(row); !why.empty()) {
-      if (files.info(row)) keep(row, std::move(why));
-    } else {
-      files.set_attributes(row, 0).ignore();
-      if (files.look_up(row)) {
-        const Status gone = remove_file(row);
-        ++removed;
-        if (files.info(row)) {
-          keep(row, reason::of(gone));
-        } else {
-          ++state_.side_files_gone;
-        }
-      }
-    }
-    job_->turn();
-    options_.XP_Bar.set_value(static_cast<std::int64_t>(i));
-    if (stopped()) {
-      cancelled_ = true;
-      show_cancelled();
-      break;
-    }
-  }
-  options_.XP_Bar.hide();
-  if (removed == 0 || !windows_open()) return;
-  const std::string count = "Se han borrado: " + std::to_string(removed) + " archivos asociados";
-  review_->LabelErase.set_caption(count + " de " + std::to_string(state_.AsociadosEncontrados));
-  review_->LabelErase.show();
-  options_.LabelInfo.set_fore_color(kPaleGreen);
-  options_.LabelInfo.set_caption(" > " + count + " < ");
-  options_.LabelInfo.show();
-}
-
-// Audio of more letters ("x.aiff") is none by its last four, and stands among the side files.
-std::string RemovalRun::why_side_file_stays(const std::string& row) const {
-  if (RunCheck::is_project(row)) return reason::kProject;
-  return order_.CheckComprobar && !RunCheck::is_side_file(row) ? reason::kOtherKind : "";
 }
 
 void RemovalRun::keep(const std::string& row, std::string motivo, std::string proyecto) {

@@ -23,12 +23,8 @@ class BacUp;
 class ParaBorrar;
 class FormNoBorrar;
 
-// The three calls to the shell by which files are copied and removed and the bin is emptied. `ask`
-// is the user's wish to be asked for each file.
-system::Status EnviarPapelera(system::Shell& shell, const std::string& Archivo, bool ask);
-system::Status VaciarPapelera(system::Shell& shell, const std::string& Ruta, bool SinConfirmar);
-system::Status CopiarArchivo(system::Shell& shell, const std::string& Origen,
-                             const std::string& Destino);
+// Whether a row of List1 is audio by its last four characters: no side file.
+bool is_audio_row(const std::string& row);
 
 class RemovalRun {
  public:
@@ -83,6 +79,7 @@ class RemovalRun {
   void remove_row(std::size_t i, const std::string& path);
   void mark(std::size_t i, const std::string& path);
   system::Status remove_file(const std::string& path);
+  bool is_gone(system::Status removed, const std::string& path) const;
   void copy_row(const std::string& row);
   void closing_messages();
   void end();
