@@ -132,8 +132,10 @@ Status PosixFileSystem::flush_file(std::string_view path) {
   const auto native = drives_.native(path);
   if (!native) return reason_without_path(drives_, path);
   if (promises_folder(path)) return Reason::not_a_file;
-  const Descriptor open(::open(native->c_str(), O_RDONLY | O_CLOEXEC));
-  return open.valid() ? flush_descriptor(open) : last_reason();
+  const Descriptor open(::open(native->c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  struct stat found {};
+  if (!open.valid() || ::fstat(open.number(), &found) != 0) return last_reason();
+  return S_ISREG(found.st_mode) ? flush_descriptor(open) : Reason::not_a_file;
 }
 
 namespace {
