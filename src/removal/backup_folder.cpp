@@ -79,6 +79,16 @@ system::Result<Content> same_content(system::FileSystem& files, const std::strin
   }
 }
 
+system::Result<std::string> bytes_of(system::FileSystem& files, const std::string& path) {
+  const auto file = files.open(path);
+  if (!file) return file.status().reason();
+  std::string bytes(static_cast<std::size_t>(file->size()), '\0');
+  const auto came = file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
+  if (!came) return Reason::other;
+  bytes.resize(*came);
+  return bytes;
+}
+
 system::Result<Content> content_of(system::FileSystem& files, const std::string& path,
                                    const std::function<bool()>& go_on) {
   const auto file = files.open(path);
@@ -108,9 +118,19 @@ Status BackupFolder::take() {
   auto lock = files_.lock(path_of(kLockName));
   if (!lock) return lock.status();
   lock_ = std::move(lock);
+  // The user may have made the folder a moment ago. Where the one around it cannot be opened there
+  // is no more to be done.
+  const std::string bare = folder_.substr(0, folder_.size() - 1);
+  files_.flush_folder(text::getPath(bare, "\\")).ignore();
   const Status kept = keep_old_log();
   if (!kept) lock_.reset();
   return kept;
+}
+
+// A file that cannot be looked at for a moment must not pass for a missing one: what is then
+// written over may be the only copy.
+bool BackupFolder::is_missing(const std::string& path) const {
+  return !files_.info(path) && files_.open(path).status() == Reason::not_found;
 }
 
 // The log goes last: a log without its index would be recovered from as if every copy had its
@@ -118,20 +138,26 @@ Status BackupFolder::take() {
 Status BackupFolder::keep_old_log() {
   std::vector<std::string> old;
   for (const char* const name : {kIndexName, kLogName}) {
+    if (is_missing(path_of(name))) continue;
     const auto found = files_.info(path_of(name));
-    if (!found) continue;
     // Writing there would write somewhere else.
-    if (found->folder || found->link) return Reason::not_a_file;
+    if (!found || found->folder || found->link) return Reason::not_a_file;
+    present_.insert(name);
     if (found->size > 0) old.emplace_back(name);
   }
   if (old.empty()) return {};
+  const bool indexed = old.front() == kIndexName;
   std::string place;
   for (std::size_t number = 1;; ++number) {
     if (number > kMostNumbers) return Reason::exists;
     const auto made = folder_without(number);
+    if (made.status() == Reason::exists) continue;  // something else has that number
     if (!made) return made.status();
     place = *made;
-    if (!is_backup_folder(files_, place)) break;
+    if (is_missing(place + kLogName) && is_missing(place + kIndexName)) break;
+  }
+  if (!indexed) {
+    if (const Status made = make_index(place); !made) return made;
   }
   for (const std::string& name : old) {
     const Status copied =
@@ -140,7 +166,27 @@ Status BackupFolder::keep_old_log() {
     const auto same = same_content(files_, path_of(name), place + name, [] { return true; });
     if (!same) return same.status();
   }
-  return {};
+  // The numbered folder may be one that a killed run has left.
+  return files_.flush_folder(folder_);
+}
+
+// The index that an old log lacks: as long as it has none the copy of a file is the one of its
+// name, and this run may write over that.
+Status BackupFolder::make_index(const std::string& place) {
+  const auto log = bytes_of(files_, path_of(kLogName));
+  if (!log) return log.status();
+  std::string index;
+  for (const std::string& path : read_log(*log, [] { return true; }).paths) {
+    const std::string name = text::Obtener_Nombre_Archivo(path);
+    if (name.empty() || path.find_first_of(std::string_view("\t\0", 2)) != std::string::npos)
+      continue;
+    const auto copy = files_.info(path_of(name));
+    if (!copy || copy->folder || copy->link) continue;
+    const auto content = content_of(files_, path_of(name), go_on_);
+    if (!content) return content.status();
+    index += index_line({path, name, content->size, content->hash});
+  }
+  return system::write_whole(files_, place + kIndexName, index);
 }
 
 void BackupFolder::keep_names(const std::vector<std::string>& names) {
@@ -150,13 +196,19 @@ void BackupFolder::keep_names(const std::vector<std::string>& names) {
 Status BackupFolder::begin_log() {
   // The log first: should the program end in between, an empty log lists nothing that the index of
   // another run would be taken for.
-  auto log = files_.create(path_of(kLogName));
+  auto log = begin_file(kLogName);
   if (!log) return log.status();
   log_ = std::move(log);
-  auto index = files_.create(path_of(kIndexName));
+  if (const Status emptied = log_->flush(); !emptied) return emptied;
+  auto index = begin_file(kIndexName);
   if (!index) return index.status();
   index_ = std::move(index);
   return files_.flush_folder(folder_);
+}
+
+// An empty file. A link to nowhere looks like a free name, and is not followed.
+system::Opened<system::OutputFile> BackupFolder::begin_file(const char* name) {
+  return present_.contains(name) ? files_.create(path_of(name)) : files_.create_new(path_of(name));
 }
 
 Status BackupFolder::log(std::string_view text) {
@@ -222,7 +274,12 @@ Status BackupFolder::save_present(const std::string& name, const std::string& th
   const auto before = saved_.find(capitals(name));
   if (before != saved_.end() && before->second == *now) return {};
   Content content;
-  return copy_aside(there, content).status();
+  const auto aside = copy_aside(there, content);
+  if (!aside) return aside.status();
+  // The copy of an earlier row: its line in the index is to lead to where it is from now on.
+  const auto copied = copied_.find(capitals(name));
+  if (copied == copied_.end() || copied->second.content != content) return {};
+  return record(copied->second.path, *aside, content);
 }
 
 std::optional<BackupFolder::Saved> BackupFolder::state_of(const std::string& path) const {
@@ -236,12 +293,11 @@ Status BackupFolder::copy(const std::string& path) {
   const std::string name = text::Obtener_Nombre_Archivo(path);
   if (name.empty()) return Reason::bad_path;
   if (!files_.info(path)) return Reason::not_found;
-  const auto present = files_.info(path_of(name));
   // The place of a row stays free, also once the row has gone: its own file comes back there.
-  if (!present && !kept_names_.contains(capitals(name))) return copy_to_free_name(path, name);
-  const bool overwritable =
-      present && !present->folder && !present->link && !kept_names_.contains(capitals(name));
-  return copy_beside(path, name, overwritable);
+  if (kept_names_.contains(capitals(name))) return copy_beside(path, name, false);
+  if (is_missing(path_of(name))) return copy_to_free_name(path, name);
+  const auto present = files_.info(path_of(name));
+  return copy_beside(path, name, present && !present->folder && !present->link);
 }
 
 Status BackupFolder::copy_to_free_name(const std::string& path, const std::string& name) {
@@ -251,6 +307,8 @@ Status BackupFolder::copy_to_free_name(const std::string& path, const std::strin
     // The shell takes no long paths, and gives up where another program has a file open.
     const Status ours = system::copy_whole(files_, path, there, system::Existing::keep,
                                            [this](std::uint64_t) { return go_on_(); });
+    // A link to nowhere has the name.
+    if (ours == Reason::exists) return copy_beside(path, name, false);
     if (!ours) return ours;
   }
   const auto same = same_content(files_, path, there, go_on_);
@@ -259,6 +317,7 @@ Status BackupFolder::copy_to_free_name(const std::string& path, const std::strin
   if (const Status kept = files_.flush_file(there); !kept) return kept;
   if (const Status kept = files_.flush_folder(folder_); !kept) return kept;
   if (files_.identity(there) == files_.identity(path)) return Reason::exists;
+  copied_[capitals(name)] = {path, *same};
   return record(path, name, *same);
 }
 

@@ -36,6 +36,8 @@ struct Content {
 };
 system::Result<Content> same_content(system::FileSystem& files, const std::string& a,
                                      const std::string& b, const std::function<bool()>& go_on);
+// All bytes of a file.
+system::Result<std::string> bytes_of(system::FileSystem& files, const std::string& path);
 // The size and fingerprint of one file.
 system::Result<Content> content_of(system::FileSystem& files, const std::string& path,
                                    const std::function<bool()>& go_on);
@@ -51,7 +53,8 @@ class BackupFolder {
 
   // Takes the folder for this run, until the object is destroyed; in_use while another run has it.
   // A log that an earlier run has left, which the new one replaces, is copied with its index into a
-  // numbered subfolder, where it can be recovered from. Nothing has been changed if it fails.
+  // numbered subfolder, where it can be recovered from; an index is made for a log that has none.
+  // Nothing that stood in the folder has been changed if it fails.
   system::Status take();
 
   // The names in the folder (not below) that no copy gets: of used files and of rows.
@@ -73,7 +76,10 @@ class BackupFolder {
 
  private:
   std::string path_of(std::string_view name) const { return folder_ + std::string(name); }
+  bool is_missing(const std::string& path) const;
   system::Status keep_old_log();
+  system::Status make_index(const std::string& place);
+  system::Opened<system::OutputFile> begin_file(const char* name);
   system::Status record(const std::string& path, const std::string& place, const Content& content);
   // A checked copy in the first numbered subfolder that has no such name. Gives its place.
   system::Result<std::string> copy_aside(const std::string& from, Content& content);
@@ -90,6 +96,7 @@ class BackupFolder {
   std::unique_ptr<system::FileLock> lock_;
   std::unique_ptr<system::OutputFile> log_;
   std::unique_ptr<system::OutputFile> index_;
+  std::unordered_set<std::string> present_;         // log and index of an earlier run
   std::unordered_set<std::string> kept_names_;      // in capitals
   std::map<std::string, std::size_t> next_number_;  // by name in capitals: where to look first
   // What has been saved of a name that the shell may write over, and is not saved again.
@@ -99,6 +106,11 @@ class BackupFolder {
     system::FileIdentity identity;
     bool operator==(const Saved&) const = default;
   };
+  struct Copied {
+    std::string path;
+    Content content;
+  };
+  std::map<std::string, Copied> copied_;  // the copies under their own names, by name in capitals
   std::optional<Saved> state_of(const std::string& path) const;
   std::map<std::string, Saved> saved_;
 };

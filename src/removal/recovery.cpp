@@ -7,6 +7,7 @@
 #include "removal/backup_folder.h"
 #include "removal/reasons.h"
 #include "system/whole_file.h"
+#include "text/code_page.h"
 #include "text/paths.h"
 
 namespace ordelan::removal {
@@ -17,16 +18,6 @@ using system::Status;
 bool is_numbered(const std::string& name) {
   return name.size() >= 4 &&
          std::ranges::all_of(name, [](unsigned char c) { return std::isdigit(c) != 0; });
-}
-
-// The bytes of a file, as far as they can be read.
-std::string bytes_of(system::FileSystem& files, const std::string& path) {
-  const auto file = files.open(path);
-  if (!file) return {};
-  std::string bytes(static_cast<std::size_t>(file->size()), '\0');
-  const auto came = file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
-  bytes.resize(came.value_or(0));
-  return bytes;
 }
 
 // Makes the folders of a path that are missing.
@@ -50,22 +41,45 @@ Recovery::Recovery(system::FileSystem& files, system::Shell& shell, const std::s
   if (is_numbered(std::string(text::file_name(bare)))) {
     folders_.push_back(text::getPath(bare, "\\"));
   }
-  for (CopyRecord& record : read_index(bytes_of(files, folder + kIndexName))) {
+  const auto index = bytes_of(files, folder + kIndexName);
+  for (CopyRecord& record : read_index(index ? *index : std::string())) {
     std::string path = record.path;
     records_.insert_or_assign(std::move(path), std::move(record));
   }
 }
 
+// Whether a place below a folder of copies is one that runs make: the name itself, or in a numbered
+// folder. Anything else is no run's, and might lead to a stranger's file.
+bool Recovery::is_place(const std::string& place, const std::string& name) const {
+  const std::size_t end = place.find('\\');
+  const std::string file = end == std::string::npos ? place : place.substr(end + 1);
+  if (end != std::string::npos && !is_numbered(place.substr(0, end))) return false;
+  return text::equal_ignoring_case(file, name);
+}
+
+// A copy is a file of the folder itself, never one that a link leads to.
+bool Recovery::is_copy(const std::string& path) const {
+  const auto found = files_.info(path);
+  if (!found || found->folder || found->link) return false;
+  const std::string around = text::getPath(path, "\\");
+  if (!is_numbered(std::string(text::file_name(around.substr(0, around.size() - 1))))) return true;
+  const auto folder = files_.info(around.substr(0, around.size() - 1));
+  return folder && !folder->link;
+}
+
 bool Recovery::holds(const std::string& copy, const CopyRecord& record) const {
+  if (!is_copy(copy)) return false;
   const auto found = files_.info(copy);
-  if (!found || found->folder || found->size != record.size) return false;
+  if (!found || found->size != record.size) return false;
   const auto content = content_of(files_, copy, go_on_);
   return content && *content == Content{record.size, record.hash};
 }
 
 std::string Recovery::copy_of(const CopyRecord& record, const std::string& name) const {
   for (const std::string& folder : folders_) {
-    if (holds(folder + record.place, record)) return folder + record.place;
+    if (is_place(record.place, name) && holds(folder + record.place, record)) {
+      return folder + record.place;
+    }
   }
   for (const std::string& folder : folders_) {
     if (holds(folder + name, record)) return folder + name;
@@ -93,7 +107,7 @@ Recovery::Step Recovery::plan(const std::string& line) const {
   const auto record = records_.find(line);
   if (record != records_.end()) {
     step.copy = copy_of(record->second, name);
-  } else if (files_.info(folders_.front() + name)) {
+  } else if (is_copy(folders_.front() + name)) {
     step.copy = folders_.front() + name;
   }
   if (step.copy.empty()) step.motivo = reason::kCopyMissing;

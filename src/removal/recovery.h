@@ -35,6 +35,8 @@ class Recovery {
   std::string bring_back(const std::string& line);
 
  private:
+  bool is_place(const std::string& place, const std::string& name) const;
+  bool is_copy(const std::string& path) const;
   bool holds(const std::string& copy, const CopyRecord& record) const;
   std::string copy_of(const CopyRecord& record, const std::string& name) const;
 

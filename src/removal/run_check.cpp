@@ -90,8 +90,8 @@ bool RunCheck::is_behind_link(const std::string& path, const std::string& projec
 bool RunCheck::has_changed(const std::string& row) const {
   const auto& seen = context_.work.VistosBorrar;
   const auto found = seen.find(row);
-  if (found == seen.end()) return false;
   const auto now = context_.platform.files.info(row);
+  if (found == seen.end()) return now.has_value();
   return now && (now->size != found->second.size || now->modified != found->second.modified);
 }
 
@@ -122,10 +122,11 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
     } else if (is_behind_link(row, *project_folder, links)) {
       keep(row, reason::kLink);
     }
-    for (std::string folder = text::getPath(row, "\\"); folder.size() > 3;
-         folder = text::getPath(folder.substr(0, folder.size() - 1), "\\")) {
-      const auto [at, added] = backups.try_emplace(folder);
-      if (added) at->second = is_backup_folder(context_.platform.files, folder);
+    const std::size_t root = text::root(row).size();
+    for (std::size_t end = row.rfind('\\'); end != std::string::npos && end + 1 >= root && root > 0;
+         end = end > 0 ? row.rfind('\\', end - 1) : std::string::npos) {
+      const auto [at, added] = backups.try_emplace(row.substr(0, end + 1));
+      if (added) at->second = is_backup_folder(context_.platform.files, at->first);
       if (at->second) keep(row, reason::kBackup);
     }
     if (has_changed(row)) keep(row, reason::kChanged);
