@@ -86,10 +86,14 @@ void CarpetaBack::CrearCarpeta() {
     cmdCarpetaBorrar.hide();
   }
   CarpetaNew.show();
+  bring_to_front();  // the dialog stood before it, and options and review stay on top as well
 }
 
 void CarpetaBack::cmdCarpetaBorrar_Click() {
-  if (auto* const options = context().windows.touch<BacUp>()) options->BorrarSeleccionados();
+  auto* const options = context().windows.touch<BacUp>();
+  if (options == nullptr) return;
+  options->bring_to_front();  // with its bar, and the button that stops the run
+  options->BorrarSeleccionados();
 }
 
 void CarpetaBack::cmdSalir_Click() {
