@@ -15,6 +15,7 @@ CarpetaBack::CarpetaBack(const RemovalContext& removal)
                                    .place_key = work::place_key::kCarpetaBack,
                                    .stores_after_drag = true,
                                    .topmost = true}),
+      LabelTitulo(*this, "LabelTitulo"),
       CarpetaNew(*this, "CarpetaNew"),
       cmdCarpetaBorrar(*this, "cmdCarpetaBorrar"),
       LabelRuta(*this, "LabelRuta", 2),
@@ -23,6 +24,7 @@ CarpetaBack::CarpetaBack(const RemovalContext& removal)
       AvisoBack(*this, "AvisoBack"),
       cmdSalir(*this, "cmdSalir"),
       removal_(removal) {
+  LabelTitulo.set_caption(title());
   CarpetaNew.set_caption("Elegir carpeta...");
   CarpetaNew.set_tip("Pulsar para modificar la carpeta de seguridad");
   cmdCarpetaBorrar.set_caption("Borrar");
@@ -36,7 +38,7 @@ CarpetaBack::CarpetaBack(const RemovalContext& removal)
       "2 - Una vez elegida/creada la carpeta\r\n    aparece el botón de borrado.\r\n"
       "3 - Pulsar el botón de Borrar");
   AvisoBack.set_tip("Clic para ocultar");
-  cmdSalir.set_caption("Cerrar");
+  cmdSalir.set_description("Cerrar");
   cmdSalir.set_tip("Cerrar la aplicación");
   set_up();
   on_close = [this] { cmdSalir_Click(); };
@@ -84,10 +86,14 @@ void CarpetaBack::CrearCarpeta() {
     cmdCarpetaBorrar.hide();
   }
   CarpetaNew.show();
+  bring_to_front();  // the dialog stood before it, and options and review stay on top as well
 }
 
 void CarpetaBack::cmdCarpetaBorrar_Click() {
-  if (auto* const options = context().windows.touch<BacUp>()) options->BorrarSeleccionados();
+  auto* const options = context().windows.touch<BacUp>();
+  if (options == nullptr) return;
+  options->bring_to_front();  // with its bar, and the button that stops the run
+  options->BorrarSeleccionados();
 }
 
 void CarpetaBack::cmdSalir_Click() {

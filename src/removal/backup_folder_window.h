@@ -16,6 +16,7 @@ class CarpetaBack final : public work::ProgramWindow {
 
   explicit CarpetaBack(const RemovalContext& removal);
 
+  ui::Label LabelTitulo;
   ui::Button CarpetaNew;        // chooses again
   ui::Button cmdCarpetaBorrar;  // begins the run
   ui::ControlArray<ui::Label> LabelRuta;

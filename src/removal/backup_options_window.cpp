@@ -26,6 +26,7 @@ BacUp::BacUp(const RemovalContext& removal)
       CommandProtegidas(*this, "CommandProtegidas"),
       cmdParar(*this, "cmdParar"),
       LabelConfig(*this, "LabelConfig"),
+      LabelEspera(*this, "LabelEspera"),
       LabelInfo(*this, "LabelInfo"),
       LabelResultado(*this, "LabelResultado"),
       LabelVueltas(*this, "LabelVueltas"),
@@ -82,6 +83,7 @@ void BacUp::name_controls() {
   cmdParar.hide();
   LabelConfig.set_caption(
       " Elegir la configuración que saldrá por defecto para el borrado de archivos. ");
+  LabelEspera.set_caption("Aquí se verá el resultado del borrado.");
   // No run leaves this text: it is what the label holds until one has been made.
   LabelInfo.set_caption(" >> La operación se ha realixado con éxito << ");
   LabelInfo.hide();
@@ -89,7 +91,6 @@ void BacUp::name_controls() {
   LabelVueltas.hide();
   ListNoBorrados.set_description("Archivos que siguen en su sitio");
   ListNoBorrados.hide();
-  XP_Bar.hide();
   ImageInfoVip.set_description("Explicaciones");
   ImageInfoVip.set_tip("Clic para explicaciones.");
   AvisoAsociados.set_multiline(true);
@@ -128,12 +129,14 @@ void BacUp::cmdBorrar_Click() {
     }
   }
   review->set_visible(!review->visible());
+  if (review->visible()) review->bring_to_front();
   if (CheckBorraAsociados.checked() && !CheckBackup.checked() && !CheckBorrar.checked()) {
     review->TextAviso.show();
   }
 }
 
 void BacUp::BorrarSeleccionados() {
+  LabelEspera.hide();
   RemovalRun(removal_, *this).BorrarSeleccionados();
 }
 

@@ -28,6 +28,7 @@ class BacUp final : public work::ProgramWindow {
   ui::Button CommandProtegidas;
   ui::Button cmdParar;  // ends a run with backup, during which Cancela is hidden
   ui::Label LabelConfig;
+  ui::Label LabelEspera;  // stands where a run is reported, until one begins
   ui::Label LabelInfo;
   ui::Label LabelResultado;    // what the last run has really done, or why none has begun
   ui::Label LabelVueltas;      // how many rows the review has again

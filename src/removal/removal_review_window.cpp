@@ -19,6 +19,7 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
     : ProgramWindow(removal.work, {.name = kName,
                                    .title = "Archivos que se borraran",
                                    .layout = skin::kRemovalReview,
+                                   .place = {90, 70},
                                    .place_key = work::place_key::kParaBorrar,
                                    .stores_after_drag = true,
                                    .topmost = true,
@@ -49,6 +50,7 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
   name_controls();
   show_tips();
   set_up();
+  ListStatus.stand_beside(ListBorrar);
   on_close = [this] { cmdSalir_Click(); };
   on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
   cmdHecho.on_click = [this] { cmdHecho_Click(); };
@@ -59,6 +61,9 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
   ListBorrar.on_click = [this] {
     if (!ListBorrar.chosen_by_key()) ListBorrar_MouseDown();
   };
+  // One way: the boxes follow the list.
+  ListBorrar.on_scroll = [this] { ListStatus.set_top(ListBorrar.top()); };
+  ListBorrar.on_key = [this](int code) { ListBorrar_KeyDown(code); };
   CheckAudio.on_click = [this] { CheckAudio_Click(); };
   ParaBorrarCheckToolTip.on_click = [this] { show_tips(); };
   TextAviso.on_click = [this] { TextAviso.hide(); };
@@ -203,6 +208,13 @@ void ParaBorrar::Form_KeyDown(ui::Key& key) {
     remove_current_row();
     key.swallowed = true;
   }
+}
+
+// Space is the key that plays and pauses, as long as rows are played at all.
+void ParaBorrar::ListBorrar_KeyDown(int code) {
+  constexpr int kSpace = 32;
+  if (code != kSpace || CheckAudio.checked() || ListBorrar.current() < 0) return;
+  ListStatus.toggle(static_cast<std::size_t>(ListBorrar.current()));
 }
 
 void ParaBorrar::remove_current_row() {

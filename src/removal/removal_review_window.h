@@ -60,6 +60,7 @@ class ParaBorrar final : public work::ProgramWindow {
   void name_controls();
   void show_tips();
   void Form_KeyDown(ui::Key& key);
+  void ListBorrar_KeyDown(int code);
   void remove_current_row();
   void CheckAudio_Click();
 

@@ -1,4 +1,5 @@
-// The window in which the backup folder is chosen.
+// The window in which the backup folder is chosen. What is shown before a choice, after it, and
+// after none was made, shares the room below the button.
 #pragma once
 
 #include <array>
@@ -8,12 +9,13 @@
 namespace ordelan::skin {
 
 inline constexpr std::array kBackupFolderPlaces = {
-    Place{"AvisoBack", -1, 31, 140, 340, 100},      Place{"CarpetaNew", -1, 31, 16, 170, 32},
-    Place{"cmdCarpetaBorrar", -1, 209, 16, 90, 32}, Place{"cmdSalir", -1, 307, 16, 90, 32},
-    Place{"LabelRuta", 0, 31, 60, 360, 18},         Place{"LabelRuta", 1, 31, 80, 360, 18},
-    Place{"LabelOK", -1, 31, 104, 360, 18},         Place{"LabelAviso", -1, 31, 104, 360, 18},
+    Place{"AvisoBack", -1, 31, 140, 378, 96},  Place{"LabelTitulo", -1, 14, 10, 360, 20},
+    Place{"CarpetaNew", -1, 31, 56, 180, 32},  Place{"LabelRuta", 0, 31, 104, 378, 18},
+    Place{"LabelAviso", -1, 31, 104, 378, 18}, Place{"LabelRuta", 1, 31, 126, 378, 36},
+    Place{"LabelOK", -1, 31, 174, 378, 18},    Place{"cmdCarpetaBorrar", -1, 31, 204, 140, 32},
+    Place{"cmdSalir", -1, 396, 4, 32, 32},
 };
 
-inline constexpr Layout kBackupFolder{420, 260, kBackupFolderPlaces};
+inline constexpr Layout kBackupFolder{440, 264, kBackupFolderPlaces};
 
 }  // namespace ordelan::skin

@@ -1,4 +1,4 @@
-// The window with the list of protected folders.
+// The window with the list of protected folders: the folders of the disk above, the list below.
 #pragma once
 
 #include <array>
@@ -8,21 +8,21 @@
 namespace ordelan::skin {
 
 inline constexpr std::array kProtectedFoldersPlaces = {
-    Place{"AvisoNoBorrados", -1, 60, 90, 340, 200},
-    Place{"Label1", -1, 16, 10, 400, 20},
-    Place{"Drive1", -1, 16, 44, 70, 160},
-    Place{"LabelDir", -1, 94, 44, 510, 18},
-    Place{"Dir1", -1, 94, 66, 510, 138},
-    Place{"CommandAgregar", -1, 16, 212, 120, 32},
-    Place{"CommandQuitar", -1, 144, 212, 120, 32},
-    Place{"cmdBorrar", -1, 272, 212, 120, 32},
-    Place{"Label2", -1, 16, 252, 400, 18},
-    Place{"List1", -1, 16, 274, 588, 110},
-    Place{"CheckAviso", -1, 16, 400, 240, 22},
-    Place{"cmdSalir", -1, 504, 396, 100, 32},
-    Place{"Salir", -1, 576, 4, 32, 32},
+    Place{"AvisoNoBorrados", -1, 150, 86, 340, 190},
+    Place{"Label1", -1, 14, 10, 480, 20},
+    Place{"Drive1", -1, 16, 76, 70, 148},
+    Place{"LabelDir", -1, 94, 52, 530, 20},
+    Place{"Dir1", -1, 94, 76, 530, 148},
+    Place{"CommandAgregar", -1, 16, 236, 132, 32},
+    Place{"CommandQuitar", -1, 156, 236, 132, 32},
+    Place{"cmdBorrar", -1, 296, 236, 132, 32},
+    Place{"Label2", -1, 16, 284, 400, 20},
+    Place{"List1", -1, 16, 308, 608, 116},
+    Place{"CheckAviso", -1, 16, 441, 220, 22},
+    Place{"cmdSalir", -1, 516, 436, 108, 32},
+    Place{"Salir", -1, 596, 4, 32, 32},
 };
 
-inline constexpr Layout kProtectedFolders{620, 440, kProtectedFoldersPlaces};
+inline constexpr Layout kProtectedFolders{640, 484, kProtectedFoldersPlaces};
 
 }  // namespace ordelan::skin

@@ -2,7 +2,23 @@
 
 #include <utility>
 
+#include "ui/backend.h"
+
 namespace ordelan::ui {
+
+CheckListBox::~CheckListBox() {
+  if (beside_ != nullptr) beside_->boxes_ = nullptr;
+}
+
+void CheckListBox::attach(Backend& backend) {
+  peer_ = backend.attach(*this);
+}
+
+void CheckListBox::stand_beside(ListBox& list) {
+  beside_ = &list;
+  list.boxes_ = this;
+  list.set_indent(bounds().width);
+}
 
 void CheckListBox::set_ticked(std::size_t index, bool ticked) {
   if (index >= ticks_.size() || ticks_[index] == ticked) return;

@@ -1,4 +1,5 @@
-// A list of rows with a box each.
+// A list of rows of which only the boxes are seen, one a row. It stands beside a list of texts with
+// the same rows.
 #pragma once
 
 #include <functional>
@@ -11,6 +12,16 @@ namespace ordelan::ui {
 class CheckListBox final : public ListBox {
  public:
   using ListBox::ListBox;
+  ~CheckListBox() override;
+  void attach(Backend& backend) override;
+
+  // Makes these the boxes of `list`, a list of the same window: they are shown in its room to the
+  // left, as high as its rows, and what the keyboard and the mouse's wheel do to them is done to
+  // the list. Both scroll on their own. To be called before the window is loaded; the list must be
+  // destroyed after the boxes.
+  void stand_beside(ListBox& list);
+  // The list of texts; null if there is none.
+  ListBox* beside() const { return beside_; }
 
   // Whether the row's box is ticked; false past the end.
   bool ticked(std::size_t index) const { return index < ticks_.size() && ticks_[index]; }
@@ -36,6 +47,7 @@ class CheckListBox final : public ListBox {
   using ListBox::take;
 
   std::vector<bool> ticks_;
+  ListBox* beside_ = nullptr;
 };
 
 }  // namespace ordelan::ui

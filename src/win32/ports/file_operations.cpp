@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "system/file_system.h"
 #include "win32/ansi_text.h"
 #include "win32/ports/error_reason.h"
 #include "win32/ports/extended_path.h"
