@@ -8,7 +8,7 @@
 namespace ordelan::skin {
 
 inline constexpr std::array kProtectedFoldersPlaces = {
-    Place{"AvisoNoBorrados", -1, 150, 86, 340, 190},
+    Place{"AvisoNoBorrados", -1, 150, 74, 340, 154},
     Place{"Label1", -1, 14, 10, 480, 20},
     Place{"Drive1", -1, 16, 76, 70, 148},
     Place{"LabelDir", -1, 94, 52, 530, 20},

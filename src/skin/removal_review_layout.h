@@ -9,7 +9,7 @@ namespace ordelan::skin {
 
 inline constexpr std::array kRemovalReviewPlaces = {
     Place{"TextAviso", -1, 72, 120, 380, 96},
-    Place{"AvisoSound", -1, 548, 166, 272, 106},
+    Place{"AvisoSound", -1, 544, 166, 284, 106},
     Place{"LabelErase", -1, 14, 10, 600, 20},
     Place{"ListStatus", -1, 40, 46, 19, 379},
     Place{"ListBorrar", -1, 40, 46, 500, 379},
