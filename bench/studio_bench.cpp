@@ -50,7 +50,7 @@ void candidates(benchmark::State& state) {
     auto job = work::Job::begin(machine.work, machine.platform);
     project::LeftOut left_out(machine.work);
     project::UnusedAnalysis analysis(machine.platform, lists, strip, left_out);
-    std::vector<std::string> found;
+    project::Candidates found;
     analysis.BuscarArchivosAPI("D:\\Mix", found, job);
     rows = found.size();
   }

@@ -34,10 +34,10 @@ void Form1::LlenarListUtilizados(work::Job& job) {
 void Form1::LlenarListBorrar(work::Job& job) {
   lists.ListBorrar.clear();
   work_.ListaBorrarCompleta = false;
-  analysis_.ListarArchivosCarpetas(job);
+  const auto candidates = analysis_.ListarArchivosCarpetas(job);
   if (job.superseded()) return;
   const std::vector<std::string> also_used = decoding_.also_used();  // a decode may come between
-  analysis_.BuscarNoUtilizados(job, also_used);
+  analysis_.BuscarNoUtilizados(job, candidates, also_used);
   if (job.superseded()) return;
   if (!job.cancelled() && !lists.ListUtilizados.empty()) {
     CopiarListBorrados();

@@ -52,7 +52,7 @@ Status take_over(const std::string& from, const struct stat& status, const struc
 Status copy_bytes(const Descriptor& source, const Descriptor& copy,
                   const system::FileSystem::Progress& progress) {
   constexpr std::size_t kBlock = 1 << 20;
-  constexpr std::size_t kInKernel = 16 * kBlock;
+  constexpr std::size_t kInKernel = 4 * kBlock;
   std::uint64_t copied = 0;
   // The kernel copies without a way through this program, where the two disks allow it.
   for (;;) {

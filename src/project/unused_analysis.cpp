@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_set>
@@ -20,12 +21,25 @@
 namespace ordelan::project {
 namespace {
 
-// In loops that only move rows: so few take much less than a turn's time.
+// In loops that only make rows: so few take much less than a turn's time.
 constexpr std::size_t kRowsBetweenTurns = 256;
+
+// The paths of candidates, with turns in between. It breaks off where the job must stop.
+std::vector<std::string> paths_of(const Candidates& candidates,
+                                  const std::vector<Candidates::File>& files, work::Job& job) {
+  std::vector<std::string> paths;
+  paths.reserve(files.size());
+  for (const Candidates::File file : files) {
+    paths.push_back(candidates.path(file));
+    if (job.must_stop()) break;
+    if (paths.size() % kRowsBetweenTurns == 0) job.turn();
+  }
+  return paths;
+}
 
 }  // namespace
 
-void UnusedAnalysis::ListarArchivosCarpetas(work::Job& job) {
+Candidates UnusedAnalysis::ListarArchivosCarpetas(work::Job& job) {
   const auto projects = lists_.ListProyectos.kept_rows();
   std::vector<std::string> folders;
   for (const std::string& row : *projects) {
@@ -39,16 +53,14 @@ void UnusedAnalysis::ListarArchivosCarpetas(work::Job& job) {
   }
   const auto repeated = repeated_rows(folders);
 
-  std::vector<std::string> candidates;
+  Candidates candidates;
   searched_.clear();
   for (std::size_t i = 0; i < folders.size() && !job.must_stop(); ++i) {
     if (!repeated[i] && !BuscarArchivosAPI(folders[i], candidates, job)) break;
   }
-  if (job.superseded()) return;
-  if (!job.cancelled()) note_projects_left_out(*projects, job);
-  if (job.superseded()) return;
-  lists_.List1.clear();
-  lists_.List1.add(std::move(candidates));
+  if (!job.must_stop()) note_projects_left_out(*projects, job);
+  if (!job.superseded()) lists_.List1.clear();
+  return candidates;
 }
 
 // Whether a project is one of the rows under another path: through a link or a substituted drive.
@@ -121,27 +133,20 @@ void UnusedAnalysis::note_projects_left_out(const std::vector<std::string>& proj
   }
 }
 
-bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, std::vector<std::string>& Lista,
-                                       work::Job& job) {
-  std::array<std::vector<std::string>, kPatterns.size()> found;
+bool UnusedAnalysis::BuscarArchivosAPI(const std::string& Ruta, Candidates& Lista, work::Job& job) {
+  std::array<std::vector<Candidates::File>, kPatterns.size()> found;
   const bool whole =
       job.folders().walk(system::with_backslash(Ruta),
                          [&](const std::string& folder, const work::FolderTree::Listing& listing) {
-                           searched_.insert(folder);
-                           for (const work::FolderTree::Entry& file : listing.files) {
-                             if (const auto kind = kind_of(file.name)) {
-                               found[*kind].push_back(text::path_of(folder, file.name));
-                             }
+                           // Folders come nearly in the order of the set.
+                           searched_.insert(searched_.end(), folder);
+                           const auto [first, end] = Lista.files_of(folder, listing);
+                           for (Candidates::File file = first; file < end; ++file) {
+                             found[Lista.kind(file)].push_back(file);
                            }
                            return job.turn();
                          });
-  for (auto& rows : found) {
-    for (std::string& row : rows) {
-      Lista.push_back(std::move(row));
-      if (Lista.size() % kRowsBetweenTurns == 0) job.turn();
-    }
-    rows = {};
-  }
+  for (const auto& files : found) Lista.list(files);
   return whole && !job.must_stop();
 }
 
@@ -158,81 +163,89 @@ bool UnusedAnalysis::equal(const std::string& used, const std::string& candidate
   return !platform_.files.look_up(used) || !platform_.files.look_up(candidate);
 }
 
-void UnusedAnalysis::BuscarNoUtilizados(work::Job& job, const std::vector<std::string>& also_used) {
-  if (lists_.ListUtilizados.empty()) return;
-  lists_.ListBorrar.hide();
-  strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
+void UnusedAnalysis::BuscarNoUtilizados(work::Job& job, const Candidates& candidates,
+                                        const std::vector<std::string>& also_used) {
   // Handlers that run in between may empty the lists.
   const auto used = lists_.ListUtilizados.kept_rows();
   const auto shown = lists_.ListVip.kept_rows();
-  std::vector<std::string> candidates = lists_.List1.take();
-  strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used->size()));
-
-  const DiskQuestions disk = {
-      [&](const std::string& path) { return exists(path, job.folders()); },
-      [&](const std::string& a, const std::string& b) { return equal(a, b, job); }};
-  const auto struck = strike_used(*used, candidates, disk, [&](std::size_t i) {
-    return job.turn([&] { strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i)); });
-  });
-  if (job.superseded()) return;
-  std::vector<std::string> left;
-  for (std::size_t i = 0; i < candidates.size(); ++i) {
-    if (!struck[i]) left.push_back(std::move(candidates[i]));
-    if (job.must_stop()) break;
-    if (i % kRowsBetweenTurns == 0) job.turn();
+  std::vector<bool> struck(candidates.size(), false);
+  if (!used->empty()) {
+    lists_.ListBorrar.hide();
+    strip_.Alerta(work::kResult, "Buscando archivos no utilizados ", true);
+    strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(used->size()));
+    const DiskQuestions disk = {
+        [&](const std::string& path) { return exists(path, job.folders()); },
+        [&](const std::string& a, const std::string& b) { return equal(a, b, job); }};
+    struck = strike_used(*used, candidates, disk, [&](std::size_t i) {
+      return job.turn([&] { strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i)); });
+    });
+    if (job.superseded()) return;
   }
-  candidates = {};
-  if (!job.cancelled()) offer_unused({used.get(), shown.get(), &also_used}, left, job);
+  std::vector<Candidates::File> left;
+  for (std::size_t i = 0; i < candidates.size(); ++i) {
+    if (!struck[i]) left.push_back(candidates[i]);
+  }
+  auto rows = paths_of(candidates, left, job);
   if (job.superseded()) return;
-  if (job.cancelled()) offer_nothing();
+  if (!used->empty()) {
+    if (!job.cancelled()) {
+      offer_unused({used.get(), shown.get(), &also_used}, candidates, left, job);
+    }
+    if (job.superseded()) return;
+    if (job.cancelled()) offer_nothing();
+  }
   lists_.List1.clear();
-  lists_.List1.add(std::move(left));
+  lists_.List1.add(std::move(rows));
 }
 
 // Fills ListBorrar, unless the job has to end first.
 void UnusedAnalysis::offer_unused(const std::vector<const std::vector<std::string>*>& used,
-                                  const std::vector<std::string>& left, work::Job& job) {
+                                  const Candidates& candidates,
+                                  const std::vector<Candidates::File>& left, work::Job& job) {
   strip_.XP_ProgressBar1.set_range(0, static_cast<std::int64_t>(left.size()));
   // A file may be listed with several folders: it is looked at once.
-  std::vector<std::string> audio;
-  std::vector<text::RowTable::Row> row_of;  // of each listing of a file: its row in `audio`
-  text::RowTable seen(left.size());
-  const auto text_of = [&](text::RowTable::Row row) { return std::string_view(audio[row]); };
+  constexpr auto kUnseen = text::RowTable::kNone;
+  std::vector<Candidates::File> audio;
+  std::vector<std::uint32_t> row_of;  // of each listing of a file: its row in `audio`
+  std::vector<std::uint32_t> seen(candidates.files(), kUnseen);  // the row of each file
   for (std::size_t i = 0; i < left.size(); ++i) {
-    if (is_offered(left[i]) && left[i].find("FreezeData") == std::string::npos) {
-      const auto row = static_cast<text::RowTable::Row>(audio.size());
-      const auto before = seen.find(left[i], text_of);
-      row_of.push_back(before == text::RowTable::kNone ? row : before);
-      if (before == text::RowTable::kNone) {
-        audio.push_back(left[i]);
-        seen.put(row, text_of);
+    const Candidates::File file = left[i];
+    if (seen[file] != kUnseen || candidates.may_be_offered(file)) {
+      if (seen[file] == kUnseen) {
+        seen[file] = static_cast<std::uint32_t>(audio.size());
+        audio.push_back(file);
       }
+      row_of.push_back(seen[file]);
     }
     if (!job.turn([&] { strip_.XP_ProgressBar1.set_value(static_cast<std::int64_t>(i)); })) return;
   }
   // The strike compares names and paths letter for letter, and may pass over a row that was listed
   // twice. A file that a project names is not offered for all that.
-  const auto same =
-      same_as_used(audio, used, platform_.files, job.folders(), [&] { return job.turn(); });
+  const auto same = same_as_used(candidates, audio, used, platform_.files, job.folders(),
+                                 [&] { return job.turn(); });
   if (job.must_stop()) return;
   std::size_t total = 0;
   std::size_t rows = 0;
-  const std::string* last_repeated = nullptr;
-  for (const text::RowTable::Row row : row_of) {
+  std::optional<Candidates::File> last_repeated;
+  for (const std::uint32_t row : row_of) {
     const bool repeated = row < rows;
     if (!repeated) ++rows;
     if (same[row]) continue;
     ++total;
-    if (repeated) last_repeated = &audio[row];
+    if (repeated) last_repeated = audio[row];
   }
-  const std::string duplicate = last_repeated == nullptr ? "" : *last_repeated;
-  std::vector<std::string> kept;
+  std::vector<Candidates::File> kept;
   for (std::size_t i = 0; i < audio.size(); ++i) {
-    if (!same[i]) kept.push_back(std::move(audio[i]));
+    if (!same[i]) kept.push_back(audio[i]);
   }
+  auto paths = paths_of(candidates, kept, job);
+  if (job.must_stop()) return;
   const std::size_t duplicates = total - kept.size();
-  if (duplicates > 0) strip_.Alerta(work::kProgress, "Eliminando duplicado: " + duplicate, true);
-  lists_.ListBorrar.add(std::move(kept));
+  if (last_repeated) {
+    strip_.Alerta(work::kProgress, "Eliminando duplicado: " + candidates.path(*last_repeated),
+                  true);
+  }
+  lists_.ListBorrar.add(std::move(paths));
   lists_.ListBorrar.show();
   head_unused(total, duplicates);
 }

@@ -69,21 +69,43 @@ class HashSet {
 
 using text::folder_of;
 
+// Whether a name in a folder stands in the comparable form of its path as it is but for case.
+bool stands_as_it_is(std::string_view name) {
+  return !name.empty() && name.back() != '.' && name.back() != ' ' &&
+         name.find(':') == std::string_view::npos;
+}
+
 // What is used, as hashes: eight bytes each. Two files of one hash pass for one, which at worst
 // keeps a file.
 class UsedFiles {
  public:
   UsedFiles(system::FileSystem& files, work::FolderTree& tree) : files_(files), tree_(tree) {}
 
-  void count(const std::string& row) { ++at(folder_of(row)).used; }
+  // What is found out about a folder, once.
+  struct Folder {
+    explicit Folder(std::string_view text) : path(text) {}
 
-  void add(const std::string& row) {
-    paths_.insert(path_hash(row));
-    const std::string_view folder = folder_of(row);
-    const std::string_view name = std::string_view(row).substr(folder.size());
-    Folder& place = at(folder);
-    if (place.listing == nullptr && (place.used >= kWorthAListing || tree_.knows(folder))) {
-      place.listing = &tree_.listing(folder);
+    std::string_view path;  // with its backslash, as rows spell it
+    int used = 0;           // files in it
+    const work::FolderTree::Listing* listing = nullptr;
+    bool identified = false;
+    std::optional<FileIdentity> identity;
+    std::optional<std::size_t> key;  // the hash of what comparable paths in it begin with
+  };
+
+  // The folder of a used row, which stays where it is; it is counted as one with a used file more.
+  Folder& count(const std::string& row) {
+    Folder& folder = at(folder_of(row));
+    ++folder.used;
+    return folder;
+  }
+
+  void add(const std::string& row, Folder& place) {
+    const std::string_view name = std::string_view(row).substr(place.path.size());
+    const std::size_t name_key = key_of(name);
+    paths_.insert(path_hash(place, name, name_key));
+    if (place.listing == nullptr && (place.used >= kWorthAListing || tree_.knows(place.path))) {
+      place.listing = &tree_.listing(place.path);
     }
     const work::FolderTree::Entry* entry = nullptr;
     if (place.listing != nullptr) {
@@ -93,26 +115,27 @@ class UsedFiles {
     }
     if (entry != nullptr) {
       if (entry->link) add_target(row);
-      add_name(identity_of(folder), entry->name);
-      if (entry->number != 0) add_number(identity_of(folder), entry->number);
+      add_name(identity_of(place), entry->name == name ? name_key : key_of(entry->name));
+      if (entry->number != 0) add_number(identity_of(place), entry->number);
     } else if (const auto info = files_.info(row)) {
       if (info->link) add_target(row);
-      add_name(identity_of(folder), info->name);
-      if (info->number != 0) add_number(identity_of(folder), info->number);
+      add_name(identity_of(place), key_of(info->name));
+      if (info->number != 0) add_number(identity_of(place), info->number);
     }
   }
 
-  // Whether an offered row is used, as far as paths, folders and listings tell.
-  bool holds(const std::string& row, const work::FolderTree::Entry* entry) {
-    if (paths_.contains(path_hash(row))) return true;
+  // Whether an offered file is used, as far as paths, folders and listings tell.
+  bool holds(const Candidates& candidates, Candidates::File file) {
+    const std::string_view name = candidates.name(file);
+    const std::size_t name_key = key_of(name);
+    Folder& place = at(candidates.folder(file));
+    if (paths_.contains(path_hash(place, name, name_key))) return true;
     if (names_.empty() && numbers_.empty()) return false;
-    const std::string_view folder = folder_of(row);
-    const auto& place = identity_of(folder);
-    if (!place) return false;
-    if (names_.contains(name_hash(*place, std::string_view(row).substr(folder.size()))))
-      return true;
-    return entry != nullptr && entry->number != 0 &&
-           numbers_.contains(mix(place->volume, entry->number));
+    const auto& identity = identity_of(place);
+    if (!identity) return false;
+    if (names_.contains(mix(hash(*identity), name_key))) return true;
+    const std::uint64_t number = candidates.number(file);
+    return number != 0 && numbers_.contains(mix(identity->volume, number));
   }
 
   // The same for what links lead to.
@@ -127,47 +150,56 @@ class UsedFiles {
 
  private:
   // A file in what may be another way to a folder that was searched.
-  void add_name(const std::optional<FileIdentity>& folder, std::string_view name) {
-    if (folder) names_.insert(name_hash(*folder, name));
+  void add_name(const std::optional<FileIdentity>& folder, std::size_t name_key) {
+    if (folder) names_.insert(mix(hash(*folder), name_key));
   }
   void add_number(const std::optional<FileIdentity>& folder, std::uint64_t number) {
     if (folder) numbers_.insert(mix(folder->volume, number));
   }
 
-  std::size_t path_hash(std::string_view path) {
-    key_.clear();
-    text::append_same_file_key(path, key_);
-    return std::hash<std::string_view>()(key_);
-  }
+  static std::size_t hash_of(std::string_view text) { return std::hash<std::string_view>()(text); }
 
-  std::size_t name_hash(const FileIdentity& folder, std::string_view name) {
+  // The hash of a name in capitals.
+  std::size_t key_of(std::string_view name) {
     key_.clear();
     for (const char c : name) key_ += text::upper(c);
-    return mix(hash(folder), std::hash<std::string_view>()(key_));
+    return hash_of(key_);
   }
 
-  // What is found out about a folder, once.
-  struct Folder {
-    int used = 0;  // files in it
-    const work::FolderTree::Listing* listing = nullptr;
-    bool identified = false;
-    std::optional<FileIdentity> identity;
-  };
-  using Folders = std::unordered_map<std::string_view, Folder>;  // by the text of a row
+  // The hash of a path by which its spellings are compared: of what stands before the last name,
+  // and of that. Most names are just put after the folder, so that its part is made once.
+  std::size_t path_hash(Folder& folder, std::string_view name, std::size_t name_key) {
+    if (!folder.path.ends_with('\\') || !stands_as_it_is(name)) return path_hash(folder.path, name);
+    if (!folder.key) {
+      const std::string key = key_in(folder.path, "x");
+      folder.key = hash_of(std::string_view(key).substr(0, key.rfind('\\')));
+    }
+    return mix(*folder.key, name_key);
+  }
+  static std::size_t path_hash(std::string_view folder, std::string_view name) {
+    const std::string key = key_in(folder, name);
+    const std::size_t cut = std::min(key.rfind('\\'), key.size());  // a drive alone has none
+    return mix(hash_of(std::string_view(key).substr(0, cut)),
+               hash_of(std::string_view(key).substr(std::min(cut + 1, key.size()))));
+  }
+  static std::string key_in(std::string_view folder, std::string_view name) {
+    return text::same_file_key(text::path_of(folder, name));
+  }
 
   Folder& at(std::string_view folder) {
     if (auto* const recent = recent_.find(folder)) return recent->second;
-    auto& entry = *folders_.try_emplace(folder).first;
+    auto& entry = *folders_.try_emplace(folder, folder).first;
     recent_.put(entry);
     return entry.second;
   }
 
-  const std::optional<FileIdentity>& identity_of(std::string_view folder) {
-    Folder& place = at(folder);
-    if (!place.identified) place.identity = files_.identity(folder);
+  const std::optional<FileIdentity>& identity_of(Folder& place) {
+    if (!place.identified) place.identity = files_.identity(place.path);
     place.identified = true;
     return place.identity;
   }
+
+  using Folders = std::unordered_map<std::string_view, Folder>;  // by the text of a row
 
   system::FileSystem& files_;
   work::FolderTree& tree_;
@@ -182,7 +214,8 @@ class UsedFiles {
 
 }  // namespace
 
-std::vector<bool> same_as_used(const std::vector<std::string>& offered,
+std::vector<bool> same_as_used(const Candidates& candidates,
+                               const std::vector<Candidates::File>& offered,
                                const std::vector<const std::vector<std::string>*>& used,
                                system::FileSystem& files, work::FolderTree& tree,
                                const std::function<bool()>& go_on) {
@@ -198,14 +231,17 @@ std::vector<bool> same_as_used(const std::vector<std::string>& offered,
     }
     return true;
   };
-  if (!each_used([&](const std::string& row) { in_use.count(row); })) return same;
-  if (!each_used([&](const std::string& row) { in_use.add(row); })) return same;
+  std::vector<UsedFiles::Folder*> places;  // of the used files, in their order
+  if (!each_used([&](const std::string& row) { places.push_back(&in_use.count(row)); })) {
+    return same;
+  }
+  auto place = places.begin();
+  if (!each_used([&](const std::string& row) { in_use.add(row, **place++); })) return same;
 
   bool link_offered = false;
   for (std::size_t i = 0; i < offered.size(); ++i) {
-    const work::FolderTree::Entry* const entry = tree.known_file(offered[i]);
-    same[i] = in_use.holds(offered[i], entry);
-    link_offered |= !same[i] && entry != nullptr && entry->link;
+    same[i] = in_use.holds(candidates, offered[i]);
+    link_offered |= !same[i] && candidates.link(offered[i]);
     if (!go_on()) return same;
   }
   if (link_offered && !each_used([&](const std::string& row) { in_use.add_target(row); })) {
@@ -213,7 +249,7 @@ std::vector<bool> same_as_used(const std::vector<std::string>& offered,
   }
   if (!in_use.has_targets()) return same;
   for (std::size_t i = 0; i < offered.size(); ++i) {
-    if (!same[i]) same[i] = in_use.holds_target(offered[i]);
+    if (!same[i]) same[i] = in_use.holds_target(candidates.path(offered[i]));
     if (!go_on()) return same;
   }
   return same;

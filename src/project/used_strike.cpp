@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "text/paths.h"
 #include "text/row_table.h"
@@ -48,37 +49,60 @@ class Remaining {
 class ByName {
  public:
   // Stops early, with a part of the candidates, when `go_on` gives false.
-  ByName(const std::vector<std::string>& rows, const std::function<bool(std::size_t)>& go_on)
-      : rows_(rows), names_(rows.size()), first_(rows.size()), behind_(rows.size(), kNone) {
-    for (std::size_t i = rows.size(); i-- > 0;) {
+  ByName(const Candidates& candidates, const std::function<bool(std::size_t)>& go_on)
+      : candidates_(candidates),
+        names_(candidates.files()),
+        first_(candidates.files(), kNone),
+        after_(candidates.size(), kNone) {
+    std::vector<Candidates::File> namesake(candidates.files());
+    for (Candidates::File file = 0; file < candidates.files(); ++file) {
+      if (file % kRowsBetweenTurns == 0 && !go_on(0)) return;
+      namesake[file] = names_.find_or_put(file, [this](Index each) { return name_of(each); });
+    }
+    for (std::size_t i = candidates.size(); i-- > 0;) {
       if (i % kRowsBetweenTurns == 0 && !go_on(0)) return;
-      const std::string_view name = text::file_name(rows[i]);
-      names_[i] = {static_cast<std::uint32_t>(name.data() - rows[i].data()),
-                   static_cast<std::uint32_t>(name.size())};
-      const auto row = static_cast<Index>(i);
-      behind_[i] = first_.put(row, [this](Index each) { return name_of(each); });
+      after_[i] = std::exchange(first_[namesake[candidates[i]]], static_cast<Index>(i));
     }
   }
 
   Index first(std::string_view wanted) const {
-    return first_.find(wanted, [this](Index each) { return name_of(each); });
+    const Index file = names_.find(wanted, [this](Index each) { return name_of(each); });
+    return file == kNone ? kNone : first_[file];
   }
-  Index behind(Index i) const { return behind_[i]; }
+  Index after(Index i) const { return after_[i]; }
 
  private:
-  // Where a row's name stands in it.
-  struct Name {
-    std::uint32_t at;
-    std::uint32_t size;
-  };
-  std::string_view name_of(Index i) const {
-    return std::string_view(rows_[i]).substr(names_[i].at, names_[i].size);
+  std::string_view name_of(Index file) const { return candidates_.name(file); }
+
+  const Candidates& candidates_;
+  text::RowTable names_;      // the first file of each name
+  std::vector<Index> first_;  // of such a file: where its name first stands in the order
+  std::vector<Index> after_;
+};
+
+// Whether candidates have the bytes of a used file, each asked for once: a file that was listed
+// with two folders stands in the order twice.
+class CopiesOfUsed {
+ public:
+  CopiesOfUsed(const Candidates& candidates, const DiskQuestions& disk)
+      : candidates_(candidates), disk_(disk), asked_(candidates.files()) {}
+
+  bool holds(std::size_t index, const std::string& used, Candidates::File file) {
+    Answer& last = asked_[file];
+    if (last.after != index + 1) {
+      last = {static_cast<std::uint32_t>(index + 1), disk_.equal(used, candidates_.path(file))};
+    }
+    return last.equal;
   }
 
-  const std::vector<std::string>& rows_;
-  std::vector<Name> names_;
-  text::RowTable first_;
-  std::vector<Index> behind_;
+ private:
+  struct Answer {
+    std::uint32_t after = 0;  // one more than the used file's index
+    bool equal = false;
+  };
+  const Candidates& candidates_;
+  const DiskQuestions& disk_;
+  std::vector<Answer> asked_;
 };
 
 bool protects(const std::string& used) {
@@ -87,24 +111,26 @@ bool protects(const std::string& used) {
 
 }  // namespace
 
-std::vector<bool> strike_used(const std::vector<std::string>& used,
-                              const std::vector<std::string>& candidates, const DiskQuestions& disk,
+std::vector<bool> strike_used(const std::vector<std::string>& used, const Candidates& candidates,
+                              const DiskQuestions& disk,
                               const std::function<bool(std::size_t index)>& go_on) {
   Remaining remaining(candidates.size());
   const ByName by_name(candidates, go_on);
+  CopiesOfUsed copies(candidates, disk);
   for (std::size_t i = 0; i < used.size(); ++i) {
     if (!go_on(i)) break;
     if (!protects(used[i])) continue;
     std::optional<bool> used_exists;
     Index unseen = kNone;  // it has moved into the place of one that went
-    for (Index c = by_name.first(text::file_name(used[i])); c != kNone; c = by_name.behind(c)) {
+    for (Index c = by_name.first(text::file_name(used[i])); c != kNone; c = by_name.after(c)) {
       if (remaining.is_struck(c) || c == unseen) continue;
-      const std::string& candidate = candidates[c];
-      const bool same = candidate == used[i];
-      if (!used_exists) used_exists = disk.exists(used[i]);
-      const bool both = *used_exists && (same || disk.exists(candidate));
-      const bool goes = !both || same || disk.equal(used[i], candidate);
-      if (!goes) continue;
+      const Candidates::File file = candidates[c];
+      const bool same = candidates.is_at(file, used[i]);
+      if (!same) {
+        if (!used_exists) used_exists = disk.exists(used[i]);
+        const bool both = *used_exists && candidates.plain(file);
+        if (both && !copies.holds(i, used[i], file)) continue;
+      }
       unseen = remaining.strike(c);
       if (same && unseen != kNone) unseen = remaining.strike(unseen);
     }

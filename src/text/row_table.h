@@ -29,6 +29,16 @@ class RowTable {
     return slots_[place(text, hash_of(text), text_of)].row;
   }
 
+  // The row of the table with the text of `row`: `row` itself, which is put in, if there was none.
+  template <class TextOf>
+  Row find_or_put(Row row, const TextOf& text_of) {
+    const std::string_view text = text_of(row);
+    const std::uint32_t hash = hash_of(text);
+    Slot& slot = slots_[place(text, hash, text_of)];
+    if (slot.row == kNone) slot = {hash, row};
+    return slot.row;
+  }
+
   // Puts in a row, in the place of one with the same text. Gives that one, kNone if there was none.
   template <class TextOf>
   Row put(Row row, const TextOf& text_of) {

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "main_window/main_window.h"
+#include "project/candidates_of.h"
 #include "project/memory_folders.h"
 #include "project/side_files.h"
 #include "project/used_guard.h"
@@ -514,7 +515,9 @@ struct LastLook : ::testing::Test {
     for (const std::string& file : used) {
       names.push_back(file.find(':') == std::string::npos ? disk.path(file) : file);
     }
-    return project::same_as_used(rows, {&names}, files, tree, [] { return true; });
+    const auto candidates = candidates_of(rows, tree);
+    return project::same_as_used(candidates, all_of(candidates), {&names}, files, tree,
+                                 [] { return true; });
   }
   bool make_link(const std::string& target, const std::string& link, bool folder) {
     std::error_code failed;

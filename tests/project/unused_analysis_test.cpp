@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "project/candidate_kinds.h"
+#include "project/candidates_of.h"
 #include "project/used_strike.h"
 #include "support/faulty_files.h"
 #include "support/hostile_bytes.h"
@@ -28,8 +29,8 @@ struct UnusedFiles : ::testing::Test, WorkBench {
   void search() {
     job.folders().forget();
     lists.ListBorrar.clear();
-    analysis.ListarArchivosCarpetas(job);
-    analysis.BuscarNoUtilizados(job);
+    candidates = analysis.ListarArchivosCarpetas(job);
+    analysis.BuscarNoUtilizados(job, candidates);
   }
   const std::vector<std::string>& offered() const { return lists.ListBorrar.rows(); }
   bool equal(const std::string& a, const std::string& b) {
@@ -39,6 +40,7 @@ struct UnusedFiles : ::testing::Test, WorkBench {
   work::Job job = work::Job::join(work, platform);
   project::LeftOut left_out{work};
   project::UnusedAnalysis analysis{platform, lists, strip, left_out};
+  project::Candidates candidates;  // of the last search
 };
 
 TEST_F(UnusedFiles, a_used_file_goes_and_the_candidate_after_it_too) {
@@ -142,8 +144,8 @@ TEST_F(UnusedFiles, where_nothing_is_used_nothing_changes) {
   lists.ListBorrar.add("E:\\antes.wav");
   lists.LabelErase[1].set_caption("antes");
   lists.ListBorrar.hide();
-  analysis.ListarArchivosCarpetas(job);
-  analysis.BuscarNoUtilizados(job);
+  candidates = analysis.ListarArchivosCarpetas(job);
+  analysis.BuscarNoUtilizados(job, candidates);
   EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
   EXPECT_THAT(offered(), ElementsAre("E:\\antes.wav"));
   EXPECT_EQ(lists.LabelErase[1].caption(), "antes");
@@ -199,8 +201,8 @@ TEST_F(UnusedFiles, two_projects_of_one_folder_list_it_once) {
   list_project("Mix\\tema.vip");
   list_project("Mix\\otro.vip");
   disk.write("Mix\\a.wav", "a");
-  analysis.ListarArchivosCarpetas(job);
-  EXPECT_THAT(lists.List1.rows(), ElementsAre(disk.path("Mix\\a.wav")));
+  candidates = analysis.ListarArchivosCarpetas(job);
+  EXPECT_THAT(paths_of(candidates), ElementsAre(disk.path("Mix\\a.wav")));
 }
 
 TEST_F(UnusedFiles, candidates_come_folder_by_folder_and_pattern_by_pattern) {
@@ -210,8 +212,8 @@ TEST_F(UnusedFiles, candidates_come_folder_by_folder_and_pattern_by_pattern) {
                             "Mix\\Uno\\a.mp3", "Mix\\Zeta\\a.h2", "Otro\\a.wav"}) {
     disk.write(below, "x");
   }
-  analysis.ListarArchivosCarpetas(job);
-  EXPECT_THAT(lists.List1.rows(),
+  candidates = analysis.ListarArchivosCarpetas(job);
+  EXPECT_THAT(paths_of(candidates),
               ElementsAre(disk.path("Mix\\z.wav"), disk.path("Mix\\Uno\\a.wav"),
                           disk.path("Mix\\Uno\\Dos\\a.wav"), disk.path("Mix\\b.h2"),
                           disk.path("Mix\\Zeta\\a.h2"), disk.path("Mix\\Uno\\a.mp3"),
@@ -221,8 +223,8 @@ TEST_F(UnusedFiles, candidates_come_folder_by_folder_and_pattern_by_pattern) {
 TEST_F(UnusedFiles, the_folder_of_a_project_that_is_gone_is_not_searched) {
   disk.write("Mix\\a.wav", "a");
   lists.ListProyectos.add(text::project_row(1, disk.path("Mix\\tema.vip")));
-  analysis.ListarArchivosCarpetas(job);
-  EXPECT_THAT(lists.List1.rows(), IsEmpty());
+  candidates = analysis.ListarArchivosCarpetas(job);
+  EXPECT_THAT(paths_of(candidates), IsEmpty());
 }
 
 TEST_F(UnusedFiles, names_are_compared_letter_for_letter) {
@@ -294,7 +296,7 @@ TEST_F(UnusedFiles, a_cancel_in_the_middle_offers_nothing) {
   int pumps = 0;
   backend.on_pump = [&] { work.Cancelar = strip.TextDecode.visible() && ++pumps == 4; };
   lists.ListBorrar.clear();
-  analysis.BuscarNoUtilizados(job);
+  analysis.BuscarNoUtilizados(job, candidates);
   EXPECT_EQ(pumps, 4) << "it went on after the cancel";
   EXPECT_THAT(offered(), IsEmpty());
   EXPECT_TRUE(lists.ListBorrar.visible());
@@ -310,12 +312,12 @@ TEST_F(UnusedFiles, a_cancel_at_any_turn_offers_nothing_and_claims_nothing) {
   int cancelled = 0;
   for (int turn = 1; turn < 60; ++turn) {
     work.Cancelar = false;
-    analysis.ListarArchivosCarpetas(job);
+    candidates = analysis.ListarArchivosCarpetas(job);
     lists.ListBorrar.clear();
     for (auto& heading : lists.LabelErase) heading->set_caption("of an earlier search");
     int turns = 0;
     backend.on_pump = [&] { work.Cancelar = ++turns >= turn; };
-    analysis.BuscarNoUtilizados(job);
+    analysis.BuscarNoUtilizados(job, candidates);
     backend.on_pump = nullptr;
     if (turns < turn) break;
     ++cancelled;
@@ -332,14 +334,14 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_in_the_middle_finds_the_lists_unt
   list_project("Mix\\tema.vip");
   disk.write("Mix\\a.wav", "a");
   use("Mix\\a.wav");
-  analysis.ListarArchivosCarpetas(job);
+  candidates = analysis.ListarArchivosCarpetas(job);
   clock.step = std::chrono::milliseconds(20);
   backend.on_pump = [&] {
     work.begin_job();
     lists.List1.clear();
     lists.List1.add("the newer job's row");
   };
-  analysis.BuscarNoUtilizados(job);
+  analysis.BuscarNoUtilizados(job, candidates);
   EXPECT_THAT(lists.List1.rows(), ElementsAre("the newer job's row"));
   EXPECT_EQ(lists.LabelErase[1].caption(), "");
 }
@@ -351,7 +353,7 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_at_any_turn_keeps_its_own_lists_a
   clock.step = std::chrono::milliseconds(20);  // each turn of a loop pumps
   const auto replaced_at = [&](int last) {
     auto now = work::Job::join(work, platform);
-    analysis.ListarArchivosCarpetas(now);
+    candidates = analysis.ListarArchivosCarpetas(now);
     lists.ListBorrar.clear();
     lists.LabelErase.set_visible(false);
     int turns = 0;
@@ -365,7 +367,7 @@ TEST_F(UnusedFiles, a_job_that_takes_its_place_at_any_turn_keeps_its_own_lists_a
       for (auto& heading : lists.LabelErase) heading->set_caption("newer");
       lists.LabelErase.set_visible(true);
     };
-    analysis.BuscarNoUtilizados(now);
+    analysis.BuscarNoUtilizados(now, candidates);
     backend.on_pump = nullptr;
     return turns;
   };
@@ -386,7 +388,7 @@ TEST_F(UnusedFiles, the_list_is_hidden_and_the_bar_runs_while_they_are_searched)
   list_project("Mix\\tema.vip");
   for (int i = 10; i < 16; ++i) disk.write("Mix\\f" + std::to_string(i) + ".wav", "x");
   for (int i = 0; i < 9; ++i) lists.ListUtilizados.add("E:\\z" + std::to_string(i) + ".wav");
-  analysis.ListarArchivosCarpetas(job);
+  candidates = analysis.ListarArchivosCarpetas(job);
   lists.ListBorrar.show();
   clock.step = std::chrono::milliseconds(20);              // each turn of a loop pumps
   std::vector<std::pair<std::int64_t, std::int64_t>> bar;  // the end of its range, and its value
@@ -395,7 +397,7 @@ TEST_F(UnusedFiles, the_list_is_hidden_and_the_bar_runs_while_they_are_searched)
     shown = shown || lists.ListBorrar.visible();
     bar.emplace_back(strip.XP_ProgressBar1.maximum(), strip.XP_ProgressBar1.value());
   };
-  analysis.BuscarNoUtilizados(job);
+  analysis.BuscarNoUtilizados(job, candidates);
   EXPECT_FALSE(shown);
   EXPECT_TRUE(lists.ListBorrar.visible());
   EXPECT_THAT(bar, ::testing::Contains(::testing::Pair(9, 5))) << "first over the used files";
@@ -414,7 +416,7 @@ struct ProjectsWithoutARow : UnusedFiles {
   std::vector<std::string> search_again() {
     job.folders().forget();
     left_out.clear();
-    analysis.ListarArchivosCarpetas(job);
+    candidates = analysis.ListarArchivosCarpetas(job);
     std::vector<std::string> paths;
     for (const auto& each : work.ProyectosFuera) paths.push_back(each.ruta);
     return paths;
@@ -610,12 +612,28 @@ TEST(UsedStrike, the_disk_is_asked_only_about_namesakes_and_never_about_a_path_a
                                          compared.push_back(a + " " + b);
                                          return false;
                                        }};
-  const auto struck = project::strike_used({"D:\\a.wav", "D:\\n.wav"},
-                                           {"D:\\a.wav", "D:\\b.wav", "D:\\c.wav", "E:\\a.wav"},
-                                           disk, [](std::size_t) { return true; });
+  const auto struck =
+      project::strike_used({"D:\\a.wav", "D:\\n.wav"},
+                           candidates_of({"D:\\a.wav", "D:\\b.wav", "D:\\c.wav", "E:\\a.wav"}),
+                           disk, [](std::size_t) { return true; });
   EXPECT_THAT(struck, ElementsAre(true, true, false, false));
   EXPECT_THAT(compared, ElementsAre("D:\\a.wav E:\\a.wav"));
-  EXPECT_THAT(looked_up, ElementsAre("D:\\a.wav", "E:\\a.wav"));
+  EXPECT_THAT(looked_up, ElementsAre("D:\\a.wav")) << "the candidates have been listed";
+}
+
+TEST(UsedStrike, a_namesake_that_is_listed_twice_is_compared_once_with_each_used_file) {
+  std::vector<std::string> compared;
+  const project::DiskQuestions disk = {[](const std::string&) { return true; },
+                                       [&](const std::string& a, const std::string& b) {
+                                         compared.push_back(a + " " + b);
+                                         return a == "E:\\a.wav";
+                                       }};
+  const auto struck =
+      project::strike_used({"F:\\a.wav", "E:\\a.wav"},
+                           candidates_of({"D:\\a.wav", "D:\\b.wav", "D:\\a.wav", "D:\\c.wav"}),
+                           disk, [](std::size_t) { return true; });
+  EXPECT_THAT(struck, ElementsAre(true, false, true, false));
+  EXPECT_THAT(compared, ElementsAre("F:\\a.wav D:\\a.wav", "E:\\a.wav D:\\a.wav"));
 }
 
 TEST(UsedStrike, a_stop_while_the_names_are_collected_ends_it_at_once) {
@@ -624,10 +642,11 @@ TEST(UsedStrike, a_stop_while_the_names_are_collected_ends_it_at_once) {
   std::vector<std::string> candidates;
   for (int i = 0; i < 20'000; ++i) candidates.push_back("D:\\" + std::to_string(i) + ".wav");
   int turns = 0;
-  const auto struck = project::strike_used({"D:\\7.wav"}, candidates, disk, [&](std::size_t) {
-    ++turns;
-    return false;
-  });
+  const auto struck =
+      project::strike_used({"D:\\7.wav"}, candidates_of(candidates), disk, [&](std::size_t) {
+        ++turns;
+        return false;
+      });
   EXPECT_EQ(turns, 2) << "once for the names, once for the used files";
   EXPECT_THAT(struck, ::testing::Each(false));
 }
@@ -635,9 +654,9 @@ TEST(UsedStrike, a_stop_while_the_names_are_collected_ends_it_at_once) {
 TEST(UsedStrike, a_stop_leaves_the_rest_unstruck) {
   const project::DiskQuestions disk = {[](const std::string&) { return true; },
                                        [](const std::string&, const std::string&) { return true; }};
-  const auto struck =
-      project::strike_used({"D:\\a.wav", "D:\\c.wav"}, {"D:\\a.wav", "D:\\b.wav", "D:\\c.wav"},
-                           disk, [](std::size_t i) { return i < 1; });
+  const auto struck = project::strike_used({"D:\\a.wav", "D:\\c.wav"},
+                                           candidates_of({"D:\\a.wav", "D:\\b.wav", "D:\\c.wav"}),
+                                           disk, [](std::size_t i) { return i < 1; });
   EXPECT_THAT(struck, ElementsAre(true, true, false));
 }
 

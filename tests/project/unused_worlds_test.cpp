@@ -7,6 +7,7 @@
 
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
+#include "project/candidates_of.h"
 #include "project/literal_analysis.h"
 #include "project/memory_folders.h"
 #include "project/repeated_rows.h"
@@ -44,8 +45,10 @@ std::string shown(const Rows& rows) {
   literal_strike(used, left, disk);
   std::vector<bool> wanted(candidates.size(), true);
   for (const Candidate& candidate : left) wanted[candidate.place] = false;
-  const auto struck =
-      project::strike_used(used, candidates, disk, [](std::size_t) { return true; });
+  const auto found = candidates_of(candidates, [&](const std::string& path) {
+    return work::FolderTree::Entry{"", disk.exists(path), false, 0};
+  });
+  const auto struck = project::strike_used(used, found, disk, [](std::size_t) { return true; });
   if (struck == wanted) return ::testing::AssertionSuccess();
   return ::testing::AssertionFailure()
          << "used:" << shown(used) << "\ncandidates:" << shown(candidates);
@@ -233,11 +236,11 @@ TEST(UnusedWorlds, the_whole_search_gives_what_the_literal_one_gives_and_offers_
     if (!world.seen_before.empty()) job.folders().listing(world.seen_before);
     project::LeftOut left_out(bench.work);
     project::UnusedAnalysis fast(bench.platform, bench.lists, bench.strip, left_out);
-    fast.ListarArchivosCarpetas(job);
+    const auto found = fast.ListarArchivosCarpetas(job);
     literal.ListarArchivosCarpetas();
-    ASSERT_EQ(bench.lists.List1.rows(), literal.List1) << "world " << seed << described(world);
+    ASSERT_EQ(paths_of(found), literal.List1) << "world " << seed << described(world);
     const Rows candidates = literal.List1;
-    fast.BuscarNoUtilizados(job);
+    fast.BuscarNoUtilizados(job, found);
     literal.BuscarNoUtilizados();
     ASSERT_EQ(bench.lists.List1.rows(), literal.List1)
         << "world " << seed << described(world) << "\ncandidates:" << shown(candidates);

@@ -7,9 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "project/candidates_of.h"
 #include "project/memory_folders.h"
 #include "support/faulty_files.h"
+#include "support/hostile_bytes.h"
 #include "text/code_page.h"
+#include "text/paths.h"
 
 namespace ordelan::test {
 namespace {
@@ -33,7 +36,9 @@ struct UsedGuard : ::testing::Test {
   }
 
   std::vector<bool> same_as_any(const Rows& offered, const std::vector<const Rows*>& used) {
-    return project::same_as_used(offered, used, files, tree, [] { return true; });
+    const auto candidates = candidates_of(offered, tree);
+    return project::same_as_used(candidates, all_of(candidates), used, files, tree,
+                                 [] { return true; });
   }
   std::vector<bool> same(const Rows& offered, const Rows& used) {
     return same_as_any(offered, {&used});
@@ -150,6 +155,30 @@ TEST_F(UsedGuard, an_offered_row_in_a_folder_that_has_gone_is_compared_by_its_pa
   EXPECT_THAT(same({"D:\\gone\\n0.wav", "D:\\A\\N0.WAV"}, used), ElementsAre(false, true));
 }
 
+TEST_F(UsedGuard, takes_two_paths_for_one_exactly_if_their_comparable_forms_are_equal) {
+  constexpr std::string_view kPieces[] = {"a", "A",  "b.wav", ".", "..",
+                                          " ", "\\", "/",     ":", "D:\\"};
+  int equal = 0;
+  for (std::uint64_t seed = 0; seed < 50'000; ++seed) {
+    Dice dice(seed);
+    const auto path = [&] {
+      std::string text;
+      for (auto count = dice.below(6); count > 0; --count) {
+        text += kPieces[dice.below(std::size(kPieces))];
+      }
+      return text;
+    };
+    // Mostly paths that differ little.
+    const std::string used = "D:\\" + path();
+    std::string offered = dice.below(2) == 0 ? text::upper(used) + path() : path();
+    if (dice.below(3) == 0) offered.insert(dice.below(offered.size() + 1), "\\");
+    const bool one = text::same_file_key(used) == text::same_file_key(offered);
+    ASSERT_THAT(same({offered}, {used}), ElementsAre(one)) << used << "   " << offered;
+    equal += one ? 1 : 0;
+  }
+  EXPECT_GT(equal, 1000);
+}
+
 TEST_F(UsedGuard, asks_no_more_at_all_once_it_has_to_stop) {
   const Rows used = fill("D:\\a", 3);
   Rows offered = fill("D:\\b", 2);
@@ -162,7 +191,9 @@ TEST_F(UsedGuard, asks_no_more_at_all_once_it_has_to_stop) {
     work::FolderTree fresh(files);
     fresh.listing("D:\\b\\");
     turns = 0;
-    return project::same_as_used(offered, {&used}, files, fresh, [&] { return ++turns != last; });
+    const auto candidates = candidates_of(offered, fresh);
+    return project::same_as_used(candidates, all_of(candidates), {&used}, files, fresh,
+                                 [&] { return ++turns != last; });
   };
   EXPECT_THAT(run(0), SizeIs(3));
   const int all = turns;
