@@ -139,6 +139,9 @@ void RemovalRun::look_at_rows() {
   }
   state_.asked = order_.CheckBorrar ? ticked_.size() : 0;
   if (order_.CheckComprobar) check_.look_at(*rows, folders_->List1.rows(), *job_);
+  if (order_.CheckComprobar && order_.CheckBorraAsociados && !job_->superseded()) {
+    check_.look_at_side_files(*context_.lists.List1.kept_rows(), *job_);
+  }
 }
 
 void RemovalRun::run() {
@@ -346,6 +349,8 @@ void RemovalRun::BorrarAsociados() {
     if (RunCheck::is_project(row) || (order_.CheckComprobar && !RunCheck::is_side_file(row))) {
       const bool project = RunCheck::is_project(row);
       if (files.info(row)) keep(row, project ? reason::kProject : reason::kOtherKind);
+    } else if (const Kept* const stays = order_.CheckComprobar ? check_.kept(row) : nullptr) {
+      if (files.info(row)) state_.kept.push_back(*stays);
     } else {
       files.set_attributes(row, 0).ignore();
       if (files.look_up(row)) {

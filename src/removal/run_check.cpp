@@ -95,6 +95,20 @@ bool RunCheck::has_changed(const std::string& row) const {
   return now && (now->size != found->second.size || now->modified != found->second.modified);
 }
 
+void RunCheck::look_at_side_files(const std::vector<std::string>& rows, work::Job& job) {
+  const auto used = context_.lists.ListUtilizados.kept_rows();
+  const auto shown = context_.lists.ListVip.kept_rows();
+  const auto same = project::same_as_used(rows, {used.get(), shown.get()}, context_.platform.files,
+                                          job.folders(), [&job] {
+                                            job.turn();
+                                            return !job.superseded();
+                                          });
+  if (job.superseded()) return;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (same[i]) keep(rows[i], reason::kUsed);
+  }
+}
+
 void RunCheck::look_at(const std::vector<std::string>& rows,
                        const std::vector<std::string>& folders, work::Job& job) {
   const work::WorkLists& lists = context_.lists;

@@ -30,6 +30,9 @@ class RunCheck {
   void look_at(const std::vector<std::string>& rows, const std::vector<std::string>& folders,
                work::Job& job);
 
+  // The same for side files: those that a project names stay.
+  void look_at_side_files(const std::vector<std::string>& rows, work::Job& job);
+
   // Why a row has to stay; null if it may go.
   const Kept* kept(const std::string& row) const;
 
