@@ -124,6 +124,23 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
   const auto around = project_folders(*lists.ListProyectos.kept_rows());
   std::unordered_map<std::string, bool> links;
   std::unordered_map<std::string, bool> backups;
+  // A protected folder has other names where links lead to it.
+  std::unordered_map<std::string, std::string> protecting_places;
+  std::vector<std::pair<system::FileIdentity, std::string>> places;
+  for (const std::string& folder : folders) {
+    if (const auto place = context_.platform.files.identity(system::with_backslash(folder))) {
+      places.emplace_back(*place, folder);
+    }
+  }
+  const auto protecting_place = [&](const std::string& folder) -> const std::string& {
+    const auto [at, added] = protecting_places.try_emplace(folder);
+    if (!added || places.empty()) return at->second;
+    const auto identity = context_.platform.files.identity(folder);
+    const auto found = std::find_if(places.begin(), places.end(),
+                                    [&](const auto& each) { return each.first == identity; });
+    if (found != places.end()) at->second = found->second;
+    return at->second;
+  };
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::string& row = rows[i];
     if (same[i]) keep(row, reason::kUsed);
@@ -142,6 +159,8 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
       const auto [at, added] = backups.try_emplace(row.substr(0, end + 1));
       if (added) at->second = is_backup_folder(context_.platform.files, at->first);
       if (at->second) keep(row, reason::kBackup);
+      const std::string& place = protecting_place(at->first);
+      if (!place.empty()) keep(row, reason::kProtected + place);
     }
     if (has_changed(row)) keep(row, reason::kChanged);
     if (!go_on()) return;
