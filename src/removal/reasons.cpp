@@ -17,6 +17,12 @@ std::string of(system::Status status) {
       return "la respuesta ha sido no";
     case Reason::not_supported:
       return "la unidad no tiene papelera";
+    case Reason::no_space:
+      return "no hay sitio en el disco";
+    case Reason::no_permission:
+      return "no hay permiso";
+    case Reason::not_ready:
+      return "la unidad no está disponible";
     case Reason::exists:
       return "ya existe un archivo con ese nombre";
     default:

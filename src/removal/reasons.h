@@ -24,6 +24,7 @@ inline constexpr const char* kNoCopy = "no tiene copia: ";
 inline constexpr const char* kNoLine = "no se ha podido anotar: ";
 inline constexpr const char* kProtected = "está protegido por ";
 inline constexpr const char* kOtherKind = "no es de las extensiones de los asociados";
+inline constexpr const char* kUntickedElsewhere = "está desactivado con otra ruta";
 inline constexpr const char* kStopped = "se ha cancelado";
 
 // What a failed call means to the user.

@@ -139,11 +139,19 @@ bool RemovalRun::stopped() const {
 // make its folder one of backups.
 void RemovalRun::look_at_rows() {
   const auto rows = review_->ListBorrar.kept_rows();
+  std::vector<std::string> unticked;
   for (std::size_t i = 0; i < rows->size(); ++i) {
-    if (review_->ListStatus.ticked(i)) ticked_.insert((*rows)[i]);
+    if (review_->ListStatus.ticked(i)) {
+      ticked_.insert((*rows)[i]);
+    } else {
+      unticked.push_back((*rows)[i]);
+    }
   }
   state_.asked = order_.CheckBorrar ? ticked_.size() : 0;
-  if (order_.CheckComprobar) check_.look_at(*rows, folders_->List1.rows(), *job_);
+  if (order_.CheckComprobar) check_.look_at(*rows, unticked, folders_->List1.rows(), *job_);
+  if (order_.CheckComprobar && order_.CheckBorraAsociados && !job_->superseded()) {
+    check_.look_at_side_files(*context_.lists.List1.kept_rows(), *job_);
+  }
 }
 
 void RemovalRun::run() {
@@ -213,7 +221,9 @@ void RemovalRun::copy_row(const std::string& row) {
   if (copied) return;
   uncopied_.insert(row);
   if (context_.platform.files.info(row) && ticked_.contains(row)) {
-    keep(row, reason::kNoCopy + reason::of(copied));
+    // The shell's question does not end a copy: only the user's stop does.
+    const bool stopped = copied == Reason::cancelled;
+    keep(row, reason::kNoCopy + (stopped ? std::string(reason::kStopped) : reason::of(copied)));
   }
 }
 

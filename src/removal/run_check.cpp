@@ -95,7 +95,39 @@ bool RunCheck::has_changed(const std::string& row) const {
   return now && (now->size != found->second.size || now->modified != found->second.modified);
 }
 
+void RunCheck::look_at_side_files(const std::vector<std::string>& rows, work::Job& job) {
+  const auto used = context_.lists.ListUtilizados.kept_rows();
+  const auto shown = context_.lists.ListVip.kept_rows();
+  const auto same = project::same_as_used(rows, {used.get(), shown.get()}, context_.platform.files,
+                                          job.folders(), [&job] {
+                                            job.turn();
+                                            return !job.superseded();
+                                          });
+  if (job.superseded()) return;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (same[i]) keep(rows[i], reason::kUsed);
+  }
+}
+
+// The first project in whose rows the path stands, in whatever spelling; empty where it is used
+// under another path.
+std::string RunCheck::project_using(const std::string& path) const {
+  const std::string key = text::same_file_key(path);
+  const std::string_view name = text::file_name(path);
+  std::string project;
+  for (const std::string& row : context_.lists.ListUtilizados.rows()) {
+    if (row.find('>') != std::string::npos) {
+      project = text::Obtener_VipPath(row);
+    } else if (text::equal_ignoring_case(text::file_name(row), name) &&
+               text::same_file_key(row) == key) {
+      return project;
+    }
+  }
+  return {};
+}
+
 void RunCheck::look_at(const std::vector<std::string>& rows,
+                       const std::vector<std::string>& unticked,
                        const std::vector<std::string>& folders, work::Job& job) {
   const work::WorkLists& lists = context_.lists;
   const auto used = lists.ListUtilizados.kept_rows();
@@ -107,12 +139,33 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
   const auto same = project::same_as_used(rows, {used.get(), shown.get()}, context_.platform.files,
                                           job.folders(), go_on);
   if (job.superseded()) return;
+  const auto same_as_unticked =
+      project::same_as_used(rows, {&unticked}, context_.platform.files, job.folders(), go_on);
+  if (job.superseded()) return;
   const auto around = project_folders(*lists.ListProyectos.kept_rows());
   std::unordered_map<std::string, bool> links;
   std::unordered_map<std::string, bool> backups;
+  // A protected folder has other names where links lead to it.
+  std::unordered_map<std::string, std::string> protecting_places;
+  std::vector<std::pair<system::FileIdentity, std::string>> places;
+  for (const std::string& folder : folders) {
+    if (const auto place = context_.platform.files.identity(system::with_backslash(folder))) {
+      places.emplace_back(*place, folder);
+    }
+  }
+  const auto protecting_place = [&](const std::string& folder) -> const std::string& {
+    const auto [at, added] = protecting_places.try_emplace(folder);
+    if (!added || places.empty()) return at->second;
+    const auto identity = context_.platform.files.identity(folder);
+    const auto found = std::find_if(places.begin(), places.end(),
+                                    [&](const auto& each) { return each.first == identity; });
+    if (found != places.end()) at->second = found->second;
+    return at->second;
+  };
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::string& row = rows[i];
-    if (same[i]) keep(row, reason::kUsed);
+    if (same[i]) keep(row, reason::kUsed, project_using(row));
+    if (same_as_unticked[i]) keep(row, reason::kUntickedElsewhere);
     const std::string protecting = folder_around(row, folders);
     if (!protecting.empty()) keep(row, reason::kProtected + protecting);
     const auto project_folder = std::find_if(
@@ -128,6 +181,8 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
       const auto [at, added] = backups.try_emplace(row.substr(0, end + 1));
       if (added) at->second = is_backup_folder(context_.platform.files, at->first);
       if (at->second) keep(row, reason::kBackup);
+      const std::string& place = protecting_place(at->first);
+      if (!place.empty()) keep(row, reason::kProtected + place);
     }
     if (has_changed(row)) keep(row, reason::kChanged);
     if (!go_on()) return;

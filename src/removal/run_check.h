@@ -25,10 +25,14 @@ class RunCheck {
   // is gone. Gives the window its turns; of no use once the job has been superseded.
   std::optional<std::string> why_not_now(work::Job& job) const;
 
-  // Works out which of the rows have to stay, by what the disk holds now. `folders` are the
-  // protected ones. Gives the window its turns; of no use once the job has been superseded.
-  void look_at(const std::vector<std::string>& rows, const std::vector<std::string>& folders,
-               work::Job& job);
+  // Works out which of the rows have to stay, by what the disk holds now. `unticked` are those that
+  // the user wants to keep, also under another path; `folders` are the protected ones. Gives the
+  // window its turns; of no use once the job has been superseded.
+  void look_at(const std::vector<std::string>& rows, const std::vector<std::string>& unticked,
+               const std::vector<std::string>& folders, work::Job& job);
+
+  // The same for side files: those that a project names stay.
+  void look_at_side_files(const std::vector<std::string>& rows, work::Job& job);
 
   // Why a row has to stay; null if it may go.
   const Kept* kept(const std::string& row) const;
@@ -42,6 +46,7 @@ class RunCheck {
   static bool is_project(std::string_view path);
 
  private:
+  std::string project_using(const std::string& path) const;
   bool is_behind_link(const std::string& path, const std::string& project_folder,
                       std::unordered_map<std::string, bool>& links) const;
 

@@ -72,7 +72,10 @@ void RemovalRun::BorrarAsociados() {
 // Audio of more letters ("x.aiff") is none by its last four, and stands among the side files.
 std::string RemovalRun::why_side_file_stays(const std::string& row) const {
   if (RunCheck::is_project(row)) return reason::kProject;
-  return order_.CheckComprobar && !RunCheck::is_side_file(row) ? reason::kOtherKind : "";
+  if (!order_.CheckComprobar) return {};
+  if (!RunCheck::is_side_file(row)) return reason::kOtherKind;
+  const Kept* const kept = check_.kept(row);
+  return kept != nullptr ? kept->motivo : "";
 }
 
 }  // namespace ordelan::removal

@@ -234,6 +234,25 @@ TEST_F(Backup, a_row_that_a_project_uses_stays) {
   EXPECT_FALSE(there("Mix\\b.wav"));
 }
 
+TEST_F(Backup, a_row_that_is_kept_names_the_project_that_uses_it) {
+  open_studio({"Mix\\a.wav"});
+  form.lists.ListUtilizados.add("2 --> " + disk.path("Mix\\otro.vip"));
+  form.lists.ListUtilizados.add(disk.path("mix\\A.wav"));
+  remove();
+  ASSERT_THAT(outcome().kept, SizeIs(1));
+  EXPECT_EQ(outcome().kept[0].proyecto, disk.path("Mix\\otro.vip"));
+}
+
+TEST_F(Backup, a_file_that_is_unticked_under_another_path_stays) {
+  open_studio({"Mix\\a.wav"});
+  form.lists.ListBorrar.add(disk.path("Mix\\.\\a.wav"));
+  form.CopiarListBorrados();
+  untick("Mix\\.\\a.wav");
+  remove();
+  EXPECT_TRUE(there("Mix\\a.wav"));
+  EXPECT_EQ(reason("Mix\\a.wav"), removal::reason::kUntickedElsewhere);
+}
+
 TEST_F(Backup, a_row_outside_the_folders_of_the_projects_stays) {
   open_studio({"Mix\\a.wav"});
   disk.write("Fuera\\b.wav", "b");

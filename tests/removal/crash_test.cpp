@@ -115,6 +115,16 @@ TEST_F(BackupDamage, a_file_that_has_come_since_the_list_was_made_stays) {
   EXPECT_FALSE(there("Mix\\a.wav"));
 }
 
+TEST_F(BackupDamage, a_side_file_that_a_project_names_stays) {
+  open_studio({"Mix\\a.wav", "Mix\\a.h2", "Mix\\b.h2"});
+  form.lists.ListUtilizados.add(disk.path("Mix\\A.H2"));
+  set(false, false, true);
+  remove();
+  EXPECT_TRUE(there("Mix\\a.h2"));
+  EXPECT_EQ(reason("Mix\\a.h2"), removal::reason::kUsed);
+  EXPECT_FALSE(there("Mix\\b.h2"));
+}
+
 // --- the order of the calls
 
 struct BackupCalls : ::testing::Test {

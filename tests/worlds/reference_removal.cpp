@@ -55,7 +55,7 @@ void Removal::EnviarPapelera(const std::string& path) {
   fs::create_directories(bin);
   for (int number = 1;; ++number) {
     const fs::path there = bin / std::to_string(number);
-    if (fs::exists(there)) continue;
+    if (fs::exists(fs::symlink_status(there))) continue;
     fs::rename(*file, there);
     return;
   }

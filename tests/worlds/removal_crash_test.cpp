@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "support/faulty_files.h"
+#include "support/forwarding_files.h"
 #include "support/small_project.h"
 #include "test_disk.h"
 #include "worlds/flow_worlds.h"
@@ -90,6 +91,65 @@ struct Origin {
   Contents own;             // files of the folder of copies, by name
 };
 
+// A disk with room for so many bytes more.
+class SmallDisk final : public ForwardingFiles {
+ public:
+  SmallDisk(system::FileSystem& files, std::uint64_t room) : ForwardingFiles(files), left_(room) {}
+
+  bool full = false;  // whether something has not found room
+
+  system::Opened<system::OutputFile> create(std::string_view path) override {
+    return limited(files().create(path));
+  }
+  system::Opened<system::OutputFile> create_new(std::string_view path) override {
+    return limited(files().create_new(path));
+  }
+  system::Status copy_new(std::string_view from, std::string_view to,
+                          const Progress& progress) override {
+    const auto found = files().info(from);
+    if (found && take(found->size) < found->size) return system::Reason::no_space;
+    return files().copy_new(from, to, progress);
+  }
+
+ private:
+  class Output final : public system::OutputFile {
+   public:
+    Output(SmallDisk& disk, std::unique_ptr<system::OutputFile> file)
+        : disk_(disk), file_(std::move(file)) {}
+    system::Status write(std::string_view bytes) override {
+      if (!failed_) return failed_;
+      const std::uint64_t room = disk_.take(bytes.size());
+      failed_ = file_->write(bytes.substr(0, static_cast<std::size_t>(room)));
+      if (failed_ && room < bytes.size()) failed_ = system::Reason::no_space;
+      return failed_;
+    }
+    system::Status flush() override { return failed_ ? file_->flush() : failed_; }
+    system::Status close() override {
+      const auto closed = file_->close();
+      return failed_ ? closed : failed_;
+    }
+
+   private:
+    SmallDisk& disk_;
+    std::unique_ptr<system::OutputFile> file_;
+    system::Status failed_;
+  };
+
+  system::Opened<system::OutputFile> limited(system::Opened<system::OutputFile> file) {
+    if (!file) return file;
+    return std::make_unique<Output>(*this, std::move(file));
+  }
+  // Takes room for so many bytes, or what is left of it.
+  std::uint64_t take(std::uint64_t bytes) {
+    const std::uint64_t taken = std::min(bytes, left_);
+    left_ -= taken;
+    full = full || taken < bytes;
+    return taken;
+  }
+
+  std::uint64_t left_;
+};
+
 // One point: a disk with the studio, the run with its fault, a new start of the program.
 class Point {
  public:
@@ -123,6 +183,17 @@ class Point {
   }
   int calls = 0;
   std::size_t removed = 0;
+
+  // Runs where the disk has room for so many bytes more. False if there was enough.
+  bool run_with_room(std::uint64_t room) {
+    disk_.files().make_folder(origin_.folder).ignore();
+    SmallDisk small(disk_.files(), room);
+    RemovalSession session(small);
+    session.open("D:\\Mix\\tema.vip");
+    session.prepare(true);
+    session.remove_to(origin_.folder);
+    return small.full;
+  }
 
   // Another run, in which nothing goes wrong, over what the first has left.
   void run_again() {
@@ -314,6 +385,20 @@ TEST_P(RemovalCrash, a_call_that_fails_loses_nothing) {
 TEST_P(RemovalCrash, calls_that_fail_from_one_on_lose_nothing) {
   sweep_failures(stride(41), Faults<FaultyFiles::Call>::kForEver);
   report("all calls failed from one on");
+}
+
+TEST_P(RemovalCrash, a_full_disk_loses_nothing) {
+  // The lines of log and index are short: their bytes are tried one by one where all points are.
+  for (std::uint64_t room = 0;;
+       room += static_cast<std::uint64_t>(room > 12'000 ? 40'011 : stride(397))) {
+    Point point(origin);
+    if (!point.run_with_room(room)) break;
+    ++points;
+    if (room % 2 != 0) point.run_again();
+    ASSERT_EQ(point.lost(), "") << "a disk with room for " << room << " bytes";
+  }
+  EXPECT_GT(points, 0);
+  report("disk full");
 }
 
 TEST_P(RemovalCrash, a_recovery_that_is_killed_can_be_made_again) {

@@ -49,9 +49,9 @@ class CopyingShell final : public system::Shell {
     files_.make_folder(kBin).ignore();
     for (int number = 1;; ++number) {
       const std::string there = std::string(kBin) + "\\" + std::to_string(number);
-      if (files_.info(there)) continue;
       files_.set_attributes(path, system::attribute::kArchive).ignore();
-      return files_.move(path, there);
+      const auto moved = files_.move(path, there);
+      if (moved != system::Reason::exists) return moved;
     }
   }
   system::Status copy_into(const std::string& from, const std::string& folder) override {

@@ -288,26 +288,33 @@ std::string difference(const Tree& program, const Tree& wanted) {
   return text;
 }
 
-// The folder of copies without what runs add to it: the index and the numbered folders.
-Tree without_additions(Tree tree, const std::string& ruta) {
-  std::string below = reference::folded(ruta.substr(3));
-  std::replace(below.begin(), below.end(), '\\', '/');
-  if (!below.empty()) below += "/";
-  below = reference::utf8_of(below);
+// The folder of copies without what runs add to it: the index and the numbered folders. `below` is
+// where it is below the disk, with a slash at its end.
+Tree without_additions(Tree tree, const std::string& below) {
   std::erase_if(tree, [&](const auto& each) {
-    const auto start = reference::ansi_of(each.first.substr(0, below.size()));
-    if (!start || reference::utf8_of(reference::folded(*start)) != below) return false;
+    if (!each.first.starts_with(below)) return false;
     const std::string rest = each.first.substr(below.size());
     return rest == "Archivos_Borrados.ind" || is_numbered(rest.substr(0, rest.find('/')));
   });
   return tree;
 }
 
-void tally_failure(RemovalTally& tally, const std::string& text) {
+// Where a folder of the program really is below the disk: with a slash at its end, empty for the
+// disk itself.
+std::string real_place(TestDisk& disk, const std::string& folder) {
+  const fs::path root = disk.native_path("");
+  const auto native = reference::Disk(root).native(folder + "\\");
+  if (!native) return "?/";
+  const std::string below = fs::canonical(*native).lexically_relative(fs::canonical(root)).string();
+  return below == "." ? "" : below + "/";
+}
+
+void tally_failure(RemovalTally& tally, const std::string& what, const std::string& text) {
   ++tally.failures;
-  if (tally.first_failure.empty() || text.size() < tally.first_failure.size()) {
-    tally.first_failure = text;
-  }
+  const std::string kind = what.substr(0, what.find(':'));
+  ++tally.counts["failed, " + kind];
+  std::string& smallest = tally.smallest[kind];
+  if (smallest.empty() || text.size() < smallest.size()) smallest = text;
 }
 
 void described_world(std::uint64_t seed, RemovalTally& tally) {
@@ -387,10 +394,12 @@ void described_world(std::uint64_t seed, RemovalTally& tally) {
     compare("LabelErase", session.review().LabelErase.caption(), wanted.LabelErase);
   }
   Tree after = tree_of(world.disk.native_path(""));
-  if (setup.CheckBackup) after = without_additions(std::move(after), setup.ruta);
+  if (setup.CheckBackup)
+    after = without_additions(std::move(after), real_place(world.disk, setup.ruta));
   text += difference(after, tree_of(other.native_path("")));
   if (!text.empty()) {
-    tally_failure(tally, world.headed(seed, text + session.options().LabelResultado.caption()));
+    tally_failure(tally, text,
+                  world.headed(seed, text + session.options().LabelResultado.caption()));
   }
 
   const auto count = [&](const char* what, bool happened) {
@@ -411,19 +420,24 @@ std::string broken(World& world, const Tree& before, bool cancelled, RemovalTall
   const fs::path root = world.disk.native_path("");
   const reference::Disk disk(root);
   std::string text;
-  const auto key = [](const std::string& path) {
-    std::string below = reference::utf8_of(reference::folded(path.substr(3)));
+  // A path as the trees hold it, the folders that are links resolved.
+  const auto key = [&](const std::string& path) {
+    std::string below = reference::folded(path.substr(3));
     std::replace(below.begin(), below.end(), '\\', '/');
-    return below;
+    return reference::utf8_of(below);
+  };
+  const auto real = [&](const std::string& row) {
+    const std::string place = real_place(world.disk, reference::folder_of(row, false));
+    return key("D:\\" + reference::ansi_of(place).value_or("?") + reference::name_of(row));
   };
   std::set<std::string> ticked;
   for (std::size_t i = 0; i < setup.ticks.size(); ++i) {
-    if (setup.ticks[i] && setup.CheckBorrar) ticked.insert(key(world.offered()[i]));
+    if (setup.ticks[i] && setup.CheckBorrar) ticked.insert(real(world.offered()[i]));
   }
   std::set<std::string> side_files;
   if (setup.CheckBorraAsociados) {
     for (const std::string& row : world.session.program.form.lists.List1.rows()) {
-      side_files.insert(key(row));
+      side_files.insert(real(row));
     }
   }
   const Tree after = without_case(tree_of(root));
@@ -431,7 +445,10 @@ std::string broken(World& world, const Tree& before, bool cancelled, RemovalTall
   for (const auto& [path, bytes] : after) {
     if (path.starts_with("papelera de pruebas/")) bin.insert(bytes);
   }
-  const std::string ruta = setup.CheckBackup ? key(setup.place("")) : "<none>";
+  const std::string ruta =
+      setup.CheckBackup
+          ? key("D:\\" + reference::ansi_of(real_place(world.disk, setup.ruta)).value_or("?"))
+          : "<none>";
   const auto saved_copy = [&](const std::string& name, const std::string& bytes) {
     return std::any_of(after.begin(), after.end(), [&](const auto& each) {
       const std::string rest =
@@ -472,7 +489,7 @@ std::string broken(World& world, const Tree& before, bool cancelled, RemovalTall
     if (side_files.contains(path)) continue;
     for (const std::string& folder : setup.protect) {
       const std::string around = reference::folded(key(folder) + "/");
-      if (folder[0] != 'Q' && reference::folded(path).starts_with(around)) {
+      if ((folder[0] == 'D' || folder[0] == 'd') && reference::folded(path).starts_with(around)) {
         text += "protected: " + path + "\n";
       }
     }
@@ -481,11 +498,12 @@ std::string broken(World& world, const Tree& before, bool cancelled, RemovalTall
   const auto& state = world.session.program.form.removal_state();
   std::size_t rows_gone = 0;
   std::set<std::string> told;
-  for (const auto& kept : state.kept) told.insert(key(kept.ruta));
+  for (const auto& kept : state.kept) told.insert(real(kept.ruta));
   for (const std::string& path : ticked) {
     if (gone.contains(path)) {
       ++rows_gone;
-    } else if (before.contains(path) && !cancelled && !told.contains(path)) {
+    } else if (before.contains(path) && !cancelled && !told.contains(path) &&
+               !disk.look_up("D:\\" + reference::ansi_of(path).value_or("")).empty()) {
       text += "still there without a reason: " + path + "\n";
     }
   }
@@ -559,7 +577,7 @@ void checked_world(std::uint64_t seed, RemovalTally& tally) {
     return;
   }
   const std::string text = broken(world, before, disturbed, tally);
-  if (!text.empty()) tally_failure(tally, world.headed(seed, text));
+  if (!text.empty()) tally_failure(tally, text, world.headed(seed, text));
   if (disturbed) ++tally.counts["disturbed"];
   if (setup.CheckBackup && setup.CheckBorrar) ++tally.counts["with backup"];
   if (!session.shell.asked.empty()) ++tally.counts["questions"];
@@ -590,7 +608,8 @@ std::string RemovalTally::summary() const {
   std::string text = std::to_string(worlds) + " worlds, " + std::to_string(failures) + " failed\n";
   for (const auto& [what, count] : counts)
     text += "  " + what + ": " + std::to_string(count) + "\n";
-  return text + first_failure;
+  for (const auto& [kind, world] : smallest) text += world + "\n";
+  return text;
 }
 
 RemovalTally run_described_removals() {

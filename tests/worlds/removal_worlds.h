@@ -16,7 +16,7 @@ struct RemovalTally {
   std::uint64_t worlds = 0;  // those in which a run could begin
   std::uint64_t failures = 0;
   std::map<std::string, std::uint64_t> counts;  // by what happened
-  std::string first_failure;
+  std::map<std::string, std::string> smallest;  // the shortest failing world, by what failed
 
   std::string summary() const;
 };
