@@ -2,34 +2,18 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <memory>
 #include <optional>
 #include <ostream>
 
 #include "app/console_report.h"
-#include "app/program.h"
-#include "headless/headless_backend.h"
-#include "headless/scripted_dialogs.h"
+#include "app/console_session.h"
 #include "location/drive_window.h"
 #include "location/search_window.h"
-#include "settings/settings.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 
 namespace ordelan::app {
 namespace {
-
-struct Options {
-  std::vector<std::string> drives;
-  std::optional<std::string> config;
-  bool json = false;
-  std::string project;
-  std::vector<std::string> items;
-  std::string name;
-  std::vector<std::string> where;
-  std::optional<bool> subfolders;
-  std::optional<bool> backups;
-};
 
 // A pair of flags of which the last one given counts; none leaves the window's own choice.
 void add_choice(CLI::App& command, const std::string& name, std::optional<bool>& choice,
@@ -49,84 +33,6 @@ std::optional<std::string> map_drive(const std::string& drive, const ConsoleHost
     return "--unidad " + drive + ": no existe la carpeta o no es una letra de unidad";
   }
   return std::nullopt;
-}
-
-// Says what is wrong with an argument, in a line of its own. `complaint` is code-page text.
-void complain(std::ostream& error, const std::string& argument, const std::string& complaint) {
-  error << "ordelan: " << argument << ": " << text::to_utf8(complaint) << "\n";
-}
-
-// Why a configuration cannot be read; nothing when it can. A hidden one is one too.
-std::optional<std::string> unreadable(const ConfigFile& config) {
-  if (!config.place.path) return config.place.motivo;
-  const auto there = config.files.info(*config.place.path);
-  if (!there || there->folder) return "no existe el archivo";
-  if (!config.files.open(*config.place.path)) return "no se puede leer el archivo";
-  return std::nullopt;
-}
-
-// The settings of the named configuration, or of the usual one where none is named. They are never
-// written: a script that looks at a project must not change how the window stands.
-std::unique_ptr<settings::Settings> settings_of(const Options& options, const ConsoleHost& host,
-                                                std::ostream& error) {
-  std::unique_ptr<settings::Settings> settings;
-  if (!options.config) {
-    settings = std::make_unique<settings::Settings>(host.files, host.regional);
-  } else {
-    const ConfigFile config = host.config(*options.config);
-    const auto complaint = unreadable(config);
-    if (complaint) {
-      complain(error, "--config " + *options.config,
-               *complaint + "; valen las opciones de fábrica");
-    }
-    // Without a file every option has its default.
-    settings = std::make_unique<settings::Settings>(config.files, host.regional,
-                                                    complaint ? "" : *config.place.path);
-  }
-  settings->set_read_only();
-  return settings;
-}
-
-// The program on a backend that shows nothing, with every answer recorded.
-struct Session {
-  Session(const ConsoleHost& host, const Options& options, std::ostream& error)
-      : backend(host.clock),
-        platform{host.files, dialogs, backend, host.clock, host.regional, host.drives, host.shell},
-        settings(settings_of(options, host, error)),
-        program(backend, platform, *settings) {
-    program.start();
-    // The notice that no drive is ticked yet is for the user of the window.
-    dialogs.messages.clear();
-  }
-
-  headless::ScriptedDialogs dialogs;
-  headless::HeadlessBackend backend;
-  system::Platform platform;
-  std::unique_ptr<settings::Settings> settings;
-  Program program;
-};
-
-// Why a project cannot be read; nothing when it can.
-std::optional<std::string> unreadable(const ArgumentPath& project, const ConsoleHost& host) {
-  if (!project.path) return project.motivo;
-  if (!host.files.look_up(*project.path)) return "no existe el archivo";
-  if (!host.files.open(*project.path)) return "no se puede leer el archivo";
-  return std::nullopt;
-}
-
-void set_boxes(main_window::Form1& form, const Options& options) {
-  if (options.subfolders) form.CheckSubPath.set_checked(*options.subfolders);
-  if (options.backups) form.CheckBAK.set_checked(*options.backups);
-}
-
-// Prints the text of the strip, with the line ends of a console. False if the strip is hidden.
-bool print_strip(const Session& session, std::ostream& error) {
-  const ui::TextBox& strip = session.program.form.strip.TextDecode;
-  if (!strip.visible()) return false;
-  std::string said = text::to_utf8(strip.text());
-  said.erase(std::remove(said.begin(), said.end(), '\r'), said.end());
-  error << said << "\n";
-  return true;
 }
 
 // Prints what the window holds.
@@ -172,17 +78,7 @@ int open_project(const Options& options, bool save_reports, const ConsoleHost& h
 // Drops the items on the list of projects. Those that are missing are named and left out.
 int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
          std::ostream& error) {
-  std::vector<std::string> items;
-  for (const std::string& item : options.items) {
-    const ArgumentPath named = host.windows_path(item);
-    if (!named.path) {
-      complain(error, item, named.motivo);
-    } else if (!host.files.info(*named.path)) {
-      complain(error, item, "no existe");
-    } else {
-      items.push_back(*named.path);
-    }
-  }
+  const std::vector<std::string> items = existing(options.items, host, error);
   if (items.empty()) return kMisused;
   Session session(host, options, error);
   main_window::Form1& form = session.program.form;
@@ -286,6 +182,34 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   dropped->add_option("ITEM", options.items, "Proyectos o carpetas; los que faltan se nombran")
       ->required();
 
+  CLI::App* removed = add_command("borrar", "Borra los archivos que no utiliza ningún proyecto");
+  removed->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip");
+  removed
+      ->add_option("--soltar", options.items,
+                   "Suelta estos proyectos o carpetas en lugar de abrir un proyecto")
+      ->excludes("PROYECTO");
+  removed->add_flag("--asociados", options.side_files, "Borra también los archivos asociados");
+  removed->add_option("--copia", options.copy_to,
+                      "Hace antes una copia de seguridad en esta carpeta, que tiene que existir");
+  removed->add_flag_callback(
+      "--papelera", [&] { options.to_bin = true; }, "Los archivos van a la papelera");
+  removed->add_flag_callback(
+      "--definitivo", [&] { options.to_bin = false; }, "Los archivos se borran para siempre");
+  removed
+      ->add_option("--conservar", options.keep,
+                   text::to_utf8("Conserva este archivo, o todo lo que hay en esta carpeta (se "
+                                 "puede repetir)"))
+      ->take_all()
+      ->allow_extra_args(false);
+  removed->add_flag("--sin-comprobar", options.unchecked,
+                    "No comprueba antes los proyectos, los cambios ni los enlaces");
+  removed->add_flag("--simular", options.simulate, text::to_utf8("Solo dice qué haría y por qué"));
+  CLI::App* recovered =
+      app.add_subcommand("recuperar", "Devuelve a su sitio los archivos de una copia de seguridad");
+  recovered->add_option("LOG", options.log, "E:\\Copias\\Archivos_Borrados.log")->required();
+  recovered->add_flag("--simular", options.simulate,
+                      text::to_utf8("Solo dice qué haría y por qué"));
+
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
@@ -302,6 +226,8 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       return kMisused;
     }
   }
+  if (removed->parsed()) return remove_unused(options, host, output, error);
+  if (recovered->parsed()) return recover(options, host, output, error);
   if (searched->parsed()) return search(options, host, output, error);
   if (dropped->parsed()) return drop(options, host, output, error);
   return open_project(options, reports->parsed(), host, output, error);

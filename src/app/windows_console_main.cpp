@@ -59,7 +59,7 @@ int wmain(int count, wchar_t** arguments) {
   win32::Win32Clock clock;
   win32::Win32Regional regional;
   win32::Win32Drives drives;
-  win32::Win32Shell shell;
+  win32::Win32Shell shell(win32::Win32Shell::Questions::answered_no);
   std::vector<std::string> list;
   for (int i = 1; i < count; ++i) list.push_back(utf8(arguments[i]));
   const auto config = [&](const std::string& file) {

@@ -18,6 +18,7 @@ class HeadlessBackend final : public ui::Backend, public system::EventPump {
   std::unique_ptr<ui::Peer> attach(ui::Window&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Button&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::CheckBox&) override { return nullptr; }
+  std::unique_ptr<ui::Peer> attach(ui::CheckListBox&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Image&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Label&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::ListBox&) override { return nullptr; }

@@ -33,24 +33,38 @@ void Form1::LlenarListUtilizados(work::Job& job) {
 
 void Form1::LlenarListBorrar(work::Job& job) {
   lists.ListBorrar.clear();
+  work_.ListaBorrarCompleta = false;
   const auto candidates = analysis_.ListarArchivosCarpetas(job);
   if (job.superseded()) return;
   const std::vector<std::string> also_used = decoding_.also_used();  // a decode may come between
   analysis_.BuscarNoUtilizados(job, candidates, also_used);
   if (job.superseded()) return;
+  if (!job.cancelled() && !lists.ListUtilizados.empty()) {
+    CopiarListBorrados();
+    note_listed(job);
+    if (job.superseded()) return;
+    work_.ListaBorrarCompleta = !job.cancelled();
+  }
   ui::ListaAncho(lists.ListBorrar);
   lists.ListBorrar.show();
   show_CommandBorrado();
 }
 
+// Notes how the files of list 4 stand on the disk: one that changes later is not removed.
+void Form1::note_listed(work::Job& job) {
+  work_.VistosBorrar.clear();
+  const auto rows = lists.ListBorrar.kept_rows();
+  for (const std::string& row : *rows) {
+    if (const auto info = platform_.files.info(row)) {
+      work_.VistosBorrar[row] = {info->size, info->modified};
+    }
+    if (!job.turn()) return;
+  }
+}
+
 void Form1::LlenarPerdidos(work::Job& job) {
   location_.lost_files.LlenarPerdidos(job);
   if (!job.superseded() && lost_files().TextoPerdidos().size() >= 2) cmdPerdidos.show();
-}
-
-// The option of the removal window, as it was left.
-bool Form1::removes_side_files() const {
-  return settings_.number("Borrar todos los asociados      ------>", 0) == 1;
 }
 
 }  // namespace ordelan::main_window

@@ -30,6 +30,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       Salir(*this, "Salir"),
       SalvaListados(*this, "SalvaListados"),
       ActualizarVip(*this, "ActualizarVip"),
+      RecuperaBorrados(*this, "RecuperaBorrados"),
       Configurar(*this, "Configurar"),
       AcercaDe(*this, "AcercaDe"),
       cmdSalir(*this, "cmdSalir"),
@@ -57,7 +58,10 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       analysis_(platform, lists, strip, left_out_),
       location_(context(), reader, left_out_,
                 {[this] { cmdReset_Click(); },
-                 [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}) {
+                 [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}),
+      removal_(context(),
+               {[this] { path_strip.ListPath.hide(); },
+                [this](const std::vector<std::string>& rows) { path_strip.show_rows(rows); }}) {
   name_controls();
   set_up();
   wire();
@@ -73,6 +77,7 @@ void Form1::name_controls() {
   cmdCancelar.set_caption("Cancelar");
   cmdCancelar.set_tip("Parar lo que está en marcha");
   CommandBorrado.set_caption("Borrar archivos...");
+  CommandBorrado.set_tip("Revisar los archivos no utilizados y borrarlos");
   cmdPerdidos.set_caption("Archivos perdidos");
   cmdPerdidos.set_tip("Ver los archivos que no están donde dicen los proyectos");
   cmdMinimizar.set_description("Minimizar");
@@ -81,6 +86,8 @@ void Form1::name_controls() {
   Salir.set_tip("Cerrar la aplicación");
   SalvaListados.set_caption("Salvar listados");
   ActualizarVip.set_caption("Actualizar Vip's");
+  RecuperaBorrados.set_caption("Recuperar");
+  RecuperaBorrados.set_tip("Para recuperar archivos borrados con copia de seguridad");
   Configurar.set_caption("Configurar");
   Configurar.set_tip("Elegir las unidades en las que se buscan archivos");
   AcercaDe.set_caption("Acerca de");
@@ -89,8 +96,7 @@ void Form1::name_controls() {
   LabelFuera.set_tip("Ver qué proyectos no cuentan y por qué");
   ZoomListas.set_caption("Ampliar listas");
   // What these lead to is not there yet: they stand in their places and cannot be pressed.
-  for (ui::Control* pending :
-       std::initializer_list<ui::Control*>{&CommandBorrado, &ActualizarVip, &ZoomListas}) {
+  for (ui::Control* pending : std::initializer_list<ui::Control*>{&ActualizarVip, &ZoomListas}) {
     pending->set_enabled(false);
   }
 
@@ -127,6 +133,8 @@ void Form1::wire() {
   lists.ListProyectos.on_drop = [this](const auto& items) { ListProyectos_Drop(items); };
   lists.ListProyectos.on_double_click = [this] { ListProyectos_DblClick(); };
   lists.ListProyectos.on_click = [this] { ListProyectos_Click(); };
+  CommandBorrado.on_click = [this] { removal_.CommandBorrado_Click(); };
+  RecuperaBorrados.on_click = [this] { removal_.RecuperaBorrados_Click(); };
   cmdPerdidos.on_click = [this] { location_.lost_files.cmdPerdidos_Click(); };
   Configurar.on_click = [this] { Configurar_Click(); };
   AcercaDe.on_click = [this] { windows_.touch<Acerca>(); };
@@ -181,6 +189,7 @@ void Form1::cmdReset_Click() {
   if (work_.Borrando) return;
   work_.begin_job();
   left_out_.clear();
+  work_.ListaBorrarCompleta = false;
   show_ProyectosFuera();
   shown_before_reports_.reset();
   set_waiting(false);

@@ -12,6 +12,7 @@
 #include "project/project_listing.h"
 #include "project/unused_analysis.h"
 #include "project/vip_reader.h"
+#include "removal/removal.h"
 #include "settings/settings.h"
 #include "system/platform.h"
 #include "ui/button.h"
@@ -26,17 +27,16 @@
 #include "work/program_window.h"
 #include "work/status_strip.h"
 #include "work/window_directory.h"
+#include "work/window_names.h"
 #include "work/work_in_hand.h"
 #include "work/work_lists.h"
 
 namespace ordelan::main_window {
 
-// The windows of sound, by their names in the directory. They are closed where the work in hand
-// changes.
-inline constexpr const char* kPlayer = "Player";
-inline constexpr const char* kSA = "SA";
-inline constexpr const char* kZoom = "Zoom";
-inline constexpr const char* kListasZoom = "ListasZoom";
+using work::window_name::kListasZoom;
+using work::window_name::kPlayer;
+using work::window_name::kSA;
+using work::window_name::kZoom;
 
 class Form1 final : public work::ProgramWindow {
  public:
@@ -77,6 +77,8 @@ class Form1 final : public work::ProgramWindow {
   void show_ProyectosFuera();
   // Opens the window that lists those projects, or closes it.
   void LabelFuera_Click();
+  // Copies list 4 to the review of what will be removed.
+  void CopiarListBorrados() { removal_.CopiarListBorrados(); }
 
   work::WorkLists lists;
   work::StatusStrip strip;
@@ -92,6 +94,7 @@ class Form1 final : public work::ProgramWindow {
   ui::Button Salir;
   ui::Label SalvaListados;
   ui::Label ActualizarVip;
+  ui::Label RecuperaBorrados;  // brings removed files back
   ui::Label Configurar;
   ui::Label AcercaDe;
   ui::Label cmdSalir;    // ends the program too: in words, among the labels
@@ -112,6 +115,8 @@ class Form1 final : public work::ProgramWindow {
   // The report of lost files.
   location::LostFiles& lost_files() { return location_.lost_files; }
   const location::LostFiles& lost_files() const { return location_.lost_files; }
+  // How the last removal went.
+  const removal::RemovalState& removal_state() const { return removal_.state; }
 
  private:
   void Form_Load() override;
@@ -152,7 +157,8 @@ class Form1 final : public work::ProgramWindow {
   void LlenarListBorrar(work::Job& job);
   // Works out the report of lost files, and shows cmdPerdidos if it has two rows or more.
   void LlenarPerdidos(work::Job& job);
-  bool removes_side_files() const;
+  bool removes_side_files() const { return removal_.removes_side_files(); }
+  void note_listed(work::Job& job);
   void close_windows(std::initializer_list<const char*> names);
 
   // What the window shows of the decoded project.
@@ -193,6 +199,7 @@ class Form1 final : public work::ProgramWindow {
   project::ProjectDecoding decoding_;
   project::UnusedAnalysis analysis_;
   location::Location location_;
+  removal::Removal removal_;
   std::optional<ShownProject> shown_before_reports_;  // while reports are saved
   std::vector<std::string> kept_side_files_;          // of this drop, to be named at its end
 };

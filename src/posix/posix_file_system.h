@@ -29,6 +29,8 @@ class PosixFileSystem final : public system::FileSystem {
   system::Status copy_new(std::string_view from, std::string_view to,
                           const Progress& progress) override;
   system::Status flush_folder(std::string_view folder) override;
+  system::Status flush_file(std::string_view path) override;
+  system::Opened<system::FileLock> lock(std::string_view path) override;
   system::Status remove(std::string_view path) override;
 
  private:

@@ -92,4 +92,8 @@ std::string EnvironmentRegional::short_time() {
   return moment(locale, without_seconds(locale.item(T_FMT), locale.item(T_FMT_AMPM)));
 }
 
+std::string EnvironmentRegional::long_time() {
+  return moment(Locale(kTimeAndLetters), "%X");
+}
+
 }  // namespace ordelan::posix

@@ -24,6 +24,7 @@ class EnvironmentRegional final : public system::Regional {
   char decimal_mark() override;
   std::string short_date() override;
   std::string short_time() override;
+  std::string long_time() override;
 };
 
 }  // namespace ordelan::posix

@@ -1,6 +1,7 @@
 #include "project/project_decoding.h"
 
 #include <cstdint>
+#include <limits>
 
 #include "project/project_gate.h"
 #include "project/repeated_rows.h"
@@ -14,6 +15,7 @@ void ProjectDecoding::DescodificarProyectos(work::Job& job, bool with_backups) {
   strip_.TextDecode.show();
   decoded_ = 0;
   misread_.clear();
+  work_.ProyectosLeidos.clear();
   std::size_t duplicates = 0;
 
   const auto projects = lists_.ListProyectos.kept_rows();
@@ -56,6 +58,7 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
     path = work_.RutaProyectos + path;
     work_.PrimerProyecto = path;
   }
+  note_read(own_path);
   if (reader_.ExtraerNombres_Archivos(path, into(lists_.ListUtilizados), prefix + path, true)) {
     ++decoded_;
     if (reader_.last_reading() == Reading::broken) left_out_.add(path, WhyOut::broken);
@@ -66,6 +69,14 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
   // then not found; and of a row on a network share the number stays before the path, which is then
   // read from the wrong place. What those projects use must not be offered.
   if (path != own_path && !job.superseded()) read_misread(own_path);
+}
+
+// How the project stands on the disk before it is read: one that is missing can never pass for the
+// one that was read.
+void ProjectDecoding::note_read(const std::string& path) {
+  const auto info = platform_.files.info(path);
+  constexpr auto kMissing = std::numeric_limits<std::uint64_t>::max();
+  work_.ProyectosLeidos.push_back({path, info ? info->size : kMissing, info ? info->modified : 0});
 }
 
 void ProjectDecoding::read_misread(const std::string& path) {

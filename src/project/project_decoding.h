@@ -42,6 +42,7 @@ class ProjectDecoding {
 
  private:
   void decode_row(work::Job& job, const std::string& row, bool with_backups);
+  void note_read(const std::string& path);
   void read_misread(const std::string& path);
   std::size_t strike_out_repeats(work::Job& job);
 

@@ -255,4 +255,23 @@ std::vector<bool> same_as_used(const Candidates& candidates,
   return same;
 }
 
+std::vector<bool> same_as_used(const std::vector<std::string>& offered,
+                               const std::vector<const std::vector<std::string>*>& used,
+                               system::FileSystem& files, work::FolderTree& tree,
+                               const std::function<bool()>& go_on) {
+  Candidates candidates;
+  std::vector<Candidates::File> all;
+  for (const std::string& path : offered) {
+    const std::string_view folder = std::string_view(path).substr(0, path.rfind('\\') + 1);
+    tree.listing(folder);
+    const work::FolderTree::Entry* const known = tree.known_file(path);
+    work::FolderTree::Entry entry =
+        known != nullptr ? *known : work::FolderTree::Entry{"", true, false, 0};
+    entry.name = std::string_view(path).substr(folder.size());
+    all.push_back(candidates.add(candidates.add_folder(folder), entry, 0));
+    if (!go_on()) return std::vector<bool>(offered.size(), false);
+  }
+  return same_as_used(candidates, all, used, files, tree, go_on);
+}
+
 }  // namespace ordelan::project

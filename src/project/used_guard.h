@@ -31,4 +31,10 @@ std::vector<bool> same_as_used(const Candidates& candidates,
                                system::FileSystem& files, work::FolderTree& tree,
                                const std::function<bool()>& go_on);
 
+// The same for paths, whose folders are listed.
+std::vector<bool> same_as_used(const std::vector<std::string>& offered,
+                               const std::vector<const std::vector<std::string>*>& used,
+                               system::FileSystem& files, work::FolderTree& tree,
+                               const std::function<bool()>& go_on);
+
 }  // namespace ordelan::project

@@ -30,6 +30,7 @@ constexpr std::pair<std::string_view, std::uint32_t> kColors[] = {
     {"Step3", kStep3},
     {"Step4", kStep4},
     {"Mask", kMask},
+    {"RedMask", kRedMask},
 };
 
 std::string color_text(std::string_view name) {

@@ -14,16 +14,17 @@ inline constexpr int kStripTop = 88;
 
 // In the order in which Tab goes through them; what covers another stands before it.
 inline constexpr std::array kMainWindowPlaces = {
-    Place{"AbrirFichero", -1, 12, 10, 148, 32},
-    Place{"cmdReset", -1, 168, 10, 92, 32},
-    Place{"cmdCancelar", -1, 268, 10, 148, 32},
-    Place{"CommandBorrado", -1, 268, 10, 148, 32},
-    Place{"cmdPerdidos", -1, 424, 10, 156, 32},
-    Place{"SalvaListados", -1, 592, 16, 92, 20},
-    Place{"ActualizarVip", -1, 696, 16, 96, 20},
-    Place{"Configurar", -1, 804, 16, 68, 20},
-    Place{"AcercaDe", -1, 882, 16, 62, 20},
-    Place{"cmdSalir", -1, 956, 16, 30, 20},
+    Place{"AbrirFichero", -1, 12, 10, 140, 32},
+    Place{"cmdReset", -1, 158, 10, 82, 32},
+    Place{"cmdCancelar", -1, 246, 10, 140, 32},
+    Place{"CommandBorrado", -1, 246, 10, 140, 32},
+    Place{"cmdPerdidos", -1, 392, 10, 142, 32},
+    Place{"SalvaListados", -1, 546, 16, 92, 20},
+    Place{"ActualizarVip", -1, 648, 16, 96, 20},
+    Place{"RecuperaBorrados", -1, 754, 16, 62, 20},
+    Place{"Configurar", -1, 826, 16, 68, 20},
+    Place{"AcercaDe", -1, 902, 16, 60, 20},
+    Place{"cmdSalir", -1, 970, 16, 30, 20},
     Place{"cmdMinimizar", -1, 1012, 10, 36, 32},
     Place{"Salir", -1, 1052, 10, 36, 32},
 

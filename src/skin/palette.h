@@ -38,5 +38,6 @@ inline constexpr std::uint32_t kStep4 = word(0xE0A572);
 
 // In the picture of a window's ground: what is not the window.
 inline constexpr std::uint32_t kMask = word(0xFF00FF);
+inline constexpr std::uint32_t kRedMask = word(0xFF0000);  // of the protected folders
 
 }  // namespace ordelan::skin

@@ -7,7 +7,7 @@
 namespace ordelan::skin {
 
 // The edges of its window to which a control keeps its distance when the window is resized: with
-// two opposite ones it grows with the window.
+// two opposite ones it grows with the window, with neither of them it stays in the middle.
 inline constexpr unsigned kLeft = 1;
 inline constexpr unsigned kTop = 2;
 inline constexpr unsigned kRight = 4;

@@ -88,6 +88,13 @@ class OutputFile {
   virtual Status close() = 0;
 };
 
+// A name on the disk that only one program holds at a time. It is given back when the object is
+// destroyed, and by the system when the program ends in whatever way.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
+};
+
 // How much a listing reports about each entry: the name and the kind; the size and the attribute
 // word too; the times too. Some systems have to look at every file for more than the names.
 enum class Detail { names, sizes, times };
@@ -167,6 +174,15 @@ class FileSystem {
   // Waits until the names in a folder have reached the disk itself. Windows keeps a journal of them
   // and writes it in order: there it only looks whether the folder exists.
   virtual Status flush_folder(std::string_view folder) = 0;
+
+  // Waits until the bytes of an existing file have reached the disk itself, whatever program wrote
+  // them.
+  virtual Status flush_file(std::string_view path) = 0;
+
+  // Takes the lock of that name: an empty file that exists as long as it is held, and is never
+  // followed where it is a link. No lock, and in_use, while another holder has it, in this program
+  // or another.
+  virtual Opened<FileLock> lock(std::string_view path) = 0;
 
   // Removes a file for good. Fails also when it is not found, is a folder, is read-only or cannot
   // be removed.

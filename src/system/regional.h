@@ -15,6 +15,9 @@ class Regional {
   // Today and the time of day, each in the system's short form.
   virtual std::string short_date() = 0;
   virtual std::string short_time() = 0;
+
+  // The time of day in the long form, with its seconds.
+  virtual std::string long_time() = 0;
 };
 
 }  // namespace ordelan::system

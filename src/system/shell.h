@@ -47,6 +47,12 @@ class Shell {
   // it for good. The window's events go on while a question is up.
   virtual Status recycle(const std::string& path, Confirm confirm) = 0;
 
+  // Copies a file into a folder, under its own name and as the desktop does it: where that name is
+  // taken, the user is asked whether it is to be overwritten; `cancelled` if the answer was no.
+  // Where nobody can be asked the answer is no. What stands there of the copy after a failure is
+  // the shell's affair. too_long for paths longer than the shell takes.
+  virtual Status copy_into(const std::string& from, const std::string& folder) = 0;
+
   // Whether files of the drive with that root ("D:") go to a bin when they are recycled. Ok if so,
   // not_supported if not, not_found where there is no such drive, bad_path for what is no root.
   virtual Status recycles(std::string_view root) = 0;

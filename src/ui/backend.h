@@ -13,6 +13,7 @@ namespace ordelan::ui {
 
 class Button;
 class CheckBox;
+class CheckListBox;
 class Class1;
 class Control;
 class Image;
@@ -37,6 +38,7 @@ class Backend {
   virtual std::unique_ptr<Peer> attach(Window& window) = 0;
   virtual std::unique_ptr<Peer> attach(Button& button) = 0;
   virtual std::unique_ptr<Peer> attach(CheckBox& box) = 0;
+  virtual std::unique_ptr<Peer> attach(CheckListBox& boxes) = 0;
   virtual std::unique_ptr<Peer> attach(Image& image) = 0;
   virtual std::unique_ptr<Peer> attach(Label& label) = 0;
   virtual std::unique_ptr<Peer> attach(ListBox& list) = 0;

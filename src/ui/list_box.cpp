@@ -1,5 +1,6 @@
 #include "ui/list_box.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "ui/backend.h"
@@ -93,6 +94,10 @@ void ListBox::set_current(int index) {
   assign(current_, there ? index : -1, Aspect::current_row);
 }
 
+void ListBox::set_top(std::size_t index) {
+  assign(top_, std::min(index, empty() ? 0 : count() - 1), Aspect::top);
+}
+
 const std::string& ListBox::current_row() const {
   return current_ < 0 ? kNoRow : row(static_cast<std::size_t>(current_));
 }
@@ -104,6 +109,7 @@ ListBox::Rows& ListBox::own_rows() {
 
 void ListBox::changed() {
   if (current_ >= static_cast<int>(count())) current_ = -1;
+  top_ = std::min(top_, empty() ? 0 : count() - 1);
   notify(Aspect::rows);
 }
 

@@ -13,6 +13,8 @@
 
 namespace ordelan::ui {
 
+class CheckListBox;
+
 class ListBox : public Control {
  public:
   using Rows = std::vector<std::string>;
@@ -54,6 +56,22 @@ class ListBox : public Control {
   // The text of the current row; empty if there is none.
   const std::string& current_row() const;
 
+  // The first row in sight.
+  std::size_t top() const { return top_; }
+  // Scrolls so that this row is the first, or as far as the list can be scrolled: if that is less,
+  // `on_scroll` is raised.
+  void set_top(std::size_t index);
+  // The real list has another first row now; the peer is not notified.
+  void scrolled(std::size_t top) { top_ = top; }
+
+  // Room to the left of every row that is not scrolled with the text; to be set before the window
+  // is loaded.
+  int indent() const { return indent_; }
+  void set_indent(int width) { indent_ = width; }
+
+  // The boxes that stand in that room; null for none. See `CheckListBox::stand_beside`.
+  CheckListBox* boxes() const { return boxes_; }
+
   // How far the rows can be scrolled sideways, in pixels as they are painted.
   int horizontal_extent() const { return extent_; }
   void set_horizontal_extent(int pixels) { assign(extent_, pixels, Aspect::extent); }
@@ -61,6 +79,8 @@ class ListBox : public Control {
   // Whether files may be dropped here; to be set before the window is loaded.
   bool accepts_drops() const { return static_cast<bool>(on_drop); }
 
+  // Another row has become the first in sight, by the user or because rows or the choice changed.
+  std::function<void()> on_scroll;
   std::function<void()> on_right_click;
   // The left button was pressed below the last row. The current row stays.
   std::function<void()> on_click_below;
@@ -70,13 +90,18 @@ class ListBox : public Control {
   std::function<void(std::vector<std::string>)> on_drop;
 
  private:
+  friend class CheckListBox;
+
   Rows& own_rows();
   void changed();
 
   std::shared_ptr<Rows> rows_ = std::make_shared<Rows>();  // changed by `own_rows` alone
   int current_ = -1;
   bool chosen_by_key_ = false;
+  std::size_t top_ = 0;
   int extent_ = 0;
+  int indent_ = 0;
+  CheckListBox* boxes_ = nullptr;
 };
 
 }  // namespace ordelan::ui

@@ -14,6 +14,7 @@ enum class Aspect {
   tip,
   rows,
   current_row,
+  top,  // the first row of a list that is in sight
   extent,
   value,
   interval,

@@ -12,6 +12,8 @@ void move(int& offset, int& length, bool near_edge, bool far_edge, int growth) {
     length = std::max(0, length + growth);
   } else if (far_edge) {
     offset += growth;
+  } else if (!near_edge) {
+    offset += growth / 2;
   }
 }
 

@@ -40,6 +40,18 @@ void PathStrip::MostrarPath(const std::string& Texto) {
   UltimoPath = Texto;
 }
 
+void PathStrip::show_rows(const std::vector<std::string>& rows) {
+  ui::Rect bounds = ListPath.bounds();
+  bounds.height = kHeight * static_cast<int>(rows.size());
+  ListPath.set_bounds(bounds);
+  ListPath.clear();
+  ListPath.add(rows);
+  ui::ListaAncho(ListPath);
+  ListPath.show();
+  ListPath.bring_to_front();
+  UltimoPath.clear();
+}
+
 void PathStrip::hide() {
   ListPath.hide();
   ImageIcon.hide();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "ui/image.h"
 #include "ui/list_box.h"
@@ -20,6 +21,8 @@ class PathStrip {
 
   // Shows `Texto`; the same text a second time inverts the strip.
   void MostrarPath(const std::string& Texto);
+  // Shows rows of several lines.
+  void show_rows(const std::vector<std::string>& rows);
   void hide();
 };
 

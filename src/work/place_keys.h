@@ -9,5 +9,11 @@ inline constexpr const char* kPerdidos = "Perdidos";
 inline constexpr const char* kUnidadesBuscar = "UnidadesBuscar";
 inline constexpr const char* kElegirRuta = "ElegirRuta";
 inline constexpr const char* kFuera = "Fuera";
+inline constexpr const char* kBacUp = "BacUp";
+inline constexpr const char* kParaBorrar = "ParaBorrar";
+inline constexpr const char* kCarpetaBack = "CarpetaBack";
+inline constexpr const char* kRecuperar = "Recuperar";
+// That of the main window: each puts the other where it was closed last.
+inline constexpr const char* kFormNoBorrar = kForm1;
 
 }  // namespace ordelan::work::place_key

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "ui/list_box.h"
@@ -17,6 +18,17 @@ using JobNumber = std::uint64_t;
 struct ProyectoFuera {
   std::string ruta;    // its path, or that of a folder whose projects cannot be seen
   std::string motivo;  // the reason, for the user
+};
+
+// A file as it stood on the disk when it was read or listed, to notice that it has changed since.
+struct Visto {
+  std::uint64_t size = 0;
+  double modified = 0;
+};
+struct ProyectoLeido {
+  std::string ruta;
+  std::uint64_t size = 0;
+  double modified = 0;
 };
 
 struct WorkInHand {
@@ -34,6 +46,12 @@ struct WorkInHand {
   bool Borrando = false;               // a removal runs: no decode, no reset, no cancel
   ui::ListBox* ListaActual = nullptr;  // the list last clicked
   std::vector<ProyectoFuera> ProyectosFuera;  // in the order in which they were met
+
+  // Whether ListBorrar is what a whole sweep has found: nothing may be removed by a list that a
+  // cancel has cut short.
+  bool ListaBorrarCompleta = false;
+  std::vector<ProyectoLeido> ProyectosLeidos;           // for ListUtilizados
+  std::unordered_map<std::string, Visto> VistosBorrar;  // the rows of ListBorrar
 
   // Begins a job: runs that began earlier are superseded by it. A reset begins one too, so that
   // what it emptied is not filled again by a loop that was still running.

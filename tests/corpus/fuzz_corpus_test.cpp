@@ -39,5 +39,13 @@ TEST(FuzzCorpus, the_code_page_keeps_its_rules_on_every_kept_text) {
   EXPECT_GE(replay("fuzz_code_page", check_code_page), 20u);
 }
 
+TEST(FuzzCorpus, logs_of_removed_files_are_read_like_plain_lines_in_every_kept_one) {
+  EXPECT_GE(replay("fuzz_removal_log", check_removal_log), 12u);
+}
+
+TEST(FuzzCorpus, indexes_of_copies_keep_their_rules_in_every_kept_one) {
+  EXPECT_GE(replay("fuzz_copy_index", check_copy_index), 12u);
+}
+
 }  // namespace
 }  // namespace ordelan::test

@@ -10,6 +10,8 @@
 #include "main_window/about_window.h"
 #include "main_window/main_window.h"
 #include "main_window/projects_left_out_window.h"
+#include "removal/backup_options_window.h"
+#include "removal/recovery_window.h"
 #include "support/program_bench.h"
 
 namespace ordelan::test {
@@ -184,8 +186,12 @@ TEST_F(OpenSteps, every_button_and_label_leads_where_it_says) {
   EXPECT_TRUE(form.lists.empty());
   form.AbrirFichero.on_click();
   EXPECT_THAT(dialogs.requests, SizeIs(2));
-  for (const ui::Control* pending : std::initializer_list<const ui::Control*>{
-           &form.CommandBorrado, &form.ActualizarVip, &form.ZoomListas}) {
+  form.CommandBorrado.on_click();
+  EXPECT_TRUE(windows.find<removal::BacUp>()->visible());
+  form.RecuperaBorrados.on_click();
+  EXPECT_TRUE(windows.find<removal::Recuperar>()->visible());
+  for (const ui::Control* pending :
+       std::initializer_list<const ui::Control*>{&form.ActualizarVip, &form.ZoomListas}) {
     EXPECT_FALSE(pending->enabled()) << pending->name();
   }
 }

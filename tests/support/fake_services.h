@@ -14,6 +14,7 @@
 #include "system/file_system.h"
 #include "system/regional.h"
 #include "system/shell.h"
+#include "text/paths.h"
 
 namespace ordelan::test {
 
@@ -33,6 +34,7 @@ class FixedRegional final : public system::Regional {
   char decimal_mark() override { return mark; }
   std::string short_date() override { return "21/11/2026"; }
   std::string short_time() override { return "9:05"; }
+  std::string long_time() override { return "9:05:07"; }
 };
 
 // A machine with just the drives that a test puts in; without any at first.
@@ -92,10 +94,11 @@ class FakeShell final : public system::Shell {
   system::FileSystem* files = nullptr;
   // What is in the bin: path to bytes. A path that is recycled twice has its last bytes here.
   std::map<std::string, std::string> bin;
-  std::vector<std::string> questions;  // the paths that were recycled with a question
-  int emptied = 0;                     // how often the bin was emptied
-  std::set<std::string> without_bin;   // the roots of drives whose files are not recycled
-  bool answers_yes = true;             // what the user answers to questions
+  std::vector<std::string> questions;    // the paths that were recycled with a question
+  std::vector<std::string> overwritten;  // the paths for which a copy needed an answer
+  int emptied = 0;                       // how often the bin was emptied
+  std::set<std::string> without_bin;     // the roots of drives whose files are not recycled
+  bool answers_yes = true;               // what the user answers to questions
 
   system::Status recycle(const std::string& path, system::Confirm confirm) override {
     if (!recycles(path.substr(0, 3))) return system::Reason::not_supported;
@@ -123,6 +126,17 @@ class FakeShell final : public system::Shell {
     }
     bin[path] = std::move(bytes);
     return {};
+  }
+  system::Status copy_into(const std::string& from, const std::string& folder) override {
+    if (!files) return system::Reason::not_supported;
+    const std::string to = system::with_backslash(folder) + text::Obtener_Nombre_Archivo(from);
+    if (files->info(to)) {
+      overwritten.push_back(to);
+      if (!answers_yes) return system::Reason::cancelled;
+      const auto removed = files->remove(to);
+      if (!removed) return removed;
+    }
+    return files->copy_new(from, to);
   }
   system::Status recycles(std::string_view root) override {
     return without_bin.contains(std::string(root)) ? system::Reason::not_supported

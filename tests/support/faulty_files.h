@@ -41,6 +41,8 @@ class FaultyFiles final : public ForwardingFiles {
     move,
     copy_new,
     flush_folder,
+    flush_file,
+    lock,
     remove
   };
 
@@ -53,6 +55,15 @@ class FaultyFiles final : public ForwardingFiles {
   // Names (of new, moved and removed files) are taken to reach the disk at once, which is the worst
   // case for code that moves a file into place before its bytes are safe.
   bool loses_unflushed = false;
+  // Whether it takes along also what became of names in folders that were not flushed since: new
+  // files and folders are gone, moved ones have their old names, removed ones are back. The names
+  // of one folder reach the disk in their order, as journaling file systems keep it, but flushing
+  // one folder says nothing about another. A file that was emptied to be written anew has its old
+  // bytes until it is flushed.
+  bool loses_names = false;
+  // With a number other than 0 only a part of all that is lost, chosen by that number: the disk may
+  // have written the rest by itself.
+  std::uint32_t luck = 0;
   // Called before each read with its offset. Gives how many bytes may come at most; nothing makes
   // the read fail.
   std::function<std::optional<std::size_t>(std::uint64_t)> on_read;
@@ -71,15 +82,18 @@ class FaultyFiles final : public ForwardingFiles {
   }
   system::Opened<system::OutputFile> create(std::string_view path) override {
     if (const auto status = begin(Call::create, path); !status) return status;
-    return watched(path, files().create(path));
+    auto before = kept(path);
+    return watched(path, files().create(path), std::move(before));
   }
   system::Opened<system::OutputFile> create_new(std::string_view path) override {
     if (const auto status = begin(Call::create_new, path); !status) return status;
-    return watched(path, files().create_new(path));
+    return watched(path, files().create_new(path), std::nullopt);
   }
   system::Status make_folder(std::string_view path) override {
-    const auto status = begin(Call::make_folder, path);
-    return status ? files().make_folder(path) : status;
+    auto status = begin(Call::make_folder, path);
+    if (status) status = files().make_folder(path);
+    if (status) note({.path = std::string(path), .folder = true});
+    return status;
   }
   system::Status set_attributes(std::string_view path, std::uint32_t attributes) override {
     const auto status = begin(Call::set_attributes, path);
@@ -87,30 +101,53 @@ class FaultyFiles final : public ForwardingFiles {
   }
   system::Status replace(std::string_view from, std::string_view to) override {
     auto status = begin(Call::replace, to);
+    auto before = status ? kept(to) : std::nullopt;
     if (status) status = files().replace(from, to);
-    if (status) renamed(from, to);
+    if (status) renamed(from, to, std::move(before));
     return status;
   }
   system::Status move(std::string_view from, std::string_view to) override {
     auto status = begin(Call::move, to);
     if (status) status = files().move(from, to);
-    if (status) renamed(from, to);
+    if (status) renamed(from, to, std::nullopt);
     return status;
   }
   // A kill in its middle leaves a part of the copy, as a real one does.
   system::Status copy_new(std::string_view from, std::string_view to,
                           const Progress& progress) override {
-    const auto status = begin(Call::copy_new, to, [&] { leave_part(from, to); });
-    return status ? files().copy_new(from, to, progress) : status;
+    auto status = begin(Call::copy_new, to, [&] { leave_part(from, to); });
+    if (status) status = files().copy_new(from, to, progress);
+    if (status) note({.path = std::string(to)});
+    return status;
   }
   system::Status flush_folder(std::string_view folder) override {
-    const auto status = begin(Call::flush_folder, folder);
-    return status ? files().flush_folder(folder) : status;
+    auto status = begin(Call::flush_folder, folder);
+    if (status) status = files().flush_folder(folder);
+    if (status) {
+      const std::string flushed = key(system::with_backslash(folder));
+      std::erase_if(names_, [&](const Named& one) { return one.place() == flushed; });
+    }
+    return status;
+  }
+  system::Status flush_file(std::string_view path) override {
+    auto status = begin(Call::flush_file, path);
+    if (status) status = files().flush_file(path);
+    if (status) {
+      const auto file = unflushed_.find(key(path));
+      if (file != unflushed_.end()) file->second.flushed = file->second.written;
+    }
+    return status;
+  }
+  system::Opened<system::FileLock> lock(std::string_view path) override {
+    if (const auto status = begin(Call::lock, path); !status) return status;
+    return files().lock(path);
   }
   system::Status remove(std::string_view path) override {
     auto status = begin(Call::remove, path);
+    auto before = status ? kept(path) : std::nullopt;
     if (status) status = files().remove(path);
     if (status) unflushed_.erase(key(path));
+    if (status) note({.path = std::string(path), .before = std::move(before), .removed = true});
     return status;
   }
 
@@ -146,20 +183,23 @@ class FaultyFiles final : public ForwardingFiles {
     system::Status write(std::string_view bytes) override {
       const auto part = [&] { put(bytes.substr(0, files_.room)).ignore(); };
       const auto status = files_.begin(Call::write, path_, part);
-      if (status) return put(bytes);
+      if (!failed_) return failed_;
+      if (status) return failed_ = put(bytes);
       if (file_) part();
-      return status;
+      return failed_ = status;
     }
     system::Status flush() override {
       auto status = files_.begin(Call::flush, path_);
+      if (!failed_) return failed_;
       if (status) status = file_->flush();
       if (status) files_.flushed(path_);
-      return status;
+      return failed_ = status;
     }
     system::Status close() override {
       const auto status = files_.begin(Call::close, path_);
       if (!file_) return status;
       const auto closed = file_->close();
+      if (!failed_) return failed_;
       return status ? closed : status;
     }
 
@@ -176,6 +216,7 @@ class FaultyFiles final : public ForwardingFiles {
     FaultyFiles& files_;
     std::string path_;
     std::unique_ptr<system::OutputFile> file_;
+    system::Status failed_;  // every call after one that failed fails too
   };
 
   // How much of a file that this has written is on the disk for good.
@@ -183,6 +224,18 @@ class FaultyFiles final : public ForwardingFiles {
     std::string path;
     std::uint64_t written = 0;
     std::uint64_t flushed = 0;
+    std::optional<std::string> before = std::nullopt;  // the bytes of the file that it has emptied
+  };
+
+  // A change of a name that its folder's flush has not followed yet.
+  struct Named {
+    std::string path;                                  // a new name, or the one that was removed
+    std::string from = {};                             // the name that it had before; empty if none
+    std::optional<std::string> before = std::nullopt;  // what had the name before
+    bool folder = false;
+    bool removed = false;
+
+    std::string place() const { return key(path.substr(0, path.rfind('\\') + 1)); }
   };
 
   static std::string key(std::string_view path) { return text::lower(path); }
@@ -205,18 +258,39 @@ class FaultyFiles final : public ForwardingFiles {
   }
 
   system::Opened<system::OutputFile> watched(std::string_view path,
-                                             system::Opened<system::OutputFile> file) {
+                                             system::Opened<system::OutputFile> file,
+                                             std::optional<std::string> before) {
     if (!file) return file;
-    unflushed_[key(path)] = {std::string(path)};
+    if (!before) note({.path = std::string(path)});
+    unflushed_[key(path)] = {std::string(path), 0, 0, std::move(before)};
     return std::make_unique<Output>(*this, path, std::move(file));
   }
 
   void flushed(const std::string& path) {
     Unflushed& file = unflushed_[key(path)];
     file.flushed = file.written;
+    file.before.reset();
   }
 
-  void renamed(std::string_view from, std::string_view to) {
+  void note(Named change) {
+    if (loses_names) names_.push_back(std::move(change));
+  }
+
+  // The bytes of a file that is about to change, as far as they are on the disk; nothing where none
+  // is, or where names are not lost anyway.
+  std::optional<std::string> kept(std::string_view path) {
+    if (!loses_names) return std::nullopt;
+    const auto file = files().open(path);
+    if (!file) return std::nullopt;
+    const auto written = unflushed_.find(key(path));
+    const auto size = written == unflushed_.end() ? file->size() : written->second.flushed;
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
+    return bytes;
+  }
+
+  void renamed(std::string_view from, std::string_view to, std::optional<std::string> before) {
+    note({.path = std::string(to), .from = std::string(from), .before = std::move(before)});
     unflushed_.erase(key(to));
     auto moved = unflushed_.extract(key(from));
     if (moved.empty()) return;
@@ -227,8 +301,65 @@ class FaultyFiles final : public ForwardingFiles {
 
   void lose() {
     for (const auto& [name, file] : unflushed_) {
-      if (file.flushed < file.written) rewrite(file.path, file.path, file.flushed);
+      if (chance(2) != 0) continue;
+      if (loses_names && file.before) {
+        put_whole(file.path, *file.before);
+      } else if (file.flushed < file.written) {
+        rewrite(file.path, file.path, file.flushed);
+      }
     }
+    std::map<std::string, std::size_t> lost;  // of each folder, how many of its last changes
+    for (const Named& change : names_) ++lost[change.place()];
+    for (auto& [folder, count] : lost) count -= chance(count + 1);
+    for (auto change = names_.rbegin(); change != names_.rend(); ++change) {
+      std::size_t& left = lost[change->place()];
+      if (left == 0) continue;
+      --left;
+      take_back(*change);
+    }
+  }
+
+  void take_back(const Named& change) {
+    if (!change.from.empty()) {
+      files().move(change.path, change.from).ignore();
+    } else if (change.folder) {
+      remove_below(change.path);
+    } else if (!change.removed) {
+      remove_file(change.path);
+    }
+    if (change.before) put_whole(change.path, *change.before);
+  }
+
+  void remove_file(const std::string& path) {
+    files().set_attributes(path, system::attribute::kArchive).ignore();
+    files().remove(path).ignore();
+  }
+
+  // What stands below a folder whose name is lost: no path leads to it any more. The empty folder
+  // stays, as the port removes none.
+  void remove_below(const std::string& folder) {
+    const auto entries = files().list(folder, system::Detail::names);
+    if (!entries) return;
+    for (const system::FileInfo& entry : *entries) {
+      const std::string path = system::with_backslash(folder) + entry.name;
+      if (entry.folder) {
+        remove_below(path);
+      } else {
+        remove_file(path);
+      }
+    }
+  }
+
+  void put_whole(const std::string& path, const std::string& bytes) {
+    if (const auto file = files().create(path)) file->write(bytes).ignore();
+  }
+
+  // A number below `bound`; always 0 without luck.
+  std::uint32_t chance(std::size_t bound) {
+    if (luck == 0) return 0;
+    luck = luck * 1664525u + 1013904223u;
+    if (luck == 0) luck = 1;
+    return static_cast<std::uint32_t>((luck >> 8) % bound);
   }
 
   void leave_part(std::string_view from, std::string_view to) {
@@ -248,6 +379,7 @@ class FaultyFiles final : public ForwardingFiles {
 
   std::vector<Output*> outputs_;
   std::map<std::string, Unflushed> unflushed_;
+  std::vector<Named> names_;  // in their order
 };
 
 }  // namespace ordelan::test

@@ -13,7 +13,7 @@ namespace ordelan::test {
 
 class FaultyShell final : public system::Shell {
  public:
-  enum class Call { open, file_type, executable, icon, recycle, recycles, empty_bin };
+  enum class Call { open, file_type, executable, icon, recycle, copy_into, recycles, empty_bin };
 
   // `shell` must outlive this.
   explicit FaultyShell(system::Shell& shell) : shell_(shell) {}
@@ -35,6 +35,10 @@ class FaultyShell final : public system::Shell {
   system::Status recycle(const std::string& path, system::Confirm confirm) override {
     const auto status = begin(Call::recycle, path);
     return status ? shell_.recycle(path, confirm) : status;
+  }
+  system::Status copy_into(const std::string& from, const std::string& folder) override {
+    const auto status = begin(Call::copy_into, from);
+    return status ? shell_.copy_into(from, folder) : status;
   }
   system::Status recycles(std::string_view root) override {
     const auto status = begin(Call::recycles, root);

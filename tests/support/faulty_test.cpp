@@ -103,8 +103,40 @@ TEST_F(FaultyFilesTest, a_failing_write_writes_as_much_as_there_is_room) {
   const auto file = files.create(disk.path("a.wav"));
   ASSERT_TRUE(file);
   EXPECT_EQ(file->write("uno"), Reason::no_space);
-  EXPECT_TRUE(file->close());
+  files.faults.heal();
+  EXPECT_EQ(file->write("dos"), Reason::no_space) << "as a real one, it does not go on after that";
+  EXPECT_EQ(file->close(), Reason::no_space);
   EXPECT_EQ(content("a.wav"), "un");
+}
+
+TEST_F(FaultyFilesTest, a_power_cut_loses_the_names_that_were_not_flushed) {
+  disk.write("old.wav", "old");
+  disk.write("gone.wav", "gone");
+  disk.write("log.txt", "of before");
+  disk.make_folder("Otra");
+  files.loses_unflushed = files.loses_names = true;
+  ASSERT_TRUE(files.copy_new(disk.path("old.wav"), disk.path("first.wav"), nullptr));
+  ASSERT_TRUE(files.flush_folder(disk.folder()));
+  ASSERT_TRUE(files.copy_new(disk.path("old.wav"), disk.path("second.wav"), nullptr));
+  ASSERT_TRUE(files.copy_new(disk.path("old.wav"), disk.path("Otra\\third.wav"), nullptr));
+  ASSERT_TRUE(files.move(disk.path("old.wav"), disk.path("new.wav")));
+  ASSERT_TRUE(files.remove(disk.path("gone.wav")));
+  ASSERT_TRUE(files.make_folder(disk.path("Nueva")));
+  ASSERT_TRUE(files.copy_new(disk.path("new.wav"), disk.path("Nueva\\fourth.wav"), nullptr));
+  ASSERT_TRUE(files.flush_folder(disk.path("Nueva")));
+  const auto log = files.create(disk.path("log.txt"));
+  ASSERT_TRUE(log);
+  ASSERT_TRUE(log->write("new"));
+  files.faults.kill({.call = Call::info});
+  EXPECT_THROW(files.info(disk.path("old.wav")), Killed);
+  EXPECT_EQ(content("first.wav"), "old") << "its folder was flushed";
+  EXPECT_EQ(content("second.wav"), "not opened");
+  EXPECT_EQ(content("Otra\\third.wav"), "not opened");
+  EXPECT_EQ(content("old.wav"), "old");
+  EXPECT_EQ(content("new.wav"), "not opened");
+  EXPECT_EQ(content("gone.wav"), "gone");
+  EXPECT_EQ(content("Nueva\\fourth.wav"), "not opened") << "the folder itself is lost";
+  EXPECT_EQ(content("log.txt"), "of before");
 }
 
 TEST_F(FaultyFilesTest, a_call_may_take_its_time_or_change_the_world) {

@@ -45,6 +45,10 @@ class ForwardingFiles : public system::FileSystem {
   system::Status flush_folder(std::string_view folder) override {
     return files_.flush_folder(folder);
   }
+  system::Status flush_file(std::string_view path) override { return files_.flush_file(path); }
+  system::Opened<system::FileLock> lock(std::string_view path) override {
+    return files_.lock(path);
+  }
   system::Status remove(std::string_view path) override { return files_.remove(path); }
 
  protected:
@@ -87,6 +91,10 @@ class NoFiles : public system::FileSystem {
     return system::Reason::not_found;
   }
   system::Status flush_folder(std::string_view) override { return system::Reason::not_found; }
+  system::Status flush_file(std::string_view) override { return system::Reason::not_found; }
+  system::Opened<system::FileLock> lock(std::string_view) override {
+    return system::Reason::read_only;
+  }
   system::Status remove(std::string_view) override { return system::Reason::not_found; }
 
  protected:

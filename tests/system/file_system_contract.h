@@ -770,8 +770,44 @@ TYPED_TEST_P(FileSystemContract, an_empty_file_is_copied_and_a_stopped_copy_leav
   EXPECT_FALSE(this->files().info(this->path("c.wav")));
 }
 
+TYPED_TEST_P(FileSystemContract, the_bytes_of_a_file_that_another_wrote_are_flushed) {
+  using system::Reason;
+  this->place().write(this->path("a.wav"), "1");
+  EXPECT_TRUE(this->files().flush_file(this->path("a.wav")));
+  ASSERT_TRUE(this->files().set_attributes(this->path("a.wav"), system::attribute::kReadOnly));
+  EXPECT_TRUE(this->files().flush_file(this->path("a.wav")));
+  EXPECT_NE(this->files().info(this->path("a.wav"))->attributes & system::attribute::kReadOnly, 0u)
+      << "it is read-only as before";
+  ASSERT_TRUE(this->files().set_attributes(this->path("a.wav"), system::attribute::kArchive));
+  EXPECT_EQ(this->files().flush_file(this->path("nada.wav")), Reason::not_found);
+  this->place().make_folder(this->path("Mix"));
+  EXPECT_EQ(this->files().flush_file(this->path("Mix")), Reason::not_a_file);
+}
+
+TYPED_TEST_P(FileSystemContract, a_lock_has_one_holder_and_leaves_nothing) {
+  using system::Reason;
+  {
+    const auto held = this->files().lock(this->path("uno.lock"));
+    ASSERT_TRUE(held);
+    EXPECT_EQ(this->files().lock(this->path("uno.lock")).status(), Reason::in_use);
+    EXPECT_EQ(this->files().lock(this->path("UNO.LOCK")).status(), Reason::in_use);
+    EXPECT_TRUE(this->files().lock(this->path("dos.lock"))) << "another name is another lock";
+  }
+  EXPECT_FALSE(this->files().info(this->path("uno.lock")));
+  EXPECT_TRUE(this->files().lock(this->path("uno.lock")));
+  EXPECT_EQ(this->files().lock(this->path("nada\\uno.lock")).status(), Reason::not_found);
+}
+
+// A killed program leaves the name and not the lock.
+TYPED_TEST_P(FileSystemContract, a_name_that_nobody_holds_is_locked) {
+  this->place().write(this->path("uno.lock"), "");
+  EXPECT_TRUE(this->files().lock(this->path("uno.lock")));
+}
+
 REGISTER_TYPED_TEST_SUITE_P(
-    FileSystemContract, a_failure_says_why, a_read_only_file_is_removed_only_when_it_is_one_no_more,
+    FileSystemContract, the_bytes_of_a_file_that_another_wrote_are_flushed,
+    a_lock_has_one_holder_and_leaves_nothing, a_name_that_nobody_holds_is_locked,
+    a_failure_says_why, a_read_only_file_is_removed_only_when_it_is_one_no_more,
     attributes_are_set_and_taken_away, a_file_is_flushed_and_written_on,
     a_file_is_moved_and_never_over_another, a_copy_has_the_bytes_the_time_and_the_attributes,
     a_copy_is_never_made_over_anything, an_empty_file_is_copied_and_a_stopped_copy_leaves_nothing,

@@ -167,7 +167,26 @@ TYPED_TEST_P(ShellContract, the_bin_is_emptied_and_may_be_empty) {
             system::Reason::not_found);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(ShellContract, a_recycled_file_goes_to_the_bin_and_others_stay,
+TYPED_TEST_P(ShellContract, a_file_is_copied_into_a_folder_under_its_own_name) {
+  using system::Reason;
+  ASSERT_TRUE(this->files().make_folder(this->path("Copias")));
+  this->write(this->path("Canci\xF3n [1].wav"), "voz");
+  EXPECT_TRUE(this->shell().copy_into(this->path("Canci\xF3n [1].wav"), this->path("Copias")));
+  const auto copy = this->files().info(this->path("Copias\\Canci\xF3n [1].wav"));
+  ASSERT_TRUE(copy);
+  EXPECT_EQ(copy->size, 3u);
+  EXPECT_TRUE(this->files().info(this->path("Canci\xF3n [1].wav")));
+  EXPECT_EQ(this->shell().copy_into(this->path("nada.wav"), this->path("Copias")),
+            Reason::not_found);
+  EXPECT_EQ(this->shell().copy_into(this->path("Copias"), this->path("Copias")),
+            Reason::not_a_file);
+  EXPECT_EQ(this->shell().copy_into(this->path("Canci\xF3n [1].wav"), this->path("nada")),
+            Reason::not_found);
+  EXPECT_FALSE(this->files().info(this->path("nada"))) << "no file gets the folder's name";
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ShellContract, a_file_is_copied_into_a_folder_under_its_own_name,
+                            a_recycled_file_goes_to_the_bin_and_others_stay,
                             files_of_one_name_and_read_only_files_are_recycled,
                             what_is_no_file_is_not_recycled,
                             a_file_is_recycled_or_stays_and_is_never_taken_for_another,

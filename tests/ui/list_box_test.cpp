@@ -203,6 +203,30 @@ TEST_F(LoadedListBoxTest, the_current_row_is_reported_when_the_program_sets_it_o
   EXPECT_EQ(list.current_row(), "a");
 }
 
+TEST_F(ListBoxTest, the_first_row_in_sight_is_one_of_the_rows) {
+  fill({"a", "b", "c"});
+  list.set_top(2);
+  EXPECT_EQ(list.top(), 2u);
+  list.set_top(3);
+  EXPECT_EQ(list.top(), 2u);
+  list.remove(0);
+  EXPECT_EQ(list.top(), 1u) << "it went with its row";
+  list.clear();
+  EXPECT_EQ(list.top(), 0u);
+  list.set_top(1);
+  EXPECT_EQ(list.top(), 0u);
+}
+
+TEST_F(LoadedListBoxTest, the_first_row_in_sight_is_reported_when_the_program_sets_it_only) {
+  fill({"a", "b"});
+  list.set_top(1);
+  expect_only(ui::Aspect::top);
+  list.set_top(1);
+  list.scrolled(0);
+  EXPECT_THAT(backend.take(), IsEmpty());
+  EXPECT_EQ(list.top(), 0u);
+}
+
 TEST_F(LoadedListBoxTest, the_extent_is_reported_when_it_changes) {
   list.set_horizontal_extent(300);
   expect_only(ui::Aspect::extent);

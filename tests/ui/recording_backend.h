@@ -13,6 +13,7 @@
 #include "ui/balloon.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
+#include "ui/check_list_box.h"
 #include "ui/image.h"
 #include "ui/label.h"
 #include "ui/list_box.h"
@@ -45,6 +46,7 @@ class RecordingBackend final : public ui::Backend {
   std::unique_ptr<ui::Peer> attach(ui::Window& window) override { return made(window.name()); }
   std::unique_ptr<ui::Peer> attach(ui::Button& button) override { return made(button); }
   std::unique_ptr<ui::Peer> attach(ui::CheckBox& box) override { return made(box); }
+  std::unique_ptr<ui::Peer> attach(ui::CheckListBox& boxes) override { return made(boxes); }
   std::unique_ptr<ui::Peer> attach(ui::Image& image) override { return made(image); }
   std::unique_ptr<ui::Peer> attach(ui::Label& label) override { return made(label); }
   std::unique_ptr<ui::Peer> attach(ui::ListBox& list) override { return made(list); }

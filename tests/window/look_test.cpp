@@ -61,13 +61,29 @@ class Look : public OrdelanTest {
   }
 
   // Saves the window in use, with its ground dark and everything in its place.
-  void take(const std::string& what) const {
+  void take(const std::string& what, const std::string& over = "ListProyectosInfo") const {
     program->picture_of_window(name_of(what));
-    expect_order();
+    expect_order(over);
   }
 
-  // `over` may lie on another: an invitation on the list that it invites to.
-  void expect_order(const std::string& over = "ListProyectosInfo") const {
+  // A studio of one project, with files that it does not use under long names.
+  void open_unused(int count) {
+    write("Canciones\\usado.wav", "used");
+    write("Canciones\\tema.vip", project_of({path("Canciones\\usado.wav")}));
+    for (int i = 0; i < count; ++i) {
+      write("Canciones\\Toma " + std::to_string(1000 + i) +
+                " de la sección de cuerdas, micrófono de sala izquierdo.wav",
+            std::to_string(i));
+    }
+    start();
+    open(path("Canciones\\tema.vip"));
+    wait_decoded();
+    program->click("CommandBorrado");
+    program->use_window("BacUp");
+  }
+
+  // `over` may lie on another: an invitation on the list that it invites to, boxes in their list.
+  void expect_order(const std::string& over) const {
     const HWND window = program->window();
     RECT room{};
     GetClientRect(window, &room);
@@ -181,6 +197,85 @@ TEST_F(Look, of_the_drives_shows_a_box_for_each) {
   program->click("Configurar");
   program->use_window("UnidadesBuscar");
   take("drives");
+}
+
+TEST_F(Look, of_a_run_with_backup_and_its_recovery) {
+  open_unused(40);
+  std::filesystem::create_directories(folder() / L"Copias");
+  take("options");
+  program->click("ImageInfoVip");
+  program->wait_until("the words", [&] { return program->visible("AvisoAsociados"); });
+  take("options-words", "AvisoAsociados");
+  program->click("AvisoAsociados");
+  program->wait_until("their end", [&] { return !program->visible("AvisoAsociados"); });
+
+  program->click("cmdBorrar");
+  program->use_window("ParaBorrar");
+  program->click_row("ListStatus", 1);
+  program->wait_until("the box", [&] { return !program->ticked("ListStatus", 1); });
+  take("review", "ListStatus");
+  program->click("ImageInfoSound");
+  program->wait_until("the words", [&] { return program->visible("AvisoSound"); });
+  program->picture_of_window(name_of("review-words"));
+  program->click("AvisoSound");
+  program->wait_until("their end", [&] { return !program->visible("AvisoSound"); });
+  program->click("CheckAudio");
+  program->wait_until("the volume", [&] { return program->visible("ImageVol"); });
+  take("review-volume", "ListStatus");
+  program->click("CheckAudio");
+  program->wait_until("the end of the volume", [&] { return !program->visible("ImageVol"); });
+
+  program->click("cmdHecho");
+  program->use_window("CarpetaBack");
+  take("folder");
+  program->cancel_folder_dialog();
+  program->wait_until("the hint", [&] { return program->visible("LabelAviso"); });
+  take("folder-none");
+  program->click("CarpetaNew");
+  program->pick_folder(path("Copias"));
+  program->wait_until("the button of the run",
+                      [&] { return program->visible("cmdCarpetaBorrar"); });
+  take("folder-chosen");
+  write("Canciones\\Toma 1003 de la sección de cuerdas, micrófono de sala izquierdo.wav",
+        "recorded anew meanwhile");
+  program->click("cmdCarpetaBorrar");
+  program->use_window("BacUp");
+  program->wait_until("the report of the run", [&] {
+    return program->visible("LabelResultado") && program->visible("ListNoBorrados");
+  });
+  take("options-run");
+  program->use_window("ParaBorrar");
+  take("review-run", "ListStatus");
+  program->click("cmdSalir");
+  program->wait_until("the end of the review",
+                      [&] { return !program->window_shown("ParaBorrar"); });
+
+  program->use_window("Form1");
+  program->click("RecuperaBorrados");
+  program->use_window("Recuperar");
+  take("recovery");
+  program->click("cmdOpen");
+  program->pick_files({path("Copias\\Archivos_Borrados.log")});
+  program->wait_until("the log", [&] { return program->visible("cmdRecuperar"); });
+  take("recovery-log");
+  std::filesystem::remove(folder() / L"Copias" /
+                          L"Toma 1005 de la secci\u00F3n de cuerdas, micr\u00F3fono de sala "
+                          L"izquierdo.wav");
+  program->click("cmdRecuperar");
+  program->wait_until("the end", [&] { return program->visible("LabelCerrar"); });
+  take("recovery-done", "ListNoRecuperados");
+}
+
+TEST_F(Look, of_the_protected_folders) {
+  open_unused(2);
+  program->click("CommandProtegidas");
+  program->use_window("FormNoBorrar");
+  take("protected-words", "AvisoNoBorrados");
+  program->click("AvisoNoBorrados");
+  program->wait_until("their end", [&] { return !program->visible("AvisoNoBorrados"); });
+  program->click("CommandAgregar");
+  program->wait_until("the row", [&] { return program->row_count("List1") == 1; });
+  take("protected");
 }
 
 TEST_F(Look, of_the_about_window_shows_name_and_version) {

@@ -22,7 +22,7 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 // Between the commands and the buttons of the window's corner: the window has no title to hold.
-constexpr POINT kGroundOfHeader{998, 26};
+constexpr POINT kGroundOfHeader{1006, 26};
 
 class Ordelan : public OrdelanTest {
  protected:

@@ -298,6 +298,12 @@ int Program::first_row(const std::string& list) const {
   return static_cast<int>(send(control(list), LB_GETTOPINDEX));
 }
 
+bool Program::ticked(const std::string& boxes, int row) const {
+  const LRESULT state = send(control(boxes), LB_GETSEL, static_cast<WPARAM>(row));
+  if (state == LB_ERR) fail("a row of " + boxes);
+  return state > 0;
+}
+
 COLORREF Program::pixel(const std::string& name, POINT place) const {
   ClientToScreen(control(name), &place);
   const HDC screen = GetDC(nullptr);

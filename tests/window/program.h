@@ -91,6 +91,7 @@ class Program {
   std::size_t row_count(const std::string& list) const;
   int selected(const std::string& list) const;   // -1 for none
   int first_row(const std::string& list) const;  // the first that is in sight
+  bool ticked(const std::string& boxes, int row) const;
 
   // What the screen shows at a place of the control's, in pixels from its corner.
   COLORREF pixel(const std::string& name, POINT place) const;
@@ -120,6 +121,9 @@ class Program {
   // dialog's end or a question.
   void name_file(const std::string& path);
   void cancel_file_dialog();
+  // Chooses a folder that exists in the folder dialog that is up, or comes up, and accepts it.
+  void pick_folder(const std::string& path);
+  void cancel_folder_dialog();
   bool file_dialog_shown() const;
 
   // --- message boxes
@@ -138,6 +142,8 @@ class Program {
  private:
   HWND top_level(const std::string& property) const;
   HWND dialog(bool with_file_name) const;
+  HWND folder_dialog() const;
+  std::wstring folder_chosen(HWND dialog) const;
   HWND child(const std::string& name) const;
   LRESULT send(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) const;
   std::string text_of(HWND window) const;

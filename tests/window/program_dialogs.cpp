@@ -1,7 +1,9 @@
 // The system's dialogs that the program puts up: choosing files, and message boxes.
 #include <windows.h>
 
+#include <commctrl.h>
 #include <commdlg.h>
+#include <shlobj.h>
 
 #include <stdexcept>
 
@@ -26,6 +28,45 @@ HWND name_box(HWND dialog) {
   }
   return GetDlgItem(dialog, kNameEdit);
 }
+
+// The tree of a folder dialog; null in a dialog of another kind.
+HWND folder_tree(HWND dialog) {
+  HWND tree = nullptr;
+  EnumChildWindows(
+      dialog,
+      [](HWND each, LPARAM l) -> BOOL {
+        wchar_t name[32] = {};
+        GetClassNameW(each, name, 32);
+        if (std::wstring(name) != WC_TREEVIEWW) return TRUE;
+        *reinterpret_cast<HWND*>(l) = each;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&tree));
+  return tree;
+}
+
+// Bytes in the memory of another process, for messages that carry the address of some.
+class RemoteMemory {
+ public:
+  RemoteMemory(HANDLE process, const void* bytes, std::size_t size)
+      : process_(process),
+        place_(VirtualAllocEx(process, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE)) {
+    if (!place_ || !WriteProcessMemory(process_, place_, bytes, size, nullptr)) {
+      throw std::runtime_error("no memory in the program");
+    }
+  }
+  ~RemoteMemory() { VirtualFreeEx(process_, place_, 0, MEM_RELEASE); }
+  RemoteMemory(const RemoteMemory&) = delete;
+  RemoteMemory& operator=(const RemoteMemory&) = delete;
+  void* place() const { return place_; }
+  void read(void* bytes, std::size_t size) const {
+    ReadProcessMemory(process_, place_, bytes, size, nullptr);
+  }
+
+ private:
+  HANDLE process_;
+  void* place_;
+};
 
 struct DialogSearch {
   DWORD process;
@@ -120,6 +161,52 @@ void Program::pick_files(const std::vector<std::string>& paths) {
     if (wait_for([&] { return !IsWindow(up); }, std::chrono::milliseconds(500))) return true;
     accept(up, names);
     return false;
+  });
+}
+
+HWND Program::folder_dialog() const {
+  const HWND up = dialog(false);
+  return up && folder_tree(up) ? up : nullptr;
+}
+
+// The name of the folder on which the dialog's tree stands.
+std::wstring Program::folder_chosen(HWND dialog) const {
+  const HWND tree = folder_tree(dialog);
+  if (!tree) return {};
+  wchar_t name[MAX_PATH] = {};
+  const RemoteMemory text(process_.hProcess, name, sizeof name);
+  TVITEMW item{};
+  item.mask = TVIF_TEXT;
+  item.hItem = reinterpret_cast<HTREEITEM>(send(tree, TVM_GETNEXTITEM, TVGN_CARET));
+  item.pszText = static_cast<wchar_t*>(text.place());
+  item.cchTextMax = MAX_PATH - 1;
+  const RemoteMemory asked(process_.hProcess, &item, sizeof item);
+  if (!send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(asked.place()))) return {};
+  text.read(name, sizeof name - sizeof(wchar_t));
+  return name;
+}
+
+void Program::pick_folder(const std::string& path) {
+  HWND up = nullptr;
+  wait_until("the folder dialog", [&] { return (up = folder_dialog()) != nullptr; });
+  const std::wstring folder = wide(path);
+  const RemoteMemory text(process_.hProcess, folder.c_str(), (folder.size() + 1) * sizeof(wchar_t));
+  // Until the dialog has filled its tree, it does not listen.
+  wait_until("the folder in the dialog", [&] {
+    if (folder_chosen(up) == folder.substr(folder_of(folder).size())) return true;
+    send(up, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(text.place()));
+    return false;
+  });
+  PostMessageW(up, WM_COMMAND, IDOK, 0);
+  wait_until("the end of the folder dialog", [&] { return !IsWindow(up); });
+}
+
+void Program::cancel_folder_dialog() {
+  HWND up = nullptr;
+  wait_until("the folder dialog", [&] { return (up = folder_dialog()) != nullptr; });
+  wait_until("the end of the folder dialog", [&] {
+    PostMessageW(up, WM_COMMAND, IDCANCEL, 0);
+    return wait_for([&] { return !IsWindow(up); }, std::chrono::milliseconds(500));
   });
 }
 

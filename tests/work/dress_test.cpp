@@ -34,7 +34,8 @@ std::vector<std::string> sections() {
 struct Dress : ::testing::Test {
   Dress() {
     bench.start();
-    for (const char* name : {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera"}) {
+    for (const char* name : {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera", "BacUp",
+                             "ParaBorrar", "CarpetaBack", "Recuperar", "FormNoBorrar"}) {
       windows.push_back(bench.windows.touch(name));
     }
     windows.push_back(&bench.form);
@@ -78,7 +79,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
           << section_of(*control);
     }
   }
-  EXPECT_EQ(buttons, 16);
+  EXPECT_EQ(buttons, 40);
 }
 
 TEST_F(Dress, a_window_has_its_background_and_its_shape) {
@@ -86,15 +87,19 @@ TEST_F(Dress, a_window_has_its_background_and_its_shape) {
   EXPECT_EQ(bench.form.shape().picture, "fondo_principal");
   EXPECT_EQ(bench.form.shape().mask, ui::Color{0xFF00FF});
   EXPECT_EQ(bench.windows.find("UnidadesBuscar")->background(), "");
+  EXPECT_EQ(bench.windows.find("FormNoBorrar")->shape().mask, ui::Color{255});
 }
 
 TEST_F(Dress, controls_of_one_window_do_not_cover_each_other_unless_they_take_turns) {
   // What stands in the same place is never shown together with the other.
   const std::set<std::string> turns = {
-      "LabelAviso", "ShowIco",       "ListPath",          "ImageIcon",      "TextDecode",
-      "TextNum1",   "LabelCheck",    "LabelCount",        "LabelAdd",       "LabelErase",
-      "List1",      "cmdCancelar",   "CommandBorrado",    "List2",          "Text1",
-      "CheckLogo",  "CheckDragDrop", "ListProyectosInfo", "XP_ProgressBar1"};
+      "LabelAviso", "ShowIco", "ListPath", "ImageIcon", "TextDecode", "TextNum1", "LabelCheck",
+      "LabelCount", "LabelAdd", "LabelErase", "List1", "cmdCancelar", "CommandBorrado", "List2",
+      "Text1", "CheckLogo", "CheckDragDrop", "ListProyectosInfo", "XP_ProgressBar1",
+      // Texts that a click puts away, what a run says in place of the words before it, the boxes in
+      // their list, and what a recovery shows at its end.
+      "AvisoAsociados", "TextAviso", "AvisoSound", "AvisoBack", "AvisoNoBorrados", "LabelEspera",
+      "ListStatus", "ListNoRecuperados", "LabelCerrar"};
   for (const ui::Window* const window : windows) {
     const auto& all = window->controls();
     for (std::size_t i = 0; i < all.size(); ++i) {

@@ -26,6 +26,12 @@ TEST(Anchors, a_control_keeps_its_distance_to_the_edges_that_it_names) {
   EXPECT_EQ(in_window(skin::kAllEdges, larger), (ui::Rect{10, 20, 80, 50}));
 }
 
+TEST(Anchors, a_control_that_names_neither_of_two_edges_stays_in_the_middle_between_them) {
+  EXPECT_EQ(in_window(skin::kBottom, {150, 90}), (ui::Rect{35, 30, 30, 40}));
+  EXPECT_EQ(in_window(skin::kRight, {150, 90}), (ui::Rect{60, 25, 30, 40}));
+  EXPECT_EQ(in_window(skin::kBottom, {80, 80}), (ui::Rect{0, 20, 30, 40}));
+}
+
 TEST(Anchors, in_the_size_of_the_layout_every_control_stands_where_that_says) {
   for (unsigned edges = 0; edges < 16; ++edges) {
     EXPECT_EQ(in_window(edges, kLayout), (ui::Rect{10, 20, 30, 40})) << edges;

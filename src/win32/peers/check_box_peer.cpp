@@ -5,16 +5,13 @@
 
 #include "win32/ansi_text.h"
 #include "win32/paint/screen_scale.h"
-#include "win32/paint/shapes.h"
+#include "win32/paint/tick_box.h"
 
 namespace ordelan::win32 {
 namespace {
 
 // At 96 dots per inch.
-constexpr int kBox = 16;
-constexpr int kRadius = 3;
 constexpr int kGap = 8;
-constexpr int kTick = 2;
 
 }  // namespace
 
@@ -48,22 +45,10 @@ std::optional<LRESULT> CheckBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) 
 void CheckBoxPeer::paint(HDC context, const RECT& area) {
   const ui::Palette& colors_in_force = palette();
   FillRect(context, &area, colors(context));
-  const int side = to_pixels(kBox, dpi());
-  RECT box{1, (area.bottom - side) / 2, 1 + side, (area.bottom - side) / 2 + side};
-  const bool on = box_.checked();
+  const int side = to_pixels(kTickBox, dpi());
+  const RECT box{1, (area.bottom - side) / 2, 1 + side, (area.bottom - side) / 2 + side};
   const bool enabled = box_.enabled();
-  const ui::Color accent = enabled ? colors_in_force.accent : colors_in_force.text_off;
-  const bool lit = has_focus() || (over_ && enabled);
-  const ui::Color edge = on || lit ? accent : colors_in_force.text_dim;
-  const ui::Color fill = on ? accent : colors_in_force.surface;
-  rounded_box(context, box, to_pixels(kRadius, dpi()), fill, {edge, line_width(dpi())});
-  if (on) {
-    const auto at = [&](int x, int y) {
-      return POINT{box.left + MulDiv(side, x, kBox), box.top + MulDiv(side, y, kBox)};
-    };
-    const POINT tick[] = {at(4, 8), at(7, 11), at(12, 5)};
-    stroke(context, tick, {colors_in_force.ground, to_pixels(kTick, dpi())});
-  }
+  tick_box(context, box, {box_.checked(), enabled, has_focus() || (over_ && enabled)}, dpi());
   RECT room{box.right + to_pixels(kGap, dpi()), 0, area.right, area.bottom};
   SetBkMode(context, TRANSPARENT);
   if (!enabled) SetTextColor(context, color_of(colors_in_force.text_off));

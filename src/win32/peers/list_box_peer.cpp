@@ -47,8 +47,14 @@ void ListBoxPeer::update(const Marks& marks) {
   if (marks.has(ui::Aspect::extent)) {
     // Measured at the program's one density, painted at this window's.
     const int extent = MulDiv(list_.horizontal_extent(), dpi(), registry().measure_dpi());
-    const int indent = list_.horizontal_extent() > 0 ? 2 * to_pixels(kTextIndent, dpi()) : 0;
+    const int indent = list_.horizontal_extent() > 0
+                           ? 2 * to_pixels(kTextIndent, dpi()) + to_pixels(list_.indent(), dpi())
+                           : 0;
     send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(extent + indent));
+  }
+  if (marks.has(ui::Aspect::top) &&
+      standard(LB_GETTOPINDEX, 0, 0) != static_cast<LRESULT>(list_.top())) {
+    send(LB_SETTOPINDEX, static_cast<WPARAM>(list_.top()));
   }
 }
 
@@ -97,7 +103,8 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
   const std::wstring text = is_row ? widen(list_.row(item.itemID)) : std::wstring();
   const HGDIOBJ old = SelectObject(context, font());
   // The item begins left of what is visible when the list is scrolled sideways.
-  ExtTextOutW(context, item.rcItem.left + to_pixels(kTextIndent, dpi()),
+  ExtTextOutW(context,
+              item.rcItem.left + to_pixels(kTextIndent, dpi()) + to_pixels(list_.indent(), dpi()),
               item.rcItem.top + to_pixels(kRowAir, dpi()) / 2, ETO_OPAQUE | ETO_CLIPPED, &visible,
               text.data(), static_cast<UINT>(text.size()), nullptr);
   SelectObject(context, old);
@@ -155,6 +162,7 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
   }
   const LRESULT result = standard(message, w, l);
   show_bars();
+  note_scroll();
   switch (message) {
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
@@ -185,6 +193,12 @@ void ListBoxPeer::command(WORD code) {
 }
 
 void ListBoxPeer::deliver() {
+  if (flushing()) return;
+  if (std::exchange(scrolled_, false)) {
+    const std::weak_ptr<void> still = alive();
+    raise(list_.on_scroll);
+    if (still.expired()) return;
+  }
   // While the button is down the choice may still change, and the mouse belongs to the list.
   if (GetCapture() == handle()) return;
   const bool clicked = std::exchange(chosen_, false);
@@ -193,6 +207,16 @@ void ListBoxPeer::deliver() {
   if (!clicked && !twice) return;
   list_.chosen(static_cast<int>(send(LB_GETCURSEL)), by_key);
   raise(twice ? list_.on_double_click : list_.on_click);
+}
+
+// Any message may have scrolled the list. What happens while changes are shown is reported by a
+// message that comes after them.
+void ListBoxPeer::note_scroll() {
+  const LRESULT top = standard(LB_GETTOPINDEX, 0, 0);
+  if (top < 0 || static_cast<std::size_t>(top) == list_.top()) return;
+  list_.scrolled(static_cast<std::size_t>(top));
+  scrolled_ = true;
+  if (flushing()) PostMessageW(handle(), WM_NULL, 0, 0);
 }
 
 void ListBoxPeer::erase_below(HDC context) {
@@ -301,81 +325,6 @@ void ListBoxPeer::focus_changed(bool focused) {
     return;
   }
   InvalidateRect(handle(), &row, FALSE);
-}
-
-// Any message may have scrolled the list, moved it, or changed what it can be scrolled to.
-void ListBoxPeer::show_bars() {
-  if (showing_bars_) return;
-  showing_bars_ = true;
-  RECT client{};
-  GetClientRect(handle(), &client);
-  MapWindowPoints(handle(), parent().handle(), reinterpret_cast<POINT*>(&client), 2);
-  RECT whole{};
-  GetWindowRect(handle(), &whole);
-  MapWindowPoints(nullptr, parent().handle(), reinterpret_cast<POINT*>(&whole), 2);
-  const RECT inside = frame_.inside(whole, dpi());
-  // They take the list's line in: a real bar is as wide as the system wants it, and would paint
-  // over that. The bar on the right fills the corner between the two as well.
-  RECT right{client.right, client.top, inside.right, inside.bottom};
-  RECT bottom{client.left, client.bottom, client.right, inside.bottom};
-  const bool both = !IsRectEmpty(&right) && !IsRectEmpty(&bottom);
-  if (!IsRectEmpty(&right)) right.right = whole.right;
-  if (!IsRectEmpty(&bottom)) bottom.bottom = whole.bottom;
-  if (both) right.bottom = whole.bottom;
-  const auto cut_of = [&whole](RECT area) {
-    OffsetRect(&area, -whole.left, -whole.top);
-    return area;
-  };
-  cut_from_ = SIZE{whole.right - whole.left, whole.bottom - whole.top};
-  cut_out(cut_of(right), cut_of(bottom));
-  show_bar(vertical_, SB_VERT, right, client.bottom - client.top, handle());
-  const HWND above = vertical_ && vertical_->handle() ? vertical_->handle() : handle();
-  show_bar(horizontal_, SB_HORZ, bottom, client.right - client.left, above);
-  showing_bars_ = false;
-}
-
-void ListBoxPeer::show_bar(std::unique_ptr<ScrollBar>& bar, int which, const RECT& area, int track,
-                           HWND above) {
-  const bool seen = (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VISIBLE) != 0;
-  if (!seen || IsRectEmpty(&area)) {
-    if (bar) bar->hide();
-    return;
-  }
-  if (!bar) {
-    bar = std::make_unique<ScrollBar>(handle(), which == SB_VERT, registry().tools());
-    bar->on_scroll = [this, which](int place) { scroll_to(which, place); };
-  }
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-  GetScrollInfo(handle(), which, &info);
-  bar->show(area, track, Scroll{info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos},
-            {ControlFrame::line(GetFocus() == handle()), line_width(dpi())}, above);
-}
-
-void ListBoxPeer::scroll_to(int which, int place) const {
-  if (which == SB_VERT) {
-    send(LB_SETTOPINDEX, static_cast<WPARAM>(place));
-  } else {
-    constexpr int kFarthest = 0xFFFF;  // the message has no more room
-    send(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, std::min(place, kFarthest)));
-  }
-}
-
-// Takes the places of the real bars out of the list's outline: nothing is painted there by the
-// list, and no press of the mouse arrives.
-void ListBoxPeer::cut_out(const RECT& right, const RECT& bottom) {
-  if (EqualRect(&right, &right_cut_) && EqualRect(&bottom, &bottom_cut_)) return;
-  right_cut_ = right;
-  bottom_cut_ = bottom;
-  const HRGN outline = CreateRectRgn(0, 0, cut_from_.cx, cut_from_.cy);
-  for (const RECT* const cut : {&right_cut_, &bottom_cut_}) {
-    const HRGN part = CreateRectRgnIndirect(cut);
-    CombineRgn(outline, outline, part, RGN_DIFF);
-    DeleteObject(part);
-  }
-  // The system takes the outline over, if it is one.
-  if (SetWindowRgn(handle(), outline, TRUE) == 0) DeleteObject(outline);
 }
 
 }  // namespace ordelan::win32

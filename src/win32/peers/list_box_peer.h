@@ -41,6 +41,7 @@ class ListBoxPeer final : public ControlPeer {
 
  private:
   void show_rows(bool keep_place);
+  void note_scroll();
   void erase_below(HDC context);
   void paint_empty();
   // The row at a height of the list's, -1 where there is none.
@@ -60,10 +61,12 @@ class ListBoxPeer final : public ControlPeer {
   bool chosen_ = false;  // the user has chosen a row
   bool by_mouse_ = false;
   bool double_clicked_ = false;
+  bool scrolled_ = false;  // the first row in sight is another one
   ControlFrame frame_{0, 0};
   std::unique_ptr<ScrollBar> vertical_;  // made when they are first needed
   std::unique_ptr<ScrollBar> horizontal_;
   bool showing_bars_ = false;
+  RECT client_{};     // in its window, when the boxes beside the rows were placed
   RECT right_cut_{};  // of the list's own area
   RECT bottom_cut_{};
   SIZE cut_from_{};

@@ -8,6 +8,7 @@
 #include "win32/peers/balloon_peer.h"
 #include "win32/peers/button_peer.h"
 #include "win32/peers/check_box_peer.h"
+#include "win32/peers/check_list_box_peer.h"
 #include "win32/peers/image_peer.h"
 #include "win32/peers/label_peer.h"
 #include "win32/peers/list_box_peer.h"
@@ -53,6 +54,9 @@ std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Button& button) {
 }
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::CheckBox& box) {
   return attach_control<CheckBoxPeer>(box);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::CheckListBox& boxes) {
+  return attach_control<CheckListBoxPeer>(boxes);
 }
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Image& image) {
   return attach_control<ImagePeer>(image);

@@ -20,6 +20,7 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   std::unique_ptr<ui::Peer> attach(ui::Window& window) override;
   std::unique_ptr<ui::Peer> attach(ui::Button& button) override;
   std::unique_ptr<ui::Peer> attach(ui::CheckBox& box) override;
+  std::unique_ptr<ui::Peer> attach(ui::CheckListBox& boxes) override;
   std::unique_ptr<ui::Peer> attach(ui::Image& image) override;
   std::unique_ptr<ui::Peer> attach(ui::Label& label) override;
   std::unique_ptr<ui::Peer> attach(ui::ListBox& list) override;

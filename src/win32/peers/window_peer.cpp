@@ -140,6 +140,10 @@ void WindowPeer::update_order() {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     update_kind();
   } else if (IsWindowVisible(handle_)) {
+    // Before the other windows that stay on top: to be in front alone does not do that everywhere.
+    if (topmost_) {
+      SetWindowPos(handle_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
     SetForegroundWindow(handle_);
   }
 }

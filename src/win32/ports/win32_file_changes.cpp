@@ -178,6 +178,53 @@ Status Win32FileSystem::flush_folder(std::string_view folder) {
   return found && found->folder ? Reason::ok : Reason::not_found;
 }
 
+Status Win32FileSystem::flush_file(std::string_view path) {
+  const auto extended = file_path(path);
+  if (!extended) return reason_without_file_path(path);
+  const DWORD attributes = GetFileAttributesW(extended->c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *extended);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Reason::not_a_file;
+  // Only a file that is open for writing can be flushed, and a copy of a read-only one is
+  // read-only.
+  const bool read_only = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  if (read_only && !set_bits(*extended, attributes, attributes & ~FILE_ATTRIBUTE_READONLY)) {
+    return last_reason();
+  }
+  Status status;
+  {
+    const FileHandle file = open_for(*extended, GENERIC_WRITE);
+    if (!file) {
+      status = reason_at(GetLastError(), *extended);
+    } else if (!FlushFileBuffers(file.get())) {
+      status = last_reason();
+    }
+  }
+  if (read_only && !set_bits(*extended, attributes, attributes) && status) status = last_reason();
+  return status;
+}
+
+namespace {
+
+class Win32Lock final : public system::FileLock {
+ public:
+  explicit Win32Lock(FileHandle file) : file_(std::move(file)) {}
+
+ private:
+  FileHandle file_;
+};
+
+}  // namespace
+
+system::Opened<system::FileLock> Win32FileSystem::lock(std::string_view path) {
+  const auto extended = file_path(path);
+  if (!extended) return reason_without_file_path(path);
+  FileHandle file(CreateFileW(extended->c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr,
+                              OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT,
+                              nullptr));
+  if (!file) return reason_at(GetLastError(), *extended);
+  return std::make_unique<Win32Lock>(std::move(file));
+}
+
 Status Win32FileSystem::replace(std::string_view from, std::string_view to) {
   const auto source = file_path(from);
   if (!source) return reason_without_file_path(from);

@@ -28,6 +28,8 @@ class Win32FileSystem final : public system::FileSystem {
                           const Progress& progress) override;
   // Only looks whether the folder exists.
   system::Status flush_folder(std::string_view folder) override;
+  system::Status flush_file(std::string_view path) override;
+  system::Opened<system::FileLock> lock(std::string_view path) override;
   system::Status remove(std::string_view path) override;
 
  private:

@@ -28,4 +28,10 @@ std::string Win32Regional::short_time() {
   return narrow_with_marks(time);
 }
 
+std::string Win32Regional::long_time() {
+  wchar_t time[128] = {};
+  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr, time, 128);
+  return narrow_with_marks(time);
+}
+
 }  // namespace ordelan::win32

@@ -11,6 +11,7 @@ class Win32Regional final : public system::Regional {
   char decimal_mark() override;
   std::string short_date() override;
   std::string short_time() override;
+  std::string long_time() override;
 };
 
 }  // namespace ordelan::win32

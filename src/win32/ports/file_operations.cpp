@@ -1,8 +1,11 @@
-// The recycle bin of Windows.
+// What Windows' shell does with files: recycling and copying.
 #include <windows.h>
 
 #include <shellapi.h>
 
+#include <algorithm>
+
+#include "system/file_system.h"
 #include "win32/ansi_text.h"
 #include "win32/ports/error_reason.h"
 #include "win32/ports/extended_path.h"
@@ -127,6 +130,45 @@ Status Win32Shell::recycle(const std::string& path, Confirm confirm) {
   if (gone) return {};
   if (operation.fAnyOperationsAborted) return Reason::cancelled;
   return result == 0 ? gone : reason_of_operation(result, *extended);
+}
+
+Status Win32Shell::copy_into(const std::string& from, const std::string& folder) {
+  const auto source = file_path(from);
+  if (!source) return reason_without_file_path(from);
+  const DWORD attributes = GetFileAttributesW(source->c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *source);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Reason::not_a_file;
+  const auto target = extended_path(system::with_backslash(folder));
+  if (!target) return Reason::bad_path;
+  // The shell would give the file the name of a folder that is missing.
+  const DWORD place = GetFileAttributesW(target->c_str());
+  if (place == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *target);
+  if ((place & FILE_ATTRIBUTE_DIRECTORY) == 0) return Reason::not_found;
+  if (!asks_) {
+    const std::wstring to = *target + source->substr(source->rfind(L'\\') + 1);
+    if (CopyFileW(source->c_str(), to.c_str(), TRUE)) return {};
+    const DWORD error = GetLastError();
+    return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS ? Reason::cancelled
+                                                                       : reason_at(error, *source);
+  }
+
+  std::wstring what = plain(*source);
+  std::wstring where = plain(*target);
+  if (where.size() > 3) where.pop_back();
+  const std::size_t longest =
+      std::max(what.size(), where.size() + 1 + what.size() - what.rfind(L'\\'));
+  if (longest >= MAX_PATH) return Reason::too_long;
+  if (!is_taken_literally(what) || !is_taken_literally(where)) return Reason::not_supported;
+  what.push_back(L'\0');  // lists of one: a second NUL ends them
+  where.push_back(L'\0');
+  SHFILEOPSTRUCTW operation{};
+  operation.wFunc = FO_COPY;
+  operation.pFrom = what.c_str();
+  operation.pTo = where.c_str();
+  operation.fFlags = FOF_ALLOWUNDO;
+  const int result = SHFileOperationW(&operation);
+  if (operation.fAnyOperationsAborted) return Reason::cancelled;
+  return result == 0 ? Reason::ok : reason_of_operation(result, *source);
 }
 
 Status Win32Shell::recycles(std::string_view root) {

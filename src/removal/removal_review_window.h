@@ -1,0 +1,70 @@
+// The last look at the list before files go.
+#pragma once
+
+#include "removal/removal_state.h"
+#include "ui/button.h"
+#include "ui/check_box.h"
+#include "ui/check_list_box.h"
+#include "ui/control_array.h"
+#include "ui/image.h"
+#include "ui/label.h"
+#include "ui/list_box.h"
+#include "ui/text_box.h"
+#include "work/program_window.h"
+
+namespace ordelan::removal {
+
+class ParaBorrar final : public work::ProgramWindow {
+ public:
+  static constexpr const char* kName = "ParaBorrar";
+
+  explicit ParaBorrar(const RemovalContext& removal);
+
+  // The two lists have the same rows, paired by their numbers: a ticked row of ListStatus is a row
+  // of ListBorrar to be removed.
+  ui::ListBox ListBorrar;
+  ui::CheckListBox ListStatus;
+  ui::CheckBox CheckConfirmar;
+  ui::CheckBox CheckBorrarPapelera;
+  ui::CheckBox CheckVaciarPapelera;
+  ui::CheckBox CheckAudio;
+  ui::CheckBox ParaBorrarCheckToolTip;  // puts the tooltips of this window away
+  ui::Button cmdHecho;                  // begins the run
+  ui::Button Cancela;
+  ui::Button CommandProtegidas;
+  ui::Button Salir;
+  ui::Button cmdSalir;
+  ui::Button cmdMinimizar;
+  ui::TextBox TextAviso;
+  ui::TextBox AvisoSound;
+  ui::Image ImageInfoSound;
+  ui::Label TextSound;
+  ui::ControlArray<ui::Image> ImagePlayPauSt;
+  ui::Label LabelVol;
+  ui::Image ImageVol;  // the volume mark
+  ui::Label LabelErase;
+  ui::Label Label1;
+
+  // Makes both lists those of the main window's list of unused files, all rows ticked.
+  void CopiarListBorrados();
+  void cmdHecho_Click();
+  void Cancela_Click();
+  void cmdSalir_Click();
+  // The left button went down on a row.
+  void ListBorrar_MouseDown();
+  // Sets the volume mark to a level from 0 to 100.
+  void VuMe(int level);
+
+ private:
+  void Form_Load() override;
+  void name_controls();
+  void show_tips();
+  void Form_KeyDown(ui::Key& key);
+  void ListBorrar_KeyDown(int code);
+  void remove_current_row();
+  void CheckAudio_Click();
+
+  RemovalContext removal_;
+};
+
+}  // namespace ordelan::removal

@@ -1,0 +1,110 @@
+// One run of removal: the side files, then the rows of the review one by one, each to the bin or
+// for good, with or without copies and a log.
+//
+// The order is always the same. A copy is checked before its row is written to the log, and the
+// line has reached the disk before the file is touched: whenever the program ends, each file is in
+// its place or can be brought back.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include "removal/backup_folder.h"
+#include "removal/removal_state.h"
+#include "removal/run_check.h"
+#include "work/job.h"
+
+namespace ordelan::removal {
+
+class BacUp;
+class ParaBorrar;
+class FormNoBorrar;
+
+// Whether a row of List1 is audio by its last four characters: no side file.
+bool is_audio_row(const std::string& row);
+
+class RemovalRun {
+ public:
+  // `options` must be the window that the program has now.
+  RemovalRun(const RemovalContext& removal, BacUp& options);
+
+  // Does what has been set up in the windows. Events are handled in between; the run ends at the
+  // next row when CancelarBorrado is set, when one of its windows is closed, or when a newer job
+  // begins. Nothing is done while another run is under way, or where the careful look refuses it:
+  // `options` then says why.
+  void BorrarSeleccionados();
+
+  // What `BorrarSeleccionados` would do, without touching anything.
+  struct Planned {
+    std::string ruta;
+    std::string motivo;  // why it would stay; empty if it would go
+    bool copia = false;  // whether it would be copied
+    bool asociado = false;
+  };
+  struct Plan {
+    std::string negativa;  // why no run would begin; empty if one would
+    std::vector<Planned> archivos;
+  };
+  Plan plan();
+
+ private:
+  struct Order {  // the options as they were when the run began
+    bool CheckBackup, CheckBorrar, CheckBorraAsociados, CheckComprobar;
+    bool CheckVaciarPapelera, CheckBorrarPapelera, CheckConfirmar;
+  };
+
+  // What becomes of a row.
+  enum class Fate { goes, unticked, is_protected, missing, stays };
+  struct Judged {
+    Fate fate;
+    std::string motivo;  // where it stays although it is ticked
+    std::string proyecto;
+  };
+
+  bool begin();
+  void run();
+  bool refused();
+  std::optional<std::string> why_refused();
+  Judged judge(std::size_t i, const std::string& path) const;
+  std::string why_side_file_stays(const std::string& row) const;
+  void BorrarAsociados();
+  void plain_branch();
+  void backup_branch();
+  void idle_branch();
+  bool row_procedure(std::size_t i);
+  bool let_events_run(std::size_t i);
+  void remove_row(std::size_t i, const std::string& path);
+  void mark(std::size_t i, const std::string& path);
+  system::Status remove_file(const std::string& path);
+  bool is_gone(system::Status removed, const std::string& path) const;
+  void copy_row(const std::string& row);
+  void closing_messages();
+  void end();
+  void show_bar(std::size_t rows);
+  void show_cancelled();
+  void report();
+  void keep(const std::string& row, std::string motivo, std::string proyecto = {});
+  void look_at_rows();
+  std::vector<std::string> names_not_to_overwrite();
+  bool stopped() const;
+  bool windows_open() const;
+
+  RemovalContext removal_;
+  const work::Context& context_;
+  RemovalState& state_;
+  BacUp& options_;
+  ParaBorrar* review_ = nullptr;
+  FormNoBorrar* folders_ = nullptr;
+  std::unique_ptr<work::Job> job_;
+  Order order_{};
+  RunCheck check_;
+  std::unordered_set<std::string> ticked_;    // the rows that were ticked when the run began
+  std::unordered_set<std::string> uncopied_;  // rows that must stay for want of a copy
+  std::optional<BackupFolder> backup_;
+  bool cancelled_ = false;
+};
+
+}  // namespace ordelan::removal

@@ -1,0 +1,59 @@
+// The careful look before a run: what must not be removed, whatever the lists say.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "removal/removal_state.h"
+#include "work/context.h"
+#include "work/job.h"
+
+namespace ordelan::removal {
+
+class RunCheck {
+ public:
+  // `context` must outlive this.
+  explicit RunCheck(const work::Context& context) : context_(context) {}
+
+  // Why no run may begin, whatever the user has chosen: nothing if one may.
+  static std::optional<std::string> why_never(const work::WorkInHand& work);
+
+  // Why none may begin as the projects are now: one of the listed has changed since it was read, or
+  // is gone. Gives the window its turns; of no use once the job has been superseded.
+  std::optional<std::string> why_not_now(work::Job& job) const;
+
+  // Works out which of the rows have to stay, by what the disk holds now. `unticked` are those that
+  // the user wants to keep, also under another path; `folders` are the protected ones. Gives the
+  // window its turns; of no use once the job has been superseded.
+  void look_at(const std::vector<std::string>& rows, const std::vector<std::string>& unticked,
+               const std::vector<std::string>& folders, work::Job& job);
+
+  // The same for side files: those that a project names stay.
+  void look_at_side_files(const std::vector<std::string>& rows, work::Job& job);
+
+  // Why a row has to stay; null if it may go.
+  const Kept* kept(const std::string& row) const;
+
+  // Whether the file of a row is another than when it was listed.
+  bool has_changed(const std::string& row) const;
+
+  // Whether a file of the side list may go: those of the named kinds.
+  static bool is_side_file(std::string_view path);
+  // Whether a file is a project, by its name: none is ever removed.
+  static bool is_project(std::string_view path);
+
+ private:
+  std::string project_using(const std::string& path) const;
+  bool is_behind_link(const std::string& path, const std::string& project_folder,
+                      std::unordered_map<std::string, bool>& links) const;
+
+  void keep(const std::string& row, std::string motivo, std::string proyecto = {});
+
+  const work::Context& context_;
+  std::unordered_map<std::string, Kept> kept_;  // by row
+};
+
+}  // namespace ordelan::removal

@@ -1,0 +1,40 @@
+// The review of what will be removed: the list with its boxes on the left, the options beside it.
+#pragma once
+
+#include <array>
+
+#include "skin/place.h"
+
+namespace ordelan::skin {
+
+inline constexpr std::array kRemovalReviewPlaces = {
+    Place{"TextAviso", -1, 72, 120, 380, 96},
+    Place{"AvisoSound", -1, 544, 166, 284, 106},
+    Place{"LabelErase", -1, 14, 10, 600, 20},
+    Place{"ListStatus", -1, 40, 46, 19, 379},
+    Place{"ListBorrar", -1, 40, 46, 500, 379},
+    Place{"CheckConfirmar", -1, 556, 56, 264, 22},
+    Place{"CheckBorrarPapelera", -1, 556, 84, 264, 22},
+    Place{"CheckVaciarPapelera", -1, 556, 112, 264, 22},
+    Place{"CheckAudio", -1, 556, 140, 240, 22},
+    Place{"ImageInfoSound", -1, 800, 141, 20, 20},
+    Place{"ParaBorrarCheckToolTip", -1, 556, 168, 264, 22},
+    Place{"CommandProtegidas", -1, 556, 204, 200, 32},
+    Place{"TextSound", -1, 556, 252, 264, 20},
+    Place{"ImagePlayPauSt", 0, 556, 284, 20, 20},
+    Place{"ImagePlayPauSt", 1, 584, 284, 20, 20},
+    Place{"ImagePlayPauSt", 2, 612, 284, 20, 20},
+    // The mark grows upwards from 460 with the volume, to this height at its most.
+    Place{"ImageVol", -1, 20, 160, 8, 300},
+    Place{"LabelVol", -1, 13, 462, 24, 18},
+    Place{"Label1", -1, 40, 434, 780, 20},
+    Place{"cmdHecho", -1, 40, 472, 120, 32},
+    Place{"Cancela", -1, 168, 472, 120, 32},
+    Place{"cmdSalir", -1, 712, 472, 108, 32},
+    Place{"cmdMinimizar", -1, 756, 4, 32, 32},
+    Place{"Salir", -1, 792, 4, 32, 32},
+};
+
+inline constexpr Layout kRemovalReview{836, 520, kRemovalReviewPlaces};
+
+}  // namespace ordelan::skin

@@ -1,0 +1,12 @@
+// Windows that other rooms close or ask for by name alone, as their own rooms lie above or are not
+// built yet.
+#pragma once
+
+namespace ordelan::work::window_name {
+
+inline constexpr const char* kPlayer = "Player";
+inline constexpr const char* kSA = "SA";
+inline constexpr const char* kZoom = "Zoom";
+inline constexpr const char* kListasZoom = "ListasZoom";
+
+}  // namespace ordelan::work::window_name
