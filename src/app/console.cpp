@@ -58,6 +58,7 @@ int open_project(const Options& options, bool save_reports, const ConsoleHost& h
   Session session(host, options, error);
   main_window::Form1& form = session.program.form;
   set_boxes(form, options);
+  form.may_remove = false;
   session.dialogs.files.push_back({*project.path});
   form.AbrirFichero_Click();
   // A backup opened by hand is decoded although it is none of the listed projects.
@@ -83,6 +84,7 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
   Session session(host, options, error);
   main_window::Form1& form = session.program.form;
   set_boxes(form, options);
+  form.may_remove = false;
   form.ListProyectos_Drop(items);
   report(session, options, output);
   // What the strip holds after a drop may be a notice about files that were kept: it says nothing

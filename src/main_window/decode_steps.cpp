@@ -41,9 +41,9 @@ void Form1::LlenarListBorrar(work::Job& job) {
   if (job.superseded()) return;
   if (!job.cancelled() && !lists.ListUtilizados.empty()) {
     CopiarListBorrados();
-    note_listed(job);
+    if (may_remove) note_listed(job);
     if (job.superseded()) return;
-    work_.ListaBorrarCompleta = !job.cancelled();
+    work_.ListaBorrarCompleta = may_remove && !job.cancelled();
   }
   ui::ListaAncho(lists.ListBorrar);
   lists.ListBorrar.show();
@@ -53,11 +53,13 @@ void Form1::LlenarListBorrar(work::Job& job) {
 // Notes how the files of list 4 stand on the disk: one that changes later is not removed.
 void Form1::note_listed(work::Job& job) {
   work_.VistosBorrar.clear();
-  const auto rows = lists.ListBorrar.kept_rows();
+  work_.FilasVistas = lists.ListBorrar.kept_rows();
+  const auto rows = work_.FilasVistas;
+  work_.VistosBorrar.reserve(rows->size());
   for (const std::string& row : *rows) {
-    if (const auto info = platform_.files.info(row)) {
-      work_.VistosBorrar[row] = {info->size, info->modified};
-    }
+    const auto info = platform_.files.info(row);
+    work_.VistosBorrar.push_back(info ? work::Visto{info->size, info->modified}
+                                      : work::Visto{work::Visto::kMissing, 0});
     if (!job.turn()) return;
   }
 }

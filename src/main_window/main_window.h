@@ -111,6 +111,10 @@ class Form1 final : public work::ProgramWindow {
   ui::Label ListProyectosInfo;
   ui::Image ShowIco;
 
+  // Whether files may be removed by what a sweep finds: then it notes how each stands on the disk.
+  // A program that only prints lists saves the time; no run begins there.
+  bool may_remove = true;
+
   project::VipReader reader;
   // The report of lost files.
   location::LostFiles& lost_files() { return location_.lost_files; }

@@ -1,7 +1,6 @@
 #include "project/project_decoding.h"
 
 #include <cstdint>
-#include <limits>
 
 #include "project/project_gate.h"
 #include "project/repeated_rows.h"
@@ -75,8 +74,8 @@ void ProjectDecoding::decode_row(work::Job& job, const std::string& row, bool wi
 // one that was read.
 void ProjectDecoding::note_read(const std::string& path) {
   const auto info = platform_.files.info(path);
-  constexpr auto kMissing = std::numeric_limits<std::uint64_t>::max();
-  work_.ProyectosLeidos.push_back({path, info ? info->size : kMissing, info ? info->modified : 0});
+  work_.ProyectosLeidos.push_back(
+      {path, info ? info->size : work::Visto::kMissing, info ? info->modified : 0});
 }
 
 void ProjectDecoding::read_misread(const std::string& path) {

@@ -150,14 +150,12 @@ void ParaBorrar::Form_Load() {
 }
 
 void ParaBorrar::CopiarListBorrados() {
-  const auto rows = context().lists.ListBorrar.kept_rows();
-  ListBorrar.clear();
-  ListBorrar.add(*rows);
-  ListStatus.fill(*rows);
+  ListBorrar.share(context().lists.ListBorrar);
+  ListStatus.fill(ListBorrar);
   ListStatus.tick_all();
   ui::ListaAncho(ListBorrar);
-  ui::ListaAncho(ListStatus);
-  LabelErase.set_caption("Archivos no utilizados: " + std::to_string(rows->size()));
+  ListStatus.set_horizontal_extent(ListBorrar.horizontal_extent());  // the same rows
+  LabelErase.set_caption("Archivos no utilizados: " + std::to_string(ListBorrar.count()));
 }
 
 void ParaBorrar::cmdHecho_Click() {

@@ -87,11 +87,20 @@ bool RunCheck::is_behind_link(const std::string& path, const std::string& projec
   return false;
 }
 
-bool RunCheck::has_changed(const std::string& row) const {
+void RunCheck::take_seen() {
+  rows_ = context_.work.FilasVistas;
+  seen_.clear();
+  if (!rows_) return;
   const auto& seen = context_.work.VistosBorrar;
-  const auto found = seen.find(row);
+  for (std::size_t i = 0; i < std::min(rows_->size(), seen.size()); ++i) {
+    seen_.try_emplace((*rows_)[i], seen[i]);
+  }
+}
+
+bool RunCheck::has_changed(const std::string& row) const {
+  const auto found = seen_.find(row);
   const auto now = context_.platform.files.info(row);
-  if (found == seen.end()) return now.has_value();
+  if (found == seen_.end()) return now.has_value();
   return now && (now->size != found->second.size || now->modified != found->second.modified);
 }
 
@@ -129,6 +138,7 @@ std::string RunCheck::project_using(const std::string& path) const {
 void RunCheck::look_at(const std::vector<std::string>& rows,
                        const std::vector<std::string>& unticked,
                        const std::vector<std::string>& folders, work::Job& job) {
+  take_seen();
   const work::WorkLists& lists = context_.lists;
   const auto used = lists.ListUtilizados.kept_rows();
   const auto shown = lists.ListVip.kept_rows();

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -37,7 +39,7 @@ class RunCheck {
   // Why a row has to stay; null if it may go.
   const Kept* kept(const std::string& row) const;
 
-  // Whether the file of a row is another than when it was listed.
+  // Whether the file of a row is another than when it was listed. To be asked after `look_at`.
   bool has_changed(const std::string& row) const;
 
   // Whether a file of the side list may go: those of the named kinds.
@@ -46,6 +48,7 @@ class RunCheck {
   static bool is_project(std::string_view path);
 
  private:
+  void take_seen();
   std::string project_using(const std::string& path) const;
   bool is_behind_link(const std::string& path, const std::string& project_folder,
                       std::unordered_map<std::string, bool>& links) const;
@@ -53,7 +56,9 @@ class RunCheck {
   void keep(const std::string& row, std::string motivo, std::string proyecto = {});
 
   const work::Context& context_;
-  std::unordered_map<std::string, Kept> kept_;  // by row
+  std::unordered_map<std::string, Kept> kept_;            // by row
+  std::shared_ptr<const std::vector<std::string>> rows_;  // whose texts are the keys of the next
+  std::unordered_map<std::string_view, work::Visto> seen_;
 };
 
 }  // namespace ordelan::removal

@@ -37,6 +37,11 @@ void CheckListBox::toggle(std::size_t index) {
   if (on_tick) on_tick(index);
 }
 
+void CheckListBox::fill(const ListBox& other) {
+  share(other);
+  ticks_.assign(count(), false);
+}
+
 void CheckListBox::fill(Rows rows) {
   clear();
   add(std::move(rows));

@@ -33,6 +33,7 @@ class CheckListBox final : public ListBox {
 
   // New rows are not ticked.
   void fill(Rows rows);
+  void fill(const ListBox& other);
   // Take rows out with their boxes.
   void clear();
   void remove(std::size_t index);
@@ -44,6 +45,7 @@ class CheckListBox final : public ListBox {
   using ListBox::add;
   using ListBox::remove_if;
   using ListBox::replace;
+  using ListBox::share;
   using ListBox::take;
 
   std::vector<bool> ticks_;

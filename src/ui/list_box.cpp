@@ -48,6 +48,12 @@ void ListBox::add(Rows added) {
   changed();
 }
 
+void ListBox::share(const ListBox& other) {
+  rows_ = other.rows_;
+  current_ = -1;
+  changed();
+}
+
 void ListBox::clear() {
   if (empty() && current_ < 0) return;
   rows_ = std::make_shared<Rows>();

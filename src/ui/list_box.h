@@ -34,6 +34,9 @@ class ListBox : public Control {
   // Adds a row at the end. A row's text ends at its first NUL.
   void add(std::string_view row);
   void add(Rows rows);
+  // Takes the rows of another list in place of its own. They are not copied before one of the two
+  // lists changes.
+  void share(const ListBox& other);
   void clear();
   // Empties the list and gives its rows.
   Rows take();

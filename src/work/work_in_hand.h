@@ -3,8 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
+#include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "ui/list_box.h"
@@ -22,6 +23,7 @@ struct ProyectoFuera {
 
 // A file as it stood on the disk when it was read or listed, to notice that it has changed since.
 struct Visto {
+  static constexpr std::uint64_t kMissing = std::numeric_limits<std::uint64_t>::max();
   std::uint64_t size = 0;
   double modified = 0;
 };
@@ -50,8 +52,10 @@ struct WorkInHand {
   // Whether ListBorrar is what a whole sweep has found: nothing may be removed by a list that a
   // cancel has cut short.
   bool ListaBorrarCompleta = false;
-  std::vector<ProyectoLeido> ProyectosLeidos;           // for ListUtilizados
-  std::unordered_map<std::string, Visto> VistosBorrar;  // the rows of ListBorrar
+  std::vector<ProyectoLeido> ProyectosLeidos;  // for ListUtilizados
+  // The rows of ListBorrar, and how each file stood; sizes beyond any file stand for missing ones.
+  std::shared_ptr<const std::vector<std::string>> FilasVistas;
+  std::vector<Visto> VistosBorrar;
 
   // Begins a job: runs that began earlier are superseded by it. A reset begins one too, so that
   // what it emptied is not filled again by a loop that was still running.

@@ -361,6 +361,20 @@ TEST_F(Removal, no_run_begins_after_a_sweep_that_was_cancelled) {
   EXPECT_FALSE(there("Mix\\a.wav"));
 }
 
+TEST_F(Removal, no_run_begins_in_a_program_that_only_prints_lists) {
+  disk.write("Mix\\usado.wav", "used");
+  disk.write("Mix\\usado2.wav", "its neighbour");
+  disk.write("Mix\\a.wav", "a");
+  project("Mix\\tema.vip", {"Mix\\usado.wav"});
+  start();
+  form.may_remove = false;
+  open("Mix\\tema.vip");
+  set(false, true, false);
+  unchecked();
+  remove();
+  EXPECT_TRUE(there("Mix\\a.wav"));
+}
+
 TEST_F(Removal, no_run_begins_with_the_list_of_a_sweep_that_was_cancelled) {
   open_studio({"Mix\\a.wav"});
   auto& before = review();
