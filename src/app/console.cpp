@@ -190,7 +190,8 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
       ->add_option("--soltar", options.items,
                    "Suelta estos proyectos o carpetas en lugar de abrir un proyecto")
       ->excludes("PROYECTO");
-  removed->add_flag("--asociados", options.side_files, "Borra también los archivos asociados");
+  removed->add_flag("--asociados", options.side_files,
+                    text::to_utf8("Borra también los archivos asociados"));
   removed->add_option("--copia", options.copy_to,
                       "Hace antes una copia de seguridad en esta carpeta, que tiene que existir");
   removed->add_flag_callback(

@@ -1,4 +1,5 @@
 // Removal and recovery without a screen: the windows of removal, driven as a user drives them.
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <nlohmann/json.hpp>
@@ -14,6 +15,7 @@
 #include "removal/removal_run.h"
 #include "text/code_page.h"
 #include "text/paths.h"
+#include "work/folder_tree.h"
 
 namespace ordelan::app {
 namespace {
@@ -33,16 +35,60 @@ std::string color_word(ui::Color color) {
   return text.data();
 }
 
-// Unticks what is to stay: a file, or all that lies in a folder.
-void untick(removal::ParaBorrar& review, const std::vector<std::string>& kept) {
+// What the user wants to keep: files, and folders with all that lies in them, under whatever path.
+class ToKeep {
+ public:
+  // `kept` must outlive this.
+  ToKeep(system::FileSystem& files, const std::vector<std::string>& kept)
+      : files_(files), kept_(kept) {
+    for (const std::string& each : kept) {
+      if (const auto identity = files.identity(each)) identities_.push_back(*identity);
+    }
+  }
+
+  bool holds(const std::string& row) const {
+    const std::string key = text::same_file_key(row);
+    for (const std::string& each : kept_) {
+      if (key == text::same_file_key(each)) return true;
+    }
+    if (!removal::folder_around(row, kept_).empty()) return true;
+    if (identities_.empty()) return false;
+    if (is_kept(row)) return true;
+    for (const std::string& folder : work::folders_around(text::getPath(row, "\\"))) {
+      if (is_kept(folder)) return true;
+    }
+    return is_kept(text::getPath(row, "\\"));
+  }
+
+ private:
+  bool is_kept(const std::string& path) const {
+    const auto identity = files_.identity(path);
+    return identity &&
+           std::find(identities_.begin(), identities_.end(), *identity) != identities_.end();
+  }
+
+  system::FileSystem& files_;
+  const std::vector<std::string>& kept_;
+  std::vector<system::FileIdentity> identities_;
+};
+
+// Unticks what is to stay, and takes it out of the list of side files.
+void keep(Session& session, removal::ParaBorrar& review, const ToKeep& to_keep) {
   const auto& list = review.ListBorrar.rows();
   for (std::size_t i = 0; i < list.size(); ++i) {
-    const std::string key = text::same_file_key(list[i]);
-    for (const std::string& each : kept) {
-      if (key == text::same_file_key(each) || !removal::folder_around(list[i], {each}).empty()) {
-        review.ListStatus.set_ticked(i, false);
-      }
-    }
+    if (to_keep.holds(list[i])) review.ListStatus.set_ticked(i, false);
+  }
+  ui::ListBox& side_files = session.program.form.lists.List1;
+  side_files.remove_if([&](std::size_t i) { return to_keep.holds(side_files.row(i)); });
+}
+
+// Names the projects that are left out: what they use may be among what is removed.
+void print_left_out(const Session& session, std::ostream& error) {
+  const auto& left_out = session.program.work.ProyectosFuera;
+  if (left_out.empty()) return;
+  error << left_out.size() << " proyectos no cuentan:\n";
+  for (const work::ProyectoFuera& each : left_out) {
+    error << "  " << text::to_utf8(each.ruta + "   (" + each.motivo + ")") << "\n";
   }
 }
 
@@ -178,6 +224,10 @@ int remove_unused(const Options& options, const ConsoleHost& host, std::ostream&
       complain(error, "--conservar " + each, named.motivo);
       return kMisused;
     }
+    if (named.path->find_first_of("*?") != std::string::npos) {
+      complain(error, "--conservar " + each, "no puede llevar comodines");
+      return kMisused;
+    }
     kept.push_back(*named.path);
   }
 
@@ -193,7 +243,8 @@ int remove_unused(const Options& options, const ConsoleHost& host, std::ostream&
   review.CheckConfirmar.set_checked(false);
   review.CheckVaciarPapelera.set_checked(false);
   review.CheckBorrarPapelera.set_checked(options.to_bin.value_or(false));
-  untick(review, kept);
+  if (!kept.empty()) keep(session, review, ToKeep(host.files, kept));
+  print_left_out(session, error);
 
   if (options.simulate) {
     const auto plan = run.plan();

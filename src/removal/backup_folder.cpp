@@ -115,6 +115,9 @@ BackupFolder::BackupFolder(system::FileSystem& files, system::Shell& shell, std:
 Status BackupFolder::take() {
   const auto folder = files_.info(folder_);
   if (!folder || !folder->folder) return Reason::not_found;
+  // The lock is an empty file that goes with it: one that holds anything is somebody's own.
+  const auto own = files_.info(path_of(kLockName));
+  if (own && (own->folder || own->size > 0)) return Reason::exists;
   auto lock = files_.lock(path_of(kLockName));
   if (!lock) return lock.status();
   lock_ = std::move(lock);

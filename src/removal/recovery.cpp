@@ -57,11 +57,13 @@ bool Recovery::is_place(const std::string& place, const std::string& name) const
   return text::equal_ignoring_case(file, name);
 }
 
-// A copy is a file of the folder itself, never one that a link leads to.
+// A copy is a file of the folder itself, never one that a link leads to. The folder of the log may
+// be reached as the user likes.
 bool Recovery::is_copy(const std::string& path) const {
   const auto found = files_.info(path);
   if (!found || found->folder || found->link) return false;
   const std::string around = text::getPath(path, "\\");
+  if (std::ranges::find(folders_, around) != folders_.end()) return true;
   if (!is_numbered(std::string(text::file_name(around.substr(0, around.size() - 1))))) return true;
   const auto folder = files_.info(around.substr(0, around.size() - 1));
   return folder && !folder->link;

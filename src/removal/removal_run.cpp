@@ -1,5 +1,6 @@
 #include "removal/removal_run.h"
 
+#include <string_view>
 #include <utility>
 
 #include "project/used_guard.h"
@@ -147,6 +148,12 @@ void RemovalRun::look_at_rows() {
       unticked.push_back((*rows)[i]);
     }
   }
+  // A row that was thrown out is to be kept too, also under another path.
+  const std::unordered_set<std::string_view> left(rows->begin(), rows->end());
+  const auto offered = context_.lists.ListBorrar.kept_rows();
+  for (const std::string& row : *offered) {
+    if (!left.contains(row)) unticked.push_back(row);
+  }
   state_.asked = order_.CheckBorrar ? ticked_.size() : 0;
   if (order_.CheckComprobar) check_.look_at(*rows, unticked, folders_->List1.rows(), *job_);
   if (order_.CheckComprobar && order_.CheckBorraAsociados && !job_->superseded()) {
@@ -220,6 +227,7 @@ void RemovalRun::copy_row(const std::string& row) {
   const Status copied = backup_->copy(row);
   if (copied) return;
   uncopied_.insert(row);
+  if (!order_.CheckComprobar) return;  // it goes all the same
   if (context_.platform.files.info(row) && ticked_.contains(row)) {
     // The shell's question does not end a copy: only the user's stop does.
     const bool stopped = copied == Reason::cancelled;

@@ -58,6 +58,25 @@ TEST_F(ConsoleRemoval, what_is_to_be_kept_stays) {
   EXPECT_TRUE(there("Mix\\Voces\\b.wav"));
 }
 
+TEST_F(ConsoleRemoval, what_is_to_be_kept_stays_under_any_path) {
+  const std::string two = " --unidad E=" + native("");
+  const auto result = run(two +
+                          " borrar 'D:\\Mix\\tema.vip' --definitivo --asociados"
+                          " --conservar 'E:\\Mix\\a.wav' --conservar 'E:\\Mix\\Voces'"
+                          " --conservar 'D:\\Mix\\a.h2'");
+  EXPECT_EQ(result.exit_code, 0) << result.error;
+  EXPECT_TRUE(there("Mix\\a.wav"));
+  EXPECT_TRUE(there("Mix\\Voces\\b.wav"));
+  EXPECT_TRUE(there("Mix\\a.h2")) << "a side file is kept too";
+  EXPECT_EQ(run("borrar 'D:\\Mix\\tema.vip' --definitivo --conservar 'D:\\Mix\\a.*'").exit_code, 2);
+}
+
+TEST_F(ConsoleRemoval, projects_that_are_left_out_are_named) {
+  disk.write("Mix\\vacio.vip", "");
+  EXPECT_THAT(run("borrar 'D:\\Mix\\tema.vip' --definitivo --simular").error,
+              HasSubstr("1 proyectos no cuentan:\n  D:\\Mix\\vacio.vip"));
+}
+
 TEST_F(ConsoleRemoval, a_plan_touches_nothing) {
   const auto result =
       run("--json borrar 'D:\\Mix\\tema.vip' --papelera --asociados --simular "

@@ -180,6 +180,35 @@ TEST_F(Backup, another_run_in_the_folder_refuses_the_run) {
   EXPECT_THAT(options().LabelResultado.caption(), HasSubstr("Otro borrado"));
 }
 
+TEST_F(Backup, a_file_with_the_name_of_the_lock_refuses_the_run) {
+  open_studio({"Mix\\a.wav"});
+  disk.write("Copias\\Archivos_Borrados.lock", "somebody's own");
+  remove_with_backup("Copias");
+  EXPECT_TRUE(there("Mix\\a.wav"));
+  EXPECT_EQ(bytes("Copias\\Archivos_Borrados.lock"), "somebody's own");
+}
+
+TEST_F(Backup, a_file_that_was_thrown_out_under_another_path_stays) {
+  open_studio({"Mix\\a.wav"});
+  form.lists.ListBorrar.add(disk.path("Mix\\.\\a.wav"));
+  form.CopiarListBorrados();
+  review().ListBorrar.chosen(1);
+  ui::Key supr{46};
+  review().on_key_down(supr);
+  remove();
+  EXPECT_TRUE(there("Mix\\a.wav"));
+}
+
+TEST_F(Backup, a_row_that_goes_without_its_copy_is_not_listed_as_still_there) {
+  open_studio({"Mix\\a.wav"});
+  unchecked();
+  disk.make_folder("Copias\\a.wav");
+  for (const char* number : {"0001", "0002"}) disk.write(std::string("Copias\\") + number, "x");
+  remove_with_backup("Copias");
+  EXPECT_FALSE(there("Mix\\a.wav"));
+  EXPECT_THAT(outcome().kept, IsEmpty());
+}
+
 TEST_F(Backup, rows_in_a_folder_of_backups_stay) {
   open_studio({"Mix\\a.wav", "Mix\\Viejas\\b.wav"});
   disk.write("Mix\\Viejas\\Archivos_Borrados.log", "");
