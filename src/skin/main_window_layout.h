@@ -15,10 +15,10 @@ inline constexpr int kStripTop = 88;
 // In the order in which Tab goes through them; what covers another stands before it.
 inline constexpr std::array kMainWindowPlaces = {
     Place{"AbrirFichero", -1, 12, 10, 140, 32},
-    Place{"cmdReset", -1, 158, 10, 82, 32},
-    Place{"cmdCancelar", -1, 246, 10, 140, 32},
-    Place{"CommandBorrado", -1, 246, 10, 140, 32},
-    Place{"cmdPerdidos", -1, 392, 10, 142, 32},
+    Place{"cmdReset", -1, 158, 10, 76, 32},
+    Place{"cmdCancelar", -1, 240, 10, 146, 32},
+    Place{"CommandBorrado", -1, 240, 10, 146, 32},
+    Place{"cmdPerdidos", -1, 392, 10, 148, 32},
     Place{"SalvaListados", -1, 546, 16, 92, 20},
     Place{"ActualizarVip", -1, 648, 16, 96, 20},
     Place{"RecuperaBorrados", -1, 754, 16, 62, 20},
