@@ -2,9 +2,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "app/console_json.h"
+#include "app/console_report.h"
 #include "app/console_session.h"
 #include "removal/backup_folder_window.h"
 #include "removal/backup_options_window.h"
@@ -15,18 +16,11 @@
 #include "removal/removal_run.h"
 #include "text/code_page.h"
 #include "text/paths.h"
+#include "text/rows.h"
 #include "work/folder_tree.h"
 
 namespace ordelan::app {
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-Json rows(const std::vector<std::string>& list) {
-  Json array = Json::array();
-  for (const std::string& row : list) array.push_back(text::to_utf8(row));
-  return array;
-}
 
 // A colour word as the program's documents write it: 0xBBGGRR.
 std::string color_word(ui::Color color) {
@@ -82,16 +76,6 @@ void keep(Session& session, removal::ParaBorrar& review, const ToKeep& to_keep) 
   side_files.remove_if([&](std::size_t i) { return to_keep.holds(side_files.row(i)); });
 }
 
-// Names the projects that are left out: what they use may be among what is removed.
-void print_left_out(const Session& session, std::ostream& error) {
-  const auto& left_out = session.program.work.ProyectosFuera;
-  if (left_out.empty()) return;
-  error << left_out.size() << " proyectos no cuentan:\n";
-  for (const work::ProyectoFuera& each : left_out) {
-    error << "  " << text::to_utf8(each.ruta + "   (" + each.motivo + ")") << "\n";
-  }
-}
-
 const char* deed(const Options& options) {
   return options.to_bin.value_or(false) ? "papelera" : "definitivo";
 }
@@ -132,7 +116,7 @@ Json kept_rows(const std::vector<removal::Kept>& kept) {
 
 void print_kept(const std::vector<removal::Kept>& kept, std::ostream& output) {
   for (const removal::Kept& each : kept) {
-    output << "  " << text::to_utf8(each.ruta + "   (" + each.motivo + ")") << "\n";
+    output << "  " << text::to_utf8(text::row_with_reason(each.ruta, each.motivo)) << "\n";
   }
 }
 
@@ -152,7 +136,7 @@ void print_run(Session& session, const Options& options, std::ostream& output) {
     return;
   }
   Json object;
-  object["ListBorrar"] = rows(review.ListBorrar.rows());
+  object["ListBorrar"] = json_rows(review.ListBorrar.rows());
   object["ListStatus"] = Json::array();
   for (std::size_t i = 0; i < review.ListStatus.count(); ++i) {
     object["ListStatus"].push_back(review.ListStatus.ticked(i));
@@ -244,7 +228,8 @@ int remove_unused(const Options& options, const ConsoleHost& host, std::ostream&
   review.CheckVaciarPapelera.set_checked(false);
   review.CheckBorrarPapelera.set_checked(options.to_bin.value_or(false));
   if (!kept.empty()) keep(session, review, ToKeep(host.files, kept));
-  print_left_out(session, error);
+  // What they use may be among what is removed.
+  print_left_out(error, session.program.work);
 
   if (options.simulate) {
     const auto plan = run.plan();
@@ -300,7 +285,7 @@ int recover(const Options& options, const ConsoleHost& host, std::ostream& outpu
   }
   if (options.json) {
     Json object;
-    object["ListRecuperar"] = rows(window->ListRecuperar.rows());
+    object["ListRecuperar"] = json_rows(window->ListRecuperar.rows());
     object["Label1"] = text::to_utf8(window->Label1.caption());
     object["recuperados"] = recovered;
     object["noRecuperados"] = kept_rows(kept);

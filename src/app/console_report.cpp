@@ -1,29 +1,23 @@
 #include "app/console_report.h"
 
 #include <array>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 
+#include "app/console_json.h"
 #include "text/code_page.h"
+#include "text/rows.h"
 
 namespace ordelan::app {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Headings = ui::ControlArray<ui::Label>;
 
 // Lines go to the stream in pieces of about so many bytes.
 constexpr std::size_t kPrintedAtOnce = std::size_t{1} << 16;
 
-Json rows(const std::vector<std::string>& list) {
-  Json array = Json::array();
-  for (const std::string& row : list) array.push_back(text::to_utf8(row));
-  return array;
-}
-
 Json rows(const ui::ListBox& list) {
-  return rows(list.rows());
+  return json_rows(list.rows());
 }
 
 Json captions(const Headings& headings) {
@@ -75,7 +69,7 @@ void ConsoleReport::print_json(std::ostream& output) const {
   object["ListVip"] = rows(lists.ListVip);
   object["ListUtilizados"] = rows(lists.ListUtilizados);
   object["ListBorrar"] = rows(lists.ListBorrar);
-  object["ListPerdidos"] = rows(lost_.TextoPerdidos());
+  object["ListPerdidos"] = json_rows(lost_.TextoPerdidos());
   object["ProyectosFuera"] = Json::array();
   for (const work::ProyectoFuera& each : work_.ProyectosFuera) {
     object["ProyectosFuera"].push_back(
@@ -110,14 +104,19 @@ void ConsoleReport::print_text(std::ostream& output) const {
     output << "\n";
   }
   if (!work_.ProyectosFuera.empty()) {
-    output << work_.ProyectosFuera.size() << " proyectos no cuentan:\n";
-    for (const work::ProyectoFuera& each : work_.ProyectosFuera) {
-      output << "  " << text::to_utf8(each.ruta + "   (" + each.motivo + ")") << "\n";
-    }
+    print_left_out(output, work_);
     output << "\n";
   }
   for (const system::Message& message : messages_) {
     output << text::to_utf8(message.title) << "\n" << text::to_utf8(message.text) << "\n\n";
+  }
+}
+
+void print_left_out(std::ostream& output, const work::WorkInHand& work) {
+  if (work.ProyectosFuera.empty()) return;
+  output << work.ProyectosFuera.size() << " proyectos no cuentan:\n";
+  for (const work::ProyectoFuera& each : work.ProyectosFuera) {
+    output << "  " << text::to_utf8(text::row_with_reason(each.ruta, each.motivo)) << "\n";
   }
 }
 

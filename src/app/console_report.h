@@ -33,6 +33,9 @@ class ConsoleReport {
   const std::vector<system::Message>& messages_;
 };
 
+// In UTF-8: how many projects are left out, and each with its reason; nothing where there is none.
+void print_left_out(std::ostream& output, const work::WorkInHand& work);
+
 // How a search for a file has ended.
 struct SearchOutcome {
   bool Hallado = false;

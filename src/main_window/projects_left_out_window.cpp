@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "skin/projects_left_out_layout.h"
+#include "text/rows.h"
 #include "ui/list_width.h"
 #include "work/place_keys.h"
 
@@ -42,7 +43,7 @@ void Fuera::fill() {
   std::vector<std::string> rows;
   rows.reserve(context().work.ProyectosFuera.size());
   for (const work::ProyectoFuera& each : context().work.ProyectosFuera) {
-    rows.push_back(each.ruta + "   (" + each.motivo + ")");
+    rows.push_back(text::row_with_reason(each.ruta, each.motivo));
   }
   ListFuera.clear();
   ListFuera.add(std::move(rows));

@@ -38,8 +38,8 @@ class PosixShell final : public system::Shell {
   // A shell without a trash: nothing is recycled. `files` must outlive this.
   explicit PosixShell(system::FileSystem& files) : files_(files) {}
   // Recycles to the trash with that native path, which is made when it is first needed, or to that
-  // of the file's volume; volumes are told apart by `top_of`. `files` and `drives` must outlive
-  // this.
+  // of the file's volume; `top_of` says which volume a path is on. `files` and `drives` must
+  // outlive this.
   PosixShell(system::FileSystem& files, const MappedDrives& drives, std::string trash,
              TopOf top_of = top_of_volume)
       : files_(files), drives_(&drives), trash_(std::move(trash)), top_of_(std::move(top_of)) {}

@@ -2,11 +2,13 @@
 
 #include <utility>
 
+#include "removal/backup_folder.h"
 #include "removal/reasons.h"
 #include "removal/recovery.h"
 #include "removal/removal_log.h"
 #include "skin/recovery_layout.h"
 #include "text/paths.h"
+#include "text/rows.h"
 #include "ui/list_width.h"
 #include "work/job.h"
 #include "work/place_keys.h"
@@ -98,9 +100,8 @@ void Recuperar::cmdOpen_Click() {
   }
   ListRecuperar.clear();
   if (!file) return;
-  std::string bytes(static_cast<std::size_t>(file->size()), '\0');
-  const auto came = file->read(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
-  bytes.resize(came.value_or(0));
+  const auto read = bytes_of(context().platform.files, log);
+  const std::string bytes = read ? *read : std::string();
 
   busy_ = true;
   system::Pacer pacer(context().platform.pump, context().platform.clock);
@@ -156,7 +157,7 @@ void Recuperar::RecuperarArchivos() {
   LabelCerrar.show();
   ListNoRecuperados.clear();
   for (const Kept& each : not_recovered_) {
-    ListNoRecuperados.add(each.ruta + "   (" + each.motivo + ")");
+    ListNoRecuperados.add(text::row_with_reason(each.ruta, each.motivo));
   }
   ListNoRecuperados.set_visible(!not_recovered_.empty());
   ui::ListaAncho(ListNoRecuperados);

@@ -13,6 +13,7 @@
 #include "removal/run_colors.h"
 #include "removal/shell_calls.h"
 #include "text/paths.h"
+#include "text/rows.h"
 #include "ui/list_width.h"
 
 namespace ordelan::removal {
@@ -245,7 +246,6 @@ void RemovalRun::idle_branch() {
 bool RemovalRun::let_events_run(std::size_t i) {
   job_->turn();
   if (stopped()) {
-    cancelled_ = true;
     show_cancelled();
     return false;
   }
@@ -333,7 +333,7 @@ void RemovalRun::report() {
   options_.LabelResultado.show();
   options_.ListNoBorrados.clear();
   for (const Kept& each : state_.kept) {
-    options_.ListNoBorrados.add(each.ruta + "   (" + each.motivo + ")");
+    options_.ListNoBorrados.add(text::row_with_reason(each.ruta, each.motivo));
   }
   options_.ListNoBorrados.set_visible(!state_.kept.empty());
   ui::ListaAncho(options_.ListNoBorrados);

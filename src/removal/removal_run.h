@@ -104,7 +104,6 @@ class RemovalRun {
   std::unordered_set<std::string> ticked_;    // the rows that were ticked when the run began
   std::unordered_set<std::string> uncopied_;  // rows that must stay for want of a copy
   std::optional<BackupFolder> backup_;
-  bool cancelled_ = false;
 };
 
 }  // namespace ordelan::removal

@@ -1,4 +1,4 @@
-// The colours in which the outcome of a run is told.
+// The colours of the messages about a run.
 #pragma once
 
 #include <cstdint>

@@ -54,7 +54,6 @@ void RemovalRun::BorrarAsociados() {
     job_->turn();
     options_.XP_Bar.set_value(static_cast<std::int64_t>(i));
     if (stopped()) {
-      cancelled_ = true;
       show_cancelled();
       break;
     }

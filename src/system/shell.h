@@ -49,7 +49,7 @@ class Shell {
 
   // Copies a file into a folder, under its own name and as the desktop does it: where that name is
   // taken, the user is asked whether it is to be overwritten; `cancelled` if the answer was no.
-  // Where nobody can be asked the answer is no. What stands there of the copy after a failure is
+  // Without a way to ask the answer is no. What stands there of the copy after a failure is
   // the shell's affair. too_long for paths longer than the shell takes.
   virtual Status copy_into(const std::string& from, const std::string& folder) = 0;
 

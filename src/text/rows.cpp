@@ -21,4 +21,8 @@ bool is_file_row(std::string_view row) {
          row.find("----------") == std::string_view::npos;
 }
 
+std::string row_with_reason(const std::string& path, const std::string& reason) {
+  return path + "   (" + reason + ")";
+}
+
 }  // namespace ordelan::text

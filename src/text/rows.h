@@ -17,4 +17,7 @@ std::string_view after_arrow(std::string_view row);
 // Whether the row names a file: rows that hold ">" or "----------" are titles and separators.
 bool is_file_row(std::string_view row);
 
+// The row of a path that is listed with the reason why: "<path>   (<reason>)".
+std::string row_with_reason(const std::string& path, const std::string& reason);
+
 }  // namespace ordelan::text

@@ -494,7 +494,7 @@ std::string broken(World& world, const Tree& before, bool cancelled, RemovalTall
       }
     }
   }
-  // What is told of the rows.
+  // What is reported about the rows.
   const auto& state = world.session.program.form.removal_state();
   std::size_t rows_gone = 0;
   std::set<std::string> told;
