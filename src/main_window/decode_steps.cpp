@@ -57,9 +57,15 @@ void Form1::note_listed(work::Job& job) {
   const auto rows = work_.FilasVistas;
   work_.VistosBorrar.reserve(rows->size());
   for (const std::string& row : *rows) {
-    const auto info = platform_.files.info(row);
-    work_.VistosBorrar.push_back(info ? work::Visto{info->size, info->modified}
-                                      : work::Visto{work::Visto::kMissing, 0});
+    // A look at each takes seconds on Windows, whose listings have told it already.
+    const work::FolderTree::Entry* const listed = job.folders().known_file(row);
+    if (listed != nullptr && listed->modified != 0) {
+      work_.VistosBorrar.push_back({listed->size, listed->modified});
+    } else {
+      const auto info = platform_.files.info(row);
+      work_.VistosBorrar.push_back(info ? work::Visto{info->size, info->modified}
+                                        : work::Visto{work::Visto::kMissing, 0});
+    }
     if (!job.turn()) return;
   }
 }

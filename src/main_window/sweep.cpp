@@ -100,6 +100,8 @@ void Form1::ListProyectos_DblClick() {
   show_progress();
   ListProyectos_Decode(job, static_cast<std::size_t>(lists.ListProyectos.current()));
   if (job.superseded()) return;
+  // What has not been read to its end says too little about what is used.
+  if (job.cancelled()) work_.ListaBorrarCompleta = false;
   hide_progress();
   job.set_idle();
   path_strip.ListPath.hide();

@@ -266,7 +266,7 @@ std::vector<bool> same_as_used(const std::vector<std::string>& offered,
     tree.listing(folder);
     const work::FolderTree::Entry* const known = tree.known_file(path);
     work::FolderTree::Entry entry =
-        known != nullptr ? *known : work::FolderTree::Entry{"", true, false, 0};
+        known != nullptr ? *known : work::FolderTree::Entry{"", true, false, 0, 0, 0};
     entry.name = std::string_view(path).substr(folder.size());
     all.push_back(candidates.add(candidates.add_folder(folder), entry, 0));
     if (!go_on()) return std::vector<bool>(offered.size(), false);

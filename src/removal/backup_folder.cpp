@@ -209,9 +209,13 @@ Status BackupFolder::begin_log() {
   return files_.flush_folder(folder_);
 }
 
-// An empty file. A link to nowhere looks like a free name, and is not followed.
+// An empty file. A link to nowhere looks like a free name, and is not followed. One that is there
+// makes room for a new one: it may have another name on the disk, whose bytes are not to change.
 system::Opened<system::OutputFile> BackupFolder::begin_file(const char* name) {
-  return present_.contains(name) ? files_.create(path_of(name)) : files_.create_new(path_of(name));
+  if (!present_.contains(name)) return files_.create_new(path_of(name));
+  if (const Status made = system::write_whole(files_, path_of(name), {}); !made)
+    return made.reason();
+  return files_.create(path_of(name));
 }
 
 Status BackupFolder::log(std::string_view text) {

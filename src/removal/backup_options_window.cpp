@@ -122,11 +122,15 @@ void BacUp::cmdBorrar_Click() {
   const std::size_t before = review->ListBorrar.count();
   const std::size_t offered = context().lists.ListBorrar.count();
   if (before != offered) {
+    const bool unticked = !review->ListStatus.all_ticked();
     review->CopiarListBorrados();
-    LabelVueltas.set_visible(offered > before);
+    std::string caption = "La lista se ha llenado de nuevo";
     if (offered > before) {
-      LabelVueltas.set_caption(std::to_string(offered - before) + " filas han vuelto a la lista");
+      caption = std::to_string(offered - before) + " filas han vuelto a la lista";
     }
+    if (unticked) caption += ", y todas quedan activadas";
+    LabelVueltas.set_caption(caption);
+    LabelVueltas.set_visible(offered > before || unticked);
   }
   review->set_visible(!review->visible());
   if (review->visible()) review->bring_to_front();

@@ -41,6 +41,7 @@ Recovery::Recovery(system::FileSystem& files, system::Shell& shell, const std::s
   if (is_numbered(std::string(text::file_name(bare)))) {
     folders_.push_back(text::getPath(bare, "\\"));
   }
+  indexed_ = files.info(folder + kIndexName).has_value();
   const auto index = bytes_of(files, folder + kIndexName);
   for (CopyRecord& record : read_index(index ? *index : std::string())) {
     std::string path = record.path;
@@ -109,7 +110,7 @@ Recovery::Step Recovery::plan(const std::string& line) const {
   const auto record = records_.find(line);
   if (record != records_.end()) {
     step.copy = copy_of(record->second, name);
-  } else if (is_copy(folders_.front() + name)) {
+  } else if (!indexed_ && is_copy(folders_.front() + name)) {
     step.copy = folders_.front() + name;
   }
   if (step.copy.empty()) step.motivo = reason::kCopyMissing;

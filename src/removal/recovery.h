@@ -27,7 +27,8 @@ class Recovery {
   };
   // Looks for the copy: the one that the index names, if it has the bytes that were copied;
   // otherwise any of that name and those bytes in the folder of the log, the one above a numbered
-  // folder, or a numbered folder below. Without an index the file of that name beside the log.
+  // folder, or a numbered folder below. Without an index the file of that name beside the log; a
+  // line that an index lacks has no copy, and a file of its name is another one.
   Step plan(const std::string& line) const;
 
   // Copies the file back, and checks it. A file that stands in its place and has other content is
@@ -44,6 +45,7 @@ class Recovery {
   system::Shell& shell_;
   std::function<bool()> go_on_;
   std::vector<std::string> folders_;  // of the log, and of the backup where that is another
+  bool indexed_ = false;              // whether there is an index
   std::unordered_map<std::string, CopyRecord> records_;  // by path
 };
 

@@ -37,7 +37,8 @@ struct FileInfo {
   // links) have one number.
   std::uint64_t number = 0;
   std::uint32_t attributes = 0;  // the attribute word: some of `attribute` and more of Windows' own
-  // Local times, as days since the 30th of December 1899; 0 where they were not asked for.
+  // Local times, as days since the 30th of December 1899; 0 where they were not asked for. Where a
+  // listing has `modified` and `size` for nothing it gives them all the same.
   double created = 0;
   double modified = 0;
   double accessed = 0;

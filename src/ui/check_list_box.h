@@ -2,6 +2,7 @@
 // the same rows.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -27,6 +28,7 @@ class CheckListBox final : public ListBox {
   bool ticked(std::size_t index) const { return index < ticks_.size() && ticks_[index]; }
   // Nothing happens past the end.
   void set_ticked(std::size_t index, bool ticked);
+  bool all_ticked() const { return std::find(ticks_.begin(), ticks_.end(), false) == ticks_.end(); }
   void tick_all();
   // The user's click on a box: changes the tick and raises `on_tick`.
   void toggle(std::size_t index);

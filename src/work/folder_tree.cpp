@@ -53,7 +53,8 @@ const FolderTree::Listing& FolderTree::listing(std::string_view folder) {
   found_.clear();
   const auto visit = [&](const system::FileInfo& entry) {
     found_.push_back({names_.size(), entry.name.size(), entry.folder,
-                      !entry.hidden && !entry.system, entry.link, entry.number});
+                      !entry.hidden && !entry.system, entry.link, entry.number, entry.size,
+                      entry.modified});
     names_ += entry.name;
     return true;
   };
@@ -88,7 +89,7 @@ void FolderTree::take_found(Listing& listing) {
       continue;
     }
     auto& kind = found.folder ? listing.folders : listing.files;
-    kind.push_back({name, found.plain, found.link, found.number});
+    kind.push_back({name, found.plain, found.link, found.number, found.size, found.modified});
   }
 }
 

@@ -28,6 +28,9 @@ class FolderTree {
     bool plain;             // neither hidden nor a system file
     bool link;              // only stands for another file
     std::uint64_t number;   // on its volume; 0 where it is not known
+    // As in FileInfo; both 0 where a listing does not have them for nothing.
+    std::uint64_t size;
+    double modified;
   };
   struct Listing {
     bool readable = false;
@@ -86,6 +89,8 @@ class FolderTree {
     bool plain;
     bool link;
     std::uint64_t number;
+    std::uint64_t size;
+    double modified;
   };
 
   Listing* known(std::string_view folder) const;

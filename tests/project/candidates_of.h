@@ -36,9 +36,8 @@ inline project::Candidates candidates_of(const std::vector<std::string>& paths,
 
 // The same for plain files.
 inline project::Candidates candidates_of(const std::vector<std::string>& paths) {
-  return candidates_of(paths, [](const std::string&) {
-    return work::FolderTree::Entry{"", true, false, 0};
-  });
+  return candidates_of(
+      paths, [](const std::string&) { return work::FolderTree::Entry{"", true, false, 0, 0, 0}; });
 }
 
 // The same for files as a tree has listed them.
@@ -46,7 +45,7 @@ inline project::Candidates candidates_of(const std::vector<std::string>& paths,
                                          const work::FolderTree& tree) {
   return candidates_of(paths, [&](const std::string& path) {
     const auto* const entry = tree.known_file(path);
-    return entry != nullptr ? *entry : work::FolderTree::Entry{"", true, false, 0};
+    return entry != nullptr ? *entry : work::FolderTree::Entry{"", true, false, 0, 0, 0};
   });
 }
 

@@ -46,7 +46,7 @@ std::string shown(const Rows& rows) {
   std::vector<bool> wanted(candidates.size(), true);
   for (const Candidate& candidate : left) wanted[candidate.place] = false;
   const auto found = candidates_of(candidates, [&](const std::string& path) {
-    return work::FolderTree::Entry{"", disk.exists(path), false, 0};
+    return work::FolderTree::Entry{"", disk.exists(path), false, 0, 0, 0};
   });
   const auto struck = project::strike_used(used, found, disk, [](std::size_t) { return true; });
   if (struck == wanted) return ::testing::AssertionSuccess();

@@ -104,6 +104,20 @@ TEST_F(BackupDamage, the_root_of_a_drive_is_a_folder_of_backups_too) {
   EXPECT_EQ(reason("Mix\\a.wav"), removal::reason::kBackup);
 }
 
+TEST_F(BackupDamage, each_listed_file_is_noted_as_a_look_at_it_finds_it) {
+  disk.write("Mix\\larga.wav", std::string(5000, 'a'));
+  open_studio({"Mix\\a.wav", "Mix\\b.wav"});
+  ASSERT_TRUE(work.FilasVistas);
+  ASSERT_EQ(work.FilasVistas->size(), 3u);
+  ASSERT_EQ(work.VistosBorrar.size(), 3u);
+  for (std::size_t i = 0; i < 3; ++i) {
+    const auto info = disk.files().info((*work.FilasVistas)[i]);
+    ASSERT_TRUE(info);
+    EXPECT_EQ(work.VistosBorrar[i].size, info->size);
+    EXPECT_EQ(work.VistosBorrar[i].modified, info->modified);
+  }
+}
+
 TEST_F(BackupDamage, a_file_that_has_come_since_the_list_was_made_stays) {
   open_studio({"Mix\\a.wav"});
   form.lists.ListBorrar.add(disk.path("Mix\\nueva.wav"));

@@ -103,6 +103,27 @@ TEST_F(RemovalWindows, rows_that_were_thrown_out_are_back_when_the_review_is_ope
   EXPECT_EQ(options().LabelVueltas.caption(), "2 filas han vuelto a la lista");
 }
 
+TEST_F(RemovalWindows, boxes_that_were_cleared_are_ticked_again_with_the_rows_and_it_is_said) {
+  open_studio({"Mix\\a.wav", "Mix\\b.wav", "Mix\\c.wav"});
+  press_delete(0);
+  untick("Mix\\c.wav");
+  options().cmdBorrar_Click();
+  EXPECT_TRUE(review().ListStatus.ticked(2));
+  EXPECT_TRUE(options().LabelVueltas.visible());
+  EXPECT_EQ(options().LabelVueltas.caption(),
+            "1 filas han vuelto a la lista, y todas quedan activadas");
+}
+
+TEST_F(RemovalWindows, boxes_that_a_shorter_list_ticks_again_are_told_too) {
+  open_studio({"Mix\\a.wav", "Mix\\b.wav", "Mix\\c.wav"});
+  untick("Mix\\c.wav");
+  form.lists.ListBorrar.remove(0);
+  options().cmdBorrar_Click();
+  EXPECT_TRUE(options().LabelVueltas.visible());
+  EXPECT_EQ(options().LabelVueltas.caption(),
+            "La lista se ha llenado de nuevo, y todas quedan activadas");
+}
+
 // --- the review
 
 TEST_F(RemovalWindows, both_lists_have_the_rows_of_list_4_all_ticked) {

@@ -4,6 +4,7 @@
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
 #include "support/fake_services.h"
+#include "support/faulty_files.h"
 #include "system/platform.h"
 #include "test_disk.h"
 
@@ -11,13 +12,14 @@ namespace ordelan::test {
 
 struct Computer {
   TestDisk disk;
+  FaultyFiles faulty{disk.files()};  // the program's way to the disk: a test can let calls fail
   HandClock clock;
   FixedRegional regional;
   FakeDrives drives;
   FakeShell shell;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk.files(), dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{faulty, dialogs, backend, clock, regional, drives, shell};
 };
 
 }  // namespace ordelan::test

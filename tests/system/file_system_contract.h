@@ -483,6 +483,22 @@ TYPED_TEST_P(FileSystemContract, each_entry_is_visited_once_and_is_the_one_that_
   }
 }
 
+TYPED_TEST_P(FileSystemContract,
+             a_time_that_a_listing_of_names_gives_is_the_files_and_has_its_size) {
+  this->place().write(this->path("larga.wav"), std::string(300, 'a'));
+  this->place().write(this->path("tomas.wav"), std::string("a"));
+  this->place().make_folder(this->path("Mix"));
+  const auto listed = this->files().list(this->place().folder(), system::Detail::names);
+  ASSERT_TRUE(listed);
+  ASSERT_EQ(listed->size(), 3u);
+  for (const system::FileInfo& entry : *listed) {
+    const auto info = this->files().info(this->path(entry.name));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(entry.modified, entry.modified == 0 ? 0 : info->modified) << entry.name;
+    EXPECT_EQ(entry.size, entry.modified == 0 ? 0 : info->size) << entry.name;
+  }
+}
+
 TYPED_TEST_P(FileSystemContract, a_visitor_that_has_heard_enough_hears_of_no_more) {
   for (const char* name : {"a.wav", "b.wav", "c.wav"}) this->place().write(this->path(name), "1");
   int visits = 0;
@@ -832,6 +848,7 @@ REGISTER_TYPED_TEST_SUITE_P(
     creating_empties_an_existing_file, a_file_that_is_dropped_unclosed_is_there_all_the_same,
     nothing_is_created_in_a_folder_that_is_not_there, paths_longer_than_260_characters_work,
     each_entry_is_visited_once_and_is_the_one_that_is_listed,
+    a_time_that_a_listing_of_names_gives_is_the_files_and_has_its_size,
     a_visitor_that_has_heard_enough_hears_of_no_more, what_is_no_folder_is_not_visited,
     a_name_may_be_moved_away, folders_may_be_visited_from_inside_a_visit,
     the_attribute_word_distinguishes_folders_from_files,

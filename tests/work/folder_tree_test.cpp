@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "project/memory_folders.h"
+#include "support/forwarding_files.h"
 
 namespace ordelan::test {
 namespace {
@@ -266,6 +267,34 @@ TEST(FoldersAround, are_none_of_a_root_and_of_a_path_without_one) {
                              "D:Mix", "Mix\\a\\", "\\Mix\\a\\"}) {
     EXPECT_THAT(work::folders_around(folder), IsEmpty()) << folder;
   }
+}
+
+// As a listing on Windows has size and time for nothing.
+struct TimedFolders : ForwardingFiles {
+  using ForwardingFiles::ForwardingFiles;
+  bool each_entry(std::string_view folder, system::Detail detail, const Visit& visit,
+                  const VisitUnnamed& unnamed) override {
+    const auto timed = [&](system::FileInfo& entry) {
+      entry.size = entry.name.size() * 100;
+      entry.modified = static_cast<double>(entry.name.front());
+      return visit(entry);
+    };
+    return ForwardingFiles::each_entry(folder, detail, timed, unnamed);
+  }
+};
+
+TEST(FolderTree, keeps_sizes_and_times_that_come_with_the_names) {
+  MemoryFolders disk;
+  disk.add_folder("D:\\Mix");
+  disk.add_file("D:\\Mix\\z.wav", "");
+  disk.add_file("D:\\Mix\\larga.wav", "");
+  TimedFolders files(disk);
+  work::FolderTree tree(files);
+  tree.listing("D:\\Mix\\");
+  const auto* const listed = tree.known_file("D:\\Mix\\larga.wav");
+  ASSERT_NE(listed, nullptr);
+  EXPECT_EQ(listed->size, 900u);
+  EXPECT_EQ(listed->modified, static_cast<double>('l'));
 }
 
 }  // namespace

@@ -46,9 +46,9 @@ void describe(const Found& found, Detail detail, FileInfo& info) {
   info.hidden = (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
   info.system = (attributes & FILE_ATTRIBUTE_SYSTEM) != 0;
   info.size = info.folder ? 0 : joined(found.nFileSizeHigh, found.nFileSizeLow);
+  info.modified = local_days(found.ftLastWriteTime);
   if (detail != Detail::times) return;
   info.created = local_days(found.ftCreationTime);
-  info.modified = local_days(found.ftLastWriteTime);
   info.accessed = local_days(found.ftLastAccessTime);
 }
 
