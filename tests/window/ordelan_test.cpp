@@ -11,6 +11,7 @@
 
 #include "skin/palette.h"
 #include "support/small_project.h"
+#include "window/answers.h"
 #include "window/ordelan_fixture.h"
 #include "window/wait.h"
 
@@ -321,27 +322,9 @@ TEST_F(Ordelan, closes_by_alt_and_f4_in_the_middle_of_a_decode) {
   EXPECT_EQ(program->wait_for_end(), 0u);
 }
 
-// Asks the window again and again until a sweep has ended, and reports how long it took and how
-// long the longest answer did.
 void watch_sweep(Program& program) {
-  using Clock = std::chrono::steady_clock;
-  const auto begun = Clock::now();
-  Clock::duration longest{};
-  while (!program.visible("SalvaListados")) {
-    const auto asked = Clock::now();
-    DWORD_PTR ignored = 0;
-    ASSERT_NE(SendMessageTimeoutW(program.window(), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &ignored), 0)
-        << "the window did not answer for five seconds";
-    longest = std::max(longest, Clock::now() - asked);
-    ASSERT_LT(Clock::now() - begun, std::chrono::minutes(5));
-    Sleep(20);  // asking all the time would take a core from the sweep
-  }
-  const auto milliseconds = [](Clock::duration time) {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(time).count();
-  };
-  std::cout << program.text("LabelCheck(0)") << " " << program.text("LabelAdd(0)") << "\n"
-            << "swept in " << milliseconds(Clock::now() - begun) << " ms, the longest wait for an "
-            << "answer was " << milliseconds(longest) << " ms\n";
+  watch_answers(program, "swept in", [&] { return program.visible("SalvaListados"); });
+  std::cout << program.text("LabelCheck(0)") << " " << program.text("LabelAdd(0)") << "\n";
 }
 
 // Needs a studio that takes a while: ORDELAN_LARGE_PROJECT names one of its projects.

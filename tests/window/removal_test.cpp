@@ -3,12 +3,14 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <set>
 
 #include "support/small_project.h"
 #include "wide_text.h"
+#include "window/answers.h"
 #include "window/ordelan_fixture.h"
 
 namespace ordelan::test {
@@ -257,6 +259,24 @@ TEST_F(Removal, a_run_with_backup_copies_the_files_and_recovery_brings_them_back
   program->picture_of_screen("recovery-done");
   program->click("Salir");
   program->wait_until("the end of the window", [&] { return !program->window_shown("Recuperar"); });
+}
+
+// Takes a while: ORDELAN_LARGE_REMOVAL gives the number of files.
+TEST_F(Removal, answers_all_through_a_run_with_backup) {
+  const char* count = std::getenv("ORDELAN_LARGE_REMOVAL");
+  if (count == nullptr) GTEST_SKIP() << "no number of files was given";
+  make_unused(std::atoi(count));
+  write("copias\\leeme.txt", "");
+  show_options();
+  set_box("CheckBackup", true);
+  show_review();
+  set_box("CheckBorrarPapelera", false);
+  choose_folder(path("copias"));
+  program->click("cmdCarpetaBorrar");
+  use("BacUp");
+  watch_answers(*program, "removed in",
+                [&] { return program->visible("LabelResultado") && !program->visible("XP_Bar"); });
+  EXPECT_EQ(program->text("LabelResultado"), std::string(count) + " de " + count + " borrados");
 }
 
 TEST_F(Removal, a_run_with_backup_is_stopped_in_its_middle) {
