@@ -61,8 +61,30 @@ constexpr std::array<std::uint16_t, 256> make_places() {
 
 constexpr std::array<std::uint16_t, 256> kPlaces = make_places();
 
-// One code point read from UTF-8 at `at`, which moves past it. Overlong forms, surrogates and
-// cut sequences give nothing.
+constexpr std::size_t kWord = sizeof(std::uint64_t);
+
+// Eight bytes of a text at once.
+std::uint64_t word_at(std::string_view text, std::size_t at) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, text.data() + at, kWord);
+  return word;
+}
+
+// How many bytes of the text from `from` on read the same in both codes.
+std::size_t ascii_run(std::string_view text, std::size_t from) {
+  constexpr std::uint64_t kHighBits = 0x8080808080808080u;
+  std::size_t at = from;
+  while (at + kWord <= text.size() && (word_at(text, at) & kHighBits) == 0) at += kWord;
+  while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
+  return at - from;
+}
+
+}  // namespace
+
+const std::array<std::uint16_t, 256> kCodePoints = make_code_points();
+const std::array<char, 256> kLower = kLowerForms;
+const std::array<char, 256> kUpper = kCapitals;
+
 std::optional<std::uint32_t> next_code_point(std::string_view utf8, std::size_t& at) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
   const unsigned first = byte(at);
@@ -92,30 +114,6 @@ std::optional<char> byte_of(std::uint32_t point) {
   if (found == kHighControls.end()) return std::nullopt;
   return static_cast<char>(static_cast<unsigned char>(0x80 + (found - kHighControls.begin())));
 }
-
-constexpr std::size_t kWord = sizeof(std::uint64_t);
-
-// Eight bytes of a text at once.
-std::uint64_t word_at(std::string_view text, std::size_t at) {
-  std::uint64_t word = 0;
-  std::memcpy(&word, text.data() + at, kWord);
-  return word;
-}
-
-// How many bytes of the text from `from` on read the same in both codes.
-std::size_t ascii_run(std::string_view text, std::size_t from) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080u;
-  std::size_t at = from;
-  while (at + kWord <= text.size() && (word_at(text, at) & kHighBits) == 0) at += kWord;
-  while (at < text.size() && static_cast<unsigned char>(text[at]) < 0x80) ++at;
-  return at - from;
-}
-
-}  // namespace
-
-const std::array<std::uint16_t, 256> kCodePoints = make_code_points();
-const std::array<char, 256> kLower = kLowerForms;
-const std::array<char, 256> kUpper = kCapitals;
 
 std::string to_utf8(std::string_view ansi) {
   std::string utf8;

@@ -24,6 +24,13 @@ std::optional<std::string> from_utf8(std::string_view utf8);
 // room but that of the longest. False where the other gives nothing; `ansi` is then of no use.
 bool from_utf8(std::string_view utf8, std::string& ansi);
 
+// One code point of a UTF-8 text, read at `at`, which moves past it. Nothing, with `at` as it was,
+// where the bytes are no UTF-8: cut sequences, overlong forms, surrogates. `at` must be in the text.
+std::optional<std::uint32_t> next_code_point(std::string_view utf8, std::size_t& at);
+
+// The byte of a code point; nothing if the code page lacks it.
+std::optional<char> byte_of(std::uint32_t point);
+
 // UTF-8 as code-page text to be read by people: a "?" stands for each character that the code page
 // lacks, and for each byte that is no UTF-8.
 std::string from_utf8_with_marks(std::string_view utf8);

@@ -47,5 +47,9 @@ TEST(FuzzCorpus, indexes_of_copies_keep_their_rules_in_every_kept_one) {
   EXPECT_GE(replay("fuzz_copy_index", check_copy_index), 12u);
 }
 
+TEST(FuzzCorpus, mentions_are_those_of_the_literal_search_in_every_kept_file) {
+  EXPECT_GE(replay("fuzz_mentions", check_mentions), 12u);
+}
+
 }  // namespace
 }  // namespace ordelan::test

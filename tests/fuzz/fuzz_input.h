@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "project/mention_agreement.h"
 #include "project/vip_reader_agreement.h"
 #include "removal/copy_index.h"
 #include "removal/recovery.h"

@@ -1,0 +1,91 @@
+#include "project/vip_files.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "project/identity_hash.h"
+#include "text/code_page.h"
+#include "text/paths.h"
+
+namespace ordelan::project {
+namespace {
+
+using system::FileIdentity;
+
+constexpr std::size_t kSteps = 64;  // entries of a folder between two turns
+
+bool may_be_project(std::string_view name) {
+  return text::lower(name).find(".vip") != std::string::npos;
+}
+
+}  // namespace
+
+VipFiles::VipFiles(system::FileSystem& files, std::function<bool()> turn)
+    : files_(files), turn_(std::move(turn)) {}
+
+void VipFiles::add(const std::string& path) {
+  if (known_.insert(path).second) paths_.push_back(path);
+}
+
+bool VipFiles::step() {
+  if (++steps_ % kSteps == 0) ended_ = !turn_();
+  return !ended_;
+}
+
+void VipFiles::add_below(const std::vector<std::string>& folders) {
+  std::vector<std::string> waiting;
+  for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
+    waiting.push_back(system::with_backslash(*folder));
+  }
+  std::vector<std::string> links;
+  while (!waiting.empty() && unread_.empty()) {
+    if (ended_ = !turn_(); ended_) return;
+    const std::string here = std::move(waiting.back());
+    waiting.pop_back();
+    if (!folders_.insert(here).second) continue;
+    walked_.push_back(here);
+    std::vector<std::string> below;
+    list(here, below, links);
+    if (ended_) return;
+    std::move(below.rbegin(), below.rend(), std::back_inserter(waiting));
+  }
+  if (unread_.empty() && !links.empty()) follow(links);
+}
+
+void VipFiles::list(const std::string& here, std::vector<std::string>& below,
+                    std::vector<std::string>& links) {
+  const auto visit = [&](const system::FileInfo& entry) {
+    // Copied first: a handler may list another folder into the same entry.
+    const std::string path = text::path_of(here, entry.name);
+    if (entry.folder) {
+      (entry.link ? links : below).push_back(path + "\\");
+    } else if (may_be_project(entry.name)) {
+      add(path);
+    }
+    return step();
+  };
+  const auto unnamed = [&](const system::UnnamedEntry& entry) {
+    if (entry.folder || may_be_project(entry.shown)) unread_ = here + entry.shown;
+  };
+  if (!files_.each(here, system::Detail::names, visit, unnamed)) unread_ = here;
+}
+
+// Each link must lead to a folder that is searched anyway: others might lead round in a ring, or
+// to half of the network.
+void VipFiles::follow(const std::vector<std::string>& links) {
+  std::unordered_set<FileIdentity, IdentityHash> walked;
+  for (const std::string& folder : walked_) {
+    if (ended_ = !turn_(); ended_) return;
+    if (const auto identity = files_.identity(folder)) walked.insert(*identity);
+  }
+  for (const std::string& link : links) {
+    if (ended_ = !turn_(); ended_) return;
+    const auto identity = files_.identity(link);
+    if (identity && walked.contains(*identity)) continue;
+    unread_ = link.substr(0, link.size() - 1);
+    return;
+  }
+}
+
+}  // namespace ordelan::project
