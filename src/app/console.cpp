@@ -36,8 +36,14 @@ std::optional<std::string> map_drive(const std::string& drive, const ConsoleHost
 }
 
 // Prints what the window holds.
-void report(const Session& session, const Options& options, std::ostream& output) {
-  ConsoleReport(session.program, session.dialogs.messages).print(output, options.json);
+void report(Session& session, const Options& options, std::ostream& output) {
+  ConsoleReport report(session.program, session.dialogs.messages);
+  if (options.named) {
+    // Nothing ends the look here.
+    report.add_named(session.program.form.named_files([] { return true; })
+                         .value_or(std::vector<removal::Kept>()));
+  }
+  report.print(output, options.json);
 }
 
 // The exit code of a command that has printed all that it has to.
@@ -171,6 +177,9 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   };
   CLI::App* open = add_command("abrir", "Abre un proyecto, como el botón de la ventana");
   open->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  open->add_flag("--nombrados", options.named,
+                 text::to_utf8("Busca los archivos no utilizados en todos los proyectos, y lista "
+                               "los que alguno nombra"));
   CLI::App* reports =
       add_command("listados", "Abre un proyecto y salva los listados de su carpeta");
   reports->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();

@@ -85,6 +85,7 @@ void print_plan(const removal::RemovalRun::Plan& plan, const Options& options,
   if (options.json) {
     Json object;
     object["negativa"] = text::to_utf8(plan.negativa);
+    object["conservados"] = json_kept(plan.conservados);
     object["plan"] = Json::array();
     for (const auto& each : plan.archivos) {
       object["plan"].push_back({{"ruta", text::to_utf8(each.ruta)},
@@ -102,16 +103,6 @@ void print_plan(const removal::RemovalRun::Plan& plan, const Options& options,
     if (!each.motivo.empty()) output << text::to_utf8("   (" + each.motivo + ")");
     output << "\n";
   }
-}
-
-Json kept_rows(const std::vector<removal::Kept>& kept) {
-  Json array = Json::array();
-  for (const removal::Kept& each : kept) {
-    array.push_back({{"ruta", text::to_utf8(each.ruta)},
-                     {"motivo", text::to_utf8(each.motivo)},
-                     {"proyecto", text::to_utf8(each.proyecto)}});
-  }
-  return array;
 }
 
 void print_kept(const std::vector<removal::Kept>& kept, std::ostream& output) {
@@ -146,7 +137,7 @@ void print_run(Session& session, const Options& options, std::ostream& output) {
       {"texto", run.LabelInfo.visible() ? text::to_utf8(run.LabelInfo.caption()) : ""},
       {"color", color_word(run.LabelInfo.fore_color())}};
   object["LabelResultado"] = text::to_utf8(run.LabelResultado.caption());
-  object["noBorrados"] = kept_rows(state.kept);
+  object["noBorrados"] = json_kept(state.kept);
   object["borrados"] = state.gone;
   object["asociados"] = state.side_files_gone;
   output << object.dump(2) << "\n";
@@ -288,7 +279,7 @@ int recover(const Options& options, const ConsoleHost& host, std::ostream& outpu
     object["ListRecuperar"] = json_rows(window->ListRecuperar.rows());
     object["Label1"] = text::to_utf8(window->Label1.caption());
     object["recuperados"] = recovered;
-    object["noRecuperados"] = kept_rows(kept);
+    object["noRecuperados"] = json_kept(kept);
     if (options.simulate) object["plan"] = planned;
     output << object.dump(2) << "\n";
   } else {

@@ -79,6 +79,7 @@ void ConsoleReport::print_json(std::ostream& output) const {
   object["LabelCount"] = captions(lists.LabelCount);
   object["LabelAdd"] = captions(lists.LabelAdd);
   object["LabelErase"] = captions(lists.LabelErase);
+  if (named_) object["conservados"] = json_kept(*named_);
   object["TextDecode"] = text::to_utf8(form_.strip.TextDecode.text());
   object["mensajes"] = Json::array();
   for (const system::Message& message : messages_) {
@@ -96,6 +97,13 @@ void ConsoleReport::print_text(std::ostream& output) const {
   print_list(output, lists.LabelCount, lists.ListVip);
   print_list(output, lists.LabelAdd, lists.ListUtilizados);
   print_list(output, lists.LabelErase, lists.ListBorrar);
+  if (named_) {
+    output << "Los nombra " << text::to_utf8("algún proyecto: ") << named_->size() << "\n";
+    for (const removal::Kept& each : *named_) {
+      output << "  " << text::to_utf8(text::row_with_reason(each.ruta, each.motivo)) << "\n";
+    }
+    output << "\n";
+  }
   if (!lost_.TextoPerdidos().empty()) {
     output << "Archivos perdidos o desubicados:\n";
     for (const std::string& row : lost_.TextoPerdidos()) {

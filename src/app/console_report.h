@@ -3,10 +3,13 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/program.h"
+#include "removal/removal_state.h"
 #include "system/dialogs.h"
 
 namespace ordelan::app {
@@ -20,6 +23,9 @@ class ConsoleReport {
         work_(program.work),
         messages_(messages) {}
 
+  // Also prints these of ListBorrar, which some project names.
+  void add_named(std::vector<removal::Kept> named) { named_ = std::move(named); }
+
   // In UTF-8: lists with their headings to read, or one JSON object.
   void print(std::ostream& output, bool json) const;
 
@@ -31,6 +37,7 @@ class ConsoleReport {
   const location::LostFiles& lost_;
   const work::WorkInHand& work_;
   const std::vector<system::Message>& messages_;
+  std::optional<std::vector<removal::Kept>> named_;
 };
 
 // In UTF-8: how many projects are left out, and each with its reason; nothing where there is none.

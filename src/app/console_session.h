@@ -32,6 +32,7 @@ struct Options {
   bool side_files = false;
   bool unchecked = false;
   bool simulate = false;
+  bool named = false;
   std::string log;
 };
 

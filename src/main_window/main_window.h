@@ -119,6 +119,10 @@ class Form1 final : public work::ProgramWindow {
   // The report of lost files.
   location::LostFiles& lost_files() { return location_.lost_files; }
   const location::LostFiles& lost_files() const { return location_.lost_files; }
+  // Those of ListBorrar that some project names or may name; see `Removal`.
+  std::optional<std::vector<removal::Kept>> named_files(const std::function<bool()>& go_on) {
+    return removal_.named_files(go_on);
+  }
   // How the last removal went.
   const removal::RemovalState& removal_state() const { return removal_.state; }
 

@@ -2,6 +2,8 @@
 
 #include "location/search_window.h"
 #include "removal/backup_options_window.h"
+#include "removal/removal_review_window.h"
+#include "removal/run_totals.h"
 #include "skin/backup_folder_layout.h"
 #include "work/place_keys.h"
 
@@ -21,6 +23,7 @@ CarpetaBack::CarpetaBack(const RemovalContext& removal)
       LabelRuta(*this, "LabelRuta", 2),
       LabelOK(*this, "LabelOK"),
       LabelAviso(*this, "LabelAviso"),
+      LabelEspacio(*this, "LabelEspacio"),
       AvisoBack(*this, "AvisoBack"),
       cmdSalir(*this, "cmdSalir"),
       removal_(removal) {
@@ -53,6 +56,7 @@ void CarpetaBack::Form_Load() {
   cmdCarpetaBorrar.hide();
   LabelRuta.set_visible(false);
   LabelOK.hide();
+  LabelEspacio.hide();
   LabelAviso.hide();
   ui::Rect place = AvisoBack.bounds();
   place.left = 31;
@@ -65,6 +69,7 @@ void CarpetaBack::CrearCarpeta() {
   LabelRuta.set_visible(false);
   LabelOK.hide();
   cmdCarpetaBorrar.hide();
+  LabelEspacio.hide();
   CarpetaElegida_ = CarpetaValida_ = false;
   if (auto* const options = context().windows.find<BacUp>()) options->set_position({100, 100});
   const std::string folder =
@@ -79,6 +84,7 @@ void CarpetaBack::CrearCarpeta() {
     removal_.state.RutaBackup = folder;
     LabelRuta[1].set_caption(folder);
     LabelRuta.set_visible(true);
+    show_room();
   } else {
     CarpetaNew.show();
     LabelAviso.show();
@@ -87,6 +93,15 @@ void CarpetaBack::CrearCarpeta() {
   }
   CarpetaNew.show();
   bring_to_front();  // the dialog stood before it, and options and review stay on top as well
+}
+
+void CarpetaBack::show_room() {
+  auto* const review = context().windows.find<ParaBorrar>();
+  if (review == nullptr) return;
+  review->show_totals();
+  LabelEspacio.set_caption(
+      room_line(context().platform, review->totals(), removal_.state.RutaBackup));
+  LabelEspacio.show();
 }
 
 void CarpetaBack::cmdCarpetaBorrar_Click() {

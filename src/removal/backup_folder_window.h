@@ -22,6 +22,7 @@ class CarpetaBack final : public work::ProgramWindow {
   ui::ControlArray<ui::Label> LabelRuta;
   ui::Label LabelOK;
   ui::Label LabelAviso;
+  ui::Label LabelEspacio;  // how much is copied, and how much room there is
   ui::TextBox AvisoBack;
   ui::Button cmdSalir;
 
@@ -32,6 +33,7 @@ class CarpetaBack final : public work::ProgramWindow {
 
  private:
   void Form_Load() override;
+  void show_room();
 
   RemovalContext removal_;
   // Whether a folder has been chosen since the window is shown.

@@ -47,6 +47,10 @@ BacUp::BacUp(const RemovalContext& removal)
   cmdBorrar.on_click = [this] { cmdBorrar_Click(); };
   CommandProtegidas.on_click = [this] { show_protected_folders(context()); };
   cmdParar.on_click = [this] { CancelarBorrado = true; };
+  const auto show_totals = [this] {
+    if (auto* const review = context().windows.find<ParaBorrar>()) review->show_totals();
+  };
+  CheckBackup.on_click = show_totals;
   cmdSalir.on_click = [this] { cmdSalir_Click(); };
   Salir.on_click = [this] { Salir_Click(); };
   ImageInfoVip.on_click = [this] {
@@ -133,7 +137,10 @@ void BacUp::cmdBorrar_Click() {
     LabelVueltas.set_visible(offered > before || unticked);
   }
   review->set_visible(!review->visible());
-  if (review->visible()) review->bring_to_front();
+  if (review->visible()) {
+    review->comprobar();
+    review->bring_to_front();
+  }
   if (CheckBorraAsociados.checked() && !CheckBackup.checked() && !CheckBorrar.checked()) {
     review->TextAviso.show();
   }

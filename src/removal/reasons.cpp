@@ -30,4 +30,24 @@ std::string of(system::Status status) {
   }
 }
 
+std::string of(const project::RowMention& row) {
+  using project::Mentioned;
+  switch (row.mentioned) {
+    case Mentioned::by_path:
+      return "lo nombra " + row.project;
+    case Mentioned::path_missing:
+      return "puede ser el archivo perdido que nombra " + row.project;
+    case Mentioned::without_path:
+      return "lo nombra sin su ruta " + row.project;
+    case Mentioned::unidentified:
+      if (row.project.empty()) return "su nombre no se puede buscar en los proyectos";
+      return "puede ser el archivo que nombra " + row.project;
+    case Mentioned::unread:
+      return "no se ha podido leer entero " + row.project;
+    case Mentioned::no:
+      break;
+  }
+  return {};
+}
+
 }  // namespace ordelan::removal::reason

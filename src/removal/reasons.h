@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "project/project_mentions.h"
 #include "system/status.h"
 
 namespace ordelan::removal::reason {
@@ -27,7 +28,14 @@ inline constexpr const char* kOtherKind = "no es de las extensiones de los asoci
 inline constexpr const char* kUntickedElsewhere = "está desactivado con otra ruta";
 inline constexpr const char* kStopped = "se ha cancelado";
 
+// The projects could not be read once more.
+inline constexpr const char* kNotRead = "no se ha terminado de leer los proyectos";
+inline constexpr const char* kNoBin = "su unidad no tiene papelera";
+inline constexpr const char* kTooLargeForBin = "no cabe en la papelera";
+
 // What a failed call means to the user.
 std::string of(system::Status status);
+// Why a row is kept of which some project speaks.
+std::string of(const project::RowMention& row);
 
 }  // namespace ordelan::removal::reason

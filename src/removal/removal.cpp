@@ -11,7 +11,7 @@
 namespace ordelan::removal {
 
 Removal::Removal(const work::Context& context, const Listener& listener)
-    : removal_{context, state, listener} {
+    : second_reading_(context), removal_{context, state, second_reading_, listener} {
   work::WindowDirectory& windows = context.windows;
   windows.add<BacUp>([this] { return std::make_unique<BacUp>(removal_); });
   windows.add<ParaBorrar>([this] { return std::make_unique<ParaBorrar>(removal_); });
@@ -37,6 +37,10 @@ void Removal::RecuperaBorrados_Click() {
   if (recovery == nullptr) return;
   recovery->show();
   recovery->bring_to_front();
+}
+
+std::optional<std::vector<Kept>> Removal::named_files(const std::function<bool()>& go_on) {
+  return second_reading_.look(*removal_.work.lists.ListBorrar.kept_rows(), go_on);
 }
 
 bool Removal::removes_side_files() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "removal/removal_state.h"
+#include "removal/second_reading.h"
 #include "work/context.h"
 
 namespace ordelan::removal {
@@ -22,9 +23,14 @@ class Removal {
   // Whether CheckBorraAsociados is ticked: in the window, or as it was left.
   bool removes_side_files() const;
 
+  // The files of ListBorrar that some project names or may name, with the reason; nothing where
+  // the look was ended. See `SecondReading`.
+  std::optional<std::vector<Kept>> named_files(const std::function<bool()>& go_on);
+
   RemovalState state;
 
  private:
+  SecondReading second_reading_;
   RemovalContext removal_;
 };
 

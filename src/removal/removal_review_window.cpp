@@ -2,14 +2,22 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <string_view>
+#include <unordered_set>
 
 #include "removal/backup_folder_window.h"
 #include "removal/backup_options_window.h"
 #include "removal/protected_folders_window.h"
+#include "removal/removal_run.h"
+#include "removal/run_totals.h"
+#include "removal/second_reading.h"
 #include "skin/removal_review_layout.h"
 #include "text/code_page.h"
+#include "text/numbers.h"
+#include "text/rows.h"
 #include "ui/list_width.h"
+#include "work/job.h"
 #include "work/place_keys.h"
 #include "work/stored_state.h"
 
@@ -46,6 +54,11 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
       ImageVol(*this, "ImageVol"),
       LabelErase(*this, "LabelErase"),
       Label1(*this, "Label1"),
+      LabelConservados(*this, "LabelConservados"),
+      ListConservados(*this, "ListConservados"),
+      LabelEspacio(*this, "LabelEspacio"),
+      LabelPapelera(*this, "LabelPapelera"),
+      TimerComprobar(*this, "TimerComprobar", std::chrono::milliseconds(50)),
       removal_(removal) {
   name_controls();
   show_tips();
@@ -64,6 +77,9 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
   // One way: the boxes follow the list.
   ListBorrar.on_scroll = [this] { ListStatus.set_top(ListBorrar.top()); };
   ListBorrar.on_key = [this](int code) { ListBorrar_KeyDown(code); };
+  ListStatus.on_tick = [this](std::size_t) { show_totals(); };
+  CheckBorrarPapelera.on_click = [this] { show_totals(); };
+  TimerComprobar.on_tick = [this] { look_at_projects(); };
   CheckAudio.on_click = [this] { CheckAudio_Click(); };
   ParaBorrarCheckToolTip.on_click = [this] { show_tips(); };
   TextAviso.on_click = [this] { TextAviso.hide(); };
@@ -119,6 +135,9 @@ void ParaBorrar::name_controls() {
   Label1.set_caption(
       " Los items que estén desactivados, no se borrarán     También se pueden eliminar pulsando "
       "tecla <Supr>");
+  LabelConservados.hide();
+  ListConservados.set_description("Archivos que se conservan");
+  ListConservados.hide();
 }
 
 void ParaBorrar::show_tips() {
@@ -156,6 +175,75 @@ void ParaBorrar::CopiarListBorrados() {
   ui::ListaAncho(ListBorrar);
   ListStatus.set_horizontal_extent(ListBorrar.horizontal_extent());  // the same rows
   LabelErase.set_caption("Archivos no utilizados: " + std::to_string(ListBorrar.count()));
+  show_kept({});
+  if (visible()) comprobar();
+}
+
+void ParaBorrar::comprobar() {
+  show_totals();
+  TimerComprobar.start();
+}
+
+// The window may be closed, and opened again, in any turn of the look.
+void ParaBorrar::look_at_projects() {
+  TimerComprobar.stop();
+  const auto* const options = context().windows.find<BacUp>();
+  const bool wanted = options != nullptr && options->CheckComprobar.checked();
+  if (!wanted || removal_.state.running || context().work.Descodificando) return;
+  LabelConservados.set_caption("Comprobando los proyectos...");
+  LabelConservados.show();
+  const RemovalContext removal = removal_;
+  auto job = work::Job::join(removal.work.work, removal.work.platform);
+  const std::size_t number = ++removal.state.looks;
+  const auto is_last = [&] {
+    return !job.superseded() && number == removal.state.looks &&
+           removal.work.windows.visible(kName);
+  };
+  const auto kept = removal.second_reading.look(
+      rows_to_search(*ListBorrar.kept_rows(), *removal.work.lists.List1.kept_rows()), [&] {
+        job.turn();
+        return is_last();
+      });
+  if (number != removal.state.looks || !removal.work.windows.visible(kName)) return;
+  removal.work.windows.find<ParaBorrar>()->show_kept(kept.value_or(std::vector<Kept>()));
+}
+
+void ParaBorrar::show_kept(const std::vector<Kept>& kept) {
+  ListConservados.clear();
+  const std::unordered_set<std::string_view> rows(ListBorrar.rows().begin(),
+                                                  ListBorrar.rows().end());
+  for (const Kept& each : kept) {
+    if (!rows.contains(each.ruta)) continue;  // a side file
+    ListConservados.add(text::row_with_reason(each.ruta, "Se conserva: " + each.motivo));
+  }
+  ui::ListaAncho(ListConservados);
+  LabelConservados.set_caption("Se conservan: " + std::to_string(ListConservados.count()));
+  LabelConservados.set_visible(!ListConservados.empty());
+  ListConservados.set_visible(!ListConservados.empty());
+}
+
+RunTotals ParaBorrar::totals() const {
+  return RunSizes(context().work, context().platform)
+      .totals(
+          ListBorrar.rows(), [this](std::size_t i) { return ListStatus.ticked(i); },
+          CheckBorrarPapelera.checked(), removal_.state.RutaBackup);
+}
+
+void ParaBorrar::show_totals() {
+  const RunTotals totals = this->totals();
+  const char mark = context().platform.regional.decimal_mark();
+  std::string room = "Activados: " + text::format_size(static_cast<double>(totals.ticked), mark);
+  const auto* const options = context().windows.find<BacUp>();
+  if (options != nullptr && options->CheckBackup.checked()) {
+    room += "     " + room_line(context().platform, totals, removal_.state.RutaBackup);
+  }
+  LabelEspacio.set_caption(room);
+  std::string bins;
+  for (const DriveWithoutBin& drive : totals.no_bin) {
+    bins += (bins.empty() ? "" : ". ") + sentence(drive);
+  }
+  LabelPapelera.set_caption(bins);
+  LabelPapelera.set_visible(!bins.empty());
 }
 
 void ParaBorrar::cmdHecho_Click() {
@@ -226,6 +314,7 @@ void ParaBorrar::remove_current_row() {
   ListBorrar.set_current(std::min(current, static_cast<int>(ListBorrar.count()) - 1));
   LabelErase.set_caption("Archivos a borrar: " + std::to_string(ListBorrar.count()));
   ui::ListaAncho(ListBorrar);
+  show_totals();
 }
 
 void ParaBorrar::ListBorrar_MouseDown() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "removal/removal_state.h"
+#include "removal/run_totals.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
 #include "ui/check_list_box.h"
@@ -10,6 +11,7 @@
 #include "ui/label.h"
 #include "ui/list_box.h"
 #include "ui/text_box.h"
+#include "ui/timer.h"
 #include "work/program_window.h"
 
 namespace ordelan::removal {
@@ -44,6 +46,11 @@ class ParaBorrar final : public work::ProgramWindow {
   ui::Image ImageVol;  // the volume mark
   ui::Label LabelErase;
   ui::Label Label1;
+  ui::Label LabelConservados;   // heads the next
+  ui::ListBox ListConservados;  // rows that projects name, which a run keeps
+  ui::Label LabelEspacio;       // how much is ticked and copied, and how much room there is
+  ui::Label LabelPapelera;      // drives of ticked rows that have no bin
+  ui::Timer TimerComprobar;     // begins the look at the projects once the window stands
 
   // Makes both lists those of the main window's list of unused files, all rows ticked.
   void CopiarListBorrados();
@@ -52,6 +59,12 @@ class ParaBorrar final : public work::ProgramWindow {
   void cmdSalir_Click();
   // The left button went down on a row.
   void ListBorrar_MouseDown();
+  // Looks, as soon as events are handled, which rows projects name; the list of those is empty
+  // until that is known. Any new job ends the look.
+  void comprobar();
+  // What a run would take, as the boxes are now; and the same shown.
+  RunTotals totals() const;
+  void show_totals();
   // Sets the volume mark to a level from 0 to 100.
   void VuMe(int level);
 
@@ -62,6 +75,8 @@ class ParaBorrar final : public work::ProgramWindow {
   void Form_KeyDown(ui::Key& key);
   void ListBorrar_KeyDown(int code);
   void remove_current_row();
+  void look_at_projects();
+  void show_kept(const std::vector<Kept>& kept);
   void CheckAudio_Click();
 
   RemovalContext removal_;

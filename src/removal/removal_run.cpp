@@ -1,5 +1,7 @@
 #include "removal/removal_run.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -41,7 +43,8 @@ RemovalRun::RemovalRun(const RemovalContext& removal, BacUp& options)
       context_(removal_.work),
       state_(removal.state),
       options_(options),
-      check_(context_) {}
+      check_(context_, removal_.second_reading),
+      sizes_(context_.work, context_.platform) {}
 
 // Takes up what has been set up in the windows. False if one of them does not come.
 bool RemovalRun::begin() {
@@ -55,6 +58,14 @@ bool RemovalRun::begin() {
   return true;
 }
 
+std::vector<std::string> rows_to_search(const std::vector<std::string>& rows,
+                                        const std::vector<std::string>& side_files) {
+  std::vector<std::string> all = rows;
+  std::copy_if(side_files.begin(), side_files.end(), std::back_inserter(all),
+               [](const std::string& row) { return !is_audio_row(row); });
+  return all;
+}
+
 void RemovalRun::BorrarSeleccionados() {
   if (state_.running) return;
   const WhileRunning running(state_.running);
@@ -65,7 +76,7 @@ void RemovalRun::BorrarSeleccionados() {
   state_.begun = true;
   options_.cmdParar.show();
   run();
-  if (windows_open()) report();
+  if (windows_open() && state_.begun) report();
   options_.cmdParar.hide();
 }
 
@@ -96,10 +107,14 @@ bool RemovalRun::refused() {
     }
   }
   if (!why) return false;
-  options_.LabelResultado.set_caption("No se ha borrado nada. " + *why);
+  refuse(*why);
+  return true;
+}
+
+void RemovalRun::refuse(const std::string& why) {
+  options_.LabelResultado.set_caption("No se ha borrado nada. " + why);
   options_.LabelResultado.show();
   options_.ListNoBorrados.hide();
-  return true;
 }
 
 RemovalRun::Plan RemovalRun::plan() {
@@ -120,6 +135,9 @@ RemovalRun::Plan RemovalRun::plan() {
     const std::string& row = (*rows)[i];
     Judged judged = judge(i, row);
     if (judged.fate == Fate::unticked) judged.motivo = reason::kUnticked;
+    if (judged.fate == Fate::stays || judged.fate == Fate::is_protected) {
+      plan.conservados.push_back({row, judged.motivo, judged.proyecto});
+    }
     if (judged.fate == Fate::missing) judged.motivo = reason::of(Reason::not_found);
     const bool copied = order_.CheckBackup && context_.platform.files.info(row);
     plan.archivos.push_back({row, std::move(judged.motivo), copied, false});
@@ -160,10 +178,24 @@ void RemovalRun::look_at_rows() {
   if (order_.CheckComprobar && order_.CheckBorraAsociados && !job_->superseded()) {
     check_.look_at_side_files(*context_.lists.List1.kept_rows(), *job_);
   }
+  if (order_.CheckComprobar && !job_->superseded()) {
+    const auto go_on = [this, waiting = state_.CancelarBorrado] {
+      job_->turn();
+      return !job_->superseded() && windows_open() && (waiting || !state_.CancelarBorrado);
+    };
+    check_.read_again(rows_to_search(*rows, *context_.lists.List1.kept_rows()), go_on);
+  }
 }
 
 void RemovalRun::run() {
+  options_.LabelResultado.set_caption("Comprobando los proyectos...");
+  options_.LabelResultado.set_visible(order_.CheckComprobar);
   look_at_rows();
+  if (!job_->superseded() && windows_open() && !may_begin()) {
+    state_.begun = false;
+    refuse("La copia no cabe en " + state_.RutaBackup);
+    return;
+  }
   if (job_->superseded() || !windows_open()) {
     end();
     return;

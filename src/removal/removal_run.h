@@ -15,6 +15,7 @@
 #include "removal/backup_folder.h"
 #include "removal/removal_state.h"
 #include "removal/run_check.h"
+#include "removal/run_totals.h"
 #include "work/job.h"
 
 namespace ordelan::removal {
@@ -25,6 +26,11 @@ class FormNoBorrar;
 
 // Whether a row of List1 is audio by its last four characters: no side file.
 bool is_audio_row(const std::string& row);
+
+// What the projects are searched for before a run: the rows of the review, and the side files among
+// those of List1. The same for the review and for the run, which then reads what has changed.
+std::vector<std::string> rows_to_search(const std::vector<std::string>& rows,
+                                        const std::vector<std::string>& side_files);
 
 class RemovalRun {
  public:
@@ -47,6 +53,7 @@ class RemovalRun {
   struct Plan {
     std::string negativa;  // why no run would begin; empty if one would
     std::vector<Planned> archivos;
+    std::vector<Kept> conservados;  // ticked rows that stay all the same
   };
   Plan plan();
 
@@ -58,6 +65,8 @@ class RemovalRun {
 
   // What becomes of a row.
   enum class Fate { goes, unticked, is_protected, missing, stays };
+  // What becomes of rows that cannot go to a bin.
+  enum class WithoutBin { stay, go_for_good };
   struct Judged {
     Fate fate;
     std::string motivo;  // where it stays although it is ticked
@@ -67,6 +76,7 @@ class RemovalRun {
   bool begin();
   void run();
   bool refused();
+  void refuse(const std::string& why);
   std::optional<std::string> why_refused();
   Judged judge(std::size_t i, const std::string& path) const;
   std::string why_side_file_stays(const std::string& row) const;
@@ -88,6 +98,11 @@ class RemovalRun {
   void report();
   void keep(const std::string& row, std::string motivo, std::string proyecto = {});
   void look_at_rows();
+  bool may_begin();
+  bool asks_of_bins(const RunTotals& totals);
+  bool asks_of_room(const RunTotals& totals);
+  RunTotals totals() const;
+  bool fits_bin(const std::string& path) const;
   std::vector<std::string> names_not_to_overwrite();
   bool stopped() const;
   bool windows_open() const;
@@ -104,6 +119,8 @@ class RemovalRun {
   std::unordered_set<std::string> ticked_;    // the rows that were ticked when the run began
   std::unordered_set<std::string> uncopied_;  // rows that must stay for want of a copy
   std::optional<BackupFolder> backup_;
+  RunSizes sizes_;
+  WithoutBin without_bin_ = WithoutBin::stay;
 };
 
 }  // namespace ordelan::removal

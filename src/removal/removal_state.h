@@ -28,6 +28,7 @@ struct RemovalState {
 
   int TotalRutas = 0;  // highest number of a protected folder in the settings
 
+  std::size_t looks = 0;  // the number of the last look that the review has begun
   bool running = false;
   bool begun = false;  // the last run was not refused
   // What the last run was asked to remove and what is gone; and why the rest is still there.
@@ -44,10 +45,13 @@ struct Listener {
   std::function<void(const std::vector<std::string>&)> show_ListPath;
 };
 
+class SecondReading;
+
 // What every window of removal works with.
 struct RemovalContext {
   work::Context work;
-  RemovalState& state;  // outlives the windows
+  RemovalState& state;  // outlives the windows, as what follows
+  SecondReading& second_reading;
   Listener listener;
 };
 

@@ -1,4 +1,6 @@
 // The part of a run that handles one row.
+#include <limits>
+
 #include "removal/backup_options_window.h"
 #include "removal/protected_folders.h"
 #include "removal/protected_folders_window.h"
@@ -33,6 +35,10 @@ RemovalRun::Judged RemovalRun::judge(std::size_t i, const std::string& path) con
     return {Fate::stays, kept->motivo, kept->proyecto};
   }
   if (check_.has_changed(path)) return {Fate::stays, reason::kChanged, {}};
+  if (order_.CheckBorrarPapelera && without_bin_ == WithoutBin::stay && !fits_bin(path)) {
+    return {
+        Fate::stays, sizes_.bin_capacity(path) == 0 ? reason::kNoBin : reason::kTooLargeForBin, {}};
+  }
   return {Fate::goes, {}, {}};
 }
 
@@ -77,9 +83,17 @@ bool RemovalRun::is_gone(Status removed, const std::string& path) const {
 }
 
 Status RemovalRun::remove_file(const std::string& path) {
-  return order_.CheckBorrarPapelera
-             ? EnviarPapelera(context_.platform.shell, path, order_.CheckConfirmar)
-             : context_.platform.files.remove(path);
+  const bool for_good =
+      !order_.CheckBorrarPapelera || (without_bin_ == WithoutBin::go_for_good && !fits_bin(path));
+  return for_good ? context_.platform.files.remove(path)
+                  : EnviarPapelera(context_.platform.shell, path, order_.CheckConfirmar);
+}
+
+bool RemovalRun::fits_bin(const std::string& path) const {
+  const std::uint64_t capacity = sizes_.bin_capacity(path);
+  if (capacity == 0 || capacity == std::numeric_limits<std::uint64_t>::max()) return capacity > 0;
+  const auto info = context_.platform.files.info(path);
+  return !info || info->size <= capacity;
 }
 
 // The mark is set whatever has become of the file: what really happened is listed in BacUp.

@@ -9,26 +9,13 @@
 #include "removal/backup_folder.h"
 #include "removal/protected_folders.h"
 #include "removal/reasons.h"
+#include "removal/second_reading.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 #include "text/rows.h"
 
 namespace ordelan::removal {
-namespace {
-
-// The folders of the listed projects, each with its backslash.
-std::vector<std::string> project_folders(const std::vector<std::string>& projects) {
-  std::vector<std::string> folders;
-  for (const std::string& row : projects) {
-    std::string folder = text::getPath(text::after_arrow(row), "\\");
-    if (std::find(folders.begin(), folders.end(), folder) == folders.end()) {
-      folders.push_back(std::move(folder));
-    }
-  }
-  return folders;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 bool RunCheck::is_project(std::string_view path) {
   return text::lower(text::Obtener_Extension(path)) == "vip";
@@ -135,6 +122,17 @@ std::string RunCheck::project_using(const std::string& path) const {
   return {};
 }
 
+void RunCheck::read_again(const std::vector<std::string>& rows,
+                          const std::function<bool()>& go_on) {
+  const auto named = second_reading_.look(rows, go_on);
+  if (named) {
+    for (const Kept& each : *named) keep(each.ruta, each.motivo, each.proyecto);
+    return;
+  }
+  // What is not known may be that every file is used.
+  for (const std::string& row : rows) keep(row, reason::kNotRead);
+}
+
 void RunCheck::look_at(const std::vector<std::string>& rows,
                        const std::vector<std::string>& unticked,
                        const std::vector<std::string>& folders, work::Job& job) {
@@ -152,7 +150,7 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
   const auto same_as_unticked =
       project::same_as_used(rows, {&unticked}, context_.platform.files, job.folders(), go_on);
   if (job.superseded()) return;
-  const auto around = project_folders(*lists.ListProyectos.kept_rows());
+  const auto around = project_folders(lists);
   std::unordered_map<std::string, bool> links;
   std::unordered_map<std::string, bool> backups;
   // A protected folder has other names where links lead to it.

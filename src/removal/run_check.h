@@ -17,8 +17,9 @@ namespace ordelan::removal {
 
 class RunCheck {
  public:
-  // `context` must outlive this.
-  explicit RunCheck(const work::Context& context) : context_(context) {}
+  // The arguments must outlive this.
+  RunCheck(const work::Context& context, SecondReading& second_reading)
+      : context_(context), second_reading_(second_reading) {}
 
   // Why no run may begin, whatever the user has chosen: nothing if one may.
   static std::optional<std::string> why_never(const work::WorkInHand& work);
@@ -35,6 +36,10 @@ class RunCheck {
 
   // The same for side files: those that a project names stay.
   void look_at_side_files(const std::vector<std::string>& rows, work::Job& job);
+
+  // Reads all projects once more: those of the rows that some project names stay, and all of them
+  // where that is not known, as when `go_on` gives false.
+  void read_again(const std::vector<std::string>& rows, const std::function<bool()>& go_on);
 
   // Why a row has to stay; null if it may go.
   const Kept* kept(const std::string& row) const;
@@ -56,6 +61,7 @@ class RunCheck {
   void keep(const std::string& row, std::string motivo, std::string proyecto = {});
 
   const work::Context& context_;
+  SecondReading& second_reading_;
   std::unordered_map<std::string, Kept> kept_;            // by row
   std::shared_ptr<const std::vector<std::string>> rows_;  // whose texts are the keys of the next
   std::unordered_map<std::string_view, work::Visto> seen_;

@@ -9,13 +9,13 @@
 namespace ordelan::skin {
 
 inline constexpr std::array kBackupFolderPlaces = {
-    Place{"AvisoBack", -1, 31, 140, 378, 96},  Place{"LabelTitulo", -1, 14, 10, 360, 20},
-    Place{"CarpetaNew", -1, 31, 56, 180, 32},  Place{"LabelRuta", 0, 31, 104, 378, 18},
-    Place{"LabelAviso", -1, 31, 104, 378, 18}, Place{"LabelRuta", 1, 31, 126, 378, 36},
-    Place{"LabelOK", -1, 31, 174, 378, 18},    Place{"cmdCarpetaBorrar", -1, 31, 204, 140, 32},
-    Place{"cmdSalir", -1, 396, 4, 32, 32},
+    Place{"AvisoBack", -1, 31, 140, 378, 96},    Place{"LabelTitulo", -1, 14, 10, 360, 20},
+    Place{"CarpetaNew", -1, 31, 56, 180, 32},    Place{"LabelRuta", 0, 31, 104, 378, 18},
+    Place{"LabelAviso", -1, 31, 104, 378, 18},   Place{"LabelRuta", 1, 31, 126, 378, 36},
+    Place{"LabelOK", -1, 31, 174, 378, 18},      Place{"cmdCarpetaBorrar", -1, 31, 204, 140, 32},
+    Place{"LabelEspacio", -1, 31, 250, 378, 36}, Place{"cmdSalir", -1, 396, 4, 32, 32},
 };
 
-inline constexpr Layout kBackupFolder{440, 264, kBackupFolderPlaces};
+inline constexpr Layout kBackupFolder{440, 300, kBackupFolderPlaces};
 
 }  // namespace ordelan::skin

@@ -237,6 +237,12 @@ Picture=volumen
 ForeColor=$TextDim
 [ParaBorrar.TextSound]
 ForeColor=$Step4
+[ParaBorrar.LabelEspacio]
+ForeColor=$TextDim
+[ParaBorrar.LabelConservados]
+ForeColor=$Step4
+[ParaBorrar.LabelPapelera]
+ForeColor=$Step4
 [ParaBorrar.Label1]
 ForeColor=$TextDim
 [ParaBorrar.cmdHecho]
@@ -255,6 +261,8 @@ ButtonColor=$Ground
 PictureAlign=3
 Icon=salir
 ButtonColor=$Ground
+[CarpetaBack.LabelEspacio]
+ForeColor=$TextDim
 [CarpetaBack.CarpetaBack]
 Picture=fondo_carpeta
 MaskColor=$Mask

@@ -27,14 +27,18 @@ inline constexpr std::array kRemovalReviewPlaces = {
     // The mark grows upwards from 460 with the volume, to this height at its most.
     Place{"ImageVol", -1, 20, 160, 8, 300},
     Place{"LabelVol", -1, 13, 462, 24, 18},
+    Place{"LabelConservados", -1, 556, 312, 264, 18},
+    Place{"ListConservados", -1, 556, 332, 264, 93},
     Place{"Label1", -1, 40, 434, 780, 20},
-    Place{"cmdHecho", -1, 40, 472, 120, 32},
-    Place{"Cancela", -1, 168, 472, 120, 32},
-    Place{"cmdSalir", -1, 712, 472, 108, 32},
+    Place{"LabelEspacio", -1, 44, 458, 776, 18},
+    Place{"LabelPapelera", -1, 44, 478, 776, 18},
+    Place{"cmdHecho", -1, 40, 508, 120, 32},
+    Place{"Cancela", -1, 168, 508, 120, 32},
+    Place{"cmdSalir", -1, 712, 508, 108, 32},
     Place{"cmdMinimizar", -1, 756, 4, 32, 32},
     Place{"Salir", -1, 792, 4, 32, 32},
 };
 
-inline constexpr Layout kRemovalReview{836, 520, kRemovalReviewPlaces};
+inline constexpr Layout kRemovalReview{836, 556, kRemovalReviewPlaces};
 
 }  // namespace ordelan::skin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -56,6 +57,12 @@ class Shell {
   // Whether files of the drive with that root ("D:") go to a bin when they are recycled. Ok if so,
   // not_supported if not, not_found where there is no such drive, bad_path for what is no root.
   virtual Status recycles(std::string_view root) = 0;
+
+  // How large a file of the drive may be to go to the bin, in bytes: 0 where `recycles` is not ok,
+  // the largest number there is where no limit is known.
+  virtual std::uint64_t bin_capacity(std::string_view root) {
+    return recycles(root) ? std::numeric_limits<std::uint64_t>::max() : 0;
+  }
 
   // Empties the bin of the drive with that root, of all drives if the root is empty. Ok also if it
   // was empty, `other` if some of it could not be removed, `cancelled` if the user answered no,

@@ -1,6 +1,7 @@
 // A clock that a test sets, and regional settings, drives and a desktop that it chooses.
 #pragma once
 
+#include <limits>
 #include <map>
 #include <optional>
 #include <set>
@@ -51,7 +52,8 @@ class FakeDrives final : public system::Drives {
   // A drive with a label and no more. Gives it, to be changed further.
   Drive& add(const std::string& root, system::DriveType type = system::DriveType::fixed,
              const std::string& label = "") {
-    return drives[root] = {type, {label, 0, "NTFS"}, {}, true};
+    constexpr std::uint64_t kRoom = std::uint64_t{1} << 40;
+    return drives[root] = {type, {label, 0, "NTFS"}, {kRoom, kRoom}, true};
   }
 
   std::vector<std::string> roots() override {
@@ -99,6 +101,7 @@ class FakeShell final : public system::Shell {
   int emptied = 0;                       // how often the bin was emptied
   std::set<std::string> without_bin;     // the roots of drives whose files are not recycled
   bool answers_yes = true;               // what the user answers to questions
+  std::uint64_t largest_in_bin = std::numeric_limits<std::uint64_t>::max();
 
   system::Status recycle(const std::string& path, system::Confirm confirm) override {
     if (!recycles(path.substr(0, 3))) return system::Reason::not_supported;
@@ -141,6 +144,9 @@ class FakeShell final : public system::Shell {
   system::Status recycles(std::string_view root) override {
     return without_bin.contains(std::string(root)) ? system::Reason::not_supported
                                                    : system::Reason::ok;
+  }
+  std::uint64_t bin_capacity(std::string_view root) override {
+    return recycles(root) ? largest_in_bin : 0;
   }
   system::Status empty_bin(const std::string& root, system::Confirm confirm) override {
     if (confirm == system::Confirm::ask && !answers_yes) return system::Reason::cancelled;

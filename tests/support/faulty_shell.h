@@ -44,6 +44,7 @@ class FaultyShell final : public system::Shell {
     const auto status = begin(Call::recycles, root);
     return status ? shell_.recycles(root) : status;
   }
+  std::uint64_t bin_capacity(std::string_view root) override { return shell_.bin_capacity(root); }
   system::Status empty_bin(const std::string& root, system::Confirm confirm) override {
     const auto status = begin(Call::empty_bin, root);
     return status ? shell_.empty_bin(root, confirm) : status;

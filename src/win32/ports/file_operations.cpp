@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "system/file_system.h"
 #include "win32/ansi_text.h"
@@ -74,25 +75,31 @@ DWORD setting(HKEY where, const std::wstring& key, const wchar_t* name) {
   return value;
 }
 
+constexpr std::wstring_view kSettings = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
+
+// Where the settings of a drive's bin are kept; empty where that cannot be found.
+std::wstring bin_settings(const std::wstring& root) {
+  // "\\?\Volume{...}\" of the drive; the settings have the part in braces.
+  wchar_t volume[64] = {};
+  if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume, 64)) return {};
+  const std::wstring_view name = volume;
+  const auto open = name.find(L'{');
+  const auto close = name.find(L'}');
+  if (open == name.npos || close == name.npos) return {};
+  return std::wstring(kSettings) + L"Explorer\\BitBucket\\Volume\\" +
+         std::wstring(name.substr(open, close - open + 1));
+}
+
 // Whether removed files are set to go for good, on all drives or on that one. Also true where the
 // settings of the drive cannot be found: a file that should have been kept is worse than one that
 // could have gone to the bin.
 bool bin_is_off(const std::wstring& root) {
-  const std::wstring explorer = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
-  const std::wstring policies = explorer + L"Policies\\Explorer";
   for (HKEY const where : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-    if (setting(where, policies, L"NoRecycleFiles") != 0) return true;
+    if (setting(where, std::wstring(kSettings) + L"Policies\\Explorer", L"NoRecycleFiles") != 0)
+      return true;
   }
-  // "\\?\Volume{...}\" of the drive; the settings have the part in braces.
-  wchar_t volume[64] = {};
-  if (!GetVolumeNameForVolumeMountPointW(root.c_str(), volume, 64)) return true;
-  const std::wstring_view name = volume;
-  const auto open = name.find(L'{');
-  const auto close = name.find(L'}');
-  if (open == name.npos || close == name.npos) return true;
-  const std::wstring key = explorer + L"Explorer\\BitBucket\\Volume\\" +
-                           std::wstring(name.substr(open, close - open + 1));
-  return setting(HKEY_CURRENT_USER, key, L"NukeOnDelete") != 0;
+  const std::wstring key = bin_settings(root);
+  return key.empty() || setting(HKEY_CURRENT_USER, key, L"NukeOnDelete") != 0;
 }
 
 // The root of a plain path: "D:\" or "\\server\share\".
@@ -181,6 +188,13 @@ Status Win32Shell::recycles(std::string_view root) {
   if (type == DRIVE_NO_ROOT_DIR || type == DRIVE_UNKNOWN) return Reason::not_found;
   if (type != DRIVE_FIXED) return Reason::not_supported;
   return bin_is_off(wide) ? Reason::not_supported : Reason::ok;
+}
+
+std::uint64_t Win32Shell::bin_capacity(std::string_view root) {
+  if (!recycles(root)) return 0;
+  // In megabytes; Windows works out its own where the user has set none.
+  const DWORD most = setting(HKEY_CURRENT_USER, bin_settings(widen(root)), L"MaxCapacity");
+  return most > 0 ? std::uint64_t{most} << 20 : std::numeric_limits<std::uint64_t>::max();
 }
 
 Status Win32Shell::empty_bin(const std::string& root, Confirm confirm) {

@@ -23,6 +23,7 @@ class Win32Shell final : public system::Shell {
   system::Status copy_into(const std::string& from, const std::string& folder) override;
   // Fixed drives have a bin, unless the user or the administrator has turned it off.
   system::Status recycles(std::string_view root) override;
+  std::uint64_t bin_capacity(std::string_view root) override;
   system::Status empty_bin(const std::string& root, system::Confirm confirm) override;
 
  private:
