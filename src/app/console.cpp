@@ -18,10 +18,12 @@ namespace {
 // A pair of flags of which the last one given counts; none leaves the window's own choice.
 void add_choice(CLI::App& command, const std::string& name, std::optional<bool>& choice,
                 const std::string& help) {
-  command.add_flag_callback(
+  CLI::Option* const yes = command.add_flag_callback(
       "--" + name, [&choice] { choice = true; }, help);
-  command.add_flag_callback(
-      "--sin-" + name, [&choice] { choice = false; }, "No " + help);
+  command
+      .add_flag_callback(
+          "--sin-" + name, [&choice] { choice = false; }, "No " + help)
+      ->excludes(yes);
 }
 
 // "D=/folder" to a mapped drive. Gives a complaint, or nothing when it went well.
@@ -203,10 +205,12 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
                     text::to_utf8("Borra también los archivos asociados"));
   removed->add_option("--copia", options.copy_to,
                       "Hace antes una copia de seguridad en esta carpeta, que tiene que existir");
-  removed->add_flag_callback(
+  CLI::Option* const to_bin = removed->add_flag_callback(
       "--papelera", [&] { options.to_bin = true; }, "Los archivos van a la papelera");
-  removed->add_flag_callback(
-      "--definitivo", [&] { options.to_bin = false; }, "Los archivos se borran para siempre");
+  removed
+      ->add_flag_callback(
+          "--definitivo", [&] { options.to_bin = false; }, "Los archivos se borran para siempre")
+      ->excludes(to_bin);
   removed
       ->add_option("--conservar", options.keep,
                    text::to_utf8("Conserva este archivo, o todo lo que hay en esta carpeta (se "
@@ -216,9 +220,15 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   removed->add_flag("--sin-comprobar", options.unchecked,
                     "No comprueba antes los proyectos, los cambios ni los enlaces");
   removed->add_flag("--simular", options.simulate, text::to_utf8("Solo dice qué haría y por qué"));
+  removed->footer(text::to_utf8(
+      "Termina con 0 si todo se ha borrado, con 1 si algo ha quedado en su sitio o no "
+      "se ha\nempezado, con 2 si se ha usado mal."));
   CLI::App* recovered =
       app.add_subcommand("recuperar", "Devuelve a su sitio los archivos de una copia de seguridad");
   recovered->add_option("LOG", options.log, "E:\\Copias\\Archivos_Borrados.log")->required();
+  recovered->footer(
+      text::to_utf8("Termina con 0 si todo ha vuelto a su sitio, con 1 si algo no, con 2 si se ha "
+                    "usado mal."));
   recovered->add_flag("--simular", options.simulate,
                       text::to_utf8("Solo dice qué haría y por qué"));
 

@@ -76,6 +76,18 @@ void keep(Session& session, removal::ParaBorrar& review, const ToKeep& to_keep) 
   side_files.remove_if([&](std::size_t i) { return to_keep.holds(side_files.row(i)); });
 }
 
+// Whether what is to be kept is neither there nor a row: a slip of the pen, by which a file would
+// go that was to stay.
+bool is_nowhere(Session& session, const ConsoleHost& host, const std::string& kept) {
+  if (host.files.info(kept)) return false;
+  const std::vector<std::string> only = {kept};
+  const ToKeep to_keep(host.files, only);
+  const auto is_row = [&](const std::string& row) { return to_keep.holds(row); };
+  const work::WorkLists& lists = session.program.form.lists;
+  return std::ranges::none_of(lists.ListBorrar.rows(), is_row) &&
+         std::ranges::none_of(lists.List1.rows(), is_row);
+}
+
 const char* deed(const Options& options) {
   return options.to_bin.value_or(false) ? "papelera" : "definitivo";
 }
@@ -191,7 +203,6 @@ int remove_unused(const Options& options, const ConsoleHost& host, std::ostream&
     }
     folder = *named.path;
   }
-  // A file or folder that is to be kept may be missing: it is kept then, too.
   std::vector<std::string> kept;
   for (const std::string& each : options.keep) {
     const ArgumentPath named = host.windows_path(each);
@@ -209,6 +220,11 @@ int remove_unused(const Options& options, const ConsoleHost& host, std::ostream&
   Session session(host, options, error);
   work::WindowDirectory& windows = session.program.windows;
   if (const auto failed = fill_lists(session, options, host, error)) return *failed;
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    if (!is_nowhere(session, host, kept[i])) continue;
+    complain(error, "--conservar " + options.keep[i], "no existe");
+    return kMisused;
+  }
   auto& run = *windows.touch<removal::BacUp>();
   auto& review = *windows.touch<removal::ParaBorrar>();
   run.CheckBorrar.set_checked(true);

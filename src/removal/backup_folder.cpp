@@ -192,8 +192,14 @@ Status BackupFolder::make_index(const std::string& place) {
   return system::write_whole(files_, place + kIndexName, index);
 }
 
-void BackupFolder::keep_names(const std::vector<std::string>& names) {
-  for (const std::string& name : names) kept_names_.insert(capitals(name));
+// Only those in the folder or below it can be in the way.
+void BackupFolder::keep_place(const std::string& path) {
+  std::string key = text::same_file_key(path);
+  if (key.starts_with(text::same_file_key(folder_))) kept_places_.insert(std::move(key));
+}
+
+bool BackupFolder::is_kept_place(const std::string& path) const {
+  return kept_places_.contains(text::same_file_key(path));
 }
 
 Status BackupFolder::begin_log() {
@@ -204,7 +210,11 @@ Status BackupFolder::begin_log() {
   log_ = std::move(log);
   if (const Status emptied = log_->flush(); !emptied) return emptied;
   auto index = begin_file(kIndexName);
-  if (!index) return index.status();
+  if (!index) {
+    // An old one would be taken for that of the new log.
+    files_.remove(path_of(kIndexName)).ignore();
+    return index.status();
+  }
   index_ = std::move(index);
   return files_.flush_folder(folder_);
 }
@@ -258,6 +268,7 @@ system::Result<std::string> BackupFolder::copy_aside(const std::string& from, Co
       return place.status().reason();
     }
     const std::string copy = *place + name;
+    if (is_kept_place(copy)) continue;
     const Status copied = system::copy_whole(files_, from, copy, system::Existing::keep,
                                              [this](std::uint64_t) { return go_on_(); });
     if (copied == Reason::exists) continue;
@@ -301,7 +312,7 @@ Status BackupFolder::copy(const std::string& path) {
   if (name.empty()) return Reason::bad_path;
   if (!files_.info(path)) return Reason::not_found;
   // The place of a row stays free, also once the row has gone: its own file comes back there.
-  if (kept_names_.contains(capitals(name))) return copy_beside(path, name, false);
+  if (is_kept_place(path_of(name))) return copy_beside(path, name, false);
   if (is_missing(path_of(name))) return copy_to_free_name(path, name);
   const auto present = files_.info(path_of(name));
   return copy_beside(path, name, present && !present->folder && !present->link);

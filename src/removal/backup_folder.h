@@ -57,8 +57,8 @@ class BackupFolder {
   // Nothing that stood in the folder has been changed if it fails.
   system::Status take();
 
-  // The names in the folder (not below) that no copy gets: of used files and of rows.
-  void keep_names(const std::vector<std::string>& names);
+  // A path that no copy gets: that of a used file or of a row.
+  void keep_place(const std::string& path);
 
   // Begins an empty log. The index begins with the first copy.
   system::Status begin_log();
@@ -77,6 +77,7 @@ class BackupFolder {
  private:
   std::string path_of(std::string_view name) const { return folder_ + std::string(name); }
   bool is_missing(const std::string& path) const;
+  bool is_kept_place(const std::string& path) const;
   system::Status keep_old_log();
   system::Status make_index(const std::string& place);
   system::Opened<system::OutputFile> begin_file(const char* name);
@@ -97,7 +98,7 @@ class BackupFolder {
   std::unique_ptr<system::OutputFile> log_;
   std::unique_ptr<system::OutputFile> index_;
   std::unordered_set<std::string> present_;         // log and index of an earlier run
-  std::unordered_set<std::string> kept_names_;      // in capitals
+  std::unordered_set<std::string> kept_places_;     // keys of paths
   std::map<std::string, std::size_t> next_number_;  // by name in capitals: where to look first
   // What has been saved of a name that the shell may write over, and is not saved again.
   struct Saved {

@@ -1,5 +1,6 @@
 #include "removal/backup_options_window.h"
 
+#include "removal/backup_folder_window.h"
 #include "removal/protected_folders_window.h"
 #include "removal/removal_review_window.h"
 #include "removal/removal_run.h"
@@ -168,6 +169,7 @@ void BacUp::Salir_Click() {
        {&CheckBackup, &CheckBorrar, &CheckBorraAsociados, &CheckComprobar}) {
     work::write_box(context().settings, *box);
   }
+  context().windows.close<CarpetaBack>();  // its run would have other options
   context().windows.close<BacUp>();
 }
 

@@ -99,9 +99,15 @@ void Recuperar::cmdOpen_Click() {
     return;
   }
   ListRecuperar.clear();
-  if (!file) return;
   const auto read = bytes_of(context().platform.files, log);
-  const std::string bytes = read ? *read : std::string();
+  if (!read) {
+    // Nothing of a log that was read before may be brought back by this one's button.
+    log_.clear();
+    cmdRecuperar.hide();
+    Label1.set_caption("No se puede leer: " + reason::of(read.status()));
+    return;
+  }
+  const std::string& bytes = *read;
 
   busy_ = true;
   system::Pacer pacer(context().platform.pump, context().platform.clock);

@@ -21,6 +21,7 @@ Removal::Removal(const work::Context& context, const Listener& listener)
 }
 
 void Removal::CopiarListBorrados() {
+  removal_.work.windows.close<CarpetaBack>();  // it was opened for another list
   if (auto* const review = removal_.work.windows.touch<ParaBorrar>()) review->CopiarListBorrados();
 }
 

@@ -49,8 +49,7 @@ RemovalRun::RemovalRun(const RemovalContext& removal, BacUp& options)
 // Takes up what has been set up in the windows. False if one of them does not come.
 bool RemovalRun::begin() {
   review_ = context_.windows.touch<ParaBorrar>();
-  folders_ = context_.windows.touch<FormNoBorrar>();
-  if (review_ == nullptr || folders_ == nullptr) return false;
+  if (review_ == nullptr || context_.windows.touch<FormNoBorrar>() == nullptr) return false;
   order_ = {options_.CheckBackup.checked(),         options_.CheckBorrar.checked(),
             options_.CheckBorraAsociados.checked(), options_.CheckComprobar.checked(),
             review_->CheckVaciarPapelera.checked(), review_->CheckBorrarPapelera.checked(),
@@ -150,6 +149,12 @@ bool RemovalRun::windows_open() const {
          context_.windows.find<ParaBorrar>() == review_;
 }
 
+// As their window holds them now: it may be closed and opened again in the middle of a run.
+std::vector<std::string> RemovalRun::protected_folders() const {
+  const auto* const folders = context_.windows.touch<FormNoBorrar>();
+  return folders != nullptr ? folders->List1.rows() : std::vector<std::string>();
+}
+
 // Whether the user, a window that was closed or a newer job ends the run.
 bool RemovalRun::stopped() const {
   return state_.CancelarBorrado || !windows_open() || job_->superseded();
@@ -174,7 +179,7 @@ void RemovalRun::look_at_rows() {
     if (!left.contains(row)) unticked.push_back(row);
   }
   state_.asked = order_.CheckBorrar ? ticked_.size() : 0;
-  if (order_.CheckComprobar) check_.look_at(*rows, unticked, folders_->List1.rows(), *job_);
+  if (order_.CheckComprobar) check_.look_at(*rows, unticked, protected_folders(), *job_);
   if (order_.CheckComprobar && order_.CheckBorraAsociados && !job_->superseded()) {
     check_.look_at_side_files(*context_.lists.List1.kept_rows(), *job_);
   }
@@ -200,7 +205,7 @@ void RemovalRun::run() {
     end();
     return;
   }
-  if (backup_) backup_->keep_names(names_not_to_overwrite());
+  if (backup_) keep_places();
   options_.LabelInfo.hide();
   options_.cmdBorrar.hide();
   context_.windows.close<CarpetaBack>();
@@ -235,7 +240,7 @@ void RemovalRun::show_bar(std::size_t rows) {
 void RemovalRun::plain_branch() {
   // What BorrarAsociados has just sent to the bin goes with it.
   if (order_.CheckVaciarPapelera) VaciarPapelera(context_.platform.shell, "", false).ignore();
-  folders_->LeerRutasNoBorrados();
+  if (auto* const folders = context_.windows.touch<FormNoBorrar>()) folders->LeerRutasNoBorrados();
   const std::size_t rows = review_->ListBorrar.count();
   for (std::size_t i = 0; i < rows; ++i) {
     if (!row_procedure(i)) return;
@@ -247,7 +252,7 @@ void RemovalRun::backup_branch() {
   backup_->log(log_heading(context_.platform.regional)).ignore();
   const std::size_t rows = review_->ListBorrar.count();
   for (std::size_t i = 0; i < rows; ++i) {
-    if (!windows_open() || job_->superseded()) break;
+    if (!windows_open() || job_->superseded()) break;  // there is no row to be copied any more
     // Every row is copied, also those that stay: who unticks a row may miss it later all the same.
     copy_row(review_->ListBorrar.row(i));
     if (!row_procedure(i)) return;
@@ -258,7 +263,10 @@ void RemovalRun::backup_branch() {
 void RemovalRun::copy_row(const std::string& row) {
   if (row.empty()) return;
   const Status copied = backup_->copy(row);
-  if (copied) return;
+  if (copied) {
+    copied_.insert(row);
+    return;
+  }
   uncopied_.insert(row);
   if (!order_.CheckComprobar) return;  // it goes all the same
   if (context_.platform.files.info(row) && ticked_.contains(row)) {
@@ -320,13 +328,11 @@ void RemovalRun::keep(const std::string& row, std::string motivo, std::string pr
   state_.kept.push_back({row, std::move(motivo), std::move(proyecto)});
 }
 
-// Those of the files in the backup folder that are rows, or that a project uses.
-std::vector<std::string> RemovalRun::names_not_to_overwrite() {
+// Names the places that no copy gets: those in the backup folder of rows and of used files.
+void RemovalRun::keep_places() {
   const std::string folder = system::with_backslash(state_.RutaBackup);
-  std::vector<std::string> names;
   std::vector<std::string> paths;
   for (const work::FolderTree::Entry& file : job_->folders().listing(folder).files) {
-    names.emplace_back(file.name);
     paths.push_back(folder + std::string(file.name));
   }
   const auto used = context_.lists.ListUtilizados.kept_rows();
@@ -337,22 +343,17 @@ std::vector<std::string> RemovalRun::names_not_to_overwrite() {
                                             job_->turn();
                                             return true;
                                           });
-  std::vector<std::string> kept;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (same[i]) kept.push_back(std::move(names[i]));
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    if (same[i]) backup_->keep_place(paths[i]);
   }
-  // A lost file has its place there too: a copy in it would be another recording.
-  const std::string key = text::same_file_key(folder);
+  // A lost file and a removed one have their places too, also in a numbered subfolder: a copy there
+  // would be another recording, and in the way of the file's own return.
   for (const auto& list : {used, shown, rows}) {
     for (const std::string& row : *list) {
-      const std::string place = text::getPath(row, "\\");
-      if (place.size() > 2 && text::same_file_key(place) == key) {
-        kept.push_back(text::Obtener_Nombre_Archivo(row));
-      }
+      backup_->keep_place(row);
       job_->turn();
     }
   }
-  return kept;
 }
 
 void RemovalRun::report() {

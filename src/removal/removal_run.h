@@ -86,6 +86,7 @@ class RemovalRun {
   void idle_branch();
   bool row_procedure(std::size_t i);
   bool let_events_run(std::size_t i);
+  bool has_copy(const std::string& path);
   void remove_row(std::size_t i, const std::string& path);
   void mark(std::size_t i, const std::string& path);
   system::Status remove_file(const std::string& path);
@@ -103,7 +104,8 @@ class RemovalRun {
   bool asks_of_room(const RunTotals& totals);
   RunTotals totals() const;
   bool fits_bin(const std::string& path) const;
-  std::vector<std::string> names_not_to_overwrite();
+  void keep_places();
+  std::vector<std::string> protected_folders() const;
   bool stopped() const;
   bool windows_open() const;
 
@@ -112,12 +114,12 @@ class RemovalRun {
   RemovalState& state_;
   BacUp& options_;
   ParaBorrar* review_ = nullptr;
-  FormNoBorrar* folders_ = nullptr;
   std::unique_ptr<work::Job> job_;
   Order order_{};
   RunCheck check_;
   std::unordered_set<std::string> ticked_;    // the rows that were ticked when the run began
-  std::unordered_set<std::string> uncopied_;  // rows that must stay for want of a copy
+  std::unordered_set<std::string> copied_;    // rows that have a checked copy
+  std::unordered_set<std::string> uncopied_;  // rows whose copy has failed
   std::optional<BackupFolder> backup_;
   RunSizes sizes_;
   WithoutBin without_bin_ = WithoutBin::stay;

@@ -22,7 +22,7 @@ constexpr const char* kMark = "  --> Borrado";
 
 RemovalRun::Judged RemovalRun::judge(std::size_t i, const std::string& path) const {
   if (!review_->ListStatus.ticked(i) || !ticked_.contains(path)) return {Fate::unticked, {}, {}};
-  if (is_protected(path, folders_->List1.rows())) {
+  if (is_protected(path, protected_folders())) {
     return {Fate::is_protected, std::string(reason::kProtected) + "una carpeta de la lista", {}};
   }
   if (!context_.platform.files.look_up(path)) {
@@ -53,9 +53,16 @@ bool RemovalRun::row_procedure(std::size_t i) {
     options_.XP_Bar.set_value(static_cast<std::int64_t>(i));
     return true;
   }
-  const bool without_copy = order_.CheckComprobar && uncopied_.contains(path);
-  if (judged.fate == Fate::goes && !without_copy) remove_row(i, path);
+  if (judged.fate == Fate::goes && has_copy(path)) remove_row(i, path);
   return let_events_run(i);
+}
+
+// Whether a row may go as far as copies are concerned. The list may have changed while the copy was
+// made: the row is then another one than that which was copied.
+bool RemovalRun::has_copy(const std::string& path) {
+  if (!order_.CheckBackup || !order_.CheckComprobar || copied_.contains(path)) return true;
+  if (!uncopied_.contains(path)) keep(path, std::string(reason::kNoCopy) + reason::kListChanged);
+  return false;
 }
 
 void RemovalRun::remove_row(std::size_t i, const std::string& path) {

@@ -122,6 +122,23 @@ std::string RunCheck::project_using(const std::string& path) const {
   return {};
 }
 
+bool is_in_bin(std::string_view path) {
+  std::string_view before;  // the folder around
+  for (std::size_t begin = 0; begin < path.size();) {
+    const std::size_t end = path.find('\\', begin);
+    if (end == std::string_view::npos) return false;
+    const std::string folder = text::lower(path.substr(begin, end - begin));
+    if (folder == "$recycle.bin" || folder == "recycler" || folder == "recycled" ||
+        folder == ".trash" || folder.starts_with(".trash-")) {
+      return true;
+    }
+    if (folder == "files" && text::lower(before) == "trash") return true;
+    before = path.substr(begin, end - begin);
+    begin = end + 1;
+  }
+  return false;
+}
+
 void RunCheck::read_again(const std::vector<std::string>& rows,
                           const std::function<bool()>& go_on) {
   const auto named = second_reading_.look(rows, go_on);
@@ -172,6 +189,7 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
   };
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const std::string& row = rows[i];
+    if (is_in_bin(row)) keep(row, reason::kInBin);
     if (same[i]) keep(row, reason::kUsed, project_using(row));
     if (same_as_unticked[i]) keep(row, reason::kUntickedElsewhere);
     const std::string protecting = folder_around(row, folders);

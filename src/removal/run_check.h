@@ -15,6 +15,10 @@
 
 namespace ordelan::removal {
 
+// Whether a file lies in a recycle bin of Windows or in a trash folder of Linux or of macOS: it has
+// been removed once, and may be wanted back.
+bool is_in_bin(std::string_view path);
+
 class RunCheck {
  public:
   // The arguments must outlive this.

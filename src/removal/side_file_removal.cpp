@@ -40,7 +40,10 @@ void RemovalRun::BorrarAsociados() {
     if (std::string why = why_side_file_stays(row); !why.empty()) {
       if (files.info(row)) keep(row, std::move(why));
     } else {
-      files.set_attributes(row, 0).ignore();
+      // Those of what a link leads to are somebody else's.
+      if (const auto info = files.info(row); info && !info->link) {
+        files.set_attributes(row, 0).ignore();
+      }
       if (files.look_up(row)) {
         const Status gone = remove_file(row);
         ++removed;
@@ -73,6 +76,8 @@ std::string RemovalRun::why_side_file_stays(const std::string& row) const {
   if (RunCheck::is_project(row)) return reason::kProject;
   if (!order_.CheckComprobar) return {};
   if (!RunCheck::is_side_file(row)) return reason::kOtherKind;
+  if (is_in_bin(row)) return reason::kInBin;
+  if (const auto info = context_.platform.files.info(row); info && info->link) return reason::kLink;
   const Kept* const kept = check_.kept(row);
   return kept != nullptr ? kept->motivo : "";
 }

@@ -71,6 +71,22 @@ TEST_F(ConsoleRemoval, what_is_to_be_kept_stays_under_any_path) {
   EXPECT_EQ(run("borrar 'D:\\Mix\\tema.vip' --definitivo --conservar 'D:\\Mix\\a.*'").exit_code, 2);
 }
 
+TEST_F(ConsoleRemoval, what_is_to_be_kept_and_is_nowhere_is_a_slip) {
+  const auto result = run("borrar 'D:\\Mix\\tema.vip' --definitivo --conservar 'D:\\Mix\\aa.wav'");
+  EXPECT_EQ(result.exit_code, 2);
+  EXPECT_THAT(result.error, HasSubstr("--conservar D:\\Mix\\aa.wav: no existe"));
+  EXPECT_TRUE(there("Mix\\a.wav"));
+}
+
+TEST_F(ConsoleRemoval, bin_and_for_good_exclude_each_other) {
+  for (const char* both :
+       {"--papelera --definitivo", "--definitivo --papelera", "--definitivo --bak --sin-bak",
+        "--definitivo --sin-subcarpetas --subcarpetas"}) {
+    EXPECT_EQ(run(std::string("borrar 'D:\\Mix\\tema.vip' ") + both).exit_code, 2) << both;
+    EXPECT_TRUE(there("Mix\\a.wav")) << both;
+  }
+}
+
 TEST_F(ConsoleRemoval, projects_that_are_left_out_are_named) {
   disk.write("Mix\\vacio.vip", "");
   EXPECT_THAT(run("borrar 'D:\\Mix\\tema.vip' --definitivo --simular").error,
