@@ -25,19 +25,20 @@ std::uint64_t number_in(const char* variable, std::uint64_t otherwise) {
   return value == nullptr ? otherwise : std::strtoull(value, nullptr, 10);
 }
 
-constexpr std::array kFolders = {"Mix\\",          "Mix\\Tomas\\",      "Mix\\FreezeData\\",
-                                 "Mix\\Mix_BAK\\", "Mix\\Canci\xF3n\\", "Otra\\"};
-constexpr std::array kNames = {"a.wav",       "toma.1.wav", "sordo.wma", "lista.m4a",
-                               "\xD1u.mp3",   "a (2).wav",  "a=b.flac",  "uno dos.aif",
-                               "\x80uro.ogg", "vocala.wav", "a.wav.wav", "voz_BAK.wav"};
-constexpr std::array kProjects = {"tema.vip",      "tema_BAK.vip", "tema.vip.bak", "Tema2.VIP",
-                                  "copia.vip_old", "p.q.vip",      "oculto.vipx"};
+constexpr std::array kMentionFolders = {"Mix\\",          "Mix\\Tomas\\",      "Mix\\FreezeData\\",
+                                        "Mix\\Mix_BAK\\", "Mix\\Canci\xF3n\\", "Otra\\"};
+constexpr std::array kMentionedNames = {"a.wav",       "toma.1.wav", "sordo.wma", "lista.m4a",
+                                        "\xD1u.mp3",   "a (2).wav",  "a=b.flac",  "uno dos.aif",
+                                        "\x80uro.ogg", "vocala.wav", "a.wav.wav", "voz_BAK.wav"};
+constexpr std::array kMentioningProjects = {"tema.vip",   "tema_BAK.vip",  "tema.vip.bak",
+                                            "Tema2.VIP",  "copia.vip_old", "p.q.vip",
+                                            "oculto.vipx"};
 
 // One random studio, what its projects mention and what therefore has to become of its files.
 class MentionWorld {
  public:
   explicit MentionWorld(std::uint64_t seed) : dice_(seed) {
-    for (const char* folder : kFolders) disk_.make_folder(folder);
+    for (const char* folder : kMentionFolders) disk_.make_folder(folder);
     for (auto count = 3 + dice_.below(10); count > 0; --count) add_file();
     for (auto count = dice_.below(5); count > 0; --count) add_project();
     if (dice_.below(25) == 0) {
@@ -115,12 +116,13 @@ class MentionWorld {
   }
 
   std::string some_path() {
-    return std::string(kFolders[dice_.below(kFolders.size())]) + kNames[dice_.below(kNames.size())];
+    return std::string(kMentionFolders[dice_.below(kMentionFolders.size())]) +
+           kMentionedNames[dice_.below(kMentionedNames.size())];
   }
 
   void add_project() {
-    const std::string path = std::string(kFolders[dice_.below(kFolders.size() - 1)]) +
-                             kProjects[dice_.below(kProjects.size())];
+    const std::string path = std::string(kMentionFolders[dice_.below(kMentionFolders.size() - 1)]) +
+                             kMentioningProjects[dice_.below(kMentioningProjects.size())];
     std::string bytes;
     auto& references = references_[path];
     references.clear();
@@ -140,6 +142,11 @@ class MentionWorld {
   Reference add_reference(std::string& bytes) {
     Reference reference;
     reference.file = some_path();
+    if (!files_.empty() && dice_.below(5) < 3) {
+      auto file = files_.begin();
+      std::advance(file, static_cast<std::ptrdiff_t>(dice_.below(files_.size())));
+      reference.file = *file;
+    }
     std::string name = reference.file.substr(reference.file.rfind('\\') + 1);
     reference.name = text::lower(name);
     std::string spelt = "D:\\" + reference.file;
