@@ -25,7 +25,8 @@ std::optional<std::string> from_utf8(std::string_view utf8);
 bool from_utf8(std::string_view utf8, std::string& ansi);
 
 // One code point of a UTF-8 text, read at `at`, which moves past it. Nothing, with `at` as it was,
-// where the bytes are no UTF-8: cut sequences, overlong forms, surrogates. `at` must be in the text.
+// where the bytes are no UTF-8: cut sequences, overlong forms, surrogates. `at` must be in the
+// text.
 std::optional<std::uint32_t> next_code_point(std::string_view utf8, std::size_t& at);
 
 // The byte of a code point; nothing if the code page lacks it.
