@@ -286,15 +286,27 @@ class ProjectMentions::Look {
     if (path == 0) return std::nullopt;
     Target& known = targets_[path - 1];
     if (known.asked) return known.file;
-    if (!turn()) return std::nullopt;
     const std::string& spelt = *state_->paths[path - 1];
-    auto file = files_.identity(spelt);
-    if (file) {
-      const auto info = files_.info(spelt);
+    std::optional<FileIdentity> file;
+    if (folder_exists(spelt)) {
+      if (!turn()) return std::nullopt;
+      file = files_.identity(spelt);
+      const auto info = file ? files_.info(spelt) : std::nullopt;
       if (!info || info->folder) file.reset();
+    } else if (ended_) {
+      return std::nullopt;
     }
     known = {true, file};
     return file;
+  }
+
+  // Whether the folder of a path exists, asked once: many lost files are lost together, on a drive
+  // that is gone or a server that lets each question wait.
+  bool folder_exists(std::string_view path) {
+    const auto [known, added] = folders_.try_emplace(std::string(text::folder_of(path)), false);
+    if (!added) return known->second;
+    if (!turn()) return false;
+    return known->second = files_.identity(known->first).has_value();
   }
 
   // Finds out which files the rows are.
@@ -357,9 +369,10 @@ class ProjectMentions::Look {
   std::string unread_;
   std::vector<std::vector<std::uint32_t>> rows_of_;  // by name
   std::vector<std::string> projects_;
-  std::vector<Target> targets_;   // by path
-  std::vector<GroupSaid> said_;   // by group
-  std::vector<bool> identified_;  // by row
+  std::unordered_map<std::string, bool> folders_;  // of paths: whether they exist
+  std::vector<Target> targets_;                    // by path
+  std::vector<GroupSaid> said_;                    // by group
+  std::vector<bool> identified_;                   // by row
   std::unordered_map<FileIdentity, std::vector<std::uint32_t>, IdentityHash> rows_at_;
 };
 

@@ -115,7 +115,7 @@ bool length_stands(const std::string& file, std::size_t begin, std::size_t end, 
                    bool wide) {
   const std::size_t bytes = end - begin;
   for (const std::size_t length : {letters, letters + 1, bytes, bytes + (wide ? 2 : 1)}) {
-    for (const std::size_t width : {1, 2, 4}) {
+    for (const std::size_t width : {1u, 2u, 4u}) {
       std::string written;
       std::size_t rest = length;
       for (std::size_t i = 0; i < width; ++i, rest /= 256) {
