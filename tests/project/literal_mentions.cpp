@@ -21,7 +21,8 @@ struct Character {
 };
 
 int in_page(long point) {
-  for (int b = 0; b < 256; ++b) {
+  if (point < 128) return static_cast<int>(point);
+  for (int b = 128; b < 256; ++b) {
     if (text::kCodePoints[static_cast<std::size_t>(b)] == point) return b;
   }
   return -1;

@@ -177,8 +177,8 @@ struct MentionRecipe {
       } else if (code < 254) {
         file += spelt(std::string(250 + recipe_at % 16, ' '));
       } else {
-        // Near its drive, or just too far from it.
-        file += spelt(std::string(code == 254 ? 30 : 12'280 + recipe_at % 8, 'y'));
+        // Near its drive, or just too far from it; the literal search soon passes over these.
+        file += spelt(std::string(code == 254 ? 30 : 12'280 + recipe_at % 8, '\\'));
       }
     }
   }
