@@ -19,6 +19,15 @@ bool may_be_project(std::string_view name) {
   return text::lower(name).find(".vip") != std::string::npos;
 }
 
+// Folders of the system in the root of a drive, which it lets nobody read: what others have put
+// into their bins, and what it keeps for itself. Otherwise no drive could be searched from its
+// root.
+bool is_systems_own(std::string_view folder) {
+  const std::string root = text::root(folder).size() == 3 ? text::lower(folder.substr(3)) : "";
+  return root == "system volume information\\" || root == "lost+found\\" ||
+         root.starts_with("$recycle.bin\\");
+}
+
 }  // namespace
 
 VipFiles::VipFiles(system::FileSystem& files, std::function<bool()> turn)
@@ -68,7 +77,9 @@ void VipFiles::list(const std::string& here, std::vector<std::string>& below,
   const auto unnamed = [&](const system::UnnamedEntry& entry) {
     if (entry.folder || may_be_project(entry.shown)) unread_ = here + entry.shown;
   };
-  if (!files_.each(here, system::Detail::names, visit, unnamed)) unread_ = here;
+  if (!files_.each(here, system::Detail::names, visit, unnamed) && !is_systems_own(here)) {
+    unread_ = here;
+  }
 }
 
 // Each link must lead to a folder that is searched anyway: others might lead round in a ring, or

@@ -25,8 +25,9 @@ class VipFiles {
 
   // Their paths, each once.
   const std::vector<std::string>& paths() const { return paths_; }
-  // What could not be listed whole, empty if nothing: a folder that cannot be read, a folder or
-  // project that the code page cannot name, a link to a folder that is not searched too.
+  // What could not be listed whole, empty if nothing: a folder that cannot be read (apart from
+  // those of the system in the root of a drive, which nobody may read), a folder or project that
+  // the code page cannot name, a link to a folder that is not searched too.
   const std::string& unread() const { return unread_; }
 
  private:

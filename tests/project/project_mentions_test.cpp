@@ -187,6 +187,23 @@ TEST_F(ProjectMentionsTest, all_rows_stay_where_a_folder_cannot_be_listed) {
               is(Mentioned::unread, "D:\\nada\\"));
 }
 
+TEST_F(ProjectMentionsTest, folders_of_the_system_in_the_root_of_a_drive_keep_nothing) {
+  for (const char* folder : {"D:\\System Volume Information", "D:\\$RECYCLE.BIN",
+                             "D:\\$RECYCLE.BIN\\S-1-5-18", "D:\\lost+found"}) {
+    disk.add_folder(folder);
+    disk.forbid(std::string(folder) + "\\");
+  }
+  disk.allow("D:\\$RECYCLE.BIN\\");
+  const auto free_row = [&] {
+    return mentions.look({"D:\\Mix\\a.wav"}, {"D:\\"}, {}, go_on)->at(0);
+  };
+  EXPECT_THAT(free_row(), free());
+  // The same names elsewhere are folders like any other.
+  disk.add_folder("D:\\Mix\\lost+found");
+  disk.forbid("D:\\Mix\\lost+found\\");
+  EXPECT_THAT(free_row(), is(Mentioned::unread, "D:\\Mix\\lost+found\\"));
+}
+
 TEST_F(ProjectMentionsTest, all_rows_stay_where_the_code_page_cannot_name_a_project_or_folder) {
   disk.add_unnamed("D:\\Mix\\", {"nota ?.txt", false});
   EXPECT_THAT(look_at_a(), free());

@@ -250,10 +250,10 @@ std::set<std::string> kept_names(const World& world, const reference::Disk& disk
   rows.insert(rows.end(), world.offered().begin(), world.offered().end());
   std::set<std::string> names;
   std::set<reference::Disk::Identity> identities;
-  const std::string ruta = reference::normalised(world.setup.ruta);
   for (const std::string& row : rows) {
-    if (reference::normalised(reference::folder_of(row, true)) == ruta) {
-      names.insert(reference::folded(reference::name_of(row)));
+    const std::string name = reference::name_of(row);
+    if (reference::normalised(world.setup.ruta + "\\" + name) == reference::normalised(row)) {
+      names.insert(reference::folded(name));
     }
     if (const auto identity = disk.identity(row)) identities.insert(*identity);
   }
