@@ -8,8 +8,8 @@
 namespace ordelan::skin {
 
 // The heights of the list: alone, and above the list of what is kept.
-inline constexpr int kRemovalReviewLongList = 379;
-inline constexpr int kRemovalReviewShortList = 264;
+inline constexpr int kRemovalReviewLongList = 361;
+inline constexpr int kRemovalReviewShortList = 276;
 
 inline constexpr std::array kRemovalReviewPlaces = {
     Place{"TextAviso", -1, 72, 120, 380, 96},
@@ -31,11 +31,11 @@ inline constexpr std::array kRemovalReviewPlaces = {
     // The mark grows upwards from 460 with the volume, to this height at its most.
     Place{"ImageVol", -1, 20, 160, 8, 300},
     Place{"LabelVol", -1, 13, 462, 24, 18},
-    Place{"LabelConservados", -1, 556, 314, 264, 18},
-    Place{"ListConservados", -1, 40, 336, 780, 89},
-    Place{"Label1", -1, 40, 434, 780, 20},
-    Place{"LabelEspacio", -1, 44, 458, 776, 18},
-    Place{"LabelPapelera", -1, 44, 478, 776, 18},
+    Place{"LabelConservados", -1, 556, 306, 264, 18},
+    Place{"ListConservados", -1, 40, 328, 780, 79},
+    Place{"Label1", -1, 40, 414, 780, 20},
+    Place{"LabelEspacio", -1, 44, 440, 776, 18},
+    Place{"LabelPapelera", -1, 44, 462, 776, 36},
     Place{"cmdHecho", -1, 40, 508, 120, 32},
     Place{"Cancela", -1, 168, 508, 120, 32},
     Place{"cmdSalir", -1, 712, 508, 108, 32},
