@@ -109,6 +109,7 @@ void CarpetaBack::cmdCarpetaBorrar_Click() {
   if (options == nullptr) return;
   options->bring_to_front();  // with its bar, and the button that stops the run
   options->BorrarSeleccionados();
+  if (auto* const review = context().windows.find<ParaBorrar>()) review->show_totals();
 }
 
 void CarpetaBack::cmdSalir_Click() {

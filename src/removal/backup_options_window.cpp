@@ -52,6 +52,10 @@ BacUp::BacUp(const RemovalContext& removal)
     if (auto* const review = context().windows.find<ParaBorrar>()) review->show_totals();
   };
   CheckBackup.on_click = show_totals;
+  CheckComprobar.on_click = [this] {
+    auto* const review = context().windows.find<ParaBorrar>();
+    if (review != nullptr && review->visible()) review->comprobar();
+  };
   cmdSalir.on_click = [this] { cmdSalir_Click(); };
   Salir.on_click = [this] { Salir_Click(); };
   ImageInfoVip.on_click = [this] {

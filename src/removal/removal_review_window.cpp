@@ -180,16 +180,23 @@ void ParaBorrar::CopiarListBorrados() {
 }
 
 void ParaBorrar::comprobar() {
+  sizes_.emplace(context().work, context().platform);  // drives are asked anew
   show_totals();
   TimerComprobar.start();
 }
 
 // The window may be closed, and opened again, in any turn of the look.
 void ParaBorrar::look_at_projects() {
+  // The list of a decode is not whole, nor its sizes noted, before it ends: the timer ticks again.
+  if (context().work.Descodificando) return;
   TimerComprobar.stop();
+  if (removal_.state.running || !visible()) return;
+  show_totals();
   const auto* const options = context().windows.find<BacUp>();
-  const bool wanted = options != nullptr && options->CheckComprobar.checked();
-  if (!wanted || removal_.state.running || context().work.Descodificando) return;
+  if (options == nullptr || !options->CheckComprobar.checked()) {
+    show_kept({});
+    return;
+  }
   LabelConservados.set_caption("Comprobando los proyectos...");
   LabelConservados.show();
   const RemovalContext removal = removal_;
@@ -210,26 +217,46 @@ void ParaBorrar::look_at_projects() {
 
 void ParaBorrar::show_kept(const std::vector<Kept>& kept) {
   ListConservados.clear();
+  kept_paths_.clear();
   const std::unordered_set<std::string_view> rows(ListBorrar.rows().begin(),
                                                   ListBorrar.rows().end());
   for (const Kept& each : kept) {
     if (!rows.contains(each.ruta)) continue;  // a side file
     ListConservados.add(text::row_with_reason(each.ruta, "Se conserva: " + each.motivo));
+    kept_paths_.push_back(each.ruta);
   }
   ui::ListaAncho(ListConservados);
-  LabelConservados.set_caption("Se conservan: " + std::to_string(ListConservados.count()));
-  LabelConservados.set_visible(!ListConservados.empty());
-  ListConservados.set_visible(!ListConservados.empty());
+  show_kept_list();
 }
 
-RunTotals ParaBorrar::totals() const {
-  return RunSizes(context().work, context().platform)
-      .totals(
-          ListBorrar.rows(), [this](std::size_t i) { return ListStatus.ticked(i); },
-          CheckBorrarPapelera.checked(), removal_.state.RutaBackup);
+// The list of what is kept takes its room from the foot of the other.
+void ParaBorrar::show_kept_list() {
+  const bool shown = !ListConservados.empty();
+  LabelConservados.set_caption("Se conservan: " + std::to_string(ListConservados.count()));
+  LabelConservados.set_visible(shown);
+  ListConservados.set_visible(shown);
+  for (ui::ListBox* const list : {&ListBorrar, static_cast<ui::ListBox*>(&ListStatus)}) {
+    ui::Rect place = list->bounds();
+    place.height = shown ? skin::kRemovalReviewShortList : skin::kRemovalReviewLongList;
+    list->set_bounds(place);
+  }
+}
+
+RunTotals ParaBorrar::totals() {
+  if (!sizes_) sizes_.emplace(context().work, context().platform);
+  return sizes_->totals(
+      ListBorrar.rows(), [this](std::size_t i) { return ListStatus.ticked(i); },
+      CheckBorrarPapelera.checked(), removal_.state.RutaBackup);
 }
 
 void ParaBorrar::show_totals() {
+  // What a decode has not noted yet would be asked of the disk, file by file; and what a run has
+  // removed takes nothing any more.
+  if (context().work.Descodificando || !cmdHecho.visible()) {
+    LabelEspacio.set_caption("");
+    LabelPapelera.hide();
+    return;
+  }
   const RunTotals totals = this->totals();
   const char mark = context().platform.regional.decimal_mark();
   std::string room = "Activados: " + text::format_size(static_cast<double>(totals.ticked), mark);
@@ -266,6 +293,7 @@ void ParaBorrar::cmdHecho_Click() {
   }
   Cancela.hide();
   context().work.Borrando = false;
+  show_totals();
 }
 
 // The flag is looked at by the run that is under way, or by the next one.
@@ -308,6 +336,12 @@ void ParaBorrar::remove_current_row() {
   TextAviso.hide();
   const int current = ListBorrar.current();
   if (current < 0) return;
+  if (const auto kept = std::find(kept_paths_.begin(), kept_paths_.end(), ListBorrar.current_row());
+      kept != kept_paths_.end()) {
+    ListConservados.remove(static_cast<std::size_t>(kept - kept_paths_.begin()));
+    kept_paths_.erase(kept);
+    show_kept_list();
+  }
   // The same row goes from both: they are paired by their numbers.
   ListBorrar.remove(static_cast<std::size_t>(current));
   ListStatus.remove(static_cast<std::size_t>(current));

@@ -1,6 +1,10 @@
 // The last look at the list before files go.
 #pragma once
 
+#include <optional>
+#include <string>
+#include <vector>
+
 #include "removal/removal_state.h"
 #include "removal/run_totals.h"
 #include "ui/button.h"
@@ -59,11 +63,11 @@ class ParaBorrar final : public work::ProgramWindow {
   void cmdSalir_Click();
   // The left button went down on a row.
   void ListBorrar_MouseDown();
-  // Looks, as soon as events are handled, which rows projects name; the list of those is empty
-  // until that is known. Any new job ends the look.
+  // Looks, as soon as events are handled and no decode runs, which rows projects name; the list of
+  // those is empty until that is known. Any new job ends the look.
   void comprobar();
-  // What a run would take, as the boxes are now; and the same shown.
-  RunTotals totals() const;
+  // What a run would take, as the boxes are now; and the same shown. After a run nothing is.
+  RunTotals totals();
   void show_totals();
   // Sets the volume mark to a level from 0 to 100.
   void VuMe(int level);
@@ -77,9 +81,12 @@ class ParaBorrar final : public work::ProgramWindow {
   void remove_current_row();
   void look_at_projects();
   void show_kept(const std::vector<Kept>& kept);
+  void show_kept_list();
   void CheckAudio_Click();
 
   RemovalContext removal_;
+  std::optional<RunSizes> sizes_;        // of the last list
+  std::vector<std::string> kept_paths_;  // of the rows of ListConservados
 };
 
 }  // namespace ordelan::removal

@@ -20,29 +20,47 @@ std::string root_of(std::string_view path) {
 // Sizes of rows: as they were listed where they were.
 class ListedSizes {
  public:
-  ListedSizes(const work::WorkInHand& work, system::FileSystem& files) : files_(files) {
-    if (!work.FilasVistas) return;
-    rows_ = work.FilasVistas;
-    const std::size_t count = std::min(rows_->size(), work.VistosBorrar.size());
-    sizes_.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-      sizes_.try_emplace((*rows_)[i], work.VistosBorrar[i].size);
-    }
+  ListedSizes(const work::WorkInHand& work, system::FileSystem& files)
+      : listed_(work.VistosBorrar), files_(files), rows_(work.FilasVistas) {
+    if (rows_) count_ = std::min(rows_->size(), listed_.size());
   }
 
-  std::uint64_t of(const std::string& row) const {
-    const auto listed = sizes_.find(row);
-    if (listed != sizes_.end()) {
-      return listed->second == work::Visto::kMissing ? 0 : listed->second;
+  // Nothing for a file that is missing. Quick for rows in the order of the list.
+  std::optional<std::uint64_t> of(const std::string& row) {
+    if (const auto place = find(row)) {
+      const std::uint64_t size = listed_[*place].size;
+      return size == work::Visto::kMissing ? std::nullopt : std::optional(size);
     }
     const auto info = files_.info(row);
-    return info ? info->size : 0;
+    return info ? std::optional(info->size) : std::nullopt;
   }
 
  private:
+  std::optional<std::size_t> find(const std::string& row) {
+    // A few rows may have been thrown out of the review in between.
+    constexpr std::size_t kAhead = 16;
+    for (std::size_t i = next_; i < std::min(count_, next_ + kAhead); ++i) {
+      if ((*rows_)[i] == row) {
+        next_ = i + 1;
+        return i;
+      }
+    }
+    if (places_.empty()) {
+      places_.reserve(count_);
+      for (std::size_t i = 0; i < count_; ++i) places_.try_emplace((*rows_)[i], i);
+    }
+    const auto found = places_.find(row);
+    if (found == places_.end()) return std::nullopt;
+    next_ = found->second + 1;
+    return found->second;
+  }
+
+  const std::vector<work::Visto>& listed_;
   system::FileSystem& files_;
-  std::shared_ptr<const std::vector<std::string>> rows_;  // whose texts are the keys of the next
-  std::unordered_map<std::string_view, std::uint64_t> sizes_;
+  std::shared_ptr<const std::vector<std::string>> rows_;
+  std::size_t count_ = 0;
+  std::size_t next_ = 0;  // where the next row is looked for first
+  std::unordered_map<std::string_view, std::size_t> places_;
 };
 
 }  // namespace
@@ -53,44 +71,53 @@ std::uint64_t RunSizes::bin_capacity(std::string_view path) const {
   return bin->second;
 }
 
+std::optional<std::uint64_t> RunSizes::volume(const std::string& folder) const {
+  const auto [known, added] = volumes_.try_emplace(folder);
+  if (added) {
+    const auto identity = platform_.files.identity(folder);
+    if (identity) known->second = identity->volume;
+  }
+  return known->second;
+}
+
 RunTotals RunSizes::totals(const std::vector<std::string>& rows,
                            const std::function<bool(std::size_t)>& goes, bool to_bin,
                            const std::string& backup) const {
-  // Of a drive: how much its bin takes, and whether the copies lie on its volume.
+  // The drive of a row: how much its bin takes, and whether the copies lie on its volume.
   struct Drive {
+    std::string root;
     std::uint64_t bin = 0;
     bool has_copies = false;
-  };
-  std::unordered_map<std::string, Drive> drives;
-  const auto volume_of = [&](const std::string& folder) -> std::optional<std::uint64_t> {
-    const auto identity = platform_.files.identity(folder);
-    return identity ? std::optional(identity->volume) : std::nullopt;
-  };
-  const auto copies = backup.empty() ? std::nullopt : volume_of(system::with_backslash(backup));
+  } drive;
+  const auto copies = backup.empty() ? std::nullopt : volume(system::with_backslash(backup));
   RunTotals totals;
   std::uint64_t taken = 0;
-  const ListedSizes sizes(work_, platform_.files);
+  ListedSizes sizes(work_, platform_.files);
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const std::uint64_t size = sizes.of(rows[i]);
+    const auto listed = sizes.of(rows[i]);
+    if (!listed) continue;
+    const std::uint64_t size = *listed;
     totals.copied += size;
     taken += size;
     totals.room = std::max(totals.room, taken);
     if (!goes(i)) continue;
     totals.ticked += size;
-    const std::string root = root_of(rows[i]);
-    const auto [drive, added] = drives.try_emplace(root);
-    if (added) drive->second = {bin_capacity(root), copies && copies == volume_of(root)};
+    if (drive.root.empty() || !rows[i].starts_with(drive.root)) {
+      drive.root = root_of(rows[i]);
+      drive.bin = bin_capacity(drive.root);
+      drive.has_copies = copies && copies == volume(drive.root);
+    }
     if (!to_bin) {
-      if (drive->second.has_copies) taken -= size;
+      if (drive.has_copies) taken -= size;
       continue;
     }
-    if (drive->second.bin > 0 && size <= drive->second.bin) continue;
+    if (drive.bin > 0 && size <= drive.bin) continue;
     auto found = std::find_if(totals.no_bin.begin(), totals.no_bin.end(),
-                              [&](const DriveWithoutBin& each) { return each.root == root; });
+                              [&](const auto& each) { return each.root == drive.root; });
     if (found == totals.no_bin.end()) {
-      found = totals.no_bin.insert(found, DriveWithoutBin{root, 0, 0});
+      found = totals.no_bin.insert(found, DriveWithoutBin{drive.root, 0, 0});
     }
-    ++(drive->second.bin > 0 ? found->too_large : found->without);
+    ++(drive.bin > 0 ? found->too_large : found->without);
   }
   return totals;
 }

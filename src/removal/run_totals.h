@@ -39,7 +39,7 @@ class RunSizes {
       : work_(work), platform_(platform) {}
 
   // `goes` gives whether the i-th row is to be removed; `to_bin` whether it goes to the bin;
-  // `backup` is the folder of the copies, empty for none.
+  // `backup` is the folder of the copies, empty for none. Files that are missing take nothing.
   RunTotals totals(const std::vector<std::string>& rows,
                    const std::function<bool(std::size_t)>& goes, bool to_bin,
                    const std::string& backup) const;
@@ -49,9 +49,12 @@ class RunSizes {
   std::uint64_t bin_capacity(std::string_view path) const;
 
  private:
+  std::optional<std::uint64_t> volume(const std::string& folder) const;
+
   const work::WorkInHand& work_;
   const system::Platform& platform_;
-  mutable std::unordered_map<std::string, std::uint64_t> bins_;  // by root
+  mutable std::unordered_map<std::string, std::uint64_t> bins_;                    // by root
+  mutable std::unordered_map<std::string, std::optional<std::uint64_t>> volumes_;  // by folder
 };
 
 // What is said of a drive: "En E: no hay papelera: 3 archivos se borrarían para siempre".

@@ -7,12 +7,16 @@
 
 namespace ordelan::skin {
 
+// The heights of the list: alone, and above the list of what is kept.
+inline constexpr int kRemovalReviewLongList = 361;
+inline constexpr int kRemovalReviewShortList = 276;
+
 inline constexpr std::array kRemovalReviewPlaces = {
     Place{"TextAviso", -1, 72, 120, 380, 96},
     Place{"AvisoSound", -1, 544, 166, 284, 106},
     Place{"LabelErase", -1, 14, 10, 600, 20},
-    Place{"ListStatus", -1, 40, 46, 19, 379},
-    Place{"ListBorrar", -1, 40, 46, 500, 379},
+    Place{"ListStatus", -1, 40, 46, 19, kRemovalReviewLongList},
+    Place{"ListBorrar", -1, 40, 46, 500, kRemovalReviewLongList},
     Place{"CheckConfirmar", -1, 556, 56, 264, 22},
     Place{"CheckBorrarPapelera", -1, 556, 84, 264, 22},
     Place{"CheckVaciarPapelera", -1, 556, 112, 264, 22},
@@ -27,11 +31,11 @@ inline constexpr std::array kRemovalReviewPlaces = {
     // The mark grows upwards from 460 with the volume, to this height at its most.
     Place{"ImageVol", -1, 20, 160, 8, 300},
     Place{"LabelVol", -1, 13, 462, 24, 18},
-    Place{"LabelConservados", -1, 556, 312, 264, 18},
-    Place{"ListConservados", -1, 556, 332, 264, 93},
-    Place{"Label1", -1, 40, 434, 780, 20},
-    Place{"LabelEspacio", -1, 44, 458, 776, 18},
-    Place{"LabelPapelera", -1, 44, 478, 776, 18},
+    Place{"LabelConservados", -1, 556, 306, 264, 18},
+    Place{"ListConservados", -1, 40, 328, 780, 79},
+    Place{"Label1", -1, 40, 414, 780, 20},
+    Place{"LabelEspacio", -1, 44, 440, 776, 18},
+    Place{"LabelPapelera", -1, 44, 462, 776, 36},
     Place{"cmdHecho", -1, 40, 508, 120, 32},
     Place{"Cancela", -1, 168, 508, 120, 32},
     Place{"cmdSalir", -1, 712, 508, 108, 32},

@@ -112,6 +112,70 @@ TEST_F(ConsoleRemoval, a_plan_touches_nothing) {
   EXPECT_FALSE(there("Copias\\a.wav"));
 }
 
+TEST_F(ConsoleRemoval, a_plan_lists_what_projects_name_with_the_project_and_the_reason) {
+  disk.write("Mix\\Sub\\otro_BAK.vip", "D:\\Mix\\a.wav");
+  disk.write("Mix\\Sub\\ca\xF1\xF3n.vip", "X:\\Vieja\\b.wav");
+  const auto result = run("--json borrar 'D:\\Mix\\tema.vip' --papelera --simular");
+  EXPECT_EQ(result.exit_code, 0) << result.error;
+  const Json json = result.json();
+  EXPECT_EQ(json["conservados"],
+            Json::array({{{"ruta", "D:\\Mix\\a.wav"},
+                          {"motivo", "lo nombra D:\\Mix\\Sub\\otro_BAK.vip"},
+                          {"proyecto", "D:\\Mix\\Sub\\otro_BAK.vip"}},
+                         {{"ruta", "D:\\Mix\\Voces\\b.wav"},
+                          {"motivo",
+                           "puede ser el archivo perdido que nombra "
+                           "D:\\Mix\\Sub\\ca\xC3\xB1\xC3\xB3n.vip"},
+                          {"proyecto", "D:\\Mix\\Sub\\ca\xC3\xB1\xC3\xB3n.vip"}}}));
+  EXPECT_EQ(json["plan"][0]["accion"], "conservar");
+  EXPECT_EQ(json["plan"][0]["motivo"], "lo nombra D:\\Mix\\Sub\\otro_BAK.vip");
+  EXPECT_THAT(run("borrar 'D:\\Mix\\tema.vip' --papelera --simular").output,
+              HasSubstr("conservar  D:\\Mix\\a.wav   (lo nombra D:\\Mix\\Sub\\otro_BAK.vip)\n"));
+  const Json unchecked =
+      run("--json borrar 'D:\\Mix\\tema.vip' --papelera --simular --sin-comprobar").json();
+  EXPECT_EQ(unchecked["conservados"], Json::array());
+  EXPECT_EQ(unchecked["plan"][0]["accion"], "papelera");
+}
+
+TEST_F(ConsoleRemoval, what_projects_name_stays) {
+  disk.write("Mix\\Sub\\otro_BAK.vip", "D:\\Mix\\a.wav");
+  const auto result = run("--json borrar 'D:\\Mix\\tema.vip' --definitivo");
+  EXPECT_EQ(result.exit_code, 1) << "a ticked file is still there";
+  EXPECT_EQ(result.json()["noBorrados"],
+            Json::array({{{"ruta", "D:\\Mix\\a.wav"},
+                          {"motivo", "lo nombra D:\\Mix\\Sub\\otro_BAK.vip"},
+                          {"proyecto", "D:\\Mix\\Sub\\otro_BAK.vip"}}}));
+  EXPECT_TRUE(there("Mix\\a.wav"));
+  EXPECT_FALSE(there("Mix\\Voces\\b.wav"));
+}
+
+TEST_F(ConsoleRemoval, opening_lists_the_unused_files_that_projects_name_where_that_is_asked_for) {
+  disk.write("Mix\\Sub\\otro_BAK.vip", "D:\\Mix\\a.wav");
+  const auto text = run("abrir 'D:\\Mix\\tema.vip' --nombrados");
+  EXPECT_EQ(text.exit_code, 0) << text.error;
+  EXPECT_THAT(text.output,
+              HasSubstr("Los nombra alg\xC3\xBAn proyecto: 1\n"
+                        "  D:\\Mix\\a.wav   (lo nombra D:\\Mix\\Sub\\otro_BAK.vip)\n\n"));
+  const Json json = run("--json abrir 'D:\\Mix\\tema.vip' --nombrados").json();
+  EXPECT_EQ(json["conservados"], Json::array({{{"ruta", "D:\\Mix\\a.wav"},
+                                               {"motivo", "lo nombra D:\\Mix\\Sub\\otro_BAK.vip"},
+                                               {"proyecto", "D:\\Mix\\Sub\\otro_BAK.vip"}}}));
+  EXPECT_EQ(json["ListBorrar"], Json({"D:\\Mix\\a.wav", "D:\\Mix\\Voces\\b.wav"}))
+      << "the list itself stays as it is";
+  EXPECT_FALSE(run("--json abrir 'D:\\Mix\\tema.vip'").json().contains("conservados"));
+  disk.remove("Mix\\Sub");
+  EXPECT_EQ(run("--json abrir 'D:\\Mix\\tema.vip' --nombrados").json()["conservados"],
+            Json::array());
+}
+
+TEST_F(ConsoleRemoval, a_folder_whose_projects_are_not_seen_keeps_all) {
+  disk.make_folder("Otra");
+  std::filesystem::create_directory_symlink(native("Otra"), native("Mix\\enlace"));
+  const Json json = run("--json abrir 'D:\\Mix\\tema.vip' --nombrados").json();
+  ASSERT_EQ(json["conservados"].size(), 2u);
+  EXPECT_EQ(json["conservados"][0]["motivo"], "no se ha podido leer entero D:\\Mix\\enlace");
+}
+
 TEST_F(ConsoleRemoval, copies_are_made_and_brought_back) {
   ASSERT_EQ(run("borrar --soltar 'D:\\Mix' --definitivo --copia 'D:\\Copias'").exit_code, 0);
   EXPECT_FALSE(there("Mix\\a.wav"));

@@ -17,11 +17,15 @@ class RemovalBench : public ProgramBench {
  public:
   RemovalBench() { shell.files = &disk.files(); }
 
-  // A project that uses one file, the unused files beside it, and the project opened.
-  void open_studio(const std::vector<std::string>& unused) {
+  // A project that uses one file, the unused files beside it, and the project opened. `said` is
+  // what stands besides in the project.
+  void open_studio(const std::vector<std::string>& unused,
+                   const std::vector<std::string>& said = {}) {
     disk.write("Mix\\usado.wav", "used");
     disk.write("Mix\\usado2.wav", "the neighbour of a used file, which is never offered");
-    project("Mix\\tema.vip", {"Mix\\usado.wav"});
+    std::vector<std::string> fields = {disk.path("Mix\\usado.wav")};
+    fields.insert(fields.end(), said.begin(), said.end());
+    disk.write("Mix\\tema.vip", project_of(fields));
     for (const std::string& file : unused) disk.write(file, "bytes of " + file);
     start();
     open("Mix\\tema.vip");

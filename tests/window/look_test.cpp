@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -64,6 +66,11 @@ class Look : public OrdelanTest {
   void take(const std::string& what, const std::string& over = "ListProyectosInfo") const {
     program->picture_of_window(name_of(what));
     expect_order(over);
+  }
+
+  std::string toma(int number) const {
+    return path("Canciones\\Toma " + std::to_string(number) +
+                " de la sección de cuerdas, micrófono de sala izquierdo.wav");
   }
 
   // A studio of one project, with files that it does not use under long names.
@@ -199,7 +206,32 @@ TEST_F(Look, of_the_drives_shows_a_box_for_each) {
   take("drives");
 }
 
+TEST_F(Look, of_a_review_of_a_drive_without_a_bin) {
+  const std::string folder = "F:\\ordelan_aspecto";
+  std::filesystem::create_directories(folder);
+  for (const char* name : {"usado.wav", "usado2.wav", "toma 1.wav", "toma 2.wav"}) {
+    std::ofstream(folder + "\\" + name) << name;
+  }
+  std::ofstream(folder + "\\tema.vip", std::ios::binary) << project_of({folder + "\\usado.wav"});
+  start();
+  open(folder + "\\tema.vip");
+  wait_decoded();
+  program->click("CommandBorrado");
+  program->use_window("BacUp");
+  program->click("cmdBorrar");
+  program->use_window("ParaBorrar");
+  program->wait_until("the line about the bin", [&] { return program->visible("LabelPapelera"); });
+  take("review-bin", "ListStatus");
+  program.reset();
+  std::filesystem::remove_all(folder);
+}
+
 TEST_F(Look, of_a_run_with_backup_and_its_recovery) {
+  // Two of them are named by a project that is not listed.
+  write("Canciones\\Sesiones antiguas\\Ensayo de la sección de cuerdas_BAK.vip",
+        toma(1007) + " " +
+            path("Antes\\Toma 1009 de la sección de cuerdas, micrófono de sala "
+                 "izquierdo.wav"));
   open_unused(40);
   std::filesystem::create_directories(folder() / L"Copias");
   take("options");
@@ -211,6 +243,7 @@ TEST_F(Look, of_a_run_with_backup_and_its_recovery) {
 
   program->click("cmdBorrar");
   program->use_window("ParaBorrar");
+  program->wait_until("what is kept", [&] { return program->visible("ListConservados"); });
   program->click_row("ListStatus", 1);
   program->wait_until("the box", [&] { return !program->ticked("ListStatus", 1); });
   take("review", "ListStatus");

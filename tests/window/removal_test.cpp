@@ -8,6 +8,7 @@
 #include <iterator>
 #include <set>
 
+#include "support/disk_tools.h"
 #include "support/small_project.h"
 #include "wide_text.h"
 #include "window/answers.h"
@@ -197,6 +198,130 @@ TEST_F(Removal, files_that_may_be_used_after_all_stay_and_are_listed_with_the_re
   ASSERT_TRUE(program->visible("ListNoBorrados"));
   EXPECT_THAT(program->rows("ListNoBorrados"), Contains(HasSubstr(unused(2))));
   program->picture_of_screen("removal-kept");
+}
+
+TEST_F(Removal, the_review_shows_what_projects_name_and_a_run_keeps_it) {
+  make_unused(30);
+  write("mezcla\\vieja\\ensayo_BAK.vip", unused(1));
+  write("mezcla\\vieja\\otra.vip", path("antes\\toma 1004.wav"));
+  show_options();
+  set_box("CheckBackup", false);
+  show_review();
+  program->wait_until("what is kept", [&] { return program->visible("ListConservados"); });
+  EXPECT_THAT(program->rows("ListConservados"),
+              ElementsAre(unused(1) + "   (Se conserva: lo nombra " +
+                              path("mezcla\\vieja\\ensayo_BAK.vip") + ")",
+                          unused(4) + "   (Se conserva: puede ser el archivo perdido que nombra " +
+                              path("mezcla\\vieja\\otra.vip") + ")"));
+  EXPECT_EQ(program->text("LabelConservados"), "Se conservan: 2");
+  program->key(VK_END);
+  program->picture_of_screen("removal-review-kept");
+  set_box("CheckBorrarPapelera", false);
+  program->click("cmdHecho");
+  wait_report();
+  EXPECT_EQ(program->text("LabelResultado"), "28 de 30 borrados");
+  EXPECT_TRUE(exists(unused(1)));
+  EXPECT_TRUE(exists(unused(4)));
+  EXPECT_FALSE(exists(unused(0)));
+  EXPECT_EQ(program->row_count("ListNoBorrados"), 2u);
+  program->picture_of_screen("removal-kept-named");
+}
+
+TEST_F(Removal, a_backup_that_does_not_fit_is_said_before_anything_is_touched) {
+  make_unused(2);
+  write("copias\\leeme.txt", "");
+  constexpr std::uint64_t kMore = std::uint64_t{1} << 30;
+  write("mezcla\\toma larga.wav", "");
+  lengthen(folder() / L"mezcla" / L"toma larga.wav",
+           std::filesystem::space(folder()).available + kMore);
+  show_options();
+  set_box("CheckBackup", true);
+  show_review();
+  set_box("CheckBorrarPapelera", true);
+  choose_folder(path("copias"));
+  EXPECT_THAT(program->text("LabelEspacio"), HasSubstr("     No cabe"));
+  program->picture_of_screen("removal-room");
+  program->click("cmdCarpetaBorrar");
+  EXPECT_THAT(program->wait_for_message().text, HasSubstr("¿Empezar de todos modos?"));
+  program->picture_of_screen("removal-room-question");
+  program->answer_message(IDNO);
+  wait_report();
+  EXPECT_EQ(program->text("LabelResultado"),
+            "No se ha borrado nada. La copia no cabe en " + path("copias"));
+  EXPECT_TRUE(exists(unused(0)));
+  EXPECT_FALSE(exists(path("copias\\toma 1000.wav")));
+  EXPECT_FALSE(exists(path("copias\\Archivos_Borrados.log")));
+  program->picture_of_screen("removal-room-refused");
+}
+
+// On a removable drive, whose files Windows does not recycle.
+class RemovalWithoutBin : public Removal {
+ protected:
+  RemovalWithoutBin() {
+    std::filesystem::remove_all(kFolder);
+    std::filesystem::create_directories(kFolder);
+    put("usado.wav", "used");
+    put("usado2.wav", "its neighbour");
+    put("toma 1.wav", "first");
+    put("toma 2.wav", "second");
+    put("tema.vip", project_of({of("usado.wav")}));
+  }
+  ~RemovalWithoutBin() override {
+    program.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(kFolder, ignored);
+  }
+  static std::string of(const std::string& name) { return std::string(kFolder) + "\\" + name; }
+  static void put(const std::string& name, const std::string& bytes) {
+    std::ofstream(of(name), std::ios::binary) << bytes;
+  }
+  // Up to the question.
+  void begin_run() {
+    start();
+    open(of("tema.vip"));
+    wait_decoded();
+    program->click("CommandBorrado");
+    use("BacUp");
+    set_box("CheckBackup", false);
+    show_review();
+    set_box("CheckBorrarPapelera", true);
+    EXPECT_EQ(program->text("LabelPapelera"),
+              "En F: no hay papelera: 2 archivos se borrarían para siempre");
+    program->picture_of_screen("removal-no-bin");
+    program->click("cmdHecho");
+    const MessageShown asked = program->wait_for_message();
+    EXPECT_EQ(asked.title, "Papelera de reciclaje");
+    EXPECT_THAT(asked.text, HasSubstr("En F: no hay papelera: 2 archivos"));
+  }
+
+ private:
+  static constexpr const char* kFolder = "F:\\ordelan_sin_papelera";
+};
+
+TEST_F(RemovalWithoutBin, files_stay_after_a_no) {
+  begin_run();
+  program->picture_of_screen("removal-no-bin-question");
+  program->answer_message(IDNO);
+  wait_report();
+  EXPECT_EQ(program->text("LabelResultado"), "0 de 2 borrados");
+  EXPECT_THAT(program->rows("ListNoBorrados"),
+              ElementsAre(of("toma 1.wav") + "   (su unidad no tiene papelera)",
+                          of("toma 2.wav") + "   (su unidad no tiene papelera)"));
+  EXPECT_TRUE(exists(of("toma 1.wav")));
+  EXPECT_TRUE(exists(of("toma 2.wav")));
+  program->picture_of_screen("removal-no-bin-kept");
+}
+
+TEST_F(RemovalWithoutBin, files_go_for_good_after_a_yes) {
+  const std::set<std::string> before = bin();
+  begin_run();
+  program->answer_message(IDYES);
+  wait_report();
+  EXPECT_EQ(program->text("LabelResultado"), "2 de 2 borrados");
+  EXPECT_FALSE(exists(of("toma 1.wav")));
+  EXPECT_FALSE(exists(of("toma 2.wav")));
+  EXPECT_TRUE(exists(of("usado.wav")));
+  EXPECT_EQ(bin(), before);
 }
 
 TEST_F(Removal, a_run_with_backup_copies_the_files_and_recovery_brings_them_back) {
