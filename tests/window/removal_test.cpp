@@ -245,7 +245,8 @@ TEST_F(Removal, a_backup_that_does_not_fit_is_said_before_anything_is_touched) {
   EXPECT_THAT(program->wait_for_message().text, HasSubstr("¿Empezar de todos modos?"));
   program->picture_of_screen("removal-room-question");
   program->answer_message(IDNO);
-  wait_report();
+  use("BacUp");
+  program->wait_until("the refusal", [&] { return !program->visible("cmdParar"); });
   EXPECT_EQ(program->text("LabelResultado"),
             "No se ha borrado nada. La copia no cabe en " + path("copias"));
   EXPECT_TRUE(exists(unused(0)));
