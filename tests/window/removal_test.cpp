@@ -299,10 +299,10 @@ class RemovalWithoutBin : public Removal {
   static constexpr const char* kFolder = "F:\\ordelan_sin_papelera";
 };
 
-TEST_F(RemovalWithoutBin, files_stay_after_a_no) {
+TEST_F(RemovalWithoutBin, files_stay_after_enter_is_pressed) {
   begin_run();
   program->picture_of_screen("removal-no-bin-question");
-  program->answer_message(IDNO);
+  program->key(VK_RETURN);  // presses the careful button
   wait_report();
   EXPECT_EQ(program->text("LabelResultado"), "0 de 2 borrados");
   EXPECT_THAT(program->rows("ListNoBorrados"),
