@@ -43,7 +43,8 @@ class Dialogs {
   virtual std::string pick_folder(const std::string& title) = 0;
 
   // Shows a message box and gives the button that ended it. Closing the box without a choice
-  // counts as the careful answer: cancel, no, or ok where there is nothing else.
+  // counts as the careful answer: cancel, no, or ok where there is nothing else. Of yes and no,
+  // Enter presses no.
   virtual Answer message(const Message& message) = 0;
 };
 

@@ -9,7 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "skin/about_layout.h"
+#include "skin/backup_folder_layout.h"
+#include "skin/backup_options_layout.h"
 #include "skin/look.h"
+#include "skin/lost_file_layout.h"
+#include "skin/main_window_layout.h"
+#include "skin/projects_left_out_layout.h"
+#include "skin/protected_folders_layout.h"
+#include "skin/recovery_layout.h"
+#include "skin/removal_review_layout.h"
 
 namespace ordelan::test {
 namespace {
@@ -67,6 +76,28 @@ TEST_F(Pictures, are_drawn_in_the_colours_of_the_palette_alone) {
 TEST_F(Pictures, say_their_size_in_layout_units) {
   for (const auto& [name, drawing] : drawings) {
     EXPECT_EQ(all(drawing, " (width=\"[0-9]+\" height=\"[0-9]+\" viewBox=)").size(), 1u) << name;
+  }
+}
+
+// A window has the shape of its ground: what lies beyond it cannot be seen or clicked.
+TEST_F(Pictures, of_grounds_are_as_large_as_their_windows) {
+  const std::map<std::string, skin::Layout> windows = {
+      {"fondo_acerca.svg", skin::kAbout},
+      {"fondo_borrar.svg", skin::kRemovalReview},
+      {"fondo_carpeta.svg", skin::kBackupFolder},
+      {"fondo_fuera.svg", skin::kProjectsLeftOut},
+      {"fondo_perdidos.svg", skin::kLostFile},
+      {"fondo_principal.svg", skin::kMainWindow},
+      {"fondo_recuperar.svg", skin::kRecovery},
+      {"fondo_protegidas.svg", skin::kProtectedFolders},
+      {"fondo_respaldo.svg", skin::kBackupOptions}};
+  for (const auto& [name, drawing] : drawings) {
+    if (!name.starts_with("fondo_")) continue;
+    const auto window = windows.find(name);
+    ASSERT_NE(window, windows.end()) << name;
+    EXPECT_THAT(drawing, HasSubstr("width=\"" + std::to_string(window->second.width) +
+                                   "\" height=\"" + std::to_string(window->second.height) + "\""))
+        << name;
   }
 }
 

@@ -384,8 +384,7 @@ TEST_F(Room, after_a_no_another_folder_will_do) {
 TEST_F(Room, after_a_yes_the_run_goes_on_and_what_does_not_fit_stays) {
   open_unused();
   free_bytes(20);
-  shell.files = &faulty;
-  faulty.faults.fail({.call = FaultyFiles::Call::copy_new, .path = disk.path("Copias\\b.wav")},
+  faulty.faults.fail({.call = FaultyFiles::Call::flush_file, .path = disk.path("Copias\\b.wav")},
                      system::Reason::no_space);
   dialogs.answers.push_back(Answer::yes);
   remove_with_backup("Copias");

@@ -245,7 +245,8 @@ TEST_F(Removal, a_backup_that_does_not_fit_is_said_before_anything_is_touched) {
   EXPECT_THAT(program->wait_for_message().text, HasSubstr("¿Empezar de todos modos?"));
   program->picture_of_screen("removal-room-question");
   program->answer_message(IDNO);
-  wait_report();
+  use("BacUp");
+  program->wait_until("the refusal", [&] { return !program->visible("cmdParar"); });
   EXPECT_EQ(program->text("LabelResultado"),
             "No se ha borrado nada. La copia no cabe en " + path("copias"));
   EXPECT_TRUE(exists(unused(0)));
@@ -298,10 +299,10 @@ class RemovalWithoutBin : public Removal {
   static constexpr const char* kFolder = "F:\\ordelan_sin_papelera";
 };
 
-TEST_F(RemovalWithoutBin, files_stay_after_a_no) {
+TEST_F(RemovalWithoutBin, files_stay_after_enter_is_pressed) {
   begin_run();
   program->picture_of_screen("removal-no-bin-question");
-  program->answer_message(IDNO);
+  program->key(VK_RETURN);  // presses the careful button
   wait_report();
   EXPECT_EQ(program->text("LabelResultado"), "0 de 2 borrados");
   EXPECT_THAT(program->rows("ListNoBorrados"),

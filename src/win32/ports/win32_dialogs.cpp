@@ -87,7 +87,7 @@ UINT buttons_of(system::Buttons buttons) {
     case system::Buttons::ok_cancel:
       return MB_OKCANCEL;
     case system::Buttons::yes_no:
-      return MB_YESNO;
+      return MB_YESNO | MB_DEFBUTTON2;  // Enter presses the careful button
     case system::Buttons::ok:
       break;
   }
