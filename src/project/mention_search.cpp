@@ -26,7 +26,8 @@ constexpr std::array<bool, 256> kInPath = [] {
   return table;
 }();
 
-constexpr std::array<bool, 256> kOpens = such("=,;'([{");
+// The last four are quotes.
+constexpr std::array<bool, 256> kOpens = such("=,;'([{#`\x91\x92\x93\x94");
 
 bool holds(const std::array<bool, 256>& table, int c) {
   return c >= 0 && table[static_cast<std::size_t>(c)];
@@ -127,7 +128,8 @@ bool MentionSearch::look_before(Reading reading, std::size_t dot, std::size_t en
     if (reading != Reading::utf8 || high) {
       if (extension.whole && name_.size() <= kLongestName && names_.lengths_[name_.size()]) {
         const auto group = names_.find(hash, name_);
-        if (group && is_mention(reading, at, end, name_.size())) report(reading, *group, at, end);
+        const Found found = group ? mention_at(reading, at, end, name_.size()) : Found::no;
+        if (found != Found::no) report(reading, *group, at, end, found);
       }
       const std::size_t base = name_.size() - after_base;
       if (extension.cut && base >= 3 && base <= kShortBase) {
@@ -165,23 +167,28 @@ void MentionSearch::look_for_short(Reading reading, std::size_t begin, std::size
                       short_groups_);
   }
   if (short_groups_.empty()) return;
-  if (!is_mention(reading, begin, end, base.size() + 1 + extension.text.size())) return;
-  for (const MentionNames::Group group : short_groups_) report(reading, group, begin, end);
+  const Found found = mention_at(reading, begin, end, base.size() + 1 + extension.text.size());
+  if (found == Found::no) return;
+  for (const MentionNames::Group group : short_groups_) report(reading, group, begin, end, found);
 }
 
-bool MentionSearch::is_mention(Reading reading, std::size_t begin, std::size_t end,
-                               std::size_t letters) {
-  if (length_before(reading, begin, end, letters)) return true;
-  if (!begins(reading, begin)) return false;
-  if (ends(reading, end)) return true;
+MentionSearch::Found MentionSearch::mention_at(Reading reading, std::size_t begin, std::size_t end,
+                                               std::size_t letters) {
+  if (length_before(reading, begin, end, letters)) return Found::firm;
+  if (!begins(reading, begin)) return Found::no;
+  if (ends(reading, end)) return Found::firm;
   const PathStart& start = path_start(reading, begin);
-  if (start.drive && path_length_before(reading, *start.drive - start_, end)) return true;
-  if (!start.run) return false;
+  if (start.drive) {
+    if (path_length_before(reading, *start.drive - start_, end)) return Found::firm;
+    return next(reading, end).c == '.' ? Found::no : Found::loose;
+  }
+  if (!start.run) return Found::no;
   // A relative path. Its length may itself look like one more character.
   const std::size_t unit = reading == Reading::utf16 ? 2 : 1;
   const std::size_t run = *start.run - start_;
-  return path_length_before(reading, run, end) ||
-         (run + unit <= begin && path_length_before(reading, run + unit, end));
+  const bool length = path_length_before(reading, run, end) ||
+                      (run + unit <= begin && path_length_before(reading, run + unit, end));
+  return length ? Found::firm : Found::no;
 }
 
 bool MentionSearch::begins(Reading reading, std::size_t at) const {
@@ -191,7 +198,10 @@ bool MentionSearch::begins(Reading reading, std::size_t at) const {
     const std::size_t unit = reading == Reading::utf16 ? 2 : 1;
     if (at < unit) return true;
     const Symbol symbol = before(reading, at);
-    if (symbol.c != ' ') return holds(kNever, symbol.c) || holds(kOpens, symbol.c);
+    if (symbol.c != ' ') {
+      // A character that the code page lacks may be a number in UTF-16, or a mark of the encoding.
+      return symbol.c == kForeign || holds(kNever, symbol.c) || holds(kOpens, symbol.c);
+    }
     at -= symbol.size;
   }
   return true;
@@ -287,7 +297,7 @@ const MentionSearch::PathStart& MentionSearch::path_start(Reading reading, std::
 }
 
 void MentionSearch::report(Reading reading, MentionNames::Group group, std::size_t begin,
-                           std::size_t end) {
+                           std::size_t end, Found found) {
   path_.clear();
   other_.clear();
   const auto drive = path_start(reading, begin).drive;
@@ -306,12 +316,17 @@ void MentionSearch::report(Reading reading, MentionNames::Group group, std::size
       }
     }
   }
-  key_.clear();
+  bool firm = found == Found::firm;
+  if (!firm && path_.empty()) {
+    if (!drive || seen_text_ < kMostText) return;  // the path cannot be the file's
+    firm = true;
+  }
+  key_.assign(1, firm ? '1' : '0');
   for (std::size_t i = 0; i < sizeof group; ++i) key_ += static_cast<char>(group >> (8 * i));
   key_.append(path_).append(1, '\0').append(other_);
   if (!seen_.insert(key_).second) return;
   seen_text_ += path_.size() + other_.size();
-  report_({group, path_, other_});
+  report_({group, path_, other_, firm});
 }
 
 // A part of the buffer in the code page. False where it does not fit.

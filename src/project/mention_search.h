@@ -22,9 +22,9 @@ namespace ordelan::project {
 //
 // Names are found in code-page text, in UTF-8 and in UTF-16 (low byte first, at any offset), letter
 // case ignored. A name begins at the start of the file, after a character that no file name holds,
-// after one of = , ; ' ( [ { and after blanks after these. It does not end before a letter, a
-// digit,
-// "_" or "-", nor before a dot with a letter or digit. But where a length stands before a name, or
+// after one of = , ; ' ( [ { # and quotes, after a character that the code page lacks, and after
+// blanks after these. It does not end before a letter, a digit, "_" or "-", nor before a dot with a
+// letter or digit. But where a length stands before a name, or
 // before its path, and equals its own, it is a mention whatever is next to it.
 class MentionSearch {
  public:
@@ -35,6 +35,10 @@ class MentionSearch {
     // which `other_path` is that of UTF-8; otherwise it is empty. Both are gone after the call.
     std::string_view path;
     std::string_view other_path;
+    // False where more letters follow, as in "D:\\Mix\\a.wavD:\\Mix\\b.wav": what ends a text in a
+    // project need not be a character that ends a name. The path then says something if it leads
+    // to the file, and nothing if it does not.
+    bool firm;
   };
   using Report = std::function<void(const Mention& mention)>;
 
@@ -79,7 +83,8 @@ class MentionSearch {
                    const MentionNames::Extension& extension);
   void look_for_short(Reading reading, std::size_t begin, std::size_t end, std::string_view base,
                       const MentionNames::Extension& extension);
-  bool is_mention(Reading reading, std::size_t begin, std::size_t end, std::size_t letters);
+  enum class Found { no, loose, firm };
+  Found mention_at(Reading reading, std::size_t begin, std::size_t end, std::size_t letters);
   bool begins(Reading reading, std::size_t at) const;
   bool ends(Reading reading, std::size_t at) const;
   bool ends_in(Reading reading, std::size_t at) const;
@@ -87,7 +92,8 @@ class MentionSearch {
                      std::size_t letters) const;
   bool path_length_before(Reading reading, std::size_t begin, std::size_t end) const;
   const PathStart& path_start(Reading reading, std::size_t begin);
-  void report(Reading reading, MentionNames::Group group, std::size_t begin, std::size_t end);
+  void report(Reading reading, MentionNames::Group group, std::size_t begin, std::size_t end,
+              Found found);
   bool decode(Reading reading, std::size_t begin, std::size_t end, std::string& text) const;
 
   Symbol next(Reading reading, std::size_t at) const;

@@ -42,6 +42,7 @@ struct Line {
   Group group;
   std::uint32_t path;
   std::uint32_t other_path;
+  bool firm;  // without it the paths say something only where they lead to a row's file
 };
 
 struct Said {
@@ -93,12 +94,13 @@ class ProjectMentions::Look {
     found.add_below(folders);
     if (ended_) return std::nullopt;
     unread_ = found.unread();
+    why_unread_ = found.why_unread();
     projects_ = found.paths();
     if (unread_.empty()) read_projects();
     if (ended_) return std::nullopt;
     std::vector<RowMention> result(rows.size());
     if (!unread_.empty()) {
-      result.assign(rows.size(), {Mentioned::unread, unread_});
+      result.assign(rows.size(), {all_kept(why_unread_), unread_});
     } else if (!judge(rows, result)) {
       return std::nullopt;
     }
@@ -106,6 +108,11 @@ class ProjectMentions::Look {
   }
 
  private:
+  static Mentioned all_kept(VipFiles::WhyUnread why) {
+    if (why == VipFiles::WhyUnread::linked) return Mentioned::linked;
+    return why == VipFiles::WhyUnread::unnamed ? Mentioned::unnamed : Mentioned::unread;
+  }
+
   // What a path leads to, asked once.
   struct Target {
     bool asked = false;
@@ -222,8 +229,12 @@ class ProjectMentions::Look {
     const auto names = state_->names;
     const auto report = [&](const MentionSearch::Mention& mention) {
       const bool full = state_->lines + lines.size() >= kMostLines;
-      lines.push_back({mention.group, full ? 0 : state_->number_of(mention.path),
-                       full ? 0 : state_->number_of(mention.other_path)});
+      const std::uint32_t path = full ? 0 : state_->number_of(mention.path);
+      const std::uint32_t other = full ? 0 : state_->number_of(mention.other_path);
+      // Where there was no room for its path it may be the file's.
+      const bool firm = mention.firm || (path == 0 && !mention.path.empty()) ||
+                        (other == 0 && !mention.other_path.empty());
+      lines.push_back({mention.group, path, other, firm});
     };
     MentionSearch search(*names, report);
     std::vector<std::uint8_t> block(kBlock);
@@ -255,11 +266,12 @@ class ProjectMentions::Look {
         if (ended_) return false;
         GroupSaid& said = said_[line.group];
         if (!file && !other_file) {
+          if (!line.firm) continue;
           say(said, line.path == 0 ? Mentioned::without_path : Mentioned::path_missing, project);
           continue;
         }
         if (!identify(rows)) return false;
-        if (!std::exchange(said.other_file, true)) said.other_project = project;
+        if (line.firm && !std::exchange(said.other_file, true)) said.other_project = project;
         for (const auto& one : {file, other_file}) {
           if (one) keep_file(*one, project, result);
         }
@@ -367,6 +379,7 @@ class ProjectMentions::Look {
   bool ended_ = false;
   bool asked_rows_ = false;
   std::string unread_;
+  VipFiles::WhyUnread why_unread_ = VipFiles::WhyUnread::unreadable;
   std::vector<std::vector<std::uint32_t>> rows_of_;  // by name
   std::vector<std::string> projects_;
   std::unordered_map<std::string, bool> folders_;  // of paths: whether they exist

@@ -20,12 +20,15 @@ enum class Mentioned {
   without_path,  // its name is mentioned without a drive's path that can be read
   path_missing,  // a path with its name leads to no file: the row may be the lost file
   by_path,       // a path leads to its file
-  unread         // some project or folder could not be read whole: all rows are kept
+  // For all rows, as something was not searched:
+  linked,   // a folder is only a link, to where nothing is searched
+  unnamed,  // the code page lacks the name of a folder or project
+  unread    // some project or folder could not be read whole
 };
 
 struct RowMention {
   Mentioned mentioned = Mentioned::no;
-  // The first project that does so; what could not be read; empty where no project is concerned.
+  // The first project that does so; what was not searched; empty where no project is concerned.
   std::string project;
   bool kept() const { return mentioned != Mentioned::no; }
 };

@@ -25,7 +25,8 @@ bool may_be_project(std::string_view name) {
 bool is_systems_own(std::string_view folder) {
   const std::string root = text::root(folder).size() == 3 ? text::lower(folder.substr(3)) : "";
   return root == "system volume information\\" || root == "lost+found\\" ||
-         root.starts_with("$recycle.bin\\");
+         root == "windowsapps\\" || root.starts_with("$recycle.bin\\") ||
+         root.starts_with(".trash-");
 }
 
 }  // namespace
@@ -67,7 +68,9 @@ void VipFiles::list(const std::string& here, std::vector<std::string>& below,
   const auto visit = [&](const system::FileInfo& entry) {
     // Copied first: a handler may list another folder into the same entry.
     const std::string path = text::path_of(here, entry.name);
-    if (entry.folder) {
+    if (entry.folder && entry.link && entry.hidden && entry.system) {
+      // Windows' own for old programs, as in the folder of documents, which nobody may list.
+    } else if (entry.folder) {
       (entry.link ? links : below).push_back(path + "\\");
     } else if (may_be_project(entry.name)) {
       add(path);
@@ -75,10 +78,13 @@ void VipFiles::list(const std::string& here, std::vector<std::string>& below,
     return step();
   };
   const auto unnamed = [&](const system::UnnamedEntry& entry) {
-    if (entry.folder || may_be_project(entry.shown)) unread_ = here + entry.shown;
+    if (!entry.folder && !may_be_project(entry.shown)) return;
+    unread_ = here + entry.shown;
+    why_unread_ = WhyUnread::unnamed;
   };
   if (!files_.each(here, system::Detail::names, visit, unnamed) && !is_systems_own(here)) {
     unread_ = here;
+    why_unread_ = WhyUnread::unreadable;
   }
 }
 
@@ -95,6 +101,7 @@ void VipFiles::follow(const std::vector<std::string>& links) {
     const auto identity = files_.identity(link);
     if (identity && walked.contains(*identity)) continue;
     unread_ = link.substr(0, link.size() - 1);
+    why_unread_ = WhyUnread::linked;
     return;
   }
 }

@@ -29,6 +29,8 @@ class VipFiles {
   // those of the system in the root of a drive, which nobody may read), a folder or project that
   // the code page cannot name, a link to a folder that is not searched too.
   const std::string& unread() const { return unread_; }
+  enum class WhyUnread { unreadable, linked, unnamed };
+  WhyUnread why_unread() const { return why_unread_; }
 
  private:
   void list(const std::string& here, std::vector<std::string>& below,
@@ -45,6 +47,7 @@ class VipFiles {
   std::vector<std::string> walked_;        // folders
   std::unordered_set<std::string> folders_;
   std::string unread_;
+  WhyUnread why_unread_ = WhyUnread::unreadable;
 };
 
 }  // namespace ordelan::project

@@ -42,6 +42,10 @@ std::string of(const project::RowMention& row) {
     case Mentioned::unidentified:
       if (row.project.empty()) return "su nombre no se puede buscar en los proyectos";
       return "puede ser el archivo que nombra " + row.project;
+    case Mentioned::linked:
+      return "no se busca en la carpeta enlazada " + row.project;
+    case Mentioned::unnamed:
+      return "no se puede leer, por las letras de su nombre, " + row.project;
     case Mentioned::unread:
       return "no se ha podido leer entero " + row.project;
     case Mentioned::no:

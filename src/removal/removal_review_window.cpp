@@ -212,7 +212,15 @@ void ParaBorrar::look_at_projects() {
         return is_last();
       });
   if (number != removal.state.looks || !removal.work.windows.visible(kName)) return;
-  removal.work.windows.find<ParaBorrar>()->show_kept(kept.value_or(std::vector<Kept>()));
+  auto& review = *removal.work.windows.find<ParaBorrar>();
+  if (kept) {
+    review.show_kept(*kept);
+  } else if (review.cmdHecho.visible()) {
+    // Another job has ended the look; it begins anew as soon as that has ended.
+    review.TimerComprobar.start();
+  } else {
+    review.show_kept({});
+  }
 }
 
 void ParaBorrar::show_kept(const std::vector<Kept>& kept) {

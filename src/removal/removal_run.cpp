@@ -50,6 +50,7 @@ RemovalRun::RemovalRun(const RemovalContext& removal, BacUp& options)
 bool RemovalRun::begin() {
   review_ = context_.windows.touch<ParaBorrar>();
   if (review_ == nullptr || context_.windows.touch<FormNoBorrar>() == nullptr) return false;
+  stop_waiting_ = state_.CancelarBorrado;
   order_ = {options_.CheckBackup.checked(),         options_.CheckBorrar.checked(),
             options_.CheckBorraAsociados.checked(), options_.CheckComprobar.checked(),
             review_->CheckVaciarPapelera.checked(), review_->CheckBorrarPapelera.checked(),
@@ -184,11 +185,7 @@ void RemovalRun::look_at_rows() {
     check_.look_at_side_files(*context_.lists.List1.kept_rows(), *job_);
   }
   if (order_.CheckComprobar && !job_->superseded()) {
-    const auto go_on = [this, waiting = state_.CancelarBorrado] {
-      job_->turn();
-      return !job_->superseded() && windows_open() && (waiting || !state_.CancelarBorrado);
-    };
-    check_.read_again(rows_to_search(*rows, *context_.lists.List1.kept_rows()), go_on);
+    read_again();
   }
 }
 
@@ -196,12 +193,15 @@ void RemovalRun::run() {
   options_.LabelResultado.set_caption("Comprobando los proyectos...");
   options_.LabelResultado.set_visible(order_.CheckComprobar);
   look_at_rows();
-  if (!job_->superseded() && windows_open() && !may_begin()) {
+  const auto goes_on = [this] { return !job_->superseded() && windows_open() && !stop_asked(); };
+  if (goes_on() && !may_begin()) {
     state_.begun = false;
+    state_.CancelarBorrado = false;
     refuse("La copia no cabe en " + state_.RutaBackup);
     return;
   }
-  if (job_->superseded() || !windows_open()) {
+  if (!goes_on() || (asked_ && !still_current())) {
+    if (stop_asked()) show_cancelled();
     end();
     return;
   }
@@ -212,7 +212,10 @@ void RemovalRun::run() {
   // The bin is emptied with a question, whatever CheckConfirmar says: it holds what others put
   // there.
   system::Shell& shell = context_.platform.shell;
-  if (order_.CheckVaciarPapelera) VaciarPapelera(shell, "", false).ignore();
+  if (order_.CheckVaciarPapelera) {
+    VaciarPapelera(shell, "", false).ignore();
+    if (order_.CheckComprobar) still_current();
+  }
   if (order_.CheckBorraAsociados) BorrarAsociados();
   if (backup_) backup_->begin_log().ignore();  // a row whose line cannot be written stays
   show_bar(review_->ListBorrar.count());
@@ -239,7 +242,10 @@ void RemovalRun::show_bar(std::size_t rows) {
 
 void RemovalRun::plain_branch() {
   // What BorrarAsociados has just sent to the bin goes with it.
-  if (order_.CheckVaciarPapelera) VaciarPapelera(context_.platform.shell, "", false).ignore();
+  if (order_.CheckVaciarPapelera) {
+    VaciarPapelera(context_.platform.shell, "", false).ignore();
+    if (order_.CheckComprobar) still_current();
+  }
   if (auto* const folders = context_.windows.touch<FormNoBorrar>()) folders->LeerRutasNoBorrados();
   const std::size_t rows = review_->ListBorrar.count();
   for (std::size_t i = 0; i < rows; ++i) {

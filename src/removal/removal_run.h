@@ -99,6 +99,9 @@ class RemovalRun {
   void report();
   void keep(const std::string& row, std::string motivo, std::string proyecto = {});
   void look_at_rows();
+  void read_again();
+  bool stop_asked() const;
+  bool still_current();
   bool may_begin();
   bool asks_of_bins(const RunTotals& totals);
   bool asks_of_room(const RunTotals& totals);
@@ -122,6 +125,8 @@ class RemovalRun {
   std::unordered_set<std::string> uncopied_;  // rows whose copy has failed
   std::optional<BackupFolder> backup_;
   RunSizes sizes_;
+  bool stop_waiting_ = false;  // a stop was asked for before the run
+  bool asked_ = false;         // a question stood since the projects were read
   WithoutBin without_bin_ = WithoutBin::stay;
 };
 

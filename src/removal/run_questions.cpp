@@ -1,10 +1,31 @@
-// The part of a run that asks before the first file is touched.
+// The part of a run that reads the projects again and asks before the first file is touched.
 #include "removal/backup_options_window.h"
 #include "removal/removal_review_window.h"
 #include "removal/removal_run.h"
 #include "removal/run_totals.h"
 
 namespace ordelan::removal {
+
+// What has changed since the last time, and at first all.
+void RemovalRun::read_again() {
+  const auto rows = review_->ListBorrar.kept_rows();
+  check_.read_again(rows_to_search(*rows, *context_.lists.List1.kept_rows()), [this] {
+    job_->turn();
+    return !job_->superseded() && windows_open() && !stop_asked();
+  });
+}
+
+// Whether the user has asked for a stop since the run began: an older order waits for the first
+// row.
+bool RemovalRun::stop_asked() const {
+  return state_.CancelarBorrado && !stop_waiting_;
+}
+
+// After a question, which may have stood for hours. False where the run has to end.
+bool RemovalRun::still_current() {
+  if (order_.CheckComprobar && !job_->superseded() && windows_open()) read_again();
+  return !job_->superseded() && windows_open() && !stop_asked();
+}
 
 // What goes as far as it is known before the first row, with the drives whose bin is no help.
 RunTotals RemovalRun::totals() const {
@@ -34,6 +55,7 @@ bool RemovalRun::asks_of_room(const RunTotals& totals) {
   const system::Message question{
       "Copia de seguridad", line + "\r\n\r\n¿Empezar de todos modos? Lo que no quepa se conserva.",
       system::Icon::exclamation, system::Buttons::yes_no};
+  asked_ = true;
   return context_.platform.dialogs.message(question) == system::Answer::yes;
 }
 
@@ -44,6 +66,7 @@ bool RemovalRun::asks_of_bins(const RunTotals& totals) {
   const system::Message question{"Papelera de reciclaje",
                                  text + "\r\n¿Borrarlos para siempre? Si no, se conservan.",
                                  system::Icon::exclamation, system::Buttons::yes_no};
+  asked_ = true;
   return context_.platform.dialogs.message(question) == system::Answer::yes;
 }
 

@@ -93,9 +93,11 @@ bool starts(Way way, const std::string& file, std::size_t at) {
   if (blanks == 256) return true;
   if (at < (way == Way::wide ? 2u : 1u)) return true;
   const Character before = read_before(way, file, at);
-  if (before.point < 0 || before.c < 0) return false;
+  if (before.point < 0) return false;
+  if (before.c < 0) return true;
   return impossible(before.c) ||
-         std::string("=,;'([{").find(static_cast<char>(before.c)) != std::string::npos;
+         std::string("=,;'([{#`\x91\x92\x93\x94").find(static_cast<char>(before.c)) !=
+             std::string::npos;
 }
 
 bool stops(Way way, const std::string& file, std::size_t at) {
@@ -206,17 +208,17 @@ std::optional<std::string> reading(Way way, const std::string& part) {
 }
 
 LiteralMention mention(Way way, const std::string& file, std::size_t name, std::size_t begin,
-                       std::size_t end) {
+                       std::size_t end, bool firm) {
   const Before before = before_name(way, file, begin);
-  if (!before.drive) return {name, "", ""};
+  if (!before.drive) return {name, "", "", firm};
   const std::string own = reading(way, file.substr(begin, end - begin)).value();
   const std::string folder = file.substr(*before.drive, begin - *before.drive);
   if (way == Way::wide) {
     const auto wide = reading(way, folder);
-    return {name, wide ? *wide + own : "", ""};
+    return {name, wide ? *wide + own : "", "", firm};
   }
   const auto utf8 = reading(Way::utf8, folder);
-  return {name, folder + own, utf8 && *utf8 != folder ? *utf8 + own : ""};
+  return {name, folder + own, utf8 && *utf8 != folder ? *utf8 + own : "", firm};
 }
 
 bool ascii(int c) {
@@ -319,7 +321,13 @@ std::set<LiteralMention> literal_mentions(const std::vector<std::string>& names,
           const bool cut = may_be_short && literally_short(text, folded[i]);
           if (!same && !cut) continue;
           if (!here) here = mentioned(way, file, begin, end, text.size());
-          if (*here) found.insert(mention(way, file, i, begin, end));
+          if (*here) {
+            found.insert(mention(way, file, i, begin, end, true));
+          } else if (starts(way, file, begin) && read(way, file, end).c != '.') {
+            // Only a path can make up for the missing end.
+            const LiteralMention loose = mention(way, file, i, begin, end, false);
+            if (!std::get<1>(loose).empty()) found.insert(loose);
+          }
         }
       }
     }

@@ -9,8 +9,9 @@
 
 namespace ordelan::test {
 
-// A name's place among the names, the path by which it is mentioned, and that path read as UTF-8.
-using LiteralMention = std::tuple<std::size_t, std::string, std::string>;
+// A name's place among the names, the path by which it is mentioned, that path read as UTF-8, and
+// whether the mention ends as names do.
+using LiteralMention = std::tuple<std::size_t, std::string, std::string, bool>;
 
 std::set<LiteralMention> literal_mentions(const std::vector<std::string>& names,
                                           const std::string& file);

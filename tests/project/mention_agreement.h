@@ -21,7 +21,8 @@ inline std::set<LiteralMention> found_mentions(const std::vector<std::string>& n
   std::set<LiteralMention> found;
   project::MentionSearch search(table, [&](const project::MentionSearch::Mention& mention) {
     for (const std::size_t name : table.names_of(mention.group)) {
-      found.insert({name, std::string(mention.path), std::string(mention.other_path)});
+      found.insert(
+          {name, std::string(mention.path), std::string(mention.other_path), mention.firm});
     }
   });
   for (std::size_t at = 0; at < file.size(); at += piece) {

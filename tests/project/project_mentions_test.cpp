@@ -187,6 +187,32 @@ TEST_F(ProjectMentionsTest, all_rows_stay_where_a_folder_cannot_be_listed) {
               is(Mentioned::unread, "D:\\nada\\"));
 }
 
+TEST_F(ProjectMentionsTest, a_path_to_the_file_keeps_it_whatever_letters_follow) {
+  for (const std::string after : {"D:\\Mix\\b.wav", "_1", "LIST", "2", "-x"}) {
+    project("D:\\Mix\\a.wav" + after);
+    EXPECT_THAT(look_at_a(), is(Mentioned::by_path, "D:\\Mix\\tema.vip")) << after;
+  }
+  project("D:\\Otra\\a.wav_1");
+  EXPECT_THAT(look_at_a(), free()) << "it leads to another file";
+  project("D:\\Nada\\a.wave");
+  EXPECT_THAT(look_at_a(), free()) << "a path to nowhere with another ending is no lost file";
+  project("D:\\Mix\\a.wav.bak");
+  EXPECT_THAT(look_at_a(), free());
+}
+
+TEST_F(ProjectMentionsTest, a_name_in_quotes_or_after_a_number_is_one) {
+  for (const std::string before : {"\x93", "`", "#", "\x91"}) {
+    project("nota " + before + "a.wav");
+    EXPECT_THAT(look_at_a(), is(Mentioned::without_path, "D:\\Mix\\tema.vip")) << before;
+  }
+  project(std::string("\xFF\xFE") + std::string("a\0.\0w\0a\0v\0", 10));
+  EXPECT_THAT(look_at_a(), is(Mentioned::without_path, "D:\\Mix\\tema.vip")) << "a byte order mark";
+  project(
+      "\xEF\xBB\xBF"
+      "a.wav");
+  EXPECT_THAT(look_at_a(), is(Mentioned::without_path, "D:\\Mix\\tema.vip"));
+}
+
 TEST_F(ProjectMentionsTest, folders_of_the_system_in_the_root_of_a_drive_keep_nothing) {
   for (const char* folder : {"D:\\System Volume Information", "D:\\$RECYCLE.BIN",
                              "D:\\$RECYCLE.BIN\\S-1-5-18", "D:\\lost+found"}) {

@@ -25,6 +25,7 @@ struct RunAttack : ::testing::Test, RemovalBench {
     ui::Key key{46};
     review().on_key_down(key);
   }
+  void removal_stop() { options().cmdParar.on_click(); }
   void choose_folder(const std::string& below) {
     set(true, true, false);
     disk.make_folder(below);
@@ -223,6 +224,47 @@ TEST_F(RunAttack, a_log_that_cannot_be_read_leaves_nothing_of_the_one_before) {
   EXPECT_FALSE(recovery().cmdRecuperar.visible());
   EXPECT_TRUE(recovery().log().empty());
   EXPECT_THAT(recovery().Label1.caption(), HasSubstr("lo tiene abierto otro programa"));
+}
+
+TEST_F(RunAttack, a_stop_during_the_look_ends_the_run_before_anything_is_touched) {
+  open_studio({"Mix\\a.wav", "Mix\\a.h2"});
+  form.lists.List1.add(disk.path("Mix\\a.h2"));
+  set(true, true, true);
+  review().CheckVaciarPapelera.set_checked(true);
+  disk.make_folder("Copias");
+  dialogs.folders.push_back(disk.path("Copias"));
+  review().cmdHecho_Click();
+  in_the_middle([&] { return options().cmdParar.visible(); },
+                [&] { options().cmdParar.on_click(); });
+  folder_window().cmdCarpetaBorrar_Click();
+  EXPECT_TRUE(there("Mix\\a.wav"));
+  EXPECT_TRUE(there("Mix\\a.h2"));
+  EXPECT_EQ(shell.emptied, 0);
+  EXPECT_FALSE(there("Copias\\Archivos_Borrados.log"));
+  EXPECT_EQ(options().LabelInfo.caption(), " >> Se han Cancelado todas las operaciones << ");
+  EXPECT_FALSE(outcome().CancelarBorrado);
+}
+
+TEST_F(RunAttack, a_project_that_is_saved_while_a_question_stands_is_read_again) {
+  open_studio({"Mix\\a.wav", "Mix\\b.wav"});
+  shell.without_bin.insert("D:\\");
+  review().CheckBorrarPapelera.set_checked(true);
+  dialogs.answers.push_back(system::Answer::yes);
+  dialogs.on_dialog = [&] { project("Mix\\nuevo.vip", {"Mix\\b.wav"}); };
+  remove();
+  EXPECT_FALSE(there("Mix\\a.wav"));
+  EXPECT_TRUE(there("Mix\\b.wav"));
+  EXPECT_EQ(reason("Mix\\b.wav"), "lo nombra " + disk.path("Mix\\nuevo.vip"));
+}
+
+TEST_F(RunAttack, a_no_to_a_backup_without_room_takes_the_stop_of_that_run_along) {
+  open_studio({"Mix\\a.wav", "Mix\\b.wav"});
+  drives.drives.begin()->second.space.free = 1;
+  dialogs.answers.push_back(system::Answer::no);
+  dialogs.on_dialog = [&] { removal_stop(); };
+  remove_with_backup("Copias");
+  EXPECT_TRUE(there("Mix\\a.wav"));
+  EXPECT_FALSE(outcome().CancelarBorrado);
 }
 
 }  // namespace
