@@ -206,13 +206,18 @@ TEST_F(Look, of_the_drives_shows_a_box_for_each) {
   take("drives");
 }
 
-TEST_F(Look, of_a_review_of_a_drive_without_a_bin) {
-  const std::string folder = "F:\\ordelan_aspecto";
-  std::filesystem::create_directories(folder);
-  for (const char* name : {"usado.wav", "usado2.wav", "toma 1.wav", "toma 2.wav"}) {
-    std::ofstream(folder + "\\" + name) << name;
-  }
-  std::ofstream(folder + "\\tema.vip", std::ios::binary) << project_of({folder + "\\usado.wav"});
+TEST_F(Look, of_a_review_with_kept_rows_of_a_drive_without_a_bin) {
+  const std::string folder = "F:\\Mezcla";
+  const auto put = [&](const std::string& name, const std::string& bytes) {
+    std::ofstream(folder + "\\" + name, std::ios::binary) << bytes;
+  };
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder + "\\Antiguos");
+  put("usado.wav", "used");
+  for (int i = 0; i < 24; ++i) put("toma " + std::to_string(1000 + i) + ".wav", "a take");
+  put("tema.vip", project_of({folder + "\\usado.wav"}));
+  put("Antiguos\\ensayo_BAK.vip", folder + "\\toma 1004.wav");
+  put("Antiguos\\gira.vip", "E:\\Gira\\toma 1009.wav");
   start();
   open(folder + "\\tema.vip");
   wait_decoded();
@@ -220,7 +225,8 @@ TEST_F(Look, of_a_review_of_a_drive_without_a_bin) {
   program->use_window("BacUp");
   program->click("cmdBorrar");
   program->use_window("ParaBorrar");
-  program->wait_until("the line about the bin", [&] { return program->visible("LabelPapelera"); });
+  program->wait_until("what is kept", [&] { return program->visible("ListConservados"); });
+  EXPECT_TRUE(program->visible("LabelPapelera"));
   take("review-bin", "ListStatus");
   program.reset();
   std::filesystem::remove_all(folder);

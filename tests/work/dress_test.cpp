@@ -97,9 +97,9 @@ TEST_F(Dress, controls_of_one_window_do_not_cover_each_other_unless_they_take_tu
       "LabelCount", "LabelAdd", "LabelErase", "List1", "cmdCancelar", "CommandBorrado", "List2",
       "Text1", "CheckLogo", "CheckDragDrop", "ListProyectosInfo", "XP_ProgressBar1",
       // Texts that a click puts away, what a run says in place of the words before it, the boxes in
-      // their list, and what a recovery shows at its end.
+      // their list, what a recovery shows at its end, and the list for which another makes room.
       "AvisoAsociados", "TextAviso", "AvisoSound", "AvisoBack", "AvisoNoBorrados", "LabelEspera",
-      "ListStatus", "ListNoRecuperados", "LabelCerrar"};
+      "ListStatus", "ListNoRecuperados", "LabelCerrar", "ListConservados"};
   for (const ui::Window* const window : windows) {
     const auto& all = window->controls();
     for (std::size_t i = 0; i < all.size(); ++i) {
