@@ -26,8 +26,8 @@ constexpr std::array<bool, 256> kInPath = [] {
   return table;
 }();
 
-// The last four are quotes.
-constexpr std::array<bool, 256> kOpens = such("=,;'([{#`\x91\x92\x93\x94");
+// The last ones are quotes and what begins a question; a mark of UTF-8 ends with the last.
+constexpr std::array<bool, 256> kOpens = such("=,;'([{#`\x91\x92\x93\x94\xA1\xBF");
 
 bool holds(const std::array<bool, 256>& table, int c) {
   return c >= 0 && table[static_cast<std::size_t>(c)];
@@ -199,8 +199,9 @@ bool MentionSearch::begins(Reading reading, std::size_t at) const {
     if (at < unit) return true;
     const Symbol symbol = before(reading, at);
     if (symbol.c != ' ') {
-      // A character that the code page lacks may be a number in UTF-16, or a mark of the encoding.
-      return symbol.c == kForeign || holds(kNever, symbol.c) || holds(kOpens, symbol.c);
+      // A character that the code page lacks may be a number, or a mark of the encoding.
+      const bool foreign = reading == Reading::utf16 && symbol.c == kForeign;
+      return foreign || holds(kNever, symbol.c) || holds(kOpens, symbol.c);
     }
     at -= symbol.size;
   }

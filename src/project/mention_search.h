@@ -22,10 +22,10 @@ namespace ordelan::project {
 //
 // Names are found in code-page text, in UTF-8 and in UTF-16 (low byte first, at any offset), letter
 // case ignored. A name begins at the start of the file, after a character that no file name holds,
-// after one of = , ; ' ( [ { # and quotes, after a character that the code page lacks, and after
-// blanks after these. It does not end before a letter, a digit, "_" or "-", nor before a dot with a
-// letter or digit. But where a length stands before a name, or
-// before its path, and equals its own, it is a mention whatever is next to it.
+// after one of = , ; ' ( [ { # and quotes, in UTF-16 after a character that the code page lacks,
+// and after blanks after these. It does not end before a letter, a digit, "_" or "-", nor before a
+// dot with a letter or digit. But where a length stands before a name, or before its path, and
+// equals its own, it is a mention whatever is next to it.
 class MentionSearch {
  public:
   struct Mention {

@@ -19,7 +19,6 @@ namespace {
 
 using system::FileIdentity;
 using Group = MentionNames::Group;
-
 constexpr std::size_t kBlock = std::size_t{1} << 17;  // what is read at once
 constexpr std::size_t kPiece = std::size_t{1} << 14;  // what is searched between two turns
 constexpr std::size_t kSteps = 64;                    // small steps between two turns
@@ -29,8 +28,7 @@ constexpr std::size_t kMostLines = 2'000'000;
 
 // By what a project is recognised as unchanged.
 struct Stamp {
-  std::uint64_t size = 0;
-  std::uint64_t listed_size = 0;
+  std::uint64_t size = 0, listed_size = 0;
   double modified = 0;
   std::uint64_t number = 0;
   std::optional<FileIdentity> identity;
@@ -40,8 +38,7 @@ struct Stamp {
 // What a project says: names, and by what path. 0 is no path.
 struct Line {
   Group group;
-  std::uint32_t path;
-  std::uint32_t other_path;
+  std::uint32_t path, other_path;
   bool firm;  // without it the paths say something only where they lead to a row's file
 };
 
@@ -100,7 +97,11 @@ class ProjectMentions::Look {
     if (ended_) return std::nullopt;
     std::vector<RowMention> result(rows.size());
     if (!unread_.empty()) {
-      result.assign(rows.size(), {all_kept(why_unread_), unread_});
+      using Why = VipFiles::WhyUnread;
+      result.assign(rows.size(), {why_unread_ == Why::linked    ? Mentioned::linked
+                                  : why_unread_ == Why::unnamed ? Mentioned::unnamed
+                                                                : Mentioned::unread,
+                                  unread_});
     } else if (!judge(rows, result)) {
       return std::nullopt;
     }
@@ -108,11 +109,6 @@ class ProjectMentions::Look {
   }
 
  private:
-  static Mentioned all_kept(VipFiles::WhyUnread why) {
-    if (why == VipFiles::WhyUnread::linked) return Mentioned::linked;
-    return why == VipFiles::WhyUnread::unnamed ? Mentioned::unnamed : Mentioned::unread;
-  }
-
   // What a path leads to, asked once.
   struct Target {
     bool asked = false;

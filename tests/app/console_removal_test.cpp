@@ -173,7 +173,7 @@ TEST_F(ConsoleRemoval, a_folder_whose_projects_are_not_seen_keeps_all) {
   std::filesystem::create_directory_symlink(native("Otra"), native("Mix\\enlace"));
   const Json json = run("--json abrir 'D:\\Mix\\tema.vip' --nombrados").json();
   ASSERT_EQ(json["conservados"].size(), 2u);
-  EXPECT_EQ(json["conservados"][0]["motivo"], "no se ha podido leer entero D:\\Mix\\enlace");
+  EXPECT_EQ(json["conservados"][0]["motivo"], "no se busca en la carpeta enlazada D:\\Mix\\enlace");
 }
 
 TEST_F(ConsoleRemoval, copies_are_made_and_brought_back) {

@@ -94,9 +94,9 @@ bool starts(Way way, const std::string& file, std::size_t at) {
   if (at < (way == Way::wide ? 2u : 1u)) return true;
   const Character before = read_before(way, file, at);
   if (before.point < 0) return false;
-  if (before.c < 0) return true;
+  if (before.c < 0) return way == Way::wide;
   return impossible(before.c) ||
-         std::string("=,;'([{#`\x91\x92\x93\x94").find(static_cast<char>(before.c)) !=
+         std::string("=,;'([{#`\x91\x92\x93\x94\xA1\xBF").find(static_cast<char>(before.c)) !=
              std::string::npos;
 }
 

@@ -26,10 +26,11 @@ std::set<LiteralMention> mentions(const Names& names, const std::string& file) {
   return found;
 }
 
-// The paths by which a name is mentioned, "" for one without.
+// The paths by which a name is mentioned, with its end, "" for one without.
 std::vector<std::string> paths(const std::string& name, const std::string& file) {
   std::vector<std::string> found;
-  for (const auto& [i, path, other] : mentions({name}, file)) {
+  for (const auto& [i, path, other, firm] : mentions({name}, file)) {
+    if (!firm) continue;
     found.push_back(path);
     if (!other.empty()) found.push_back(other);
   }
@@ -165,15 +166,16 @@ TEST(MentionSearch, the_path_begins_at_the_nearest_drive) {
 TEST(MentionSearch, the_path_may_be_four_thousand_characters_long) {
   for (const char letter : {'y', '\xE9'}) {
     const std::string path = "D:\\" + std::string(4'090, letter) + "\\a.wav";
-    EXPECT_EQ(found_mentions({"a.wav"}, path, 1000), (std::set<LiteralMention>{{0, path, ""}}));
+    EXPECT_EQ(found_mentions({"a.wav"}, path, 1000),
+              (std::set<LiteralMention>{{0, path, "", true}}));
     EXPECT_EQ(found_mentions({"a.wav"}, utf16_of(path), 1000),
-              (std::set<LiteralMention>{{0, path, ""}}));
+              (std::set<LiteralMention>{{0, path, "", true}}));
     const auto utf8 = found_mentions({"a.wav"}, text::to_utf8(path), 1000);
     ASSERT_EQ(utf8.size(), 1u);
     EXPECT_EQ(letter == 'y' ? std::get<1>(*utf8.begin()) : std::get<2>(*utf8.begin()), path);
   }
   const std::string path = "D:\\" + std::string(20'000, 'y') + "\\a.wav";
-  EXPECT_EQ(found_mentions({"a.wav"}, path, 1000), (std::set<LiteralMention>{{0, "", ""}}));
+  EXPECT_EQ(found_mentions({"a.wav"}, path, 1000), (std::set<LiteralMention>{{0, "", "", true}}));
 }
 
 TEST(MentionSearch, a_path_with_accents_has_both_8_bit_readings) {
@@ -206,7 +208,7 @@ TEST(MentionSearch, each_different_mention_is_reported_once_in_a_file) {
 
 TEST(MentionSearch, equal_names_are_mentioned_together) {
   const auto found = mentions({"a.wav", "b.wav", "A.WAV"}, "a.wav");
-  EXPECT_EQ(found, (std::set<LiteralMention>{{0, "", ""}, {2, "", ""}}));
+  EXPECT_EQ(found, (std::set<LiteralMention>{{0, "", "", true}, {2, "", "", true}}));
 }
 
 TEST(MentionSearch, a_short_name_may_mean_every_name_of_that_form) {

@@ -48,9 +48,15 @@ struct ProjectMentionsTest : ::testing::Test {
   }
   RowMention look_at_a() { return look({"D:\\Mix\\a.wav"}).at(0); }
   void project(const std::string& bytes) { disk.add_file("D:\\Mix\\tema.vip", bytes); }
-  void expect_all_kept(const std::string& unread, const Rows& projects = {}) {
-    EXPECT_THAT(look({"D:\\Mix\\a.wav", "D:\\Mix\\Tomas\\b.wav"}, projects),
-                Each(is(Mentioned::unread, unread)));
+  // What becomes of a.wav with these bytes in a project.
+  RowMention look_with(const std::string& bytes) {
+    MemoryFolders one = disk;
+    one.add_file("D:\\Mix\\tema.vip", bytes);
+    return ProjectMentions(one).look({"D:\\Mix\\a.wav"}, {"D:\\Mix\\"}, {}, go_on)->at(0);
+  }
+  void expect_all_kept(const std::string& unread, const Rows& projects = {},
+                       Mentioned why = Mentioned::unread) {
+    EXPECT_THAT(look({"D:\\Mix\\a.wav", "D:\\Mix\\Tomas\\b.wav"}, projects), Each(is(why, unread)));
   }
   int reads() { return files.faults.count(FaultyFiles::Call::read); }
 
@@ -189,28 +195,21 @@ TEST_F(ProjectMentionsTest, all_rows_stay_where_a_folder_cannot_be_listed) {
 
 TEST_F(ProjectMentionsTest, a_path_to_the_file_keeps_it_whatever_letters_follow) {
   for (const std::string after : {"D:\\Mix\\b.wav", "_1", "LIST", "2", "-x"}) {
-    project("D:\\Mix\\a.wav" + after);
-    EXPECT_THAT(look_at_a(), is(Mentioned::by_path, "D:\\Mix\\tema.vip")) << after;
+    EXPECT_THAT(look_with("D:\\Mix\\a.wav" + after), is(Mentioned::by_path, "D:\\Mix\\tema.vip"))
+        << after;
   }
-  project("D:\\Otra\\a.wav_1");
-  EXPECT_THAT(look_at_a(), free()) << "it leads to another file";
-  project("D:\\Nada\\a.wave");
-  EXPECT_THAT(look_at_a(), free()) << "a path to nowhere with another ending is no lost file";
-  project("D:\\Mix\\a.wav.bak");
-  EXPECT_THAT(look_at_a(), free());
+  EXPECT_THAT(look_with("D:\\Otra\\a.wav_1"), free()) << "it leads to another file";
+  EXPECT_THAT(look_with("D:\\Nada\\a.wave"), free()) << "it is no path of a lost a.wav";
+  EXPECT_THAT(look_with("D:\\Mix\\a.wav.bak"), free());
 }
 
-TEST_F(ProjectMentionsTest, a_name_in_quotes_or_after_a_number_is_one) {
-  for (const std::string before : {"\x93", "`", "#", "\x91"}) {
-    project("nota " + before + "a.wav");
-    EXPECT_THAT(look_at_a(), is(Mentioned::without_path, "D:\\Mix\\tema.vip")) << before;
+TEST_F(ProjectMentionsTest, a_name_in_quotes_or_after_a_mark_of_the_encoding_is_one) {
+  const std::string wide("a\0.\0w\0a\0v\0", 10);
+  for (const std::string& bytes : {std::string("nota \x93") + "a.wav", std::string("nota `a.wav"),
+                                   std::string("nota #a.wav"), std::string("nota \x91") + "a.wav",
+                                   "\xFF\xFE" + wide, std::string("\xEF\xBB\xBF") + "a.wav"}) {
+    EXPECT_THAT(look_with(bytes), is(Mentioned::without_path, "D:\\Mix\\tema.vip")) << bytes;
   }
-  project(std::string("\xFF\xFE") + std::string("a\0.\0w\0a\0v\0", 10));
-  EXPECT_THAT(look_at_a(), is(Mentioned::without_path, "D:\\Mix\\tema.vip")) << "a byte order mark";
-  project(
-      "\xEF\xBB\xBF"
-      "a.wav");
-  EXPECT_THAT(look_at_a(), is(Mentioned::without_path, "D:\\Mix\\tema.vip"));
 }
 
 TEST_F(ProjectMentionsTest, folders_of_the_system_in_the_root_of_a_drive_keep_nothing) {
@@ -235,15 +234,15 @@ TEST_F(ProjectMentionsTest, all_rows_stay_where_the_code_page_cannot_name_a_proj
   EXPECT_THAT(look_at_a(), free());
   MemoryFolders other = disk;
   disk.add_unnamed("D:\\Mix\\Tomas\\", {"tema ?.VIP.bak", false});
-  expect_all_kept("D:\\Mix\\Tomas\\tema ?.VIP.bak");
+  expect_all_kept("D:\\Mix\\Tomas\\tema ?.VIP.bak", {}, Mentioned::unnamed);
   other.add_unnamed("D:\\Mix\\", {"dentro ?", true});
   EXPECT_THAT(ProjectMentions(other).look({"D:\\Mix\\a.wav"}, {"D:\\Mix\\"}, {}, go_on)->at(0),
-              is(Mentioned::unread, "D:\\Mix\\dentro ?"));
+              is(Mentioned::unnamed, "D:\\Mix\\dentro ?"));
 }
 
 TEST_F(ProjectMentionsTest, all_rows_stay_where_a_link_leads_to_a_folder_that_is_not_searched) {
   disk.add_folder("D:\\Mix\\Tomas\\enlace", true);
-  expect_all_kept("D:\\Mix\\Tomas\\enlace");
+  expect_all_kept("D:\\Mix\\Tomas\\enlace", {}, Mentioned::linked);
 }
 
 TEST_F(ProjectMentionsTest, a_row_without_an_extension_cannot_be_searched_for_and_stays) {
@@ -426,7 +425,7 @@ TEST_F(ProjectMentionsOnDisk, a_link_to_a_folder_that_is_searched_anyway_keeps_n
   disk.make_folder("Fuera");
   std::filesystem::create_directory_symlink(disk.native_path("Fuera"),
                                             disk.native_path("Mix\\Otro"));
-  EXPECT_THAT(look({"Mix\\a.wav"}), Each(is(Mentioned::unread, disk.path("Mix\\Otro"))));
+  EXPECT_THAT(look({"Mix\\a.wav"}), Each(is(Mentioned::linked, disk.path("Mix\\Otro"))));
 }
 
 TEST_F(ProjectMentionsOnDisk, a_project_that_is_saved_anew_is_read_anew) {

@@ -44,7 +44,7 @@ class MentionWorld {
     if (dice_.below(25) == 0) {
       std::filesystem::create_directory_symlink(disk_.native_path("Otra"),
                                                 disk_.native_path("Mix\\Enlace"));
-      unread_ = true;
+      linked_ = true;
     }
   }
 
@@ -88,7 +88,7 @@ class MentionWorld {
   }
 
   Mentioned wanted_for(const std::string& row) const {
-    if (unread_) return Mentioned::unread;
+    if (linked_) return Mentioned::linked;
     const std::string name = text::lower(row.substr(row.rfind('\\') + 1));
     Mentioned wanted = Mentioned::no;
     for (const auto& [project, references] : references_) {
@@ -207,7 +207,7 @@ class MentionWorld {
   std::set<std::string> files_;    // below the disk's folder
   std::vector<std::string> rows_;  // those of them that are to be removed
   std::map<std::string, std::vector<Reference>> references_;  // by project
-  bool unread_ = false;
+  bool linked_ = false;
   std::string description_;
 };
 
@@ -221,10 +221,10 @@ TEST(MentionWorlds, what_a_project_names_stays_and_what_none_names_may_go) {
   std::cout << "  " << worlds << " studios; may go: " << counts[Mentioned::no] << "; kept: by path "
             << counts[Mentioned::by_path] << ", path leads nowhere "
             << counts[Mentioned::path_missing] << ", without path "
-            << counts[Mentioned::without_path] << ", unread " << counts[Mentioned::unread] << "\n";
+            << counts[Mentioned::without_path] << ", a link " << counts[Mentioned::linked] << "\n";
   if (worlds < 100) return;
   for (const Mentioned mentioned : {Mentioned::no, Mentioned::by_path, Mentioned::path_missing,
-                                    Mentioned::without_path, Mentioned::unread}) {
+                                    Mentioned::without_path, Mentioned::linked}) {
     EXPECT_GE(counts[mentioned], worlds / 10) << static_cast<int>(mentioned);
   }
 }

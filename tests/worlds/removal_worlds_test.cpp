@@ -35,7 +35,7 @@ TEST(RemovalWorlds, with_the_careful_look_nothing_is_lost_and_everything_comes_b
   EXPECT_GE(tally.worlds, removal_worlds());
   EXPECT_EQ(tally.failures, 0u) << tally.summary();
   expect_share(tally, "with backup", 0.4);
-  expect_share(tally, "files removed", 0.3);
+  expect_share(tally, "files removed", 0.2);
   expect_share(tally, "files brought back", 0.15);
   expect_share(tally, "disturbed", 0.03);
 }
