@@ -25,16 +25,15 @@ RemovalRun::Judged RemovalRun::judge(std::size_t i, const std::string& path) con
   if (is_protected(path, protected_folders())) {
     return {Fate::is_protected, std::string(reason::kProtected) + "una carpeta de la lista", {}};
   }
-  if (!context_.platform.files.look_up(path)) {
-    if (context_.platform.files.info(path)) return {Fate::stays, reason::kHidden, {}};
-    return {Fate::missing, {}, {}};
-  }
+  const auto found = context_.platform.files.info(path);
+  if (!found) return {Fate::missing, {}, {}};
+  if (found->folder || found->hidden || found->system) return {Fate::stays, reason::kHidden, {}};
   if (RunCheck::is_project(path)) return {Fate::stays, reason::kProject, {}};
   if (!order_.CheckComprobar) return {Fate::goes, {}, {}};
   if (const Kept* const kept = check_.kept(path)) {
     return {Fate::stays, kept->motivo, kept->proyecto};
   }
-  if (check_.has_changed(path)) return {Fate::stays, reason::kChanged, {}};
+  if (check_.has_changed(path, *found)) return {Fate::stays, reason::kChanged, {}};
   if (order_.CheckBorrarPapelera && without_bin_ == WithoutBin::stay && !fits_bin(path)) {
     return {
         Fate::stays, sizes_.bin_capacity(path) == 0 ? reason::kNoBin : reason::kTooLargeForBin, {}};

@@ -59,12 +59,14 @@ const Kept* RunCheck::kept(const std::string& row) const {
 // Whether one of the folders between a project's folder and the file, or the file itself, only
 // stands for another place.
 bool RunCheck::is_behind_link(const std::string& path, const std::string& project_folder,
+                              const work::FolderTree& tree,
                               std::unordered_map<std::string, bool>& links) const {
   const auto is_link = [&](const std::string& part) {
     const auto info = context_.platform.files.info(part);
     return info && info->link;
   };
-  if (is_link(path)) return true;
+  const work::FolderTree::Entry* const listed = tree.known_file(path);
+  if (listed != nullptr ? listed->link : is_link(path)) return true;
   for (std::size_t end = path.find('\\', project_folder.size()); end != std::string::npos;
        end = path.find('\\', end + 1)) {
     const auto [at, added] = links.try_emplace(path.substr(0, end));
@@ -84,11 +86,10 @@ void RunCheck::take_seen() {
   }
 }
 
-bool RunCheck::has_changed(const std::string& row) const {
+bool RunCheck::has_changed(const std::string& row, const system::FileInfo& now) const {
   const auto found = seen_.find(row);
-  const auto now = context_.platform.files.info(row);
-  if (found == seen_.end()) return now.has_value();
-  return now && (now->size != found->second.size || now->modified != found->second.modified);
+  return found == seen_.end() || now.size != found->second.size ||
+         now.modified != found->second.modified;
 }
 
 void RunCheck::look_at_side_files(const std::vector<std::string>& rows, work::Job& job) {
@@ -198,7 +199,7 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
         around.begin(), around.end(), [&](const auto& each) { return row.starts_with(each); });
     if (project_folder == around.end()) {
       keep(row, reason::kOutside);
-    } else if (is_behind_link(row, *project_folder, links)) {
+    } else if (is_behind_link(row, *project_folder, job.folders(), links)) {
       keep(row, reason::kLink);
     }
     const std::size_t root = text::root(row).size();
@@ -210,7 +211,6 @@ void RunCheck::look_at(const std::vector<std::string>& rows,
       const std::string& place = protecting_place(at->first);
       if (!place.empty()) keep(row, reason::kProtected + place);
     }
-    if (has_changed(row)) keep(row, reason::kChanged);
     if (!go_on()) return;
   }
 }

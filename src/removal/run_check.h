@@ -48,8 +48,9 @@ class RunCheck {
   // Why a row has to stay; null if it may go.
   const Kept* kept(const std::string& row) const;
 
-  // Whether the file of a row is another than when it was listed. To be asked after `look_at`.
-  bool has_changed(const std::string& row) const;
+  // Whether the file of a row, found as `now`, is another than when it was listed. To be asked
+  // after `look_at`, right before the file goes.
+  bool has_changed(const std::string& row, const system::FileInfo& now) const;
 
   // Whether a file of the side list may go: those of the named kinds.
   static bool is_side_file(std::string_view path);
@@ -60,6 +61,7 @@ class RunCheck {
   void take_seen();
   std::string project_using(const std::string& path) const;
   bool is_behind_link(const std::string& path, const std::string& project_folder,
+                      const work::FolderTree& tree,
                       std::unordered_map<std::string, bool>& links) const;
 
   void keep(const std::string& row, std::string motivo, std::string proyecto = {});
