@@ -78,9 +78,8 @@ Status copy_bytes(const Descriptor& source, const Descriptor& copy,
 }
 
 // Why the plain file at a native path cannot be moved or removed, ok if it can as far as can be
-// seen. A link is looked at itself.
-Status changeable(const std::string& native) {
-  struct statx found {};
+// seen. A link is looked at itself. `found` is what was seen.
+Status changeable(const std::string& native, struct statx& found) {
   if (::statx(AT_FDCWD, native.c_str(), AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS, &found) != 0) {
     return last_reason();
   }
@@ -224,12 +223,11 @@ Status PosixFileSystem::remove(std::string_view path) {
   const auto native = drives_.native(path);
   if (!native) return reason_without_path(drives_, path);
   if (promises_folder(path)) return Reason::not_a_file;
-  const Status may = changeable(*native);
+  struct statx found {};
+  const Status may = changeable(*native, found);
   if (!may) return may;
   // Windows removes no read-only file: neither does the program anywhere.
-  struct stat found {};
-  const bool link = ::lstat(native->c_str(), &found) == 0 && S_ISLNK(found.st_mode);
-  if (!link && is_read_only_file(*native)) return Reason::read_only;
+  if (S_ISREG(found.stx_mode) && !may_write(found)) return Reason::read_only;
   return ::unlink(native->c_str()) == 0 ? Reason::ok : last_reason();
 }
 
@@ -239,7 +237,8 @@ Status PosixFileSystem::move(std::string_view from, std::string_view to) {
   const auto target = drives_.native(to);
   if (!target) return reason_without_path(drives_, to);
   if (promises_folder(from) || promises_folder(to)) return Reason::not_a_file;
-  const Status may = changeable(*source);
+  struct statx found {};
+  const Status may = changeable(*source, found);
   return may ? rename_to_free(*source, *target) : may;
 }
 
