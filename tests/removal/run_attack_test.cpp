@@ -247,7 +247,7 @@ TEST_F(RunAttack, a_stop_during_the_look_ends_the_run_before_anything_is_touched
 
 TEST_F(RunAttack, a_project_that_is_saved_while_a_question_stands_is_read_again) {
   open_studio({"Mix\\a.wav", "Mix\\b.wav"});
-  shell.without_bin.insert("D:\\");
+  shell.without_bin.insert(disk.folder().substr(0, 3));
   review().CheckBorrarPapelera.set_checked(true);
   dialogs.answers.push_back(system::Answer::yes);
   dialogs.on_dialog = [&] { project("Mix\\nuevo.vip", {"Mix\\b.wav"}); };
@@ -259,7 +259,7 @@ TEST_F(RunAttack, a_project_that_is_saved_while_a_question_stands_is_read_again)
 
 TEST_F(RunAttack, a_no_to_a_backup_without_room_takes_the_stop_of_that_run_along) {
   open_studio({"Mix\\a.wav", "Mix\\b.wav"});
-  drives.drives.begin()->second.space.free = 1;
+  drives.add(disk.folder().substr(0, 3)).space.free = 1;
   dialogs.answers.push_back(system::Answer::no);
   dialogs.on_dialog = [&] { removal_stop(); };
   remove_with_backup("Copias");
