@@ -3,6 +3,7 @@
 #include <span>
 
 #include "project/name_search.h"
+#include "project/vip_files.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 
@@ -16,10 +17,6 @@ constexpr const char* kSideKinds[] = {"h2",  "hdp", "hm2", "hmp", "ha2", "hap", 
 
 bool is_audio(const std::string& extension) {
   return extension == "wma" || extension == "m4a";
-}
-
-bool may_be_project(std::string_view name) {
-  return text::lower(name).find(".vip") != std::string::npos;
 }
 
 // Searches a whole file. False when it could not be read to its end.

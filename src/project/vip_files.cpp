@@ -15,11 +15,7 @@ using system::FileIdentity;
 
 constexpr std::size_t kSteps = 64;  // entries of a folder between two turns
 
-bool may_be_project(std::string_view name) {
-  return text::lower(name).find(".vip") != std::string::npos;
-}
-
-// Folders of the system in the root of a drive, which it lets nobody read: what others have put
+// Folders of the system in the root of a drive, which no program may read: what others have put
 // into their bins, and what it keeps for itself. Otherwise no drive could be searched from its
 // root.
 bool is_systems_own(std::string_view folder) {
@@ -30,6 +26,10 @@ bool is_systems_own(std::string_view folder) {
 }
 
 }  // namespace
+
+bool may_be_project(std::string_view name) {
+  return text::lower(name).find(".vip") != std::string::npos;
+}
 
 VipFiles::VipFiles(system::FileSystem& files, std::function<bool()> turn)
     : files_(files), turn_(std::move(turn)) {}
@@ -69,7 +69,7 @@ void VipFiles::list(const std::string& here, std::vector<std::string>& below,
     // Copied first: a handler may list another folder into the same entry.
     const std::string path = text::path_of(here, entry.name);
     if (entry.folder && entry.link && entry.hidden && entry.system) {
-      // Windows' own for old programs, as in the folder of documents, which nobody may list.
+      // Windows' own for old programs, as in the folder of documents; no program may list them.
     } else if (entry.folder) {
       (entry.link ? links : below).push_back(path + "\\");
     } else if (may_be_project(entry.name)) {

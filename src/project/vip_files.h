@@ -3,12 +3,17 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
 #include "system/file_system.h"
 
 namespace ordelan::project {
+
+// Whether a file may be a project by its name: also copies and old versions, and those of any kind
+// that hold the word.
+bool may_be_project(std::string_view name);
 
 // Finds every file with ".vip" in its name, whatever it is otherwise: hidden, a copy, unlisted. The
 // disk is asked itself and not a listing of before.
@@ -26,8 +31,8 @@ class VipFiles {
   // Their paths, each once.
   const std::vector<std::string>& paths() const { return paths_; }
   // What could not be listed whole, empty if nothing: a folder that cannot be read (apart from
-  // those of the system in the root of a drive, which nobody may read), a folder or project that
-  // the code page cannot name, a link to a folder that is not searched too.
+  // those of the system in the root of a drive, which no program may read), a folder or project
+  // that the code page cannot name, a link to a folder that is not searched too.
   const std::string& unread() const { return unread_; }
   enum class WhyUnread { unreadable, linked, unnamed };
   WhyUnread why_unread() const { return why_unread_; }

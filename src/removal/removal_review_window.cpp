@@ -211,7 +211,7 @@ void ParaBorrar::cmdSalir_Click() {
   }
   settings.set_number("ParaBorrar_No ToolTips", ParaBorrarCheckToolTip.checked() ? 1 : 0);
   work::write_box(settings, CheckConfirmar);
-  context().windows.close<CarpetaBack>();  // it would begin a run of rows that nobody has seen
+  context().windows.close<CarpetaBack>();  // its run would be of rows that the user has not seen
   context().windows.close<BacUp>();
   context().windows.close<ParaBorrar>();
 }

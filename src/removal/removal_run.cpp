@@ -184,16 +184,13 @@ void RemovalRun::look_at_rows() {
   if (order_.CheckComprobar && order_.CheckBorraAsociados && !job_->superseded()) {
     check_.look_at_side_files(*context_.lists.List1.kept_rows(), *job_);
   }
-  if (order_.CheckComprobar && !job_->superseded()) {
-    read_again();
-  }
+  if (order_.CheckComprobar && !job_->superseded()) read_again();
 }
 
 void RemovalRun::run() {
   options_.LabelResultado.set_caption("Comprobando los proyectos...");
   options_.LabelResultado.set_visible(order_.CheckComprobar);
   look_at_rows();
-  const auto goes_on = [this] { return !job_->superseded() && windows_open() && !stop_asked(); };
   if (goes_on() && !may_begin()) {
     state_.begun = false;
     state_.CancelarBorrado = false;

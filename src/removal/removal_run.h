@@ -101,6 +101,7 @@ class RemovalRun {
   void look_at_rows();
   void read_again();
   bool stop_asked() const;
+  bool goes_on() const;
   bool still_current();
   bool may_begin();
   bool asks_of_bins(const RunTotals& totals);

@@ -11,7 +11,7 @@ void RemovalRun::read_again() {
   const auto rows = review_->ListBorrar.kept_rows();
   check_.read_again(rows_to_search(*rows, *context_.lists.List1.kept_rows()), [this] {
     job_->turn();
-    return !job_->superseded() && windows_open() && !stop_asked();
+    return goes_on();
   });
 }
 
@@ -24,6 +24,10 @@ bool RemovalRun::stop_asked() const {
 // After a question, which may have stood for hours. False where the run has to end.
 bool RemovalRun::still_current() {
   if (order_.CheckComprobar && !job_->superseded() && windows_open()) read_again();
+  return goes_on();
+}
+
+bool RemovalRun::goes_on() const {
   return !job_->superseded() && windows_open() && !stop_asked();
 }
 

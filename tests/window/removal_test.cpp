@@ -67,12 +67,13 @@ class Removal : public OrdelanTest {
     program->click(box);
     program->wait_until("the tick of " + box, [&] { return program->checked(box) == on; });
   }
+  bool is_reported() const {
+    return program->visible("LabelResultado") && !program->visible("XP_Bar") &&
+           !program->visible("cmdParar");
+  }
   void wait_report() {
     use("BacUp");
-    program->wait_until("the report of the run", [&] {
-      return program->visible("LabelResultado") && !program->visible("XP_Bar") &&
-             !program->visible("cmdParar");
-    });
+    program->wait_until("the report of the run", [&] { return is_reported(); });
   }
   // From the review to the run's folder, which exists.
   void choose_folder(const std::string& folder) {
@@ -81,6 +82,19 @@ class Removal : public OrdelanTest {
     use("CarpetaBack");
     program->wait_until("the button of the run",
                         [&] { return program->visible("cmdCarpetaBorrar"); });
+  }
+
+  // Begins a run that removes so many files for good, with copies.
+  void begin_run_with_backup(int count) {
+    make_unused(count);
+    write("copias\\leeme.txt", "");
+    show_options();
+    set_box("CheckBackup", true);
+    show_review();
+    set_box("CheckBorrarPapelera", false);
+    choose_folder(path("copias"));
+    program->click("cmdCarpetaBorrar");
+    use("BacUp");
   }
 
   // The names in the bin of the prefix.
@@ -391,31 +405,15 @@ TEST_F(Removal, a_run_with_backup_copies_the_files_and_recovery_brings_them_back
 TEST_F(Removal, answers_all_through_a_run_with_backup) {
   const char* count = std::getenv("ORDELAN_LARGE_REMOVAL");
   if (count == nullptr) GTEST_SKIP() << "no number of files was given";
-  make_unused(std::atoi(count));
-  write("copias\\leeme.txt", "");
-  show_options();
-  set_box("CheckBackup", true);
-  show_review();
-  set_box("CheckBorrarPapelera", false);
-  choose_folder(path("copias"));
-  program->click("cmdCarpetaBorrar");
-  use("BacUp");
-  watch_answers(*program, "removed in",
-                [&] { return program->visible("LabelResultado") && !program->visible("XP_Bar"); });
+  begin_run_with_backup(std::atoi(count));
+  program->wait_until("the run", [&] { return program->visible("cmdParar"); });
+  watch_answers(*program, "removed in", [&] { return is_reported(); });
   EXPECT_EQ(program->text("LabelResultado"), std::string(count) + " de " + count + " borrados");
 }
 
 TEST_F(Removal, a_run_with_backup_is_stopped_in_its_middle) {
   constexpr int kFiles = 1500;
-  make_unused(kFiles);
-  write("copias\\leeme.txt", "");
-  show_options();
-  set_box("CheckBackup", true);
-  show_review();
-  set_box("CheckBorrarPapelera", false);
-  choose_folder(path("copias"));
-  program->click("cmdCarpetaBorrar");
-  use("BacUp");
+  begin_run_with_backup(kFiles);
   program->wait_until("some progress", [&] {
     return program->visible("XP_Bar") && program->progress("XP_Bar") > 0;
   });
