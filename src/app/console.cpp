@@ -107,23 +107,6 @@ int drop(const Options& options, const ConsoleHost& host, std::ostream& output,
   return kRefused;
 }
 
-// Ticks the boxes of the drives that the options name, and those alone. Gives a complaint about one
-// that has no box.
-std::optional<std::string> tick(location::UnidadesBuscar& boxes, const Options& options) {
-  if (options.where.empty()) return std::nullopt;
-  for (auto& box : boxes.Check1) box->set_checked(false);
-  for (const std::string& drive : options.where) {
-    const std::string path = full_path(drive);
-    const bool shaped = drive.size() == 1 || (path.size() == 3 && path.ends_with(":\\"));
-    const auto box = std::find_if(boxes.Check1.begin(), boxes.Check1.end(), [&](const auto& each) {
-      return shaped && !each->tag().empty() && text::lower(each->tag()[0]) == text::lower(drive[0]);
-    });
-    if (box == boxes.Check1.end()) return "--en " + drive + ": no hay tal unidad";
-    (*box)->set_checked(true);
-  }
-  return std::nullopt;
-}
-
 // Searches a file on the drives, as a click on a lost row does.
 int search(const Options& options, const ConsoleHost& host, std::ostream& output,
            std::ostream& error) {
@@ -232,6 +215,30 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   recovered->add_flag("--simular", options.simulate,
                       text::to_utf8("Solo dice qué haría y por qué"));
 
+  CLI::App* pointed =
+      add_command("punteros", "Graba los archivos de punteros de los proyectos en una carpeta");
+  pointed->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  pointed->add_option("CARPETA", options.folder, "Carpeta que tiene que existir")->required();
+  CLI::App* updated =
+      add_command("actualizar", "Lleva los proyectos a donde están ahora sus archivos de audio");
+  updated->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  updated->add_option("--en", options.where, "Busca en esta unidad (se puede repetir)")
+      ->take_all()
+      ->allow_extra_args(false);
+  updated->add_option("--elegir", options.choice,
+                      text::to_utf8("De varios archivos del mismo nombre: primera, ninguna o su "
+                                    "número; sin ella el proyecto se deja como está"));
+  updated->add_flag("--simular", options.simulate, text::to_utf8("Solo dice qué haría"));
+  updated->add_flag("--en-su-carpeta", options.careful,
+                    text::to_utf8("Cada proyecto en su carpeta; lo que existe o no cabe se deja"));
+  CLI::App* undone = app.add_subcommand(
+      "deshacer", text::to_utf8("Deshace la última actualización de la carpeta de un proyecto"));
+  undone->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  for (CLI::App* const command : {pointed, updated, undone}) {
+    command->footer(text::to_utf8(
+        "Termina con 0 si se ha hecho todo, con 1 si algo ha quedado, con 2 si se ha usado mal."));
+  }
+
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
@@ -250,6 +257,9 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   }
   if (removed->parsed()) return remove_unused(options, host, output, error);
   if (recovered->parsed()) return recover(options, host, output, error);
+  if (pointed->parsed()) return write_pointers(options, host, output, error);
+  if (updated->parsed()) return update_projects(options, host, output, error);
+  if (undone->parsed()) return undo_update(options, host, output, error);
   if (searched->parsed()) return search(options, host, output, error);
   if (dropped->parsed()) return drop(options, host, output, error);
   return open_project(options, reports->parsed(), host, output, error);

@@ -158,26 +158,15 @@ void print_run(Session& session, const Options& options, std::ostream& output) {
 // Fills the lists of the main window. Gives the exit code of a failure, nothing when all went well.
 std::optional<int> fill_lists(Session& session, const Options& options, const ConsoleHost& host,
                               std::ostream& error) {
+  if (options.items.empty()) return open_named_project(session, options, host, error);
   main_window::Form1& form = session.program.form;
   set_boxes(form, options);
-  if (!options.items.empty()) {
-    const std::vector<std::string> items = existing(options.items, host, error);
-    // An item that is missing may be one whose projects use what would be removed.
-    if (items.size() != options.items.size()) return kMisused;
-    form.ListProyectos_Drop(items);
-  } else {
-    const ArgumentPath project = host.windows_path(options.project);
-    if (const auto complaint = unreadable(project, host)) {
-      complain(error, options.project, *complaint);
-      return kMisused;
-    }
-    session.dialogs.files.push_back({*project.path});
-    form.AbrirFichero_Click();
-  }
+  const std::vector<std::string> items = existing(options.items, host, error);
+  // An item that is missing may be one whose projects use what would be removed.
+  if (items.size() != options.items.size()) return kMisused;
+  form.ListProyectos_Drop(items);
   if (form.decoded_projects() > 0) return std::nullopt;
-  print_strip(session, error);
-  error << "ordelan: " << text::to_utf8("no se ha descodificado ningún proyecto") << "\n";
-  return kRefused;
+  return no_project(session, error);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "text/code_page.h"
+#include "text/paths.h"
 
 namespace ordelan::app {
 namespace {
@@ -81,6 +82,44 @@ Session::Session(const ConsoleHost& host, const Options& options, std::ostream& 
 void set_boxes(main_window::Form1& form, const Options& options) {
   if (options.subfolders) form.CheckSubPath.set_checked(*options.subfolders);
   if (options.backups) form.CheckBAK.set_checked(*options.backups);
+}
+
+// Ticks the boxes of the drives that the options name, and those alone. Gives a complaint about one
+// that has no box.
+std::optional<std::string> tick(location::UnidadesBuscar& boxes, const Options& options) {
+  if (options.where.empty()) return std::nullopt;
+  for (auto& box : boxes.Check1) box->set_checked(false);
+  for (const std::string& drive : options.where) {
+    const std::string path = full_path(drive);
+    const bool shaped = drive.size() == 1 || (path.size() == 3 && path.ends_with(":\\"));
+    const auto box = std::find_if(boxes.Check1.begin(), boxes.Check1.end(), [&](const auto& each) {
+      return shaped && !each->tag().empty() && text::lower(each->tag()[0]) == text::lower(drive[0]);
+    });
+    if (box == boxes.Check1.end()) return "--en " + drive + ": no hay tal unidad";
+    (*box)->set_checked(true);
+  }
+  return std::nullopt;
+}
+
+std::optional<int> open_named_project(Session& session, const Options& options,
+                                      const ConsoleHost& host, std::ostream& error) {
+  const ArgumentPath project = host.windows_path(options.project);
+  if (const auto complaint = unreadable(project, host)) {
+    complain(error, options.project, *complaint);
+    return kMisused;
+  }
+  main_window::Form1& form = session.program.form;
+  set_boxes(form, options);
+  session.dialogs.files.push_back({*project.path});
+  form.AbrirFichero_Click();
+  if (form.decoded_projects() > 0) return std::nullopt;
+  return no_project(session, error);
+}
+
+int no_project(const Session& session, std::ostream& error) {
+  print_strip(session, error);
+  error << "ordelan: " << text::to_utf8("no se ha descodificado ningún proyecto") << "\n";
+  return kRefused;
 }
 
 bool print_strip(const Session& session, std::ostream& error) {

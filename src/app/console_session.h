@@ -11,6 +11,7 @@
 #include "app/program.h"
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
+#include "location/drive_window.h"
 #include "settings/settings.h"
 
 namespace ordelan::app {
@@ -34,6 +35,10 @@ struct Options {
   bool simulate = false;
   bool named = false;
   std::string log;
+  // Relinking.
+  std::string folder;
+  std::string choice;
+  bool careful = false;
 };
 
 // Says what is wrong with an argument, in a line of its own. `complaint` is code-page text.
@@ -60,6 +65,18 @@ struct Session {
 // Ticks the boxes of the main window that the options name.
 void set_boxes(main_window::Form1& form, const Options& options);
 
+// Ticks the boxes of the drives that the options name, and those alone. Gives a complaint about one
+// that has no box.
+std::optional<std::string> tick(location::UnidadesBuscar& boxes, const Options& options);
+
+// Picks the project that the options name and opens it. Gives the exit code of a failure, nothing
+// when some project was decoded.
+std::optional<int> open_named_project(Session& session, const Options& options,
+                                      const ConsoleHost& host, std::ostream& error);
+
+// Says that no project was decoded, with what the strip says. Gives the exit code.
+int no_project(const Session& session, std::ostream& error);
+
 // Prints the text of the strip, with the line ends of a console. False if the strip is hidden.
 bool print_strip(const Session& session, std::ostream& error);
 
@@ -71,5 +88,15 @@ int remove_unused(const Options& options, const ConsoleHost& host, std::ostream&
 // Brings back what a log lists, or prints what would be. Gives the exit code.
 int recover(const Options& options, const ConsoleHost& host, std::ostream& output,
             std::ostream& error);
+
+// Writes the pointer files of the listed projects to a folder; updates the listed projects, or
+// prints what an update would do; undoes the latest update of the folder of a project. Each gives
+// the exit code.
+int write_pointers(const Options& options, const ConsoleHost& host, std::ostream& output,
+                   std::ostream& error);
+int update_projects(const Options& options, const ConsoleHost& host, std::ostream& output,
+                    std::ostream& error);
+int undo_update(const Options& options, const ConsoleHost& host, std::ostream& output,
+                std::ostream& error);
 
 }  // namespace ordelan::app

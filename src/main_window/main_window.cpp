@@ -30,6 +30,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       Salir(*this, "Salir"),
       SalvaListados(*this, "SalvaListados"),
       ActualizarVip(*this, "ActualizarVip"),
+      DeshacerActualizacion(*this, "DeshacerActualizacion"),
       RecuperaBorrados(*this, "RecuperaBorrados"),
       Configurar(*this, "Configurar"),
       AcercaDe(*this, "AcercaDe"),
@@ -61,7 +62,14 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
                  [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}),
       removal_(context(),
                {[this] { path_strip.ListPath.hide(); },
-                [this](const std::vector<std::string>& rows) { path_strip.show_rows(rows); }}) {
+                [this](const std::vector<std::string>& rows) { path_strip.show_rows(rows); }}),
+      relink_(context(), reader, location_.lost_files,
+              {.cmdReset_Click = [this] { cmdReset_Click(); },
+               .show_updating = [this] { show_updating(); },
+               .show_updated = [this] { show_updated(); },
+               .hide_ActualizarVip = [this] { ActualizarVip.hide(); },
+               .offer_undo = [this](bool undoable) { DeshacerActualizacion.set_visible(undoable); },
+               .pointers = {[this] { show_progress(); }, [this] { hide_progress(); }}}) {
   name_controls();
   set_up();
   wire();
@@ -86,6 +94,9 @@ void Form1::name_controls() {
   Salir.set_tip("Cerrar la aplicación");
   SalvaListados.set_caption("Salvar listados");
   ActualizarVip.set_caption("Actualizar Vip's");
+  ActualizarVip.set_tip("Llevar los proyectos a donde están ahora sus archivos de audio");
+  DeshacerActualizacion.set_caption("Deshacer actualización");
+  DeshacerActualizacion.set_tip("Volver a los proyectos de antes de la última actualización");
   RecuperaBorrados.set_caption("Recuperar");
   RecuperaBorrados.set_tip("Para recuperar archivos borrados con copia de seguridad");
   Configurar.set_caption("Configurar");
@@ -95,10 +106,8 @@ void Form1::name_controls() {
   cmdSalir.set_tip(Salir.tip());
   LabelFuera.set_tip("Ver qué proyectos no cuentan y por qué");
   ZoomListas.set_caption("Ampliar listas");
-  // What these lead to is not there yet: they stand in their places and cannot be pressed.
-  for (ui::Control* pending : std::initializer_list<ui::Control*>{&ActualizarVip, &ZoomListas}) {
-    pending->set_enabled(false);
-  }
+  // What it leads to is not there yet: it stands in its place and cannot be pressed.
+  ZoomListas.set_enabled(false);
 
   // These captions are also the keys under which the boxes are remembered.
   CheckSubPath.set_caption("Incluir subcarpetas");
@@ -130,6 +139,8 @@ void Form1::wire() {
   cmdReset.on_click = [this] { cmdReset_Click(); };
   cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
   SalvaListados.on_click = [this] { SalvaListados_Click(); };
+  ActualizarVip.on_click = [this] { relink_.ActualizarVip_Click(); };
+  DeshacerActualizacion.on_click = [this] { relink_.DeshacerActualizacion_Click(); };
   lists.ListProyectos.on_drop = [this](const auto& items) { ListProyectos_Drop(items); };
   lists.ListProyectos.on_double_click = [this] { ListProyectos_DblClick(); };
   lists.ListProyectos.on_click = [this] { ListProyectos_Click(); };

@@ -12,6 +12,7 @@
 #include "project/project_listing.h"
 #include "project/unused_analysis.h"
 #include "project/vip_reader.h"
+#include "relink/relink.h"
 #include "removal/removal.h"
 #include "settings/settings.h"
 #include "system/platform.h"
@@ -94,7 +95,8 @@ class Form1 final : public work::ProgramWindow {
   ui::Button Salir;
   ui::Label SalvaListados;
   ui::Label ActualizarVip;
-  ui::Label RecuperaBorrados;  // brings removed files back
+  ui::Label DeshacerActualizacion;  // shown while an update can be undone
+  ui::Label RecuperaBorrados;       // brings removed files back
   ui::Label Configurar;
   ui::Label AcercaDe;
   ui::Label cmdSalir;    // ends the program too: in words, among the labels
@@ -123,6 +125,8 @@ class Form1 final : public work::ProgramWindow {
   std::optional<std::vector<removal::Kept>> named_files(const std::function<bool()>& go_on) {
     return removal_.named_files(go_on);
   }
+  // The update of the projects.
+  relink::Relink& relink() { return relink_; }
   // How the last removal went.
   const removal::RemovalState& removal_state() const { return removal_.state; }
 
@@ -148,6 +152,8 @@ class Form1 final : public work::ProgramWindow {
   void show_commands();
   void show_decoding_row();
   void show_decoded_row();
+  void show_updating();
+  void show_updated();
   void show_saving_reports();
   void show_reports_saved();
   void show_CommandBorrado();
@@ -208,6 +214,7 @@ class Form1 final : public work::ProgramWindow {
   project::UnusedAnalysis analysis_;
   location::Location location_;
   removal::Removal removal_;
+  relink::Relink relink_;
   std::optional<ShownProject> shown_before_reports_;  // while reports are saved
   std::vector<std::string> kept_side_files_;          // of this drop, to be named at its end
 };

@@ -35,6 +35,8 @@ void Form1::open_project(const std::string& path) {
   if (!valid) {
     if (const auto why = gate_.refusal()) left_out_.add(path, *why);
     show_ProyectosFuera();
+    // An update may have left it so: the way back must not need a project that can be read.
+    relink_.look_for_undo(text::getPath(path, "\\"));
     strip.Alerta(work::kWarning, " >>> AVISO <<<   Este proyecto no tiene archivos de audio", true);
     return;
   }

@@ -7,7 +7,7 @@
 namespace ordelan::main_window {
 
 void Form1::SalvaListados_Click() {
-  if (work_.Borrando || work_.Descodificando) return;
+  if (work_.Borrando || work_.Descodificando || work_.Actualizando) return;
   if (work_.RutaProyectos.empty()) return;  // after a drop of nothing: there is nothing to save
   auto job = work::Job::begin(work_, platform_);
   work_.Cancelar = false;

@@ -89,7 +89,8 @@ void Form1::ListProyectos_Decode(work::Job& job, std::size_t Indice) {
 }
 
 void Form1::ListProyectos_DblClick() {
-  if (work_.Borrando || work_.Descodificando) return;
+  // While projects are updated the reader gives no rows: the list would only be emptied.
+  if (work_.Borrando || work_.Descodificando || work_.Actualizando) return;
   if (lists.ListProyectos.current() < 0) return;
   auto job = work::Job::begin(work_, platform_);
   shown_before_reports_.reset();

@@ -29,7 +29,7 @@ void Form1::hide_headings() {
 void Form1::show_empty() {
   hide_these({&strip.XP_ProgressBar1, &strip.TextDecode, &strip.LabelAviso, &lists.ListVip,
               &lists.ListUtilizados, &lists.ListBorrar, &cmdCancelar, &cmdPerdidos, &CommandBorrado,
-              &SalvaListados, &ActualizarVip, &ZoomListas});
+              &SalvaListados, &ActualizarVip, &DeshacerActualizacion, &ZoomListas});
   hide_headings();
   path_strip.hide();
   // The list of projects stays, as the place where projects are dropped.
@@ -41,7 +41,8 @@ void Form1::show_empty() {
 
 // A project is being picked in the file dialog.
 void Form1::show_choosing() {
-  hide_these({&ZoomListas, &clocks.LabelD, &strip.TextDecode, &SalvaListados, &ActualizarVip});
+  hide_these({&ZoomListas, &clocks.LabelD, &strip.TextDecode, &SalvaListados, &ActualizarVip,
+              &DeshacerActualizacion});
 }
 
 // The picked project is being opened.
@@ -56,7 +57,7 @@ void Form1::show_opening() {
 // Projects and folders have been dropped, and are being looked at. Follows `show_sweeping`.
 void Form1::show_dropping() {
   hide_these({&ListProyectosInfo, &strip.TextDecode, &ZoomListas, &ShowIco, &SalvaListados,
-              &ActualizarVip});
+              &ActualizarVip, &DeshacerActualizacion});
   strip.notice_decoding();
 }
 
@@ -93,6 +94,7 @@ void Form1::show_opened() {
   hide_progress();
   hide_these({&strip.TextDecode, &strip.LabelAviso, &cmdCancelar});
   show_these({&SalvaListados, &ActualizarVip});
+  relink_.look_for_undo(work_.RutaProyectos);
   if (removes_side_files() || lists.ListBorrar.count() > 1) show_these({&CommandBorrado});
 }
 
@@ -106,6 +108,7 @@ void Form1::show_swept() {
 // What can be done with decoded projects. It is also shown after a drop of nothing.
 void Form1::show_commands() {
   show_these({&SalvaListados, &ActualizarVip, &ZoomListas});
+  relink_.look_for_undo(work_.RutaProyectos);
 }
 
 // One row of the list of projects is being decoded; the other lists stay.
@@ -122,6 +125,16 @@ void Form1::show_decoded_row() {
   show_these({&lists.ListVip, &strip.XP_ProgressBar1, &CheckDragDrop, &ZoomListas});
   if (location_.has_report()) show_these({&cmdPerdidos});
   show_CommandBorrado();
+}
+
+// The projects are being updated.
+void Form1::show_updating() {
+  show_these({&cmdCancelar});
+}
+
+void Form1::show_updated() {
+  hide_progress();
+  hide_these({&ActualizarVip, &cmdCancelar});
 }
 
 // The reports are being saved, project by project.

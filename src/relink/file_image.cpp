@@ -39,8 +39,19 @@ void FileImage::put(Position position, std::uint8_t byte) {
   const auto offset = static_cast<std::uint64_t>(position - 1);
   Page& target = page(offset / kPage);
   target.bytes[offset % kPage] = byte;
-  target.changed = changed_ = true;
+  target.changed = true;
   size_ = std::max(size_, offset + 1);
+}
+
+bool FileImage::differs() {
+  if (size_ != file_size_) return true;
+  for (const auto& [number, page] : pages_) {
+    if (!page->changed) continue;
+    Page original;
+    read_page(number, original);
+    if (original.bytes != page->bytes) return true;
+  }
+  return false;
 }
 
 std::string_view FileImage::bytes_of(std::uint64_t number, const Page& page) const {

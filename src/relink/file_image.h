@@ -27,7 +27,8 @@ class FileImage {
   void put(Position position, std::uint8_t byte);
 
   std::uint64_t size() const { return size_; }
-  bool changed() const { return changed_; }
+  // Whether the content is another than that of the file.
+  bool differs();
   // Whether a read has failed: what the image holds is then not the file.
   bool failed() const { return failed_; }
 
@@ -52,7 +53,6 @@ class FileImage {
   system::InputFile* file_;
   std::uint64_t file_size_;
   std::uint64_t size_;
-  bool changed_ = false;
   bool failed_ = false;
   std::map<std::uint64_t, std::unique_ptr<Page>> pages_;
   Page* last_ = nullptr;  // the page that was asked for last

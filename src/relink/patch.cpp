@@ -8,12 +8,17 @@
 namespace ordelan::relink {
 namespace {
 
-// In small letters alone: "WAV" goes to the project's folder without a search. Old projects were
-// updated so, and a search for each path of a project takes long.
-bool is_searched(const std::string& extension) {
-  constexpr std::array<std::string_view, 6> kSearched = {"mp3", "wav", "aif", "flac", "wma", "m4a"};
-  return std::find(kSearched.begin(), kSearched.end(), extension) != kSearched.end();
+void put_two_zeros(FileImage& image, Position at, Position last) {
+  image.put(at, 0);
+  if (at + 1 <= last) image.put(at + 1, 0);
 }
+
+// Names end at a NUL, which stands in what a pointer file of another project points to.
+std::string up_to_nul(std::string_view path) {
+  return std::string(path.substr(0, path.find('\0')));
+}
+
+}  // namespace
 
 std::string bytes_between(FileImage& image, Position ini, Position fin) {
   std::string bytes;
@@ -22,20 +27,20 @@ std::string bytes_between(FileImage& image, Position ini, Position fin) {
   return bytes;
 }
 
-void put_two_zeros(FileImage& image, Position at, Position last) {
-  image.put(at, 0);
-  if (at + 1 <= last) image.put(at + 1, 0);
+// In small letters alone: "WAV" goes to the project's folder without a search. Old projects were
+// updated so, and a search for each path of a project takes long.
+bool is_searched(std::string_view RutaVieja) {
+  constexpr std::array<std::string_view, 6> kSearched = {"mp3", "wav", "aif", "flac", "wma", "m4a"};
+  const std::string extension = text::Obtener_Extension(up_to_nul(RutaVieja));
+  return std::find(kSearched.begin(), kSearched.end(), extension) != kSearched.end();
 }
 
-}  // namespace
-
 NewPath choose_path(std::string_view RutaVieja, const std::string& carpeta, Lookups& lookups) {
-  // Names end at a NUL, which stands in what a pointer file of another project points to.
-  const std::string old(RutaVieja.substr(0, RutaVieja.find('\0')));
+  const std::string old = up_to_nul(RutaVieja);
   const std::string name = text::Obtener_Nombre_Archivo(old);
   const std::string home = carpeta + name;
   // Folders too: the name of one with frozen tracks is looked for beside the project.
-  if (!is_searched(text::Obtener_Extension(old))) return {home, lookups.stands(home)};
+  if (!is_searched(old)) return {home, lookups.stands(home)};
 
   const bool at_home = lookups.exists(home);
   // Shows the search on the strip, and sets ArchivoActual.

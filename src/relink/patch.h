@@ -26,6 +26,12 @@ class Lookups {
   virtual std::optional<std::string> search(const std::string& name) = 0;
 };
 
+// The bytes of an image from one position to another, 1-based; none if `fin` stands before `ini`.
+std::string bytes_between(FileImage& image, Position ini, Position fin);
+
+// Whether the file of a stored path is searched on the drives, by its extension.
+bool is_searched(std::string_view RutaVieja);
+
 struct NewPath {
   std::string path;
   bool found = false;  // the file is there, or was found by a search

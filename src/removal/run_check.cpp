@@ -15,7 +15,6 @@
 #include "text/rows.h"
 
 namespace ordelan::removal {
-namespace {}  // namespace
 
 bool RunCheck::is_project(std::string_view path) {
   return text::lower(text::Obtener_Extension(path)) == "vip";
@@ -30,6 +29,7 @@ bool RunCheck::is_side_file(std::string_view path) {
 
 std::optional<std::string> RunCheck::why_never(const work::WorkInHand& work) {
   if (work.Descodificando) return "Hay una descodificación en marcha";
+  if (work.Actualizando) return "Hay una actualización en marcha";
   if (!work.ListaBorrarCompleta) return "La última descodificación no llegó al final";
   return std::nullopt;
 }

@@ -48,6 +48,9 @@ ForeColor=$TextDim
 [Form1.ActualizarVip]
 BackColor=$Header
 ForeColor=$TextDim
+[Form1.DeshacerActualizacion]
+BackColor=$Header
+ForeColor=$TextDim
 [Form1.RecuperaBorrados]
 BackColor=$Header
 ForeColor=$TextDim

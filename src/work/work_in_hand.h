@@ -46,6 +46,7 @@ struct WorkInHand {
   bool ModoPosiciones = false;         // relinking runs: the reader writes positions, adds no rows
   bool ClickEnLista = false;           // a click on a list is being handled
   bool Borrando = false;               // a removal runs: no decode, no reset, no cancel
+  bool Actualizando = false;           // projects are updated, or an update is undone
   ui::ListBox* ListaActual = nullptr;  // the list last clicked
   std::vector<ProyectoFuera> ProyectosFuera;  // in the order in which they were met
 

@@ -1,0 +1,222 @@
+#include "relink/originals.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "removal/shell_calls.h"
+#include "system/whole_file.h"
+#include "text/code_page.h"
+#include "text/paths.h"
+
+namespace ordelan::relink {
+namespace {
+
+using system::Reason;
+using system::Status;
+
+constexpr std::string_view kOriginals = "Originales\\";
+constexpr const char* kLock = "Actualizacion.lock";
+constexpr std::string_view kEnding = ".orig";
+constexpr std::size_t kMostNumbers = 9999;
+
+std::string capitals(std::string_view name) {
+  std::string key(name);
+  for (char& c : key) c = text::upper(c);
+  return key;
+}
+
+}  // namespace
+
+// These two spellings alone: what a drop leaves is a project's path, and nobody names one ".Vip".
+std::string projects_folder(const std::string& RutaProyectos) {
+  const bool names_project = RutaProyectos.find("VIP") != std::string::npos ||
+                             RutaProyectos.find("vip") != std::string::npos;
+  return names_project ? text::getPath(RutaProyectos, "\\") : RutaProyectos;
+}
+
+std::string originals_folder(const std::string& projects_folder) {
+  return system::with_backslash(projects_folder) + std::string(kOriginals);
+}
+
+bool is_original(std::string_view path) {
+  const std::string key = text::same_file_key(path);
+  return key.find("\\" + capitals(kOriginals)) != std::string::npos;
+}
+
+Originals::Originals(system::FileSystem& files, system::Shell& shell, std::string folder,
+                     std::function<bool()> go_on)
+    : files_(files), shell_(shell), folder_(std::move(folder)), go_on_(std::move(go_on)) {}
+
+Status Originals::take() {
+  const auto found = files_.info(folder_);
+  if (!found || !found->folder) return Reason::not_found;
+  auto lock = files_.lock(path_of(kLock));
+  if (!lock) return lock.status();
+  lock_ = std::move(lock);
+  number_ = runs_of(files_, folder_).last() + 1;
+  auto index = files_.create_new(path_of(run_name(number_)));
+  if (!index) return index.status();
+  index_ = std::move(index);
+  return {};
+}
+
+// A file that cannot be looked at for a moment must not pass for a missing one: what is then
+// written over may be the only copy.
+bool Originals::is_missing(const std::string& path) const {
+  return !files_.info(path) && files_.open(path).status() == Reason::not_found;
+}
+
+// A copy that is one: the same bytes in another file, and a project that has not changed meanwhile.
+system::Result<OriginalCopy> Originals::verified(const std::string& path,
+                                                 const std::string& place) {
+  const auto before = files_.info(path);
+  const auto same = removal::same_content(files_, path, path_of(place), go_on_);
+  const auto after = files_.info(path);
+  if (!same) return same.status().reason();
+  if (!before || !after || after->modified != before->modified || after->size != before->size) {
+    return Reason::in_use;
+  }
+  if (files_.identity(path) == files_.identity(path_of(place))) return Reason::exists;
+  return OriginalCopy{place, *same, {after->size, after->modified}};
+}
+
+// The numbered subfolder with its backslash, made if it is missing; `exists` where something else
+// has that name.
+system::Result<std::string> Originals::subfolder(std::size_t number) {
+  const std::string place = path_of(removal::numbered_folder(number));
+  const auto found = files_.info(place);
+  if (found && (!found->folder || found->link)) return Reason::exists;
+  if (!found) {
+    if (const Status made = files_.make_folder(place); !made) return made.reason();
+  }
+  return place + "\\";
+}
+
+system::Result<OriginalCopy> Originals::put_aside(const std::string& path) {
+  const std::string name = text::Obtener_Nombre_Archivo(path) + std::string(kEnding);
+  std::size_t& number = next_number_[capitals(name)];
+  while (++number <= kMostNumbers) {
+    const auto place = subfolder(number);
+    if (!place) {
+      if (place.status() == Reason::exists) continue;
+      return place.status().reason();
+    }
+    const Status copied =
+        files_.copy_new(path, *place + name, [this](std::uint64_t) { return go_on(); });
+    if (copied == Reason::exists) continue;
+    if (!copied) {
+      --number;
+      return copied.reason();
+    }
+    return verified(path, removal::numbered_folder(number) + "\\" + name);
+  }
+  number = kMostNumbers;
+  return Reason::exists;
+}
+
+void Originals::keep(const std::string& path, OriginalCopy copy) {
+  copies_.insert_or_assign(text::same_file_key(path), Kept{path, std::move(copy)});
+}
+
+// What stands under a name makes room: it is saved, and the projects of this update whose copy it
+// was have theirs there from now on.
+Status Originals::save_present(const std::string& name) {
+  const std::string there = path_of(name);
+  auto aside = put_aside(there);
+  if (!aside) return aside.status();
+  for (auto& [key, kept] : copies_) {
+    const bool its_copy = text::equal_ignoring_case(kept.copy.place, name);
+    if (its_copy && kept.copy.content == aside->content) kept.copy.place = aside->place;
+  }
+  saved_.push_back({there, *aside});
+  return {};
+}
+
+Status Originals::copy(const std::string& path) {
+  if (copy_of(path) != nullptr) return {};
+  const std::string name = text::Obtener_Nombre_Archivo(path);
+  if (name.empty()) return Reason::bad_path;
+  if (!files_.info(path)) return Reason::not_found;
+  const std::string there = path_of(name);
+  const auto present = files_.info(there);
+  if (present ? present->folder || present->link : !is_missing(there)) return copy_aside(path);
+  if (present && !removal::same_content(files_, path, there, go_on_)) {
+    if (const Status saved = save_present(name); !saved) return saved;
+  }
+  // The answer to its question, and where it fails (it takes no long paths), show in what stands
+  // there after it.
+  removal::CopiarArchivo(shell_, path, folder_).ignore();
+  auto copied = verified(path, name);
+  if (!copied) return go_on() ? copy_aside(path) : Status(Reason::cancelled);
+  keep(path, *copied);
+  return {};
+}
+
+Status Originals::copy_aside(const std::string& path) {
+  if (copy_of(path) != nullptr) return {};
+  const auto copied = put_aside(path);
+  if (copied) keep(path, *copied);
+  return copied.status();
+}
+
+Status Originals::save(const std::string& path) {
+  const auto copied = put_aside(path);
+  if (copied) saved_.push_back({path, *copied});
+  return copied.status();
+}
+
+Status Originals::settle() {
+  if (!index_) return Reason::other;
+  std::vector<std::string> places;
+  std::string lines;
+  const auto add = [&](const Kept& kept) {
+    places.push_back(path_of(kept.copy.place));
+    lines += run_line({RunRecord::Kind::copy, kept.path, kept.copy.content, kept.copy.place});
+  };
+  for (const auto& [key, kept] : copies_) add(kept);
+  for (const Kept& kept : saved_) add(kept);
+  Status status = files_.flush_files(places);
+  if (status) status = index_->write(lines);
+  if (status) status = index_->flush();
+  // The names of the index and of numbered subfolders.
+  return status ? files_.flush_folder(folder_) : status;
+}
+
+const OriginalCopy* Originals::copy_of(const std::string& path) const {
+  const auto found = copies_.find(text::same_file_key(path));
+  return found == copies_.end() ? nullptr : &found->second.copy;
+}
+
+Status Originals::write(const RunRecord& record) {
+  return index_ ? index_->write(run_line(record)) : Status(Reason::other);
+}
+
+Status Originals::note_target(const std::string& path) {
+  const OriginalCopy* const copy = copy_of(path);
+  if (copy == nullptr) return Reason::not_found;
+  return write({RunRecord::Kind::target, path, copy->content});
+}
+
+Status Originals::note_done(const std::string& path, const Content& after) {
+  changes_ = true;
+  return write({RunRecord::Kind::done, path, after});
+}
+
+Status Originals::note_created(const std::string& path) {
+  changes_ = true;
+  const Status written = write({RunRecord::Kind::created, path});
+  return written ? index_->flush() : written;
+}
+
+void Originals::close() {
+  if (!index_) return;
+  write({RunRecord::Kind::ended, folder_}).ignore();
+  index_->flush().ignore();
+  index_.reset();
+  // Its copies may be those of other updates too, so that it stays.
+  if (!changes_) {
+    files_.move(path_of(run_name(number_)), path_of(undone_run_name(number_))).ignore();
+  }
+}
+
+}  // namespace ordelan::relink

@@ -1,0 +1,107 @@
+#include "relink/pointer_writer.h"
+
+#include <algorithm>
+#include <new>
+
+#include "project/file_window.h"
+#include "relink/pointer_walk.h"
+#include "text/code_page.h"
+#include "text/rows.h"
+
+namespace ordelan::relink {
+
+using project::Position;
+
+void PointerWriter::show_begun() {
+  if (shown_) return;
+  shown_ = true;
+  work::StatusStrip& strip = context_.strip;
+  if (listener_.begun) listener_.begun();
+  strip.XP_ProgressBar1.set_range(0, 100);
+  strip.XP_ProgressBar1.set_value(0);
+  strip.LabelAviso.set_font({.points = 14, .bold = true});
+  strip.LabelAviso.set_caption("Grabando punteros para actualizar... esperar a que termine.");
+  strip.LabelAviso.show();
+}
+
+void PointerWriter::show_ended() {
+  if (several_ || !shown_) return;
+  shown_ = false;
+  if (listener_.ended) listener_.ended();
+  context_.strip.LabelAviso.hide();
+}
+
+// Between two rows the window gets no turn, so that what it shows stays from the first to the last.
+void PointerWriter::GrabarPunteros(const std::string& Carpeta, const std::vector<std::string>& rows,
+                                   work::Job& job) {
+  several_ = true;
+  for (const std::string& row : rows) {
+    GrabarPunteroVip(row, Carpeta, job);
+    if (job.must_stop()) break;
+  }
+  several_ = false;
+  if (!job.superseded()) show_ended();
+}
+
+// The path of a row whose project can be walked; nothing where no pointer file is written.
+std::optional<std::string> PointerWriter::project_of(const std::string& row) const {
+  if (text::lower(row).find(".vip") == std::string::npos) return std::nullopt;
+  std::string path(text::after_arrow(row));
+  const auto there = context_.platform.files.look_up(path);
+  if (!there) return std::nullopt;
+  return path;
+}
+
+std::optional<std::string> PointerWriter::pointers_of(const std::string& Fila, work::Job& job) {
+  const auto path = project_of(Fila);
+  if (!path) return std::nullopt;
+  const auto there = context_.platform.files.info(*path);
+  if (!there || there->size == 0) return std::nullopt;
+  return walk(*path, job);
+}
+
+void PointerWriter::GrabarPunteroVip(const std::string& Fila, const std::string& Carpeta,
+                                     work::Job& job) {
+  if (!project_of(Fila)) return;
+  show_begun();
+  if (const auto lines = pointers_of(Fila, job)) {
+    auto file = context_.platform.files.create(Carpeta + written_pointer_name(Fila));
+    if (file) {
+      file->write(*lines).ignore();
+      file->close().ignore();
+    }
+  }
+  if (!job.superseded()) show_ended();
+}
+
+// The numbers of one project as lines. A walk that is stopped, or that cannot read on, gives those
+// so far.
+std::string PointerWriter::walk(const std::string& path, work::Job& job) {
+  std::string lines;
+  reader_.PosFinalVip = reader_.BuscarMarcaListas(path, project::kHeaderPosition);
+  const auto file = context_.platform.files.open(path);
+  if (!file || job.must_stop()) return lines;
+  ui::ProgressBar& bar = context_.strip.XP_ProgressBar1;
+  int progress = 0;
+  PointerWalk walk(reader_.PosFinalVip);
+  try {
+    project::FileWindow window(*file);
+    while (!walk.ended()) {
+      window.move(walk.position() - 1);
+      Position number = 0;
+      while (walk.next(window.chunk(), number)) {
+        lines += pointer_line(number);
+        if (!walk.gave_end()) continue;
+        progress = progress >= 90 ? 0 : progress + 10;
+        if (job.display_due()) bar.set_value(progress);
+      }
+      if (!job.turn() && walk.may_stop()) break;
+      if (job.superseded()) break;
+    }
+  } catch (const std::bad_alloc&) {
+    // A project made to exhaust the memory: the lines so far stay.
+  }
+  return lines;
+}
+
+}  // namespace ordelan::relink

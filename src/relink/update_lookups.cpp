@@ -1,0 +1,45 @@
+#include "relink/update_lookups.h"
+
+#include "location/search_window.h"
+#include "text/paths.h"
+
+namespace ordelan::relink {
+
+void UpdateLookups::begin(FileImage& image, const Pointer& pair) {
+  image_ = &image;
+  pair_ = pair;
+}
+
+bool UpdateLookups::exists(const std::string& path) {
+  work::FolderTree& folders = job_.folders();
+  const work::FolderTree::Listing& listing = folders.listing(text::folder_of(path));
+  const auto held = folders.holds_plain_file(path);
+  if (held.value_or(false)) return true;
+  // Hidden files are files too.
+  if (held && listing.readable) {
+    return work::FolderTree::find_file(listing, text::file_name(path)) != nullptr;
+  }
+  const auto found = context_.platform.files.info(path);
+  return found && !found->folder;
+}
+
+bool UpdateLookups::stands(const std::string& path) {
+  return context_.platform.files.info(path).has_value();
+}
+
+void UpdateLookups::BuscarOtraLetra(const std::string& path) {
+  if (auto* const buscar = context_.windows.touch<location::Buscar>()) {
+    buscar->BuscarOtraLetra(path);
+  }
+}
+
+std::optional<std::string> UpdateLookups::search(const std::string& name) {
+  auto* const buscar = context_.windows.touch<location::Buscar>();
+  if (buscar == nullptr || job_.must_stop()) return std::nullopt;
+  search_.old_folder = text::folder_of(bytes_between(*image_, pair_.ini, pair_.fin));
+  const bool found = buscar->BuscarEnTodasUnidades(name, context_.lists.ListUtilizados);
+  if (!found || job_.superseded()) return std::nullopt;
+  return context_.work.ArchivoActual;
+}
+
+}  // namespace ordelan::relink

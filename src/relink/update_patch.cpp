@@ -1,0 +1,130 @@
+// The second pass of an update: the paths of each project are overwritten.
+#include <algorithm>
+#include <utility>
+
+#include "relink/update_lookups.h"
+#include "relink/update_run.h"
+#include "removal/reasons.h"
+#include "text/paths.h"
+
+namespace ordelan::relink {
+namespace {
+
+constexpr const char* kOriginal = "está en una carpeta de originales";
+constexpr const char* kNoPointers = "no tiene archivo de punteros";
+constexpr const char* kBadPointers = "su archivo de punteros está dañado";
+constexpr const char* kBadPositions = "sus punteros no caen dentro del archivo";
+constexpr const char* kUnread = "no se ha podido leer";
+constexpr const char* kSeveral = "hay varios archivos con el nombre de uno de los suyos";
+constexpr const char* kStopped = "se ha cancelado";
+
+}  // namespace
+
+// All names are looked for on the drives at once, so that one walk answers every search.
+void UpdateRun::expect_names() {
+  for (const std::string& row : rows_) {
+    if (is_original(text::Obtener_VipPath(row))) continue;
+    const auto bytes = pointer_bytes(row);
+    if (!bytes) continue;
+    const auto project = open_project(context_.platform.files, target_of(row));
+    if (!project) continue;
+    for (const Pointer& pair : read_pointers(*bytes).pairs) {
+      if (pair.ini < 1 || pair.fin < 1) break;
+      const std::string path = bytes_between((*project)->image, pair.ini, pair.fin);
+      const std::string_view name = text::file_name(std::string_view(path));
+      if (is_searched(path)) search_.index.expect(name.substr(0, name.find('\0')));
+    }
+    if (!go_on()) return;
+  }
+}
+
+UpdateRun::End UpdateRun::patch(const std::function<void()>& zero_counter) {
+  if (auto* const buscar = context_.windows.touch<location::Buscar>()) {
+    buscar->set_update(&search_);
+  }
+  expect_names();
+  if (job_.must_stop()) return End::stopped;
+  for (const std::string& row : rows_) {
+    Informe_ += CarpetaOriginales_ + text::Obtener_Nombre_Archivo(row) + "\r\n";
+    zero_counter();
+    projects_.push_back({.ruta = text::Obtener_VipPath(row), .destino = target_of(row)});
+    ProjectUpdate& update = projects_.back();
+    if (is_original(update.ruta)) {
+      update.motivo = kOriginal;
+      continue;
+    }
+    const auto bytes = pointer_bytes(row);
+    if (!bytes) {
+      update.motivo = kNoPointers;
+      if (options_.careful) continue;
+      return End::no_pointers;
+    }
+    if (!patch_project(row, read_pointers(*bytes), update)) {
+      update.motivo = kStopped;
+      return End::stopped;
+    }
+    drop_pointers(row);
+  }
+  return End::done;
+}
+
+// A project in hand when the run is stopped stays as it was. False then.
+bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
+                              ProjectUpdate& update) {
+  const Target& target = targets_[text::same_file_key(target_of(row))];
+  update.motivo = target.motivo;
+  if (update.motivo.empty() && (pointers.odd || pointers.damaged)) update.motivo = kBadPointers;
+  if (!update.motivo.empty()) return go_on();
+  auto project = open_project(context_.platform.files, update.destino);
+  if (!project) {
+    update.motivo = removal::reason::of(project.status());
+    return go_on();
+  }
+  if (!patch_image(**project, pointers, update)) return false;
+  if (update.motivo.empty()) put(target, **project, update);
+  return go_on();
+}
+
+bool UpdateRun::patch_image(OpenProject& project, const Pointers& pointers, ProjectUpdate& update) {
+  UpdateLookups lookups(context_, job_, search_);
+  const PatchRules rules{CarpetaOriginales_.front(), text::Obtener_Nombre_Path(update.ruta, true),
+                         options_.careful};
+  for (const Pointer& pair : pointers.pairs) {
+    lookups.begin(project.image, pair);
+    auto change = patch_pair(project.image, pair, rules, lookups);
+    if (!go_on() || context_.platform.pump.ended()) return false;
+    if (options_.leaves_project && options_.leaves_project()) {
+      update.motivo = kSeveral;
+      return true;
+    }
+    if (!change) {
+      update.motivo = project.image.failed() ? kUnread : kBadPositions;
+      return true;
+    }
+    update.rutas.push_back(std::move(*change));
+  }
+  return true;
+}
+
+// Writes the patched project, unless it is as it was.
+void UpdateRun::put(const Target& target, OpenProject& project, ProjectUpdate& update) {
+  update.creado = !target.exists;
+  update.cambiado = update.creado || project.image.differs();
+  if (!update.cambiado || options_.simulate) return;
+  system::FileSystem& files = context_.platform.files;
+  if (update.creado) {
+    if (const system::Status noted = originals_->note_created(update.destino); !noted) {
+      update.motivo = removal::reason::of(noted);
+      return;
+    }
+  }
+  const auto after = update.creado ? put_new(files, project, update.destino)
+                                   : put_over(files, project, update.destino, target.seen);
+  if (after) {
+    originals_->note_done(update.destino, *after).ignore();
+  } else {
+    update.motivo = removal::reason::of(after.status());
+  }
+}
+
+}  // namespace ordelan::relink

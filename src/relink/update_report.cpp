@@ -1,0 +1,70 @@
+#include "relink/update_report.h"
+
+#include <algorithm>
+
+#include "text/rows.h"
+
+namespace ordelan::relink {
+namespace {
+
+constexpr std::string_view kFirstWords = "Actualización de proyectos";
+
+std::string line_of(const PathChange& change) {
+  // A path that another project's pointers lead to may be any bytes.
+  std::string line = "  " + change.vieja;
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\0' || c == '\r' || c == '\n'; }, ' ');
+  switch (change.untouched) {
+    case Untouched::skipped:
+      return line + "   (se deja: termina en la letra de la unidad)";
+    case Untouched::stays:
+      return line + "   (se deja: existe)";
+    case Untouched::too_long:
+      return line + " -> " + change.nueva + "   (se deja: no cabe)";
+    case Untouched::no:
+      break;
+  }
+  line += " -> " + change.nueva + (change.hallada ? "   (encontrado)" : "   (no encontrado)");
+  if (change.sobrescritos > 0) {
+    line += "   (sobrescribe " + std::to_string(change.sobrescritos) +
+            " bytes de lo que seguía a la ruta)";
+  }
+  return line;
+}
+
+std::string state_of(const ProjectUpdate& project) {
+  if (!project.motivo.empty()) return "no se ha actualizado: " + project.motivo;
+  if (project.creado) return "creado: " + project.destino;
+  if (!project.cambiado) return "ya estaba así";
+  return project.ruta == project.destino ? "actualizado" : "actualizado: " + project.destino;
+}
+
+}  // namespace
+
+std::string report_heading(system::Regional& regional) {
+  return std::string(kFirstWords) + "  " + regional.short_date() + " a las " + regional.long_time();
+}
+
+std::string report_text(const std::string& heading, const std::vector<ProjectUpdate>& projects) {
+  std::string text = heading + "\r\n" + std::string(61, '-') + "\r\n";
+  for (const ProjectUpdate& project : projects) {
+    text += "\r\n" + text::row_with_reason(project.ruta, state_of(project)) + "\r\n";
+    for (const PathChange& change : project.rutas) text += line_of(change) + "\r\n";
+  }
+  return text;
+}
+
+bool is_report(std::string_view bytes) {
+  return bytes.starts_with(kFirstWords);
+}
+
+std::string left_alone(const std::vector<ProjectUpdate>& projects) {
+  std::string text;
+  for (const ProjectUpdate& project : projects) {
+    if (project.motivo.empty()) continue;
+    text += "\r\n" + text::row_with_reason(project.ruta, project.motivo);
+  }
+  return text;
+}
+
+}  // namespace ordelan::relink
