@@ -27,6 +27,7 @@ Reason reason_of(int error) {
       return Reason::not_a_file;
     case EBUSY:
     case ETXTBSY:
+    case EWOULDBLOCK:  // another program has a lease on the file
       return Reason::in_use;
     case EROFS:
       return Reason::read_only;

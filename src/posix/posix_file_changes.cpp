@@ -174,7 +174,7 @@ system::Opened<system::FileLock> PosixFileSystem::lock(std::string_view path) {
     Descriptor file(::open(native->c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!file.valid()) return last_reason();
     if (::flock(file.number(), LOCK_EX | LOCK_NB) != 0) {
-      return errno == EWOULDBLOCK ? Reason::in_use : last_reason();
+      return last_reason();
     }
     // Another holder may have removed the name between the two calls.
     struct stat held {};

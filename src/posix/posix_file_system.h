@@ -19,6 +19,7 @@ class PosixFileSystem final : public system::FileSystem {
   system::Opened<system::InputFile> open(std::string_view path) override;
   system::Opened<system::OutputFile> create(std::string_view path) override;
   system::Opened<system::OutputFile> create_new(std::string_view path) override;
+  system::Opened<system::ChangeFile> change(std::string_view path) override;
   system::Status make_folder(std::string_view path) override;
   system::Status set_attributes(std::string_view path, std::uint32_t attributes) override;
   // The owner, the group and the mode of `to` stay; where they cannot be kept, `to` is not

@@ -89,6 +89,27 @@ class OutputFile {
   virtual Status close() = 0;
 };
 
+// An existing file opened to be changed in place. It is closed when the object is destroyed.
+class ChangeFile {
+ public:
+  virtual ~ChangeFile() = default;
+
+  // How many names (hard links) the file had when it was opened; 1 where the system has no such.
+  virtual std::uint32_t names() const = 0;
+
+  // Writes bytes from byte `offset` (0-based) on. The file grows where they reach past its end,
+  // with zeros in between. A failure when they could not all be written, and some of them may have
+  // been; every later call then fails too.
+  virtual Status write_at(std::uint64_t offset, std::string_view bytes) = 0;
+
+  // Waits until everything written has reached the disk itself and would survive a power cut.
+  virtual Status flush() = 0;
+
+  // Closes the file and says whether everything written has reached the system. A ChangeFile that
+  // is destroyed without it is closed too, but a failure then goes unseen.
+  virtual Status close() = 0;
+};
+
 // A name on the disk that only one program holds at a time. It is given back when the object is
 // destroyed, and by the system when the program ends in whatever way.
 class FileLock {
@@ -142,6 +163,11 @@ class FileSystem {
   // when something does (a file, a folder, a link to nowhere), which stays as it is, and when the
   // file cannot be created.
   virtual Opened<OutputFile> create_new(std::string_view path) = 0;
+
+  // Opens a file that exists, or the one that a link leads to, to be changed in place: it stays the
+  // same file under all its names. No file where it is missing, is no plain file, is read-only or
+  // another program has it open against writing.
+  virtual Opened<ChangeFile> change(std::string_view path) = 0;
 
   // Makes a folder in one that exists. Fails also when it exists already.
   virtual Status make_folder(std::string_view path) = 0;

@@ -3,7 +3,10 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
+
 #include "posix/native_folder.h"
+#include "system/file_change_contract.h"
 #include "text/code_page.h"
 
 namespace ordelan::test {
@@ -23,6 +26,14 @@ class PosixPlace {
   void make_read_only(std::string_view path) {
     ASSERT_EQ(::chmod((mapped_.disk / native(path)).c_str(), 0444), 0);
   }
+  bool link(std::string_view link, std::string_view to) {
+    mapped_.disk.link(native(link), mapped_.disk / native(to));
+    return true;
+  }
+  bool add_name(std::string_view name, std::string_view to) {
+    std::filesystem::create_hard_link(mapped_.disk / native(to), mapped_.disk / native(name));
+    return true;
+  }
   void write_unnameable() { mapped_.disk.file("lugar/\xD0\x96\xE6\xBC\xA2.wav"); }
 
  private:
@@ -39,6 +50,7 @@ class PosixPlace {
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FileSystemContract, PosixPlace);
+INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FileChangeContract, PosixPlace);
 
 }  // namespace
 }  // namespace ordelan::test

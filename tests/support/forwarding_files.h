@@ -28,6 +28,9 @@ class ForwardingFiles : public system::FileSystem {
   system::Opened<system::OutputFile> create_new(std::string_view path) override {
     return files_.create_new(path);
   }
+  system::Opened<system::ChangeFile> change(std::string_view path) override {
+    return files_.change(path);
+  }
   system::Status make_folder(std::string_view path) override { return files_.make_folder(path); }
   system::Status set_attributes(std::string_view path, std::uint32_t attributes) override {
     return files_.set_attributes(path, attributes);
@@ -76,6 +79,9 @@ class NoFiles : public system::FileSystem {
   }
   system::Opened<system::OutputFile> create_new(std::string_view) override {
     return system::Reason::read_only;
+  }
+  system::Opened<system::ChangeFile> change(std::string_view) override {
+    return system::Reason::not_found;
   }
   system::Status make_folder(std::string_view) override { return system::Reason::read_only; }
   system::Status set_attributes(std::string_view, std::uint32_t) override {

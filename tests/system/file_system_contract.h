@@ -13,6 +13,10 @@
 //   void truncate(std::string_view path);   makes a file empty while others have it open
 //   void make_read_only(std::string_view);  makes a file one that may not be written
 //   void write_unnameable();                makes a file in `folder` whose name the code page lacks
+//   bool link(std::string_view link, std::string_view to);       makes a link to a file
+//   bool add_name(std::string_view name, std::string_view to);   makes a hard link to a file
+//
+// The last two give false where the system makes none.
 #pragma once
 
 #include <gmock/gmock.h>

@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "system/file_change_contract.h"
 #include "system/file_system_contract.h"
 #include "win32/ansi_text.h"
 #include "win32/ports/win32_file_system.h"
@@ -22,6 +23,16 @@ class Win32Place {
   void make_read_only(std::string_view path) {
     ASSERT_TRUE(SetFileAttributesW(win32::widen(path).c_str(), FILE_ATTRIBUTE_READONLY));
   }
+  bool link(std::string_view link, std::string_view to) {
+    constexpr DWORD kUnprivileged = 2;  // allowed without rights in developer mode
+    const BOOL made =
+        CreateSymbolicLinkW(win32::widen(link).c_str(), win32::widen(to).c_str(), kUnprivileged);
+    // Wine says that it made one, and makes none.
+    return made && GetFileAttributesW(win32::widen(link).c_str()) != INVALID_FILE_ATTRIBUTES;
+  }
+  bool add_name(std::string_view name, std::string_view to) {
+    return CreateHardLinkW(win32::widen(name).c_str(), win32::widen(to).c_str(), nullptr) != 0;
+  }
   void write_unnameable() { write_file(folder_.path() + L"\\\u0416\u6F22.wav", "1"); }
 
  private:
@@ -30,6 +41,7 @@ class Win32Place {
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Win32, FileSystemContract, Win32Place);
+INSTANTIATE_TYPED_TEST_SUITE_P(Win32, FileChangeContract, Win32Place);
 
 class Win32Files : public testing::Test {
  protected:
@@ -201,6 +213,43 @@ TEST_F(Win32Files, a_file_that_another_program_keeps_to_itself_is_in_use) {
   place_.write(path("c.vip"), "2");
   EXPECT_EQ(files_.replace(path("c.vip"), path("a.vip")), Reason::in_use);
   CloseHandle(lock);
+}
+
+TEST_F(Win32Files, a_file_that_another_program_does_not_let_be_written_is_not_changed) {
+  place_.write(path("a.vip"), "123");
+  for (const DWORD shared : {DWORD{FILE_SHARE_READ}, DWORD{0}}) {
+    const HANDLE other = CreateFileW(win32::widen(path("a.vip")).c_str(), GENERIC_READ, shared,
+                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(other, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(files_.change(path("a.vip")).status(), system::Reason::in_use) << shared;
+    CloseHandle(other);
+  }
+  EXPECT_TRUE(files_.change(path("a.vip")));
+}
+
+TEST_F(Win32Files, a_file_that_another_program_writes_to_is_not_changed) {
+  place_.write(path("a.vip"), "123");
+  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE other = CreateFileW(win32::widen(path("a.vip")).c_str(), GENERIC_WRITE, kAll,
+                                   nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(other, INVALID_HANDLE_VALUE);
+  EXPECT_EQ(files_.change(path("a.vip")).status(), system::Reason::in_use);
+  CloseHandle(other);
+}
+
+TEST_F(Win32Files, a_file_that_is_changed_may_be_read_by_others_and_nothing_else) {
+  place_.write(path("a.vip"), "123");
+  {
+    const auto file = files_.change(path("a.vip"));
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->write_at(1, "x"));
+    EXPECT_TRUE(files_.open(path("a.vip")));
+    EXPECT_EQ(files_.change(path("a.vip")).status(), system::Reason::in_use);
+    EXPECT_EQ(files_.create(path("a.vip")).status(), system::Reason::in_use);
+    EXPECT_EQ(files_.remove(path("a.vip")), system::Reason::in_use);
+    EXPECT_EQ(files_.move(path("a.vip"), path("b.vip")), system::Reason::in_use);
+  }
+  EXPECT_TRUE(files_.remove(path("a.vip")));
 }
 
 // As virus scanners do with files that have just come.

@@ -9,6 +9,7 @@
 #include "win32/handle.h"
 #include "win32/ports/error_reason.h"
 #include "win32/ports/extended_path.h"
+#include "win32/ports/file_writing.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -16,9 +17,6 @@ namespace {
 using system::Detail;
 using system::FileInfo;
 using system::Reason;
-
-// One call to the disk takes and gives at most this much.
-constexpr std::size_t kLargestPiece = 16 * 1024 * 1024;
 
 std::uint64_t joined(DWORD high, DWORD low) {
   return (std::uint64_t{high} << 32) | low;
@@ -123,14 +121,7 @@ class Win32OutputFile final : public system::OutputFile {
   explicit Win32OutputFile(FileHandle file) : file_(std::move(file)) {}
 
   system::Status write(std::string_view bytes) override {
-    while (status_ && !bytes.empty()) {
-      const auto piece = static_cast<DWORD>(std::min(bytes.size(), kLargestPiece));
-      DWORD written = 0;
-      if (!WriteFile(file_.get(), bytes.data(), piece, &written, nullptr) || written == 0) {
-        status_ = last_reason();
-      }
-      bytes.remove_prefix(written);
-    }
+    if (status_) status_ = write_all(file_, bytes);
     return status_;
   }
 

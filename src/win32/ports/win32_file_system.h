@@ -15,6 +15,8 @@ class Win32FileSystem final : public system::FileSystem {
   system::Opened<system::InputFile> open(std::string_view path) override;
   system::Opened<system::OutputFile> create(std::string_view path) override;
   system::Opened<system::OutputFile> create_new(std::string_view path) override;
+  // No other program may have the file open for writing, nor move or remove it meanwhile.
+  system::Opened<system::ChangeFile> change(std::string_view path) override;
   system::Status make_folder(std::string_view path) override;
   system::Status set_attributes(std::string_view path, std::uint32_t attributes) override;
   // Keeps the time of creation, the access rights and the attributes of `to`, where the disk keeps
