@@ -159,7 +159,7 @@ bool cFindFiles::passes_name(const std::string& name) const {
 // Each folder is listed once. Its files are reported before its subfolders, both in alphabetical
 // order, and nothing is kept of it but what was found and what is still to be searched.
 void cFindFiles::scan(const std::string& path) {
-  const system::Detail wanted = detail();
+  const system::Detail needed = detail();
   std::vector<std::string> waiting = {system::with_backslash(path)};
   std::vector<system::FileInfo> files;
   std::vector<system::FileInfo> folders;
@@ -181,7 +181,8 @@ void cFindFiles::scan(const std::string& path) {
         } else if (on_unseen) {
           on_unseen(here + entry.name + "\\", Unseen::linked);
         }
-      } else if (passes_extension(entry.name) && passes_limits(entry) && passes_name(entry.name)) {
+      } else if (passes_extension(entry.name) && passes_limits(entry) && passes_name(entry.name) &&
+                 (!wanted || wanted(entry.name))) {
         files.push_back(std::move(entry));
       }
       if (--until_turn > 0) return true;
@@ -192,7 +193,7 @@ void cFindFiles::scan(const std::string& path) {
     const auto miss = [&](const system::UnnamedEntry& entry) {
       if (on_unseen) on_unseen(here + entry.shown + (entry.folder ? "\\" : ""), Unseen::unnamed);
     };
-    const bool readable = platform_.files.each(here, wanted, see, miss);
+    const bool readable = platform_.files.each(here, needed, see, miss);
     if (stop_) return;
     if (!readable && on_unseen && platform_.files.info(here)) on_unseen(here, Unseen::unreadable);
     std::sort(files.begin(), files.end(), system::in_listing_order);
@@ -208,12 +209,14 @@ void cFindFiles::offer(const std::string& folder, std::vector<system::FileInfo>&
   for (system::FileInfo& file : files) {
     if (stop_) return;
     std::string path = folder + file.name;
-    // Where names were enough, the size was left out by some systems.
-    if (file.size == 0) file.size = platform_.files.info(path).value_or(file).size;
-    total_size_ += reckoned_size(file.size);
+    if (!EventsOnly) {
+      // Where names were enough, the size was left out by some systems.
+      if (file.size == 0) file.size = platform_.files.info(path).value_or(file).size;
+      total_size_ += reckoned_size(file.size);
+    }
     ++files_;
     if (GetFile) GetFile(path);
-    ColFiles_.push_back(std::move(path));
+    if (!EventsOnly) ColFiles_.push_back(std::move(path));
     turn();
   }
 }

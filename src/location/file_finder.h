@@ -71,6 +71,13 @@ class cFindFiles {
   // here, and StopSearch called.
   std::function<void()> on_turn;
 
+  // --- searches of many names at once
+  // Asked for each file that has passed the filters, unless empty: a file for which it gives false
+  // is not found.
+  std::function<bool(const std::string& name)> wanted;
+  // Files are reported by GetFile alone: ColFiles and TotalSize stay empty.
+  bool EventsOnly = false;
+
   // Searches `Path` and, with SearchSubDirs, all below it; all of ColDrives where it is empty.
   // `Extensions`: several, separated by ";" ("mp3;wav" or "*.mp3;*.wav"), or one piece that is a
   // whole file name or a pattern; empty for all files. `FileName`: with `Mode` 1 the name without

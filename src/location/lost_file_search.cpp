@@ -24,15 +24,20 @@ std::string replaced(std::string text, const std::string& what, const std::strin
 }  // namespace
 
 bool Buscar::BuscarOtraLetra(const std::string& Ruta) {
+  const bool found = try_other_letters(Ruta);
+  show_announced();
+  return found;
+}
+
+// The same, but its last text may still wait to be shown.
+bool Buscar::try_other_letters(const std::string& Ruta) {
   UnidadesBuscar* const drives = boxes();
   const std::string raiz = Ruta.substr(0, 3);
   if (drives == nullptr || raiz.find(":\\") == std::string::npos) return false;
   bool found = false;
   for (const auto& box : drives->Check1) {
     if (!box->checked()) continue;
-    context_.strip.Alerta(
-        work::kWaiting, "Buscando: " + Ruta + kLine + "En la " + box->caption() + kLine + "ESPERAR",
-        true);
+    announce("Buscando: " + Ruta + kLine + "En la " + box->caption() + kLine + "ESPERAR");
     const std::string candidato = replaced(Ruta, raiz, box->tag());
     const auto there = context_.platform.files.info(candidato);
     if (!there || there->folder) continue;
@@ -57,6 +62,7 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
   work::Job job = work::Job::join(context_.work, context_.platform);
   const bool found = search(std::string(Archivo), job);
   asked_.clear();
+  announced_.reset();
   return found && !job.superseded();
 }
 
@@ -78,7 +84,7 @@ bool Buscar::search(const std::string& file, work::Job& job) {
   }
 
   bool found = false;
-  if (BuscarOtraLetra(file)) {
+  if (try_other_letters(file)) {
     context_.strip.Alerta(work::kResult,
                           "El archivo: " + file + kLine + "Ha sido encontrado en " + kLine +
                               context_.work.ArchivoActual,
@@ -117,14 +123,38 @@ bool Buscar::find_everywhere(const std::string& name, work::Job& job) {
   for (int i = 0; const UnidadesBuscar* const drives = boxes(); ++i) {
     if (i >= drives->Check1.size()) break;
     const ui::CheckBox& box = drives->Check1[i];
-    context_.strip.Alerta(
-        work::kWaiting, "Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR",
-        true);
+    announce("Buscando: " + name + kLine + "En la " + box.caption() + kLine + "ESPERAR");
     cFind_InitSearch();
-    if (box.checked()) run(std::string(box.tag()), what, job);
+    if (box.checked()) {
+      const std::string root = box.tag();
+      update_ != nullptr ? find_in_index(root, what, job) : run(root, what, job);
+    }
     if (job.must_stop()) return false;
   }
   return true;
+}
+
+// In place of `run` while projects are updated.
+void Buscar::find_in_index(const std::string& folder, const std::string& what, work::Job& job) {
+  const auto go_on = [&] {
+    if (job.must_stop()) return false;
+    if (announced_ && update_ != nullptr && update_->display.due()) show_announced();
+    return true;
+  };
+  if (const auto found = update_->index.find(folder, what, go_on)) cFind_EndSearch(*found);
+}
+
+// Says on the strip what is searched now. In an update, where most of these texts are replaced at
+// once, it waits until one is due.
+void Buscar::announce(std::string text) {
+  announced_ = std::move(text);
+  if (update_ == nullptr || update_->display.due()) show_announced();
+}
+
+void Buscar::show_announced() {
+  if (!announced_) return;
+  context_.strip.Alerta(work::kWaiting, *announced_, true);
+  announced_.reset();
 }
 
 // Says what was found. Whether anything was.
@@ -139,7 +169,10 @@ bool Buscar::tell(const std::string& file) {
     return false;
   }
   context_.work.ArchivoActual = List2.row(0);
-  if (context_.work.ModoPosiciones) return true;
+  if (context_.work.ModoPosiciones) {
+    show_announced();
+    return true;
+  }
   if (count == 1) {
     context_.strip.Alerta(work::kResult,
                           head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0),
@@ -153,12 +186,37 @@ bool Buscar::tell(const std::string& file) {
   return true;
 }
 
-// Waits for the user's choice among the hits. False when the job has ended meanwhile, or the
-// program has.
+// Takes the one hit in the folder that the user has chosen for all of the old folder. False where
+// there is no such folder, or no hit in it, or several.
+bool Buscar::choose_by_folder() {
+  if (update_ == nullptr || update_->old_folder.empty()) return false;
+  const auto rule = update_->chosen.find(text::same_file_key(update_->old_folder));
+  if (rule == update_->chosen.end()) return false;
+  const std::string folder = text::same_file_key(rule->second);
+  const std::string* taken = nullptr;
+  for (const std::string& row : List2.rows()) {
+    if (text::same_file_key(text::folder_of(row)) != folder) continue;
+    if (taken != nullptr) return false;
+    taken = &row;
+  }
+  if (taken == nullptr) return false;
+  context_.work.ArchivoActual = *taken;
+  return true;
+}
+
+// Has one of the hits chosen: as for other files of the folder, or by the user, for whom it waits.
+// False when the job has ended meanwhile, or the program has.
 bool Buscar::choose(work::Job& job) {
+  if (choose_by_folder()) return true;
+  if (update_ != nullptr && update_->on_several) {
+    const auto row = update_->on_several(List2.rows());
+    if (row) context_.work.ArchivoActual = *row;
+    return row.has_value();
+  }
   ElegirRuta* choice = context_.windows.touch<ElegirRuta>();
   if (choice == nullptr) return true;
   choice->Elegido = false;
+  choice->offer_folder(update_ != nullptr ? update_->old_folder : "");
   choice->ListElegirRuta.clear();
   choice->ListElegirRuta.add(List2.rows());
   ui::ListaAncho(choice->ListElegirRuta);
@@ -168,6 +226,10 @@ bool Buscar::choose(work::Job& job) {
     choice = context_.windows.find<ElegirRuta>();
   }
   const bool chosen = choice != nullptr && choice->Elegido;
+  const std::string& row = context_.work.ArchivoActual;
+  if (chosen && choice->for_whole_folder() && update_ != nullptr && !row.empty()) {
+    update_->chosen[text::same_file_key(update_->old_folder)] = text::folder_of(row);
+  }
   context_.windows.close<ElegirRuta>();
   return chosen;
 }

@@ -19,10 +19,13 @@ ElegirRuta::ElegirRuta(const work::Context& context)
                               .topmost = true,
                               .shown = true}),
       ListElegirRuta(*this, "ListElegirRuta"),
+      CheckCarpeta(*this, "CheckCarpeta"),
       Label1(*this, "Label1") {
   Label1.set_caption(
       "Hay varios archivos con el mismo nombre. Clica el que debe utilizar el proyecto:");
   ListElegirRuta.set_description("Rutas encontradas");
+  CheckCarpeta.set_caption("Igual para toda la carpeta");
+  CheckCarpeta.hide();
   set_up();
   ListElegirRuta.on_click = [this] { ListElegirRuta_Click(); };
   // A click below the rows is a choice as well, of no path: it leaves the place empty.
@@ -37,6 +40,14 @@ void ElegirRuta::ListElegirRuta_Click() {
 
 void ElegirRuta::ListElegirRuta_Key(int key_code) {
   if (key_code == kEnter && ListElegirRuta.current() >= 0) choose(ListElegirRuta.current_row());
+}
+
+// The tick is not kept from one question to the next: it would choose for folders that the user has
+// not thought of.
+void ElegirRuta::offer_folder(const std::string& old_folder) {
+  CheckCarpeta.set_checked(false);
+  CheckCarpeta.set_tip("También para los demás archivos que estaban en " + old_folder);
+  CheckCarpeta.set_visible(!old_folder.empty());
 }
 
 void ElegirRuta::choose(const std::string& row) {

@@ -27,7 +27,7 @@ std::shared_ptr<cFindFiles> Buscar::new_finder() {
   auto finder = std::make_shared<cFindFiles>(context_.platform);
   finder->SearchSubDirs = true;
   finder->InitSearch = [this] { cFind_InitSearch(); };
-  finder->EndSearch = [this, it = finder.get()] { cFind_EndSearch(*it); };
+  finder->EndSearch = [this, it = finder.get()] { cFind_EndSearch(it->ColFiles()); };
   return finder;
 }
 
@@ -132,9 +132,9 @@ void Buscar::cFind_InitSearch() {
   context_.clocks.iniciarCrono();
 }
 
-void Buscar::cFind_EndSearch(const cFindFiles& finder) {
+void Buscar::cFind_EndSearch(const std::vector<std::string>& found) {
   std::vector<std::string> hits;
-  for (const std::string& path : finder.ColFiles()) {
+  for (const std::string& path : found) {
     // Only folders of just this name are left out; the system's own bins are spelt otherwise, and
     // a user who keeps audio there wants it found.
     if (path.find("RECICLER") == std::string::npos &&

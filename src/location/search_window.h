@@ -3,10 +3,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "location/drive_window.h"
 #include "location/file_finder.h"
+#include "location/update_search.h"
 #include "project/project_gate.h"
 #include "ui/list_box.h"
 #include "ui/text_box.h"
@@ -56,6 +59,11 @@ class Buscar final : public ui::Window {
   // path on the last of them. Finds nothing for a path that does not begin with a drive.
   bool BuscarOtraLetra(const std::string& Ruta);
 
+  // What the searches of an update of the projects share, from its first search to its last; null
+  // ends it. Each drive is then walked once for all names, and texts that the next one replaces at
+  // once are shown ten times a second at most. `update` must outlive the searches.
+  void set_update(UpdateSearch* update) { update_ = update; }
+
   // Gives every fixed and removable drive its box in UnidadesBuscar.
   void UnidadesDisponibles();
 
@@ -63,13 +71,18 @@ class Buscar final : public ui::Window {
   std::shared_ptr<cFindFiles> new_finder();
   UnidadesBuscar* boxes();
   bool search(const std::string& file, work::Job& job);
+  bool try_other_letters(const std::string& path);
   bool find_everywhere(const std::string& file, work::Job& job);
   bool tell(const std::string& file);
   bool choose(work::Job& job);
+  bool choose_by_folder();
+  void announce(std::string text);
+  void show_announced();
   void stop_clock();
   void run(const std::string& folder, const std::string& what, work::Job& job);
+  void find_in_index(const std::string& folder, const std::string& what, work::Job& job);
   void cFind_InitSearch();
-  void cFind_EndSearch(const cFindFiles& finder);
+  void cFind_EndSearch(const std::vector<std::string>& found);
 
   work::Context context_;
   project::LeftOut& left_out_;
@@ -78,6 +91,8 @@ class Buscar final : public ui::Window {
   std::shared_ptr<cFindFiles> cFind_;
   std::string asked_;  // the name that hits must have; empty for any
   bool searching_ = false;
+  UpdateSearch* update_ = nullptr;
+  std::optional<std::string> announced_;  // a text of the strip that was not due yet
 };
 
 }  // namespace ordelan::location

@@ -345,6 +345,8 @@ Icon=salir
 ButtonColor=$Ground
 [ElegirRuta.Label1]
 ForeColor=$Text
+[ElegirRuta.CheckCarpeta]
+ForeColor=$Text
 [UnidadesBuscar.cmdSalir]
 Icon=cerrar
 [UnidadesBuscar.Label2]

@@ -1,10 +1,8 @@
 // One long run over the work in hand: opening a project, a sweep, the reports, a search.
 #pragma once
 
-#include <chrono>
-#include <optional>
-
 #include "system/platform.h"
+#include "work/display_pace.h"
 #include "work/folder_tree.h"
 #include "work/work_in_hand.h"
 
@@ -42,12 +40,7 @@ class Job {
 
   // Whether what the run does now should be shown: ten times a second, as no user reads faster and
   // each showing costs the window time. True at the first call.
-  bool display_due() {
-    const auto now = clock_.now();
-    if (displayed_ && now - *displayed_ < kDisplayInterval) return false;
-    displayed_ = now;
-    return true;
-  }
+  bool display_due() { return display_.due(); }
 
   // The user has asked it to stop, or a newer run has taken its place. A run that was superseded
   // leaves the window as it is.
@@ -79,16 +72,13 @@ class Job {
  private:
   Job(WorkInHand& work, const system::Platform& platform, JobNumber number)
       : work_(work),
-        clock_(platform.clock),
+        display_(platform.clock),
         pacer_(platform.pump, platform.clock),
         number_(number),
         folders_(platform.files) {}
 
-  static constexpr std::chrono::milliseconds kDisplayInterval{100};
-
   WorkInHand& work_;
-  system::Clock& clock_;
-  std::optional<system::Clock::Time> displayed_;
+  DisplayPace display_;
   system::Pacer pacer_;
   JobNumber number_;
   bool busy_ = false;

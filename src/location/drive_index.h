@@ -1,0 +1,76 @@
+// Where the files of some names are on the drives, from one walk of each drive.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "system/event_pump.h"
+#include "system/platform.h"
+
+namespace ordelan::location {
+
+// For one job that looks for many names. Files that come to a drive after its walk are not found.
+// Only files of expected names are kept.
+class DriveIndex {
+ public:
+  // `platform` must outlive it.
+  explicit DriveIndex(const system::Platform& platform);
+  DriveIndex(const DriveIndex&) = delete;
+  DriveIndex& operator=(const DriveIndex&) = delete;
+
+  // A name that may be asked for. Names first expected after a drive was walked cost that drive
+  // another walk, for all new names at once.
+  void expect(std::string_view name);
+
+  // The full paths of the files of that name (case ignored) on the drive with that root, in the
+  // order in which cFindFiles::Find(root, name, "", 1) finds them. The drive is walked at the first
+  // call. Patterns, lists of extensions, names that Windows would read as another one and calls
+  // from inside a walk are searched without the index. Each path is looked at again: when one has
+  // gone, the drive is walked anew. The window gets its turns, and `go_on` is called after each;
+  // gives nothing, and keeps nothing of a walk under way, once it has given false.
+  std::optional<std::vector<std::string>> find(const std::string& root, const std::string& name,
+                                               const std::function<bool()>& go_on);
+
+ private:
+  using Number = std::uint32_t;  // of a name, a hit or a folder
+  static constexpr Number kNone = UINT32_MAX;
+
+  struct Hit {
+    Number folder = 0;
+    Number next = kNone;  // of the same name
+    std::string name;     // as it stands on the disk
+  };
+  struct Drive {
+    Number walked = 0;          // names with lower numbers have been looked for
+    std::vector<Number> first;  // the hits of each name
+    std::vector<Number> last;
+    std::deque<Hit> hits;
+    std::vector<std::string> folders;  // of the hits, in the order of the walk
+  };
+  enum class Walk { whole, stopped, failed };
+
+  Number number_of(std::string_view name);
+  Walk walk(const std::string& root, Drive& drive, const std::function<bool()>& go_on);
+  void keep(Drive& drive, const std::string& path);
+  static std::vector<std::string> paths(const Drive& drive, Number number);
+  bool is_there(const std::string& path) const;
+  std::optional<std::vector<std::string>> search(const std::string& root, const std::string& name,
+                                                 const std::function<bool()>& go_on) const;
+
+  const system::Platform& platform_;
+  system::Pacer pacer_;
+  std::unordered_map<std::string, Number> names_;  // in lower case
+  std::map<std::string, Drive> drives_;            // by root
+  std::string key_;                                // kept for its room
+  bool busy_ = false;
+};
+
+}  // namespace ordelan::location
