@@ -27,6 +27,20 @@ std::string log_name_of(std::string name) {
   return name + ".log";
 }
 
+// Whether a file that has the name of a log of positions is none: it is somebody's own then, and
+// must not be emptied.
+bool is_foreign_log(system::FileSystem& files, const std::string& path) {
+  if (!files.info(path)) return false;
+  const auto file = files.open(path);
+  if (!file) return true;
+  std::vector<std::uint8_t> head(kReach);
+  const auto came = file->read(0, head);
+  return !came || std::any_of(head.begin(), head.begin() + static_cast<std::ptrdiff_t>(*came),
+                              [](std::uint8_t byte) {
+                                return byte != '\r' && byte != '\n' && (byte < '0' || byte > '9');
+                              });
+}
+
 }  // namespace
 
 // One reading of one file.
@@ -242,6 +256,7 @@ Position VipReader::BuscarMarcaListas(const std::string& Ruta, Position Desde) {
 }
 
 void VipReader::write_positions(Run& run, const std::string& log_name) {
+  if (is_foreign_log(platform_.files, log_name)) return;
   auto log = platform_.files.create(log_name);
   if (!log) return;
   const Position limit = run.length() - 1;
