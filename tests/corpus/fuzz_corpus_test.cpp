@@ -51,5 +51,13 @@ TEST(FuzzCorpus, mentions_are_those_of_the_literal_search_in_every_kept_file) {
   EXPECT_GE(replay("fuzz_mentions", check_mentions), 12u);
 }
 
+TEST(FuzzCorpus, pointer_files_and_walks_are_those_of_the_literal_ones_in_every_kept_file) {
+  EXPECT_GE(replay("fuzz_pointers", check_pointers), 20u);
+}
+
+TEST(FuzzCorpus, patches_leave_the_bytes_of_the_literal_one_in_every_kept_project) {
+  EXPECT_GE(replay("fuzz_patch", check_patch), 12u);
+}
+
 }  // namespace
 }  // namespace ordelan::test

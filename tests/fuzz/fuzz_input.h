@@ -14,6 +14,8 @@
 
 #include "project/mention_agreement.h"
 #include "project/vip_reader_agreement.h"
+#include "relink/pointer_agreement.h"
+#include "relink/pointer_file.h"
 #include "removal/copy_index.h"
 #include "removal/recovery.h"
 #include "removal/removal_log.h"
@@ -172,6 +174,93 @@ inline std::string check_copy_index(std::string_view input) {
     }
   }
   return {};
+}
+
+// A pointer file as its plain lines give it: blanks and tabs around the numbers, which fit into 32
+// bits. Nothing after the first line that is no number is read.
+inline relink::Pointers literal_pairs(std::string_view input) {
+  relink::Pointers read;
+  std::vector<std::int32_t> numbers;
+  for (const std::string& line : literal_lines(input)) {
+    const std::size_t begin = line.find_first_not_of(" \t");
+    const std::size_t end = line.find_last_not_of(" \t");
+    std::string number = begin == std::string::npos ? "" : line.substr(begin, end - begin + 1);
+    const bool negative = number.starts_with('-');
+    if (negative) number.erase(0, 1);
+    std::int64_t value = 0;
+    bool fits = !number.empty();
+    for (const char c : number) {
+      fits = fits && c >= '0' && c <= '9';
+      if (!fits) break;
+      value = value * 10 + (c - '0');
+      fits = value <= (negative ? std::int64_t{2147483648} : std::int64_t{2147483647});
+    }
+    read.damaged = !fits;
+    if (!fits) break;
+    numbers.push_back(static_cast<std::int32_t>(negative ? -value : value));
+  }
+  for (std::size_t i = 0; i + 1 < numbers.size(); i += 2) {
+    read.pairs.push_back({numbers[i], numbers[i + 1]});
+  }
+  read.odd = numbers.size() % 2 != 0;
+  return read;
+}
+
+// Any bytes, taken as a pointer file, as the name of a project, and as the project whose numbers
+// are printed; the first byte is the size of the chunks then.
+inline std::string check_pointers(std::string_view input) {
+  const relink::Pointers read = relink::read_pointers(input);
+  const relink::Pointers wanted = literal_pairs(input);
+  if (read.damaged != wanted.damaged) return "another line that is no number";
+  if (read.odd != wanted.odd) return "another number without a partner";
+  if (read.pairs != wanted.pairs) return "other pairs than those of the plain lines";
+  std::string again;
+  for (const auto& [ini, fin] : read.pairs) {
+    again += relink::pointer_line(ini) + relink::pointer_line(fin);
+  }
+  const relink::Pointers back = relink::read_pointers(again);
+  if (back.damaged || back.odd || back.pairs != read.pairs) return "pairs do not survive printing";
+
+  const std::string row = "1 --> D:\\" + std::string(input);
+  const std::string written = relink::written_pointer_name(row);
+  if (written != literal_written_name(row)) return "another name to be written";
+  if (relink::read_pointer_name(row) != literal_read_name(row)) return "another name to be read";
+  // No project's name holds one of these two.
+  if (input.find('>') == std::string_view::npos && input.find('\0') == std::string_view::npos &&
+      written != relink::read_pointer_name(row)) {
+    return "the two names of a row's pointer file differ";
+  }
+
+  if (input.empty()) return {};
+  const auto size = static_cast<unsigned char>(input[0]);
+  const std::string project = std::string(96, 'x') + std::string(input.substr(1));
+  std::size_t printed = 0;
+  return compare_walk(project, size < 2 ? 1 << 16 : size, printed);
+}
+
+// The first byte says what luck the disk has, the second by which rules is patched; then the text
+// of a pointer file up to a NUL, and the bytes of a project. Without such a text the pairs are
+// those of the project's walk.
+inline std::string check_patch(std::string_view input) {
+  const std::size_t nul = input.find('\0', 2);
+  if (nul == std::string_view::npos) return {};
+  const auto luck = static_cast<unsigned char>(input[0]);
+  const auto flags = static_cast<unsigned char>(input[1]);
+  const std::string file(input.substr(nul + 1));
+  relink::PatchRules rules;
+  rules.careful = (flags & 1) != 0;
+  rules.letter = "DvaL"[flags >> 1 & 3];
+  rules.carpeta = (flags & 8) != 0 ? "D:\\Mix\\" : "E:\\Proyectos\\Temas nuevos\\";
+  std::vector<relink::Pointer> pairs = relink::read_pointers(input.substr(2, nul - 2)).pairs;
+  if (nul == 2) pairs = relink::read_pointers(literal_pointers(file).text).pairs;
+  // Far positions take long and nothing else.
+  std::erase_if(pairs, [](const relink::Pointer& pair) {
+    return pair.ini > 70'000 || pair.fin > 70'000 ||
+           std::int64_t{pair.fin} - std::max(pair.ini, 0) > 4'000;
+  });
+  if (pairs.size() > 64) pairs.resize(64);
+  std::size_t patched = 0;
+  return compare_patch(file, pairs, rules, luck, patched);
 }
 
 }  // namespace ordelan::test
