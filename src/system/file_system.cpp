@@ -1,6 +1,7 @@
 #include "system/file_system.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "text/code_page.h"
@@ -24,6 +25,22 @@ std::optional<std::vector<FileInfo>> FileSystem::list(std::string_view folder, D
   if (!read) return std::nullopt;
   std::sort(entries.begin(), entries.end(), in_listing_order);
   return entries;
+}
+
+Status FileSystem::flush_files(std::span<const std::string> paths) {
+  Status first;
+  std::set<std::string_view> folders;
+  for (const std::string& path : paths) {
+    const Status flushed = flush_file(path);
+    if (first) first = flushed;
+    const std::size_t name = path.find_last_of("\\/") + 1;
+    folders.insert(std::string_view(path).substr(0, name));
+  }
+  for (const std::string_view folder : folders) {
+    const Status flushed = flush_folder(folder);
+    if (first) first = flushed;
+  }
+  return first;
 }
 
 bool in_listing_order(const FileInfo& a, const FileInfo& b) {

@@ -202,6 +202,196 @@ TEST_F(FaultyFilesTest, a_power_cut_loses_what_was_not_flushed) {
   EXPECT_EQ(content("copy.wav"), "uno");
 }
 
+TEST_F(FaultyFilesTest, changes_in_place_are_handed_on_and_counted) {
+  disk.write("a.vip", "0123456789");
+  {
+    const auto file = files.change(disk.path("a.vip"));
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->names(), 1u);
+    EXPECT_TRUE(file->write_at(2, "xy"));
+    EXPECT_TRUE(file->flush());
+    EXPECT_TRUE(file->close());
+  }
+  EXPECT_EQ(content("a.vip"), "01xy456789");
+  std::vector<Call> calls;
+  for (const auto& made : files.faults.made()) {
+    EXPECT_EQ(made.path, disk.path("a.vip"));
+    calls.push_back(made.call);
+  }
+  EXPECT_THAT(calls, ElementsAre(Call::change, Call::write, Call::flush, Call::close));
+  EXPECT_EQ(files.change(disk.path("nada")).status(), Reason::not_found);
+  files.faults.fail(Call::change, Reason::in_use);
+  EXPECT_EQ(files.change(disk.path("a.vip")).status(), Reason::in_use);
+}
+
+TEST_F(FaultyFilesTest, a_change_that_fails_writes_as_much_as_there_is_room_and_no_more_after_it) {
+  disk.write("a.vip", "0123456789");
+  files.faults.fail({.call = Call::write, .after = 1}, Reason::no_space);
+  files.room = 1;
+  const auto file = files.change(disk.path("a.vip"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->write_at(0, "ab"));
+  EXPECT_EQ(file->write_at(4, "cd"), Reason::no_space);
+  files.faults.heal();
+  EXPECT_EQ(file->write_at(6, "ef"), Reason::no_space);
+  EXPECT_EQ(file->flush(), Reason::no_space);
+  EXPECT_EQ(file->close(), Reason::no_space);
+  EXPECT_EQ(content("a.vip"), "ab23c56789");
+}
+
+TEST_F(FaultyFilesTest, a_kill_in_a_change_leaves_a_part_of_it) {
+  disk.write("a.vip", "0123456789");
+  const auto file = files.change(disk.path("a.vip"));
+  ASSERT_TRUE(file);
+  files.room = 1;
+  files.faults.kill({.call = Call::write, .after = 1});
+  EXPECT_TRUE(file->write_at(0, "ab"));
+  EXPECT_THROW(file->write_at(4, "cd").ignore(), Killed);
+  files.faults.heal();
+  EXPECT_FALSE(file->write_at(6, "ef")) << "the system has closed it";
+  EXPECT_FALSE(file->flush());
+  EXPECT_FALSE(file->close());
+  EXPECT_EQ(content("a.vip"), "ab23c56789") << "the system has what was written";
+}
+
+TEST_F(FaultyFilesTest, a_power_cut_loses_changes_in_place_that_were_not_flushed) {
+  for (const char* name : {"flushed.vip", "half.vip", "grown.vip", "whole.vip"}) {
+    disk.write(name, "0123456789");
+  }
+  files.loses_unflushed = true;
+  {
+    const auto flushed = files.change(disk.path("flushed.vip"));
+    ASSERT_TRUE(flushed);
+    EXPECT_TRUE(flushed->write_at(0, "abc"));
+    EXPECT_TRUE(flushed->flush());
+  }
+  const auto half = files.change(disk.path("half.vip"));
+  ASSERT_TRUE(half);
+  EXPECT_TRUE(half->write_at(0, "ab"));
+  EXPECT_TRUE(half->flush());
+  EXPECT_TRUE(half->write_at(1, "xy"));
+  {
+    const auto grown = files.change(disk.path("grown.vip"));
+    ASSERT_TRUE(grown);
+    EXPECT_TRUE(grown->write_at(12, "abc"));
+    EXPECT_TRUE(grown->close());
+    const auto whole = files.change(disk.path("whole.vip"));
+    ASSERT_TRUE(whole);
+    EXPECT_TRUE(whole->write_at(12, "abc"));
+    EXPECT_TRUE(whole->close());
+  }
+  EXPECT_TRUE(files.flush_file(disk.path("whole.vip")));
+  EXPECT_EQ(content("half.vip"), "axy3456789") << "until then it can be read";
+  files.faults.kill({});
+  EXPECT_THROW(files.info(disk.path("half.vip")), Killed);
+  EXPECT_EQ(content("flushed.vip"), "abc3456789");
+  EXPECT_EQ(content("half.vip"), "ab23456789");
+  EXPECT_EQ(content("grown.vip"), "0123456789");
+  EXPECT_EQ(content("whole.vip"), std::string("0123456789\0\0abc", 15));
+}
+
+TEST_F(FaultyFilesTest, a_power_cut_loses_changes_of_a_new_a_moved_and_a_replaced_file) {
+  files.loses_unflushed = files.loses_names = true;
+  disk.write("moved.vip", "0123456789");
+  disk.write("new.tmp", "new");
+  disk.write("old.vip", "0123456789");
+  {
+    const auto made = files.create_new(disk.path("made.vip"));
+    ASSERT_TRUE(made);
+    EXPECT_TRUE(made->write("0123"));
+    EXPECT_TRUE(made->flush());
+    EXPECT_TRUE(made->write("4567"));
+    EXPECT_TRUE(made->close());
+  }
+  for (const char* name : {"made.vip", "moved.vip", "old.vip"}) {
+    const auto file = files.change(disk.path(name));
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->write_at(0, "x"));
+  }
+  EXPECT_TRUE(files.move(disk.path("moved.vip"), disk.path("there.vip")));
+  EXPECT_TRUE(files.flush_folder(disk.folder()));
+  EXPECT_TRUE(files.replace(disk.path("new.tmp"), disk.path("old.vip")));
+  EXPECT_EQ(content("made.vip"), "x1234567");
+  EXPECT_EQ(content("there.vip"), "x123456789");
+  files.faults.kill({});
+  EXPECT_THROW(files.info(disk.path("made.vip")), Killed);
+  EXPECT_EQ(content("made.vip"), "0123");
+  EXPECT_EQ(content("there.vip"), "0123456789");
+  EXPECT_EQ(content("old.vip"), "0123456789") << "without the change that was never flushed";
+}
+
+TEST_F(FaultyFilesTest, a_power_cut_may_lose_one_page_of_a_change_and_keep_another) {
+  constexpr std::size_t kPage = 4096;
+  const std::string before(4 * kPage, '0');
+  bool torn = false;
+  for (std::uint32_t luck = 1; luck <= 20; ++luck) {
+    disk.write("a.vip", before);
+    FaultyFiles some(disk.files());
+    some.loses_unflushed = true;
+    some.luck = luck;
+    const auto file = some.change(disk.path("a.vip"));
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->write_at(kPage - 1, std::string(kPage, 'x')));
+    some.faults.kill({});
+    EXPECT_THROW(some.info(disk.path("a.vip")), Killed);
+    const std::string after = content("a.vip");
+    ASSERT_EQ(after.size(), before.size());
+    EXPECT_EQ(std::string_view(after).substr(kPage, kPage - 1),
+              std::string(kPage - 1, after[kPage]))
+        << "a page is lost as a whole";
+    EXPECT_EQ(after[2 * kPage - 1], '0') << "never written";
+    torn = torn || after[kPage - 1] != after[kPage];
+  }
+  EXPECT_TRUE(torn);
+}
+
+TEST_F(FaultyFilesTest, many_files_are_flushed_in_calls_each_of_which_can_fail) {
+  disk.write("a.wav", "a");
+  disk.write("Mix\\b.wav", "b");
+  disk.write("c.wav", "c");
+  const std::vector<std::string> paths = {disk.path("a.wav"), disk.path("Mix\\b.wav"),
+                                          disk.path("c.wav")};
+  EXPECT_TRUE(files.flush_files(paths));
+  std::vector<std::string> flushed;
+  for (const auto& made : files.faults.made()) {
+    flushed.push_back((made.call == Call::flush_file ? "file " : "folder ") + made.path);
+  }
+  EXPECT_THAT(flushed, ElementsAre("file " + paths[0], "file " + paths[1], "file " + paths[2],
+                                   "folder " + disk.folder(), "folder " + disk.path("Mix\\")));
+  EXPECT_EQ(files.faults.count(Call::flush_folder), 2);
+  files.faults.fail({.call = Call::flush_folder}, Reason::not_ready);
+  EXPECT_EQ(files.flush_files(paths), Reason::not_ready);
+  files.faults.fail({.path = paths[1]}, Reason::no_space);
+  const int before = files.faults.count();
+  EXPECT_EQ(files.flush_files(paths), Reason::no_space) << "the first failure";
+  EXPECT_EQ(files.faults.count() - before, 5) << "the others are flushed all the same";
+  files.faults.heal();
+  EXPECT_TRUE(files.flush_files({}));
+}
+
+TEST_F(FaultyFilesTest, a_power_cut_takes_nothing_of_files_that_were_flushed_together) {
+  files.loses_unflushed = files.loses_names = true;
+  disk.write("old.vip", "0123456789");
+  disk.write("log.txt", "of before");
+  std::vector<std::string> paths = {disk.path("log.txt")};
+  for (int i = 0; i < 20; ++i) {
+    paths.push_back(disk.path("new " + std::to_string(i) + ".vip"));
+    const auto made = files.create_new(paths.back());
+    ASSERT_TRUE(made);
+    EXPECT_TRUE(made->write("uno"));
+  }
+  ASSERT_TRUE(files.create(disk.path("log.txt"))->write("new"));
+  paths.push_back(disk.path("old.vip"));
+  ASSERT_TRUE(files.change(paths.back())->write_at(0, "x"));
+  EXPECT_TRUE(files.flush_files(paths));
+  files.faults.kill({});
+  EXPECT_THROW(files.info(disk.path("old.vip")), Killed);
+  EXPECT_EQ(content("new 0.vip"), "uno");
+  EXPECT_EQ(content("new 19.vip"), "uno");
+  EXPECT_EQ(content("log.txt"), "new");
+  EXPECT_EQ(content("old.vip"), "x123456789");
+}
+
 TEST_F(FaultyFilesTest, a_kill_in_a_copy_leaves_a_part_of_it) {
   disk.write("a.wav", "0123456789");
   files.faults.kill({.call = Call::copy_new});

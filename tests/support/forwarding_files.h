@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 
 #include "system/file_system.h"
@@ -49,6 +51,9 @@ class ForwardingFiles : public system::FileSystem {
     return files_.flush_folder(folder);
   }
   system::Status flush_file(std::string_view path) override { return files_.flush_file(path); }
+  system::Status flush_files(std::span<const std::string> paths) override {
+    return files_.flush_files(paths);
+  }
   system::Opened<system::FileLock> lock(std::string_view path) override {
     return files_.lock(path);
   }

@@ -5,8 +5,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "system/file_system_contract.h"
@@ -186,12 +190,47 @@ TYPED_TEST_P(FileChangeContract, what_a_link_leads_to_is_changed_and_the_link_st
   EXPECT_EQ(this->whole("Mix\\suelto.vip"), "0123");
 }
 
+// A few files take another way than many.
+TYPED_TEST_P(FileChangeContract, files_are_flushed_together_few_or_many) {
+  using system::Reason;
+  auto& files = this->files();
+  EXPECT_TRUE(files.flush_files({}));
+  for (const int count : {1, 3, 40}) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < count; ++i) {
+      const std::string folder = "Mix " + std::to_string(count) + " " + std::to_string(i % 4);
+      this->place().make_folder(this->path(folder));
+      paths.push_back(this->path(folder + "\\" + std::to_string(i) + ".vip"));
+      this->place().write(paths.back(), "1");
+    }
+    EXPECT_TRUE(files.flush_files(paths)) << count;
+    this->place().make_read_only(paths[0]);
+    EXPECT_TRUE(files.flush_files(paths)) << count;
+    EXPECT_TRUE(files.info(paths[0])->attributes & system::attribute::kReadOnly);
+    for (const auto& [path, reason] : std::vector<std::pair<std::string, Reason>>{
+             {this->path("nada.vip"), Reason::not_found},
+             {this->path("nada\\a.vip"), Reason::not_found},
+             {this->path("*.vip"), Reason::bad_path},
+             {this->path("Mix " + std::to_string(count) + " 0"), Reason::not_a_file}}) {
+      paths.push_back(path);
+      EXPECT_EQ(files.flush_files(paths), reason) << path << " after " << count;
+      paths.pop_back();
+      paths.insert(paths.begin(), path);
+      EXPECT_EQ(files.flush_files(paths), reason) << path << " before " << count;
+      paths.erase(paths.begin());
+    }
+    paths.insert(paths.begin(), this->path("*.vip"));
+    paths.push_back(this->path("nada.vip"));
+    EXPECT_EQ(files.flush_files(paths), Reason::bad_path) << "the first failure";
+  }
+}
+
 REGISTER_TYPED_TEST_SUITE_P(
-    FileChangeContract, bytes_are_written_where_they_belong_and_the_rest_stays,
-    a_changed_file_stays_the_same_file, a_file_that_is_only_opened_to_be_changed_is_as_it_was,
-    bytes_past_the_end_make_the_file_longer, an_empty_file_is_changed_and_much_is_written_at_once,
-    after_a_failure_every_call_fails, what_is_no_file_to_be_written_is_not_opened_to_be_changed,
-    a_reader_sees_what_has_been_changed, all_names_of_a_file_show_the_change,
-    what_a_link_leads_to_is_changed_and_the_link_stays);
+    FileChangeContract, files_are_flushed_together_few_or_many,
+    bytes_are_written_where_they_belong_and_the_rest_stays, a_changed_file_stays_the_same_file,
+    a_file_that_is_only_opened_to_be_changed_is_as_it_was, bytes_past_the_end_make_the_file_longer,
+    an_empty_file_is_changed_and_much_is_written_at_once, after_a_failure_every_call_fails,
+    what_is_no_file_to_be_written_is_not_opened_to_be_changed, a_reader_sees_what_has_been_changed,
+    all_names_of_a_file_show_the_change, what_a_link_leads_to_is_changed_and_the_link_stays);
 
 }  // namespace ordelan::test

@@ -8,6 +8,7 @@
 #include "win32/handle.h"
 #include "win32/ports/error_reason.h"
 #include "win32/ports/extended_path.h"
+#include "win32/ports/file_streams.h"
 #include "win32/ports/win32_file_system.h"
 
 namespace ordelan::win32 {
@@ -71,12 +72,17 @@ std::wstring as_spelt(const std::wstring& path) {
 }
 
 // Puts `source` in the place of a `target` that exists and has the attributes `old`. Gives the
-// error, ERROR_SUCCESS if none. ReplaceFileW would keep more (other streams of the file), but it
-// moves the old file away first: others find none for a moment, and so does the user when the
-// program is ended in it.
-DWORD put_over(const std::wstring& source, const std::wstring& target, DWORD old) {
+// error, ERROR_SUCCESS if none. The streams that `source` got from `target` are added to `streams`.
+// ReplaceFileW would do it all, but it moves the old file away first: others find none for a
+// moment, and so does the user when the program is ended in it.
+DWORD put_over(const std::wstring& source, const std::wstring& target, DWORD old,
+               std::vector<std::wstring>& streams) {
   constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
                           FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+  // First, as neither a read-only file nor one with the rights of the old one takes streams.
+  SetFileAttributesW(source.c_str(), FILE_ATTRIBUTE_NORMAL);
+  const DWORD copied = copy_streams(target, source, streams);
+  if (copied != ERROR_SUCCESS) return copied;
   take_over_creation(target, source);
   take_over_rights(target, source);
   SetFileAttributesW(source.c_str(), (old & kKept) != 0 ? old & kKept : FILE_ATTRIBUTE_NORMAL);
@@ -234,6 +240,7 @@ Status Win32FileSystem::replace(std::string_view from, std::string_view to) {
   if (before == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *source);
   if ((before & FILE_ATTRIBUTE_DIRECTORY) != 0) return Reason::not_a_file;
   Status status;
+  std::vector<std::wstring> streams;
   // Programs that look at files as they come (the shell, an indexer, a virus scanner) have one open
   // for a moment, in which it cannot be replaced.
   for (int tries = 1;; ++tries) {
@@ -248,13 +255,14 @@ Status Win32FileSystem::replace(std::string_view from, std::string_view to) {
       status = Reason::read_only;
       break;
     } else {
-      error = put_over(*source, *target, old);
+      error = put_over(*source, *target, old, streams);
     }
     if (error == ERROR_SUCCESS) return {};
     status = reason_at(error, *target);
     if (!passes_by(error) || tries == kTriesToReplace) break;
     Sleep(kPauseOfTries);
   }
+  remove_streams(*source, streams);
   SetFileAttributesW(source->c_str(), before);
   return status;
 }

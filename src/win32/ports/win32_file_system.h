@@ -19,9 +19,10 @@ class Win32FileSystem final : public system::FileSystem {
   system::Opened<system::ChangeFile> change(std::string_view path) override;
   system::Status make_folder(std::string_view path) override;
   system::Status set_attributes(std::string_view path, std::uint32_t attributes) override;
-  // Keeps the time of creation, the access rights and the attributes of `to`, where the disk keeps
-  // such; other streams of the file go. Tries for a quarter of a second while another program has
-  // one of the files open.
+  // Keeps the time of creation, the access rights, the attributes and the named streams of `to`,
+  // where the disk keeps such; a stream of `from` that has the name of one of `to` is lost. Fails
+  // where a stream cannot be copied. Tries for a quarter of a second while another program has one
+  // of the files open.
   system::Status replace(std::string_view from, std::string_view to) override;
   // Tries as long as `replace`.
   system::Status move(std::string_view from, std::string_view to) override;
