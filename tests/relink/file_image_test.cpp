@@ -25,7 +25,7 @@ TEST(FileImage, holds_the_bytes_of_its_file) {
   EXPECT_EQ(image.at(1), 'a');
   EXPECT_EQ(image.at(3), 'c');
   EXPECT_EQ(whole(image), "abc");
-  EXPECT_FALSE(image.changed());
+  EXPECT_FALSE(image.differs());
   EXPECT_FALSE(image.failed());
 }
 
@@ -54,7 +54,7 @@ TEST(FileImage, a_byte_that_is_set_is_seen_and_the_others_stay) {
   EXPECT_EQ(image.at(2), 'X');
   EXPECT_EQ(whole(image), "aXc");
   EXPECT_EQ(with_changes(image, "abc"), "aXc");
-  EXPECT_TRUE(image.changed());
+  EXPECT_TRUE(image.differs());
   EXPECT_EQ(image.size(), 3u);
 }
 

@@ -23,7 +23,7 @@ std::string underscores(const std::string& text) {
   return out;
 }
 
-std::string bare_name(const std::string& path) {
+std::string name_in_path(const std::string& path) {
   std::string name;
   for (const char c : path) {
     if (c == '\0') break;
@@ -116,11 +116,11 @@ std::string literal_written_name(std::string row) {
   // With a ">" that and one character more go, without one the first character.
   const std::size_t gone = last == std::string::npos ? 1 : last + 2;
   row = gone < row.size() ? row.substr(gone) : std::string();
-  return bare_name(row);
+  return name_in_path(row);
 }
 
 std::string literal_read_name(std::string row) {
-  std::string name = underscores(bare_name(row)) + ".log";
+  std::string name = underscores(name_in_path(row)) + ".log";
   name.resize(name.size() - 4);
   return name + ".ptr";
 }

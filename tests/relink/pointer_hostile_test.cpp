@@ -18,7 +18,7 @@ std::uint64_t half_of_the_inputs() {
   return (wished == nullptr ? 200'000 : std::strtoull(wished, nullptr, 10)) / 2;
 }
 
-std::string printable(std::string_view bytes) {
+std::string readable_bytes(std::string_view bytes) {
   constexpr const char* kDigits = "0123456789ABCDEF";
   std::string shown;
   for (const char c : bytes) {
@@ -58,7 +58,7 @@ TEST(PointerHostile, the_walk_prints_the_numbers_of_the_literal_one_in_chunks_of
     std::size_t printed = 0;
     const std::string difference = compare_walk(file, chunk, printed);
     ASSERT_EQ(difference, "") << "input " << report.inputs << ", chunks of " << chunk << ": "
-                              << printable(file);
+                              << readable_bytes(file);
     if (printed > 0) ++report.worth;
   }
   // The files must be worth comparing.
@@ -97,7 +97,7 @@ TEST(PointerHostile, the_patch_leaves_the_bytes_of_the_literal_one_for_pairs_of_
     }
     ASSERT_EQ(difference, "") << "input " << report.inputs << ", pairs" << shown << ", letter "
                               << rules.letter << ", folder " << rules.carpeta << ", careful "
-                              << rules.careful << ": " << printable(file);
+                              << rules.careful << ": " << readable_bytes(file);
     if (patched > 0) ++report.worth;
   }
   EXPECT_GT(report.worth * 4, inputs);

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-using Call = FaultyFiles::Call;
+using FileCall = FaultyFiles::Call;
 using system::Reason;
 
 struct RunAttack : ::testing::Test, RemovalBench {
@@ -38,8 +38,8 @@ TEST_F(RunAttack, a_row_that_moves_up_while_another_is_copied_stays_without_a_co
   open_studio({"Mix\\a.wav", "Mix\\b.wav", "Mix\\c.wav"});
   // The key comes while the first row is being copied.
   bool pressed = false;
-  faulty.faults.on_call = [&](Call call, std::string_view) {
-    if (pressed || call != Call::flush_file) return;
+  faulty.faults.on_call = [&](FileCall call, std::string_view) {
+    if (pressed || call != FileCall::flush_file) return;
     pressed = true;
     throw_out(0);
   };
@@ -217,7 +217,7 @@ TEST_F(RunAttack, a_log_that_cannot_be_read_leaves_nothing_of_the_one_before) {
   dialogs.files.push_back({disk.path("Copias\\Archivos_Borrados.log")});
   recovery().cmdOpen_Click();
   ASSERT_TRUE(recovery().cmdRecuperar.visible());
-  faulty.faults.fail({.call = Call::open, .path = disk.path("Otra\\Archivos_Borrados.log")},
+  faulty.faults.fail({.call = FileCall::open, .path = disk.path("Otra\\Archivos_Borrados.log")},
                      Reason::in_use);
   dialogs.files.push_back({disk.path("Otra\\Archivos_Borrados.log")});
   recovery().cmdOpen_Click();
