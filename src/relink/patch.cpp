@@ -68,7 +68,9 @@ std::optional<PathChange> patch_pair(FileImage& image, const Pointer& pair, cons
   }
   change.vieja = bytes_between(image, ini, fin);
   if (image.failed()) return std::nullopt;
-  if (rules.careful && lookups.stands(change.vieja)) {
+  // Numbers that have lost their order lead to more than one path.
+  if (rules.careful &&
+      (change.vieja.find('\0') != std::string::npos || lookups.stands(change.vieja))) {
     change.untouched = Untouched::stays;
     return change;
   }

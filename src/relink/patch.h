@@ -46,7 +46,7 @@ NewPath choose_path(std::string_view RutaVieja, const std::string& carpeta, Look
 enum class Untouched {
   no,        // it was patched
   skipped,   // the byte at its end is the letter of the projects' drive
-  stays,     // careful: the stored path exists
+  stays,     // careful: the stored path exists, or is more than one
   too_long,  // careful: the new path has no room
 };
 

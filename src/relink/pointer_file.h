@@ -10,7 +10,8 @@
 namespace ordelan::relink {
 
 // The name of the pointer file of a row of ListProyectos, as the pass that writes it makes it and
-// as the pass that reads it back does. Both give the same name for every row.
+// as the pass that reads it back does. Both give the same name for every row of a Windows path,
+// which holds no ">" of its own.
 std::string written_pointer_name(std::string_view row);
 std::string read_pointer_name(std::string_view row);
 

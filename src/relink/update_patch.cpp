@@ -89,7 +89,14 @@ bool UpdateRun::patch_image(OpenProject& project, const Pointers& pointers, Proj
   UpdateLookups lookups(context_, job_, search_);
   const PatchRules rules{CarpetaOriginales_.front(), text::Obtener_Nombre_Path(update.ruta, true),
                          options_.careful};
+  // The pointers are those of the row's project: beyond its end they cannot lead.
+  const auto row = context_.platform.files.info(update.ruta);
+  const Position end = row ? static_cast<Position>(row->size) : 0;
   for (const Pointer& pair : pointers.pairs) {
+    if (pair.ini > end || pair.fin > end) {
+      update.motivo = kBadPositions;
+      return true;
+    }
     lookups.begin(project.image, pair);
     auto change = patch_pair(project.image, pair, rules, lookups);
     if (!go_on() || context_.platform.pump.ended()) return false;

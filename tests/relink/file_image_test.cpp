@@ -134,7 +134,7 @@ TEST(FileImage, writes_no_page_when_nothing_was_changed) {
   FileImage image(&file);
   image.at(70'000);
   EXPECT_TRUE(image.write_changes([](std::uint64_t, std::string_view) {
-    ADD_FAILURE() << "a page that nobody changed";
+    ADD_FAILURE() << "a page that was not changed";
     return Status{};
   }));
 }
@@ -209,6 +209,17 @@ TEST(FileImage, does_not_write_the_whole_of_what_could_not_be_read) {
   EXPECT_FALSE(image.failed());
   EXPECT_FALSE(image.write_whole([](std::string_view) { return Status{}; }));
   EXPECT_TRUE(image.failed());
+}
+
+TEST(FileImage, writes_no_changes_over_a_file_that_could_not_be_read) {
+  BytesFile file(numbered(200'000));
+  file.on_read = [](std::uint64_t) { return false; };
+  FileImage image(&file);
+  image.put(1, 'x');
+  EXPECT_FALSE(image.write_changes([](std::uint64_t, std::string_view) {
+    ADD_FAILURE() << "a page of which only one byte is true";
+    return Status{};
+  }));
 }
 
 TEST(FileImage, writing_ends_with_the_first_failure) {

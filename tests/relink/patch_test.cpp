@@ -249,6 +249,7 @@ TEST_F(PatchPair, a_path_that_ends_with_the_letter_of_the_projects_drive_is_left
   const auto change = patch(bytes, {{3, 17}});
   EXPECT_EQ(after, bytes);
   EXPECT_EQ(change->untouched, Untouched::skipped);
+  EXPECT_EQ(change->vieja, "C:\\Viejas\\TomaD");
   EXPECT_EQ(change->sobrescritos, 0u);
   EXPECT_THAT(disk.searched, IsEmpty());
 }
@@ -344,8 +345,9 @@ TEST_F(PatchPair, a_read_that_fails_marks_the_image) {
   BytesFile file(std::string(100, '#'));
   file.on_read = [](std::uint64_t) { return false; };
   relink::FileImage image(&file);
-  relink::patch_pair(image, {3, 17}, rules, disk);
+  EXPECT_FALSE(relink::patch_pair(image, {3, 17}, rules, disk));
   EXPECT_TRUE(image.failed());
+  EXPECT_THAT(disk.searched, IsEmpty()) << "what was read is no path";
 }
 
 struct CarefulPatch : PatchPair {

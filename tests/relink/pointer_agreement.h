@@ -200,8 +200,8 @@ inline std::string compare_patch(const std::string& file, const std::vector<reli
              std::to_string(static_cast<int>(wanted.untouched)) + ", [" + got.vieja + "] to [" +
              got.nueva + "] or [" + wanted.nueva + "]";
     }
-    if (got.untouched == relink::Untouched::skipped) continue;
     if (got.vieja != wanted.vieja) return "another old path";
+    if (got.untouched == relink::Untouched::skipped) continue;  // before a new one was chosen
     if (got.untouched == relink::Untouched::stays) continue;
     if (got.nueva != wanted.nueva) return "another new path";
     if (got.hallada != wanted.hallada) return "another word on whether it was found";

@@ -85,6 +85,14 @@ TEST(PointerFile, rows_without_a_drive_lose_their_first_character_when_written) 
   EXPECT_EQ(relink::read_pointer_name(""), ".ptr");
 }
 
+// No file of Windows has such a name. The two roads part there.
+TEST(PointerFile, an_arrow_in_the_name_itself_cuts_the_name_that_is_written) {
+  EXPECT_EQ(relink::written_pointer_name("3 --> C:\\a>bc.vip"), "c_vip.ptr");
+  EXPECT_EQ(relink::written_pointer_name("C:\\a>bc.vip"), "c_vip.ptr");
+  EXPECT_EQ(relink::written_pointer_name("C:\\a>"), literal_written_name("C:\\a>"));
+  EXPECT_EQ(relink::read_pointer_name("3 --> C:\\a>bc.vip"), "a>bc_vip.ptr");
+}
+
 TEST(PointerFile, a_line_has_a_blank_on_each_side_of_its_number) {
   EXPECT_EQ(relink::pointer_line(1234), " 1234 \r\n");
   EXPECT_EQ(relink::pointer_line(0), " 0 \r\n");

@@ -14,8 +14,8 @@ namespace ordelan::test {
 namespace {
 
 using ::testing::Contains;
-using ::testing::ElementsAre;
 using ::testing::Each;
+using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -71,8 +71,9 @@ TEST_F(UpdateSafety, each_project_has_its_copy_before_the_first_one_is_touched) 
 TEST_F(UpdateSafety, a_project_without_its_copy_is_left_alone_and_named) {
   three();
   shell.files = nullptr;  // the shell copies nothing
-  faulty.faults.fail({.call = Call::copy_new, .path = disk.path("Mix\\Originales\\0001\\b.vip.orig")},
-                     system::Reason::no_space);
+  faulty.faults.fail(
+      {.call = Call::copy_new, .path = disk.path("Mix\\Originales\\0001\\b.vip.orig")},
+      system::Reason::no_space);
   update();
   EXPECT_TRUE(is_new("a"));
   EXPECT_TRUE(is_old("b"));
@@ -93,8 +94,9 @@ TEST_F(UpdateSafety, a_copy_that_differs_is_none) {
       disk.write("Mix\\Originales\\b.vip", before["b"].substr(0, 50));
     }
   };
-  faulty.faults.fail({.call = Call::copy_new, .path = disk.path("Mix\\Originales\\0001\\b.vip.orig")},
-                     system::Reason::no_space);
+  faulty.faults.fail(
+      {.call = Call::copy_new, .path = disk.path("Mix\\Originales\\0001\\b.vip.orig")},
+      system::Reason::no_space);
   update();
   EXPECT_TRUE(is_old("b"));
   EXPECT_TRUE(is_new("a"));
@@ -184,7 +186,8 @@ TEST_F(UpdateSafety, a_read_only_project_is_left) {
 
 TEST_F(UpdateSafety, a_project_with_two_names_on_the_disk_stays_one_file) {
   three();
-  std::filesystem::create_hard_link(disk.native_path("Mix\\b.vip"), disk.native_path("otro nombre"));
+  std::filesystem::create_hard_link(disk.native_path("Mix\\b.vip"),
+                                    disk.native_path("otro nombre"));
   update();
   EXPECT_TRUE(is_new("b"));
   EXPECT_EQ(bytes("otro nombre"), bytes("Mix\\b.vip"));

@@ -268,7 +268,8 @@ TEST_F(Update, paths_that_are_right_are_rewritten_too) {
   project_at("Mix\\tema.vip", {disk.path("Bien\\a.wav"), "D:\\Viejo\\b.wav"});
   open_one();
   update();
-  EXPECT_THAT(paths_in("Mix\\tema.vip"), ElementsAre(disk.path("Bien\\a.wav"), disk.path("Nuevo\\b.wav")));
+  EXPECT_THAT(paths_in("Mix\\tema.vip"),
+              ElementsAre(disk.path("Bien\\a.wav"), disk.path("Nuevo\\b.wav")));
   EXPECT_EQ(updated().front().rutas[0].nueva, disk.path("Bien\\a.wav"));
 }
 
@@ -289,7 +290,8 @@ TEST_F(Update, all_other_projects_of_the_folder_follow) {
   audio("Nuevo\\Sub\\c.mp3");
   open_one();
   update();
-  EXPECT_THAT(paths_in("Mix\\otro.vip"), ElementsAre(disk.path("Nuevo\\b.wav"), disk.path("Nuevo\\Sub\\c.mp3")));
+  EXPECT_THAT(paths_in("Mix\\otro.vip"),
+              ElementsAre(disk.path("Nuevo\\b.wav"), disk.path("Nuevo\\Sub\\c.mp3")));
   EXPECT_THAT(paths_in("Mix\\tema.vip"), ElementsAre(disk.path("Nuevo\\a.wav")));
 }
 
@@ -301,8 +303,9 @@ TEST_F(Update, several_hits_wait_for_the_choice_of_the_user) {
   open_one();
   in_the_middle([&] { return choice() != nullptr; },
                 [&] {
-                  EXPECT_THAT(choice()->ListElegirRuta.rows(),
-                              ElementsAre(disk.path("Nuevo\\a.wav"), disk.path("Otro sitio\\a.wav")));
+                  EXPECT_THAT(
+                      choice()->ListElegirRuta.rows(),
+                      ElementsAre(disk.path("Nuevo\\a.wav"), disk.path("Otro sitio\\a.wav")));
                   choice()->ListElegirRuta.chosen(1);
                   choice()->ListElegirRuta.on_click();
                 });
@@ -325,8 +328,8 @@ TEST_F(Update, a_click_below_the_hits_writes_an_empty_path) {
 
 TEST_F(Update, one_choice_can_stand_for_all_files_of_the_old_folder) {
   project_at("Mix\\tema.vip", {"D:\\Viejo\\a.wav", "D:\\Viejo\\b.wav"});
-  for (const char* const file : {"Nuevo\\a.wav", "Nuevo\\b.wav", "Otro sitio\\a.wav",
-                                 "Otro sitio\\b.wav"}) {
+  for (const char* const file :
+       {"Nuevo\\a.wav", "Nuevo\\b.wav", "Otro sitio\\a.wav", "Otro sitio\\b.wav"}) {
     audio(file);
   }
   open_one();
@@ -364,7 +367,8 @@ TEST_F(UpdateOfSubfolders, a_row_of_a_subfolder_is_patched_in_the_folder_of_the_
   EXPECT_EQ(bytes("Mix\\Sub\\otro.vip"), before);
   EXPECT_TRUE(there("Mix\\otro.vip")) << "the file of that name has been made there";
   EXPECT_TRUE(updated()[1].creado);
-  EXPECT_THAT(bytes("Mix\\Originales\\Actualizacion.log"), HasSubstr("creado: " + disk.path("Mix\\otro.vip")));
+  EXPECT_THAT(bytes("Mix\\Originales\\Actualizacion.log"),
+              HasSubstr("creado: " + disk.path("Mix\\otro.vip")));
 }
 
 TEST_F(UpdateOfSubfolders, the_way_back_removes_what_the_update_has_made) {

@@ -48,7 +48,8 @@ class UpdateBench : public ProgramBench {
   // The names in a folder, with those of its subfolders below them.
   std::vector<std::string> names_in(const std::string& below) {
     std::vector<std::string> names;
-    for (const auto& entry : *disk.files().list(disk.path(below))) {
+    const auto entries = disk.files().list(disk.path(below));
+    for (const auto& entry : *entries) {
       names.push_back(entry.name);
       if (!entry.folder) continue;
       for (const std::string& inside : names_in(below + "\\" + entry.name)) {
