@@ -295,6 +295,7 @@ TEST_F(FaultyFilesTest, a_power_cut_loses_changes_of_a_new_a_moved_and_a_replace
   disk.write("moved.vip", "0123456789");
   disk.write("new.tmp", "new");
   disk.write("old.vip", "0123456789");
+  disk.write("emptied.vip", "0123456789");
   {
     const auto made = files.create_new(disk.path("made.vip"));
     ASSERT_TRUE(made);
@@ -311,12 +312,22 @@ TEST_F(FaultyFilesTest, a_power_cut_loses_changes_of_a_new_a_moved_and_a_replace
   EXPECT_TRUE(files.move(disk.path("moved.vip"), disk.path("there.vip")));
   EXPECT_TRUE(files.flush_folder(disk.folder()));
   EXPECT_TRUE(files.replace(disk.path("new.tmp"), disk.path("old.vip")));
+  {
+    const auto file = files.change(disk.path("emptied.vip"));
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->write_at(0, "x"));
+  }
+  const auto emptied = files.create(disk.path("emptied.vip"));
+  ASSERT_TRUE(emptied);
+  EXPECT_TRUE(emptied->write("uno"));
+  EXPECT_TRUE(emptied->flush());
   EXPECT_EQ(content("made.vip"), "x1234567");
   EXPECT_EQ(content("there.vip"), "x123456789");
   files.faults.kill({});
   EXPECT_THROW(files.info(disk.path("made.vip")), Killed);
   EXPECT_EQ(content("made.vip"), "0123");
   EXPECT_EQ(content("there.vip"), "0123456789");
+  EXPECT_EQ(content("emptied.vip"), "uno");
   EXPECT_EQ(content("old.vip"), "0123456789") << "without the change that was never flushed";
 }
 
