@@ -255,7 +255,7 @@ TEST_F(FaultyFilesTest, a_kill_in_a_change_leaves_a_part_of_it) {
 }
 
 TEST_F(FaultyFilesTest, a_power_cut_loses_changes_in_place_that_were_not_flushed) {
-  for (const char* name : {"flushed.vip", "half.vip", "grown.vip", "whole.vip"}) {
+  for (const char* name : {"flushed.vip", "half.vip", "grown.vip", "whole.vip", "emptied.vip"}) {
     disk.write(name, "0123456789");
   }
   files.loses_unflushed = true;
@@ -281,12 +281,15 @@ TEST_F(FaultyFilesTest, a_power_cut_loses_changes_in_place_that_were_not_flushed
     EXPECT_TRUE(whole->close());
   }
   EXPECT_TRUE(files.flush_file(disk.path("whole.vip")));
+  ASSERT_TRUE(files.change(disk.path("emptied.vip"))->write_at(0, "x"));
+  ASSERT_TRUE(files.create(disk.path("emptied.vip"))->write("uno"));
   EXPECT_EQ(content("half.vip"), "axy3456789") << "until then it can be read";
   files.faults.kill({});
   EXPECT_THROW(files.info(disk.path("half.vip")), Killed);
   EXPECT_EQ(content("flushed.vip"), "abc3456789");
   EXPECT_EQ(content("half.vip"), "ab23456789");
   EXPECT_EQ(content("grown.vip"), "0123456789");
+  EXPECT_EQ(content("emptied.vip"), "") << "a file that was emptied has lost its old bytes";
   EXPECT_EQ(content("whole.vip"), std::string("0123456789\0\0abc", 15));
 }
 

@@ -51,6 +51,7 @@ class PowerCut {
   void created(std::string_view path, std::optional<std::string> before) {
     if (!before) note({.path = std::string(path)});
     unflushed_[key(path)] = {std::string(path), 0, 0, std::move(before)};
+    changed_.erase(key(path));
   }
 
   void appended(const std::string& path, std::size_t count) {
