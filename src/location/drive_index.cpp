@@ -84,7 +84,7 @@ DriveIndex::Walk DriveIndex::walk(const std::string& root, Drive& drive,
   bool stopped = false;
   bool ended = false;
   finder.on_turn = [&] {
-    if (go_on()) return;
+    if (!stopped && go_on()) return;
     stopped = true;
     finder.StopSearch();
   };
@@ -147,7 +147,7 @@ std::optional<std::vector<std::string>> DriveIndex::search(
   bool stopped = false;
   bool ended = false;
   finder.on_turn = [&] {
-    if (go_on()) return;
+    if (!stopped && go_on()) return;
     stopped = true;
     finder.StopSearch();
   };

@@ -21,11 +21,11 @@ struct UpdateBench {
     d = bench.add_drive("d");
     e = bench.add_drive("e");
     f = bench.add_drive("f", system::DriveType::removable);
-    bench.work.ModoPosiciones = true;
     if (shared) update = std::make_unique<location::UpdateSearch>(bench.platform);
   }
   void start() {
     bench.start();
+    bench.work.ModoPosiciones = true;
     bench.buscar().set_update(update.get());
   }
 
