@@ -1,6 +1,7 @@
 // The search of a tree of a million files for a name, beside `find -iname` and fd on the same tree
 // (`hits` of the three must be equal), and the report of lost files of a studio of 100,000 used
-// files, 10,000 of them lost, beside one look at each of the files.
+// files, 10,000 of them lost, beside one look at each of the files. The searches of an update for
+// 10,000 names: the one walk for all of them, and one answer after it.
 //
 //   ORDELAN_TREE=FOLDER find_bench
 //
@@ -17,6 +18,7 @@
 #include "app/program.h"
 #include "bench/machine.h"
 #include "bench/rival.h"
+#include "location/drive_index.h"
 #include "location/file_finder.h"
 #include "settings/settings.h"
 #include "text/rows.h"
@@ -29,6 +31,7 @@ constexpr int kFilesEach = 500;
 constexpr int kUsed = 100'000;
 constexpr int kLostEvery = 10;
 constexpr int kRowsEach = 50;  // of a project
+constexpr int kExpected = 10'000;
 
 std::string tree() {
   const char* folder = std::getenv("ORDELAN_TREE");
@@ -100,6 +103,51 @@ void cFindFiles(benchmark::State& state) {
   state.counters["more_MB"] = peak_megabytes() - before;
 }
 
+// Every hundredth file of the tree.
+std::string expected_name(int name) {
+  return file_name(name * (kFolders * kFilesEach / kExpected));
+}
+
+void expect_names(location::DriveIndex& index, int step) {
+  for (int name = 0; name < kExpected; name += step) index.expect(expected_name(name));
+}
+
+constexpr auto kGoOn = [] { return true; };
+
+// The argument: 1 for all names, 10,000 for a single one, 0 for every file of the tree.
+void index_walk(benchmark::State& state) {
+  Machine machine(tree());
+  const auto step = static_cast<int>(state.range(0));
+  const double before = peak_megabytes();
+  for (auto _ : state) {
+    location::DriveIndex index(machine.platform);
+    if (step == 0) {
+      for (int file = 0; file < kFolders * kFilesEach; ++file) index.expect(file_name(file));
+      state.counters["names_MB"] = peak_megabytes() - before;
+    } else {
+      expect_names(index, step);
+    }
+    state.counters["hits"] =
+        static_cast<double>(index.find("D:\\", expected_name(0), kGoOn)->size());
+  }
+  state.counters["more_MB"] = peak_megabytes() - before;
+}
+
+void index_answer(benchmark::State& state) {
+  Machine machine(tree());
+  location::DriveIndex index(machine.platform);
+  expect_names(index, 1);
+  index.find("D:\\", expected_name(0), kGoOn);
+  int name = 0;
+  std::size_t hits = 0;
+  for (auto _ : state) {
+    hits += index.find("D:\\", expected_name(name), kGoOn)->size();
+    name = (name + 1) % kExpected;
+  }
+  state.counters["hits"] =
+      benchmark::Counter(static_cast<double>(hits), benchmark::Counter::kAvgIterations);
+}
+
 // The rows of ListUtilizados: a title, and then fifty files, every tenth of them lost.
 std::vector<std::string> used_rows() {
   std::vector<std::string> rows;
@@ -149,6 +197,8 @@ void one_look_at_each(benchmark::State& state) {
 BENCHMARK(find_iname)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(fd)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(cFindFiles)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(index_walk)->Arg(kExpected)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(index_answer)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(one_look_at_each)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(lost_file_report)->Unit(benchmark::kMillisecond)->UseRealTime();
 

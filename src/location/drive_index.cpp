@@ -1,5 +1,6 @@
 #include "location/drive_index.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "location/file_finder.h"
@@ -84,7 +85,7 @@ DriveIndex::Walk DriveIndex::walk(const std::string& root, Drive& drive,
   bool stopped = false;
   bool ended = false;
   finder.on_turn = [&] {
-    if (go_on()) return;
+    if (!stopped && go_on()) return;
     stopped = true;
     finder.StopSearch();
   };
@@ -104,10 +105,12 @@ DriveIndex::Walk DriveIndex::walk(const std::string& root, Drive& drive,
 void DriveIndex::keep(Drive& drive, const std::string& path) {
   const std::string_view folder = text::folder_of(path);
   if (drive.folders.empty() || drive.folders.back() != folder) drive.folders.emplace_back(folder);
+  const std::string_view name = std::string_view(path).substr(folder.size());
   const auto hit = static_cast<Number>(drive.hits.size());
-  drive.hits.push_back(
-      {static_cast<Number>(drive.folders.size() - 1), kNone, path.substr(folder.size())});
-  lower_into(drive.hits.back().name, key_);
+  auto spelling = std::make_unique<char[]>(name.size() + 1);
+  std::copy(name.begin(), name.end(), spelling.get());
+  drive.hits.push_back({static_cast<Number>(drive.folders.size() - 1), kNone, std::move(spelling)});
+  lower_into(name, key_);
   const Number number = names_.at(key_);
   if (drive.first[number] == kNone) {
     drive.first[number] = hit;
@@ -120,7 +123,8 @@ void DriveIndex::keep(Drive& drive, const std::string& path) {
 std::vector<std::string> DriveIndex::paths(const Drive& drive, Number number) {
   std::vector<std::string> found;
   for (Number hit = drive.first[number]; hit != kNone; hit = drive.hits[hit].next) {
-    found.push_back(text::path_of(drive.folders[drive.hits[hit].folder], drive.hits[hit].name));
+    found.push_back(
+        text::path_of(drive.folders[drive.hits[hit].folder], drive.hits[hit].name.get()));
   }
   return found;
 }
@@ -147,7 +151,7 @@ std::optional<std::vector<std::string>> DriveIndex::search(
   bool stopped = false;
   bool ended = false;
   finder.on_turn = [&] {
-    if (go_on()) return;
+    if (!stopped && go_on()) return;
     stopped = true;
     finder.StopSearch();
   };

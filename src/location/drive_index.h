@@ -6,6 +6,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,10 +44,11 @@ class DriveIndex {
   using Number = std::uint32_t;  // of a name, a hit or a folder
   static constexpr Number kNone = UINT32_MAX;
 
+  // As small as it can be: the drives may hold a million of them.
   struct Hit {
     Number folder = 0;
-    Number next = kNone;  // of the same name
-    std::string name;     // as it stands on the disk
+    Number next = kNone;           // of the same name
+    std::unique_ptr<char[]> name;  // as it stands on the disk, ended by a NUL
   };
   struct Drive {
     Number walked = 0;          // names with lower numbers have been looked for

@@ -48,6 +48,26 @@ class MemoryFolders final : public NoFiles {
     return add_entry(path, described);
   }
 
+  // Another drive; there is "D:\\" at first.
+  void add_root(const std::string& root) { folders_[key(root)]; }
+
+  // Takes a file away, or a folder with all that is in it. False when there is none.
+  bool take_away(const std::string& path) {
+    const std::string folder = path.substr(0, path.rfind('\\') + 1);
+    const auto found = folders_.find(key(folder));
+    if (found == folders_.end()) return false;
+    const std::string name = key(path.substr(folder.size()));
+    if (std::erase_if(found->second, [&](const auto& entry) { return key(entry.name) == name; }) ==
+        0) {
+      return false;
+    }
+    files_.erase(key(path));
+    std::erase_if(folders_, [below = key(path + "\\")](const auto& each) {
+      return each.first.starts_with(below);
+    });
+    return true;
+  }
+
   // Puts an entry that the code page cannot name into a folder, given with its backslash.
   void add_unnamed(const std::string& folder, const system::UnnamedEntry& entry) {
     unnamed_[key(folder)].push_back(entry);

@@ -126,7 +126,12 @@ TEST_F(LookInside, the_choice_of_a_path_shows_its_rows) {
     choice->ListElegirRuta.add(row);
   }
   ui::ListaAncho(choice->ListElegirRuta);
+  take(L"ElegirRuta", "choice-alone");
+  choice->offer_folder("D:\\Mix\\");
   take(L"ElegirRuta", "choice");
+  const HWND box = control(L"ElegirRuta", L"CheckCarpeta");
+  ASSERT_TRUE(box);
+  EXPECT_TRUE(IsWindowVisible(box));
   const HWND list = control(L"ElegirRuta", L"ListElegirRuta");
   ASSERT_TRUE(list);
   EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), 3);
