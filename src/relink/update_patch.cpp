@@ -17,6 +17,7 @@ constexpr const char* kBadPositions = "sus punteros no caen dentro del archivo";
 constexpr const char* kUnread = "no se ha podido leer";
 constexpr const char* kSeveral = "hay varios archivos con el nombre de uno de los suyos";
 constexpr const char* kStopped = "se ha cancelado";
+constexpr const char* kNotReached = "el trabajo ha terminado antes";
 
 }  // namespace
 
@@ -39,6 +40,17 @@ void UpdateRun::expect_names() {
 }
 
 UpdateRun::End UpdateRun::patch(const std::function<void()>& zero_counter) {
+  const End end = patch_all(zero_counter);
+  // The report names those that the pass has not come to.
+  for (std::size_t i = projects_.size(); end != End::done && i < rows_.size(); ++i) {
+    projects_.push_back({.ruta = text::Obtener_VipPath(rows_[i]),
+                         .destino = target_of(rows_[i]),
+                         .motivo = end == End::stopped ? kStopped : kNotReached});
+  }
+  return end;
+}
+
+UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
   if (auto* const buscar = context_.windows.touch<location::Buscar>()) {
     buscar->set_update(&search_);
   }
@@ -64,6 +76,7 @@ UpdateRun::End UpdateRun::patch(const std::function<void()>& zero_counter) {
       return End::stopped;
     }
     drop_pointers(row);
+    if (!go_on()) return End::stopped;
   }
   return End::done;
 }
@@ -73,16 +86,18 @@ bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
                               ProjectUpdate& update) {
   const Target& target = targets_[text::same_file_key(target_of(row))];
   update.motivo = target.motivo;
+  // The copies are not on the disk for good: nothing may be touched.
+  if (!originals_ && !options_.simulate) update.motivo = no_originals_;
   if (update.motivo.empty() && (pointers.odd || pointers.damaged)) update.motivo = kBadPointers;
-  if (!update.motivo.empty()) return go_on();
+  if (!update.motivo.empty()) return true;
   auto project = open_project(context_.platform.files, update.destino);
   if (!project) {
     update.motivo = removal::reason::of(project.status());
-    return go_on();
+    return true;
   }
   if (!patch_image(**project, pointers, update)) return false;
   if (update.motivo.empty()) put(target, **project, update);
-  return go_on();
+  return true;
 }
 
 bool UpdateRun::patch_image(OpenProject& project, const Pointers& pointers, ProjectUpdate& update) {

@@ -63,7 +63,7 @@ class UpdateRun {
   // The text of the box at the end, as far as the run has got.
   const std::string& Informe() const { return Informe_; }
   const std::string& CarpetaOriginales() const { return CarpetaOriginales_; }
-  // One for each row that the second pass has come to.
+  // One for each row, once the second pass has ended.
   const std::vector<ProjectUpdate>& projects() const { return projects_; }
   // Writes the report into the folder of the originals. False if that failed.
   bool save_report();
@@ -86,7 +86,8 @@ class UpdateRun {
   std::string pointer_path(const std::string& row) const;
   std::optional<std::string> pointer_bytes(const std::string& row);
   void drop_pointers(const std::string& row);
-  // False once the run has to stop.
+  End patch_all(const std::function<void()>& zero_counter);
+  // False if the run was stopped in it.
   bool patch_project(const std::string& row, const Pointers& pointers, ProjectUpdate& update);
   bool patch_image(OpenProject& project, const Pointers& pointers, ProjectUpdate& update);
   void put(const Target& target, OpenProject& project, ProjectUpdate& update);

@@ -81,7 +81,8 @@ std::optional<relink::PathChange> literal_patch_pair(std::string& image,
     change.untouched = relink::Untouched::skipped;
     return change;
   }
-  if (rules.careful && lookups.stands(change.vieja)) {
+  const bool several = change.vieja.find('\0') != std::string::npos;
+  if (rules.careful && (several || lookups.stands(change.vieja))) {
     change.untouched = relink::Untouched::stays;
     return change;
   }

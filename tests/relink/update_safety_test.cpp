@@ -275,6 +275,8 @@ TEST_F(UpdateEnded, a_cancel_leaves_the_project_in_hand_and_the_pointers_of_the_
   three();
   end_at_the_second([&] { form.cmdCancelar.on_click(); });
   update();
+  EXPECT_FALSE(form.lists.LabelCount[0].visible());
+  work.Cancelar = false;  // for the reading of the test
   EXPECT_TRUE(is_new("a"));
   EXPECT_TRUE(is_old("b"));
   EXPECT_TRUE(is_old("c"));
@@ -361,20 +363,23 @@ TEST_F(UpdateEnded, nothing_is_removed_while_projects_are_updated) {
   EXPECT_TRUE(is_new("c"));
 }
 
-// The list of unused files is that of the paths before the update.
-TEST_F(UpdateEnded, what_a_project_uses_since_the_update_is_not_removed) {
+// The list of unused files is that of the paths before the update: nothing goes by it.
+TEST_F(UpdateEnded, nothing_is_removed_by_the_lists_of_before_an_update) {
   audio("Mix\\Sitio\\d.wav");
   audio("Mix\\Sitio\\suelto.wav");
   project_at("Mix\\d.vip", {"D:\\Viejo\\d.wav"});
   start();
   open("Mix\\d.vip");
-  ASSERT_THAT(offered(), Contains(disk.path("Mix\\Sitio\\d.wav")));
+  EXPECT_THAT(offered(), ElementsAre(disk.path("Mix\\Sitio\\suelto.wav")));
   update();
+  EXPECT_THAT(paths_in("Mix\\d.vip"), ElementsAre(disk.path("Mix\\Sitio\\d.wav")));
   form.CommandBorrado.on_click();
   windows.touch<removal::BacUp>()->cmdBorrar_Click();
   windows.touch<removal::BacUp>()->CheckBorrar.set_checked(true);
+  windows.touch<removal::BacUp>()->CheckComprobar.set_checked(true);
   windows.touch<removal::ParaBorrar>()->cmdHecho_Click();
-  EXPECT_TRUE(there("Mix\\Sitio\\d.wav"));
+  EXPECT_TRUE(there("Mix\\Sitio\\suelto.wav"));
+  EXPECT_FALSE(form.removal_state().begun);
 }
 
 // --- the way back
