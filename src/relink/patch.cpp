@@ -13,11 +13,6 @@ void put_two_zeros(FileImage& image, Position at, Position last) {
   if (at + 1 <= last) image.put(at + 1, 0);
 }
 
-// Names end at a NUL, which stands in what a pointer file of another project points to.
-std::string up_to_nul(std::string_view path) {
-  return std::string(path.substr(0, path.find('\0')));
-}
-
 }  // namespace
 
 std::string bytes_between(FileImage& image, Position ini, Position fin) {
@@ -27,24 +22,31 @@ std::string bytes_between(FileImage& image, Position ini, Position fin) {
   return bytes;
 }
 
+// A path that was written before may have put its zeros into the beginning of this one, which
+// stands right after it: the name is whole then, and leads to the file all the same.
+std::string name_in(std::string_view RutaVieja) {
+  const auto folder = RutaVieja.find_last_of("\\/:");
+  return text::Obtener_Nombre_Archivo(
+      folder == std::string_view::npos ? RutaVieja : RutaVieja.substr(folder + 1));
+}
+
 // In small letters alone: "WAV" goes to the project's folder without a search. Old projects were
 // updated so, and a search for each path of a project takes long.
 bool is_searched(std::string_view RutaVieja) {
   constexpr std::array<std::string_view, 6> kSearched = {"mp3", "wav", "aif", "flac", "wma", "m4a"};
-  const std::string extension = text::Obtener_Extension(up_to_nul(RutaVieja));
+  const std::string extension = text::Obtener_Extension(name_in(RutaVieja));
   return std::find(kSearched.begin(), kSearched.end(), extension) != kSearched.end();
 }
 
 NewPath choose_path(std::string_view RutaVieja, const std::string& carpeta, Lookups& lookups) {
-  const std::string old = up_to_nul(RutaVieja);
-  const std::string name = text::Obtener_Nombre_Archivo(old);
+  const std::string name = name_in(RutaVieja);
   const std::string home = carpeta + name;
   // Folders too: the name of one with frozen tracks is looked for beside the project.
-  if (!is_searched(old)) return {home, lookups.stands(home)};
+  if (!is_searched(RutaVieja)) return {home, lookups.stands(home)};
 
   const bool at_home = lookups.exists(home);
   // Shows the search on the strip, and sets ArchivoActual.
-  if (at_home) lookups.BuscarOtraLetra(old);
+  if (at_home) lookups.BuscarOtraLetra(std::string(RutaVieja));
   const std::string frozen = carpeta + "FreezeData\\" + name;
   if (lookups.exists(frozen)) return {frozen, true};
   if (const auto hit = lookups.search(name)) return {*hit, true};

@@ -29,7 +29,9 @@ class Lookups {
 // The bytes of an image from one position to another, 1-based; none if `fin` stands before `ini`.
 std::string bytes_between(FileImage& image, Position ini, Position fin);
 
-// Whether the file of a stored path is searched on the drives, by its extension.
+// The name of the file of a stored path; whether that file is searched on the drives, by its
+// extension.
+std::string name_in(std::string_view RutaVieja);
 bool is_searched(std::string_view RutaVieja);
 
 struct NewPath {

@@ -32,8 +32,7 @@ void UpdateRun::expect_names() {
     for (const Pointer& pair : read_pointers(*bytes).pairs) {
       if (pair.ini < 1 || pair.fin < 1) break;
       const std::string path = bytes_between((*project)->image, pair.ini, pair.fin);
-      const std::string_view name = text::file_name(std::string_view(path));
-      if (is_searched(path)) search_.index.expect(name.substr(0, name.find('\0')));
+      if (is_searched(path)) search_.index.expect(name_in(path));
     }
     if (!go_on()) return;
   }

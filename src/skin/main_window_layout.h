@@ -21,7 +21,7 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"cmdPerdidos", -1, 392, 10, 148, 32},
     Place{"SalvaListados", -1, 546, 16, 92, 20},
     Place{"ActualizarVip", -1, 648, 16, 96, 20},
-    Place{"DeshacerActualizacion", -1, 648, 34, 148, 18},
+    Place{"DeshacerActualizacion", -1, 648, 36, 148, 18},
     Place{"RecuperaBorrados", -1, 754, 16, 62, 20},
     Place{"Configurar", -1, 826, 16, 68, 20},
     Place{"AcercaDe", -1, 902, 16, 60, 20},

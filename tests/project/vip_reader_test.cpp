@@ -420,7 +420,7 @@ TEST_F(VipReaderTest, pointer_mode_logs_every_colon_and_backslash_and_answers_no
 
 TEST_F(VipReaderTest, pointer_mode_empties_an_earlier_log) {
   work.ModoPosiciones = true;
-  files.contents["D:\\Mix\\tema_vip.log"] = "old";
+  files.contents["D:\\Mix\\tema_vip.log"] = "100\r\n";
   decode(std::string(200, 'x'));
   EXPECT_EQ(files.contents["D:\\Mix\\tema_vip.log"], "");
 }

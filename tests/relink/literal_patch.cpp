@@ -20,29 +20,29 @@ bool write(std::string& image, std::int64_t position, char byte) {
   return true;
 }
 
-// The part of a path that the system sees.
-std::string up_to_nul(const std::string& path) {
-  return path.substr(0, path.find('\0'));
-}
-
-// What stands after the last separator, up to a NUL.
+// What stands after the last separator, from there up to a NUL.
 std::string bare_name(const std::string& path) {
   std::string name;
+  bool ended = false;
   for (const char c : path) {
-    if (c == '\0') break;
-    name += c;
-    if (c == '\\' || c == '/' || c == ':') name.clear();
+    if (c == '\\' || c == '/' || c == ':') {
+      name.clear();
+      ended = false;
+    } else if (c == '\0') {
+      ended = true;
+    } else if (!ended) {
+      name += c;
+    }
   }
   return name;
 }
 
-// What stands after the last dot of the name, up to a NUL.
+// What stands after the last dot of the name, unless a blank stands after that.
 std::string extension(const std::string& path) {
   std::string found;
   bool dot = false;
-  for (const char c : path) {
-    if (c == '\0') break;
-    if (c == '\\' || c == '.' || c == ' ') {
+  for (const char c : bare_name(path)) {
+    if (c == '.' || c == ' ') {
       found.clear();
       dot = c == '.';
     } else if (dot) {
@@ -93,7 +93,7 @@ std::optional<relink::PathChange> literal_patch_pair(std::string& image,
     change.hallada = lookups.stands(change.nueva);
   } else {
     change.hallada = lookups.exists(change.nueva);
-    if (change.hallada) lookups.BuscarOtraLetra(up_to_nul(change.vieja));
+    if (change.hallada) lookups.BuscarOtraLetra(change.vieja);
     if (lookups.exists(rules.carpeta + "FreezeData\\" + name)) {
       change.nueva = rules.carpeta + "FreezeData\\" + name;
       change.hallada = true;

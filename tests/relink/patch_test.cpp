@@ -268,12 +268,22 @@ TEST_F(PatchPair, the_letter_of_the_drive_is_compared_with_its_case) {
   EXPECT_EQ(patch("##C:\\Viejas\\tomad" + kNul + "tail", {{3, 17}})->untouched, Untouched::skipped);
 }
 
-TEST_F(PatchPair, a_NUL_within_a_pair_ends_the_path_that_is_looked_for) {
+TEST_F(PatchPair, the_name_after_a_NUL_within_a_pair_is_looked_for) {
   const std::string bytes = "##D:\\Old\\a.wav" + kNul + "E:\\x\\b.mp3" + kNul + "tail";
   const auto change = patch(bytes, {{3, 25}});
-  EXPECT_EQ(after, "##D:\\Mix\\a.wav" + std::string(12, '\0') + "tail");
+  EXPECT_EQ(after, "##D:\\Mix\\b.mp3" + std::string(12, '\0') + "tail");
   EXPECT_EQ(change->vieja.size(), 23u);
-  EXPECT_THAT(disk.searched, ElementsAre("a.wav"));
+  EXPECT_THAT(disk.searched, ElementsAre("b.mp3"));
+}
+
+// The zero of two bytes takes the drive letter of the path right after.
+TEST_F(PatchPair, the_path_after_one_of_the_same_length_still_finds_its_file) {
+  disk.hits["a.wav"] = "F:\\New\\a.wav";
+  disk.hits["b.mp3"] = "F:\\New\\b.mp3";
+  const std::string bytes = "D:\\Old\\a.wav" + kNul + "E:\\Old\\b.mp3" + kNul + "tail tail";
+  const auto change = patch(bytes, {{1, 12}, {14, 25}});
+  EXPECT_EQ(change->vieja, kNul + ":\\Old\\b.mp3");
+  EXPECT_EQ(after, "F:\\New\\a.wav" + kNul + "F:\\New\\b.mp3" + kNul + kNul + "ail tail");
 }
 
 TEST_F(PatchPair, an_end_at_0_cannot_be_patched) {
@@ -312,8 +322,8 @@ TEST_F(PatchPair, the_second_patch_reads_what_the_first_has_overwritten) {
   const std::string bytes = "D:\\Old\\a.wav" + kNul + "E:\\x\\b.mp3" + kNul + "tail tail";
   const auto change = patch(bytes, {{1, 12}, {14, 23}});
   EXPECT_EQ(change->vieja, "v" + std::string(2, '\0') + "x\\b.mp3");
-  EXPECT_EQ(change->nueva, "D:\\Mix\\v");
-  EXPECT_EQ(after, "F:\\Tomas\\a.waD:\\Mix\\v" + std::string(3, '\0') + "tail tail");
+  EXPECT_EQ(change->nueva, "D:\\Mix\\b.mp3");
+  EXPECT_EQ(after, "F:\\Tomas\\a.waD:\\Mix\\b.mp3" + kNul + kNul + "l tail");
 }
 
 TEST_F(PatchPair, the_same_pair_twice_gives_the_same_path) {
