@@ -10,9 +10,19 @@ void UpdateLookups::begin(FileImage& image, const Pointer& pair) {
   pair_ = pair;
 }
 
+// Asked for each path of a project: a look for a folder that is missing takes long on Linux.
+bool UpdateLookups::is_missing(std::string_view folder) {
+  const auto known = missing_.find(folder);
+  if (known != missing_.end()) return known->second;
+  const std::string path(folder);
+  return missing_[path] = !context_.platform.files.info(path);
+}
+
 bool UpdateLookups::exists(const std::string& path) {
   work::FolderTree& folders = job_.folders();
-  const work::FolderTree::Listing& listing = folders.listing(text::folder_of(path));
+  const std::string_view folder = text::folder_of(path);
+  const work::FolderTree::Listing& listing = folders.listing(folder);
+  if (!listing.readable && is_missing(folder)) return false;
   const auto held = folders.holds_plain_file(path);
   if (held.value_or(false)) return true;
   // Hidden files are files too.

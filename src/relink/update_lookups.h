@@ -2,8 +2,11 @@
 // listed, and the searches of the program.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "location/update_search.h"
 #include "relink/patch.h"
@@ -31,6 +34,9 @@ class UpdateLookups final : public Lookups {
   const work::Context& context_;
   work::Job& job_;
   location::UpdateSearch& search_;
+  bool is_missing(std::string_view folder);
+
+  std::map<std::string, bool, std::less<>> missing_;  // whether a folder is, by its path
   FileImage* image_ = nullptr;
   Pointer pair_;
 };

@@ -100,7 +100,6 @@ bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
 }
 
 bool UpdateRun::patch_image(OpenProject& project, const Pointers& pointers, ProjectUpdate& update) {
-  UpdateLookups lookups(context_, job_, search_);
   const PatchRules rules{CarpetaOriginales_.front(), text::Obtener_Nombre_Path(update.ruta, true),
                          options_.careful};
   // The pointers are those of the row's project: beyond its end they cannot lead.
@@ -111,8 +110,8 @@ bool UpdateRun::patch_image(OpenProject& project, const Pointers& pointers, Proj
       update.motivo = kBadPositions;
       return true;
     }
-    lookups.begin(project.image, pair);
-    auto change = patch_pair(project.image, pair, rules, lookups);
+    lookups_.begin(project.image, pair);
+    auto change = patch_pair(project.image, pair, rules, lookups_);
     if (!go_on() || context_.platform.pump.ended()) return false;
     if (options_.leaves_project && options_.leaves_project()) {
       update.motivo = kSeveral;

@@ -26,7 +26,8 @@ UpdateRun::UpdateRun(const work::Context& context, project::VipReader& reader,
       CarpetaOriginales_(originals_folder(RutaProyectos_)),
       rows_(std::move(rows)),
       pointers_(context, reader, listener),
-      search_(context.platform) {
+      search_(context.platform),
+      lookups_(context, job, search_) {
   search_.on_several = options.on_several;
 }
 

@@ -16,6 +16,7 @@
 #include "relink/patch.h"
 #include "relink/patched_project.h"
 #include "relink/pointer_writer.h"
+#include "relink/update_lookups.h"
 #include "work/context.h"
 #include "work/job.h"
 
@@ -100,6 +101,7 @@ class UpdateRun {
   const std::vector<std::string> rows_;
   PointerWriter pointers_;
   location::UpdateSearch search_;
+  UpdateLookups lookups_;
   std::unique_ptr<Originals> originals_;   // null where the folder cannot be used
   std::string no_originals_;               // why not
   std::map<std::string, Target> targets_;  // by key of their path
