@@ -139,15 +139,11 @@ int write_pointers(const Options& options, const ConsoleHost& host, std::ostream
   if (const auto failed = open_named_project(session, options, host, error)) return *failed;
   main_window::Form1& form = session.program.form;
   const std::string place = system::with_backslash(*folder.path);
-  form.relink().GrabarPunteros(place);
-  bool all = true;
+  const auto names = form.relink().GrabarPunteros(place);
+  // Rows of one name have one file.
+  const bool all = names.size() == form.lists.ListProyectos.count();
   Json written = Json::array();
-  for (const std::string& row : form.lists.ListProyectos.rows()) {
-    const std::string file = place + relink::read_pointer_name(row);
-    const bool there_now = host.files.look_up(file).has_value();
-    all = all && there_now;
-    if (there_now) written.push_back(text::to_utf8(file));
-  }
+  for (const std::string& name : names) written.push_back(text::to_utf8(place + name));
   if (options.json) {
     output << Json{{"punteros", written}}.dump(2) << "\n";
   } else {

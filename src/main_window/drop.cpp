@@ -142,7 +142,8 @@ Form1::Dropped Form1::drop_folder(work::Job& job, const std::vector<std::string>
     return Dropped::ended;
   }
   if (!found) {
-    if (removes_side_files()) ask_to_remove_side_files(job, folder);
+    // In pointer mode every project is refused: the folder may have some all the same.
+    if (removes_side_files() && !work_.ModoPosiciones) ask_to_remove_side_files(job, folder);
     return job.superseded() ? Dropped::ended : Dropped::nothing;
   }
   leave_out_undropped(items);

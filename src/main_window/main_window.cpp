@@ -59,7 +59,10 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       analysis_(platform, lists, strip, left_out_),
       location_(context(), reader, left_out_,
                 {[this] { cmdReset_Click(); },
-                 [this](int ticked) { ActualizarVip.set_visible(ticked > 0); }}),
+                 [this](int ticked) {
+                   removal_.drives_chosen();
+                   ActualizarVip.set_visible(ticked > 0);
+                 }}),
       removal_(context(),
                {[this] { path_strip.ListPath.hide(); },
                 [this](const std::vector<std::string>& rows) { path_strip.show_rows(rows); }}),

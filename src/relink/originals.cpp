@@ -47,17 +47,22 @@ Originals::Originals(system::FileSystem& files, system::Shell& shell, std::strin
                      std::function<bool()> go_on)
     : files_(files), shell_(shell), folder_(std::move(folder)), go_on_(std::move(go_on)) {}
 
-Status Originals::take() {
+Status Originals::take(Purpose purpose) {
   const auto found = files_.info(folder_);
   if (!found || !found->folder) return Reason::not_found;
+  // The lock is an empty file that goes with it: one that holds anything is somebody's own.
+  const auto own = files_.info(path_of(kLock));
+  if (own && (own->folder || own->size > 0)) return Reason::exists;
   auto lock = files_.lock(path_of(kLock));
   if (!lock) return lock.status();
   lock_ = std::move(lock);
   number_ = runs_of(files_, folder_).last() + 1;
-  auto index = files_.create_new(path_of(run_name(number_)));
+  // The undoing of an update cannot be undone: its index only says where copies are.
+  index_name_ = purpose == Purpose::update ? run_name(number_) : undone_run_name(number_);
+  auto index = files_.create_new(path_of(index_name_));
   if (!index) return index.status();
   index_ = std::move(index);
-  return {};
+  return index_->write(run_line({RunRecord::Kind::folder, folder_}));
 }
 
 // A file that cannot be looked at for a moment must not pass for a missing one: what is then
@@ -129,11 +134,21 @@ Status Originals::save_present(const std::string& name) {
     if (its_copy && kept.copy.content == aside->content) kept.copy.place = aside->place;
   }
   saved_.push_back({there, *aside});
-  return {};
+  // Other updates may lead to what stood there: they have to find it, however this one ends.
+  return note({{RunRecord::Kind::copy, there, aside->content, aside->place}});
+}
+
+// Another path with the same key is another file only where case counts: it has no copy then.
+Status Originals::has_copy(const std::string& path) const {
+  const auto found = copies_.find(text::same_file_key(path));
+  if (found == copies_.end()) return Reason::not_found;
+  const bool same =
+      found->second.path == path || files_.identity(found->second.path) == files_.identity(path);
+  return same ? Reason::ok : Reason::exists;
 }
 
 Status Originals::copy(const std::string& path) {
-  if (copy_of(path) != nullptr) return {};
+  if (const Status has = has_copy(path); has != Reason::not_found) return has;
   const std::string name = text::Obtener_Nombre_Archivo(path);
   if (name.empty()) return Reason::bad_path;
   if (!files_.info(path)) return Reason::not_found;
@@ -153,7 +168,7 @@ Status Originals::copy(const std::string& path) {
 }
 
 Status Originals::copy_aside(const std::string& path) {
-  if (copy_of(path) != nullptr) return {};
+  if (const Status has = has_copy(path); has != Reason::not_found) return has;
   const auto copied = put_aside(path);
   if (copied) keep(path, *copied);
   return copied.status();
@@ -187,35 +202,35 @@ const OriginalCopy* Originals::copy_of(const std::string& path) const {
   return found == copies_.end() ? nullptr : &found->second.copy;
 }
 
-Status Originals::write(const RunRecord& record) {
-  return index_ ? index_->write(run_line(record)) : Status(Reason::other);
+Status Originals::note(const std::vector<RunRecord>& records) {
+  if (!index_) return Reason::other;
+  std::string lines;
+  for (const RunRecord& record : records) lines += run_line(record);
+  const Status written = index_->write(lines);
+  return written ? index_->flush() : written;
 }
 
-Status Originals::note_target(const std::string& path) {
+Status Originals::note_change(const std::string& path, const Content& after) {
   const OriginalCopy* const copy = copy_of(path);
   if (copy == nullptr) return Reason::not_found;
-  return write({RunRecord::Kind::target, path, copy->content});
+  changes_ = true;
+  return note(
+      {{RunRecord::Kind::target, path, copy->content}, {RunRecord::Kind::done, path, after}});
 }
 
-Status Originals::note_done(const std::string& path, const Content& after) {
+Status Originals::note_creation(const std::string& path, const Content& after) {
   changes_ = true;
-  return write({RunRecord::Kind::done, path, after});
-}
-
-Status Originals::note_created(const std::string& path) {
-  changes_ = true;
-  const Status written = write({RunRecord::Kind::created, path});
-  return written ? index_->flush() : written;
+  return note({{RunRecord::Kind::created, path}, {RunRecord::Kind::done, path, after}});
 }
 
 void Originals::close() {
   if (!index_) return;
-  write({RunRecord::Kind::ended, folder_}).ignore();
   index_->flush().ignore();
   index_.reset();
   // Its copies may be those of other updates too, so that it stays.
-  if (!changes_) {
-    files_.move(path_of(run_name(number_)), path_of(undone_run_name(number_))).ignore();
+  const std::string undone = undone_run_name(number_);
+  if (!changes_ && index_name_ != undone) {
+    files_.move(path_of(index_name_), path_of(undone)).ignore();
   }
 }
 

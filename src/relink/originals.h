@@ -42,9 +42,10 @@ class Originals {
   Originals(const Originals&) = delete;
   Originals& operator=(const Originals&) = delete;
 
-  // Takes the folder for one update, until this is destroyed, and begins its index; in_use while
-  // another update has it.
-  system::Status take();
+  // Takes the folder for one update, or for the undoing of one, until this is destroyed, and begins
+  // its index; in_use while another has it.
+  enum class Purpose { update, undo };
+  system::Status take(Purpose purpose = Purpose::update);
 
   // Copies a project under its own name as the shell does, with its question where the name is
   // taken, and compares the copy byte by byte. What stands there with other content is saved
@@ -63,10 +64,10 @@ class Originals {
   // The copy of a project; null if it has none.
   const OriginalCopy* copy_of(const std::string& path) const;
 
-  // Records what is about to be done or has been done to a project. `created` is waited for.
-  system::Status note_target(const std::string& path);
-  system::Status note_done(const std::string& path, const Content& after);
-  system::Status note_created(const std::string& path);
+  // Records what is about to be made of a project, or of a file that does not exist yet, and waits
+  // until the record has reached the disk.
+  system::Status note_change(const std::string& path, const Content& after);
+  system::Status note_creation(const std::string& path, const Content& after);
 
   // Closes the index. One of an update that has changed nothing is put away like an undone one.
   void close();
@@ -77,12 +78,13 @@ class Originals {
   std::string path_of(std::string_view name) const { return folder_ + std::string(name); }
   bool is_missing(const std::string& path) const;
   bool go_on() const { return go_on_(); }
+  system::Status has_copy(const std::string& path) const;
   system::Result<OriginalCopy> verified(const std::string& path, const std::string& place);
   system::Result<OriginalCopy> put_aside(const std::string& path);
   system::Result<std::string> subfolder(std::size_t number);
   system::Status save_present(const std::string& name);
   void keep(const std::string& path, OriginalCopy copy);
-  system::Status write(const RunRecord& record);
+  system::Status note(const std::vector<RunRecord>& records);
 
   system::FileSystem& files_;
   system::Shell& shell_;
@@ -91,6 +93,7 @@ class Originals {
   std::unique_ptr<system::FileLock> lock_;
   std::unique_ptr<system::OutputFile> index_;
   std::size_t number_ = 0;
+  std::string index_name_;
   bool changes_ = false;
   struct Kept {
     std::string path;

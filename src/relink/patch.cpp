@@ -63,7 +63,7 @@ std::optional<PathChange> patch_pair(FileImage& image, const Pointer& pair, cons
   PathChange change;
   // The last byte of the path is compared, not its drive letter: in practice this spares only paths
   // that end in that letter, and all others are written anew even if they are right.
-  if (static_cast<char>(image.at(fin)) == rules.letter) {
+  if (!rules.careful && static_cast<char>(image.at(fin)) == rules.letter) {
     change.vieja = bytes_between(image, ini, fin);
     change.untouched = Untouched::skipped;
     return image.failed() ? std::nullopt : std::optional(change);

@@ -77,16 +77,19 @@ Result<Written> write_beside(system::FileSystem& files, OpenProject& project,
   return written;
 }
 
-Result<Content> change_in_place(system::FileSystem& files, OpenProject& project,
-                                system::ChangeFile& file, const std::string& path) {
-  Status status = project.image.write_changes(
+Status change_in_place(FileImage& image, system::ChangeFile& file, const BeforeChange& before) {
+  removal::ContentHash hash;
+  Status status = image.write_whole([&](std::string_view bytes) {
+    hash.add({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    return Status();
+  });
+  if (status) status = before({image.size(), hash.value()});
+  if (!status) return status;
+  status = image.write_changes(
       [&](std::uint64_t offset, std::string_view bytes) { return file.write_at(offset, bytes); });
   if (status) status = file.flush();
   const Status closed = file.close();
-  if (status) status = closed;
-  project.file.reset();
-  if (!status) return status.reason();
-  return removal::content_of(files, path, [] { return true; });
+  return status ? closed : status;
 }
 
 }  // namespace
@@ -101,33 +104,34 @@ Result<std::unique_ptr<OpenProject>> open_project(system::FileSystem& files,
   return project;
 }
 
-Result<Content> put_over(system::FileSystem& files, OpenProject& project, const std::string& path,
-                         const work::Visto& seen) {
+Status put_over(system::FileSystem& files, OpenProject& project, const std::string& path,
+                const work::Visto& seen, const BeforeChange& before) {
   const auto info = files.info(path);
   // A project that another program has open, or that is not to be written, fails here.
   auto present = files.change(path);
-  if (!present) return present.status().reason();
-  if (!is_as_seen(files, path, seen)) return Reason::in_use;
+  if (!present) return present.status();
+  if (!info || !is_as_seen(files, path, seen)) return Reason::in_use;
   if (info->link || present->names() > 1) {
-    return change_in_place(files, project, *present, path);
+    return change_in_place(project.image, *present, before);
   }
   present.reset();
   const auto written = write_beside(files, project, text::getPath(path, "\\"));
-  if (!written) return written.status().reason();
-  Status status = is_as_seen(files, path, seen) ? Status() : Reason::in_use;
+  if (!written) return written.status();
+  Status status = before(written->content);
+  if (status && !is_as_seen(files, path, seen)) status = Reason::in_use;
   if (status) status = files.replace(written->path, path);
-  if (status) return written->content;
-  files.remove(written->path).ignore();
-  return status.reason();
+  if (!status) files.remove(written->path).ignore();
+  return status;
 }
 
-Result<Content> put_new(system::FileSystem& files, OpenProject& project, const std::string& path) {
+Status put_new(system::FileSystem& files, OpenProject& project, const std::string& path,
+               const BeforeChange& before) {
   const auto written = write_beside(files, project, text::getPath(path, "\\"));
-  if (!written) return written.status().reason();
-  const Status status = files.move(written->path, path);
-  if (status) return written->content;
-  files.remove(written->path).ignore();
-  return status.reason();
+  if (!written) return written.status();
+  Status status = before(written->content);
+  if (status) status = files.move(written->path, path);
+  if (!status) files.remove(written->path).ignore();
+  return status;
 }
 
 void remove_leftovers(system::FileSystem& files, const std::string& folder) {

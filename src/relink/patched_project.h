@@ -1,6 +1,7 @@
 // Putting a patched project in its place: others find the old one or the new one, never a half.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -21,15 +22,18 @@ struct OpenProject {
 system::Result<std::unique_ptr<OpenProject>> open_project(system::FileSystem& files,
                                                           const std::string& path);
 
+// Called with the content that a project is about to get; a failure keeps it as it is.
+using BeforeChange = std::function<system::Status(const Content& after)>;
+
 // Writes the image over a project that still is as `seen`, and closes it. The new content is
 // written to a temporary file beside it, waits for the disk and takes the project's place in one
 // step. A project that is a link or has other names on the disk is changed in place: it needs its
-// copy before. Gives the content after it; in_use if the project has changed since it was seen.
-system::Result<Content> put_over(system::FileSystem& files, OpenProject& project,
-                                 const std::string& path, const work::Visto& seen);
+// copy before. in_use if the project has changed since it was seen.
+system::Status put_over(system::FileSystem& files, OpenProject& project, const std::string& path,
+                        const work::Visto& seen, const BeforeChange& before);
 // The same for a project that does not exist, and must not by then.
-system::Result<Content> put_new(system::FileSystem& files, OpenProject& project,
-                                const std::string& path);
+system::Status put_new(system::FileSystem& files, OpenProject& project, const std::string& path,
+                       const BeforeChange& before);
 
 // Removes what a killed update has left of its temporary files in a folder.
 void remove_leftovers(system::FileSystem& files, const std::string& folder);

@@ -5,6 +5,7 @@
 
 #include "project/file_window.h"
 #include "relink/pointer_walk.h"
+#include "removal/backup_folder.h"
 #include "text/code_page.h"
 #include "text/rows.h"
 
@@ -52,7 +53,8 @@ std::optional<std::string> PointerWriter::project_of(const std::string& row) con
   return path;
 }
 
-std::optional<std::string> PointerWriter::pointers_of(const std::string& Fila, work::Job& job) {
+std::optional<PointerWriter::Walked> PointerWriter::pointers_of(const std::string& Fila,
+                                                                work::Job& job) {
   const auto path = project_of(Fila);
   if (!path) return std::nullopt;
   const auto there = context_.platform.files.info(*path);
@@ -64,23 +66,39 @@ void PointerWriter::GrabarPunteroVip(const std::string& Fila, const std::string&
                                      work::Job& job) {
   if (!project_of(Fila)) return;
   show_begun();
-  if (const auto lines = pointers_of(Fila, job)) {
-    auto file = context_.platform.files.create(Carpeta + written_pointer_name(Fila));
-    if (file) {
-      file->write(*lines).ignore();
-      file->close().ignore();
-    }
+  if (const auto walked = pointers_of(Fila, job)) {
+    write(Carpeta, written_pointer_name(Fila), *walked);
   }
   if (!job.superseded()) show_ended();
 }
 
+bool is_foreign_pointer_file(system::FileSystem& files, const std::string& path) {
+  if (!files.info(path)) return false;
+  const auto bytes = removal::bytes_of(files, path);
+  return !bytes || read_pointers(*bytes).damaged;
+}
+
+void PointerWriter::write(const std::string& folder, const std::string& name,
+                          const Walked& walked) {
+  const std::string key = text::lower(name);
+  written_.erase(key);
+  system::FileSystem& files = context_.platform.files;
+  if (is_foreign_pointer_file(files, folder + name)) return;
+  auto file = files.create(folder + name);
+  if (!file) return;
+  const system::Status wrote = file->write(walked.lines);
+  const system::Status closed = file->close();
+  if (wrote && closed && walked.whole) written_[key] = {name, walked.lines};
+}
+
 // The numbers of one project as lines. A walk that is stopped, or that cannot read on, gives those
 // so far.
-std::string PointerWriter::walk(const std::string& path, work::Job& job) {
-  std::string lines;
+PointerWriter::Walked PointerWriter::walk(const std::string& path, work::Job& job) {
+  Walked walked{{}, false};
+  std::string& lines = walked.lines;
   reader_.PosFinalVip = reader_.BuscarMarcaListas(path, project::kHeaderPosition);
   const auto file = context_.platform.files.open(path);
-  if (!file || job.must_stop()) return lines;
+  if (!file || job.must_stop()) return walked;
   ui::ProgressBar& bar = context_.strip.XP_ProgressBar1;
   int progress = 0;
   PointerWalk walk(reader_.PosFinalVip);
@@ -95,13 +113,14 @@ std::string PointerWriter::walk(const std::string& path, work::Job& job) {
         progress = progress >= 90 ? 0 : progress + 10;
         if (job.display_due()) bar.set_value(progress);
       }
-      if (!job.turn() && walk.may_stop()) break;
-      if (job.superseded()) break;
+      if (!job.turn() && walk.may_stop()) return walked;
+      if (job.superseded()) return walked;
     }
+    walked.whole = !window.failed();
   } catch (const std::bad_alloc&) {
     // A project made to exhaust the memory: the lines so far stay.
   }
-  return lines;
+  return walked;
 }
 
 }  // namespace ordelan::relink

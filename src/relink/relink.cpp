@@ -107,11 +107,8 @@ void Relink::update(int& counter) {
   outcome_.begun = true;
   const UpdateRun::End end = run(job, counter);
   if (job.superseded()) return;
-  if (end == UpdateRun::End::no_pointers) {
-    end_without_pointers();
-  } else {
-    close_job(counter);
-  }
+  const bool on = end == UpdateRun::End::no_pointers ? end_without_pointers() : close_job(counter);
+  if (!on) return;
   tell_left_alone();
   look_for_undo(work.RutaProyectos);
 }
@@ -124,8 +121,7 @@ UpdateRun::End Relink::run(work::Job& job, int& counter) {
                 context_.lists.ListProyectos.rows());
   work.ModoPosiciones = true;
   run.prepare();
-  if (job.must_stop()) return UpdateRun::End::stopped;
-  context_.clocks.IniciarCronoActualizar();
+  if (!job.must_stop()) context_.clocks.IniciarCronoActualizar();
   const UpdateRun::End end = run.patch([&counter] { counter = 0; });
   outcome_.Informe = run.Informe();
   outcome_.proyectos = run.projects();
@@ -134,15 +130,18 @@ UpdateRun::End Relink::run(work::Job& job, int& counter) {
 }
 
 // A row has no pointer file: all ends here, and nothing else is put back.
-void Relink::end_without_pointers() {
+bool Relink::end_without_pointers() {
   outcome_.titulo = "No existen archivos de punteros";
   outcome_.icono = system::Icon::critical;
+  const work::JobNumber number = context_.work.current_job();
   message(outcome_.titulo, outcome_.Informe, outcome_.icono);
+  if (context_.work.superseded(number)) return false;  // begun while the box was up
   context_.work.ModoPosiciones = false;
   listener_.hide_ActualizarVip();
+  return true;
 }
 
-void Relink::close_job(int counter) {
+bool Relink::close_job(int counter) {
   work::WorkInHand& work = context_.work;
   const bool cancelled = work.Cancelar;
   if (cancelled) listener_.cmdReset_Click();
@@ -163,10 +162,11 @@ void Relink::close_job(int counter) {
     outcome_.icono = any ? system::Icon::information : system::Icon::exclamation;
     const work::JobNumber number = work.current_job();
     message(outcome_.titulo, outcome_.Informe, outcome_.icono);
-    if (work.superseded(number)) return;  // begun while the box was up
+    if (work.superseded(number)) return false;  // begun while the box was up
   }
   work.ModoPosiciones = false;
   listener_.show_updated();
+  return true;
 }
 
 // The box has only names: which projects were left as they were is said after it, on the strip.
@@ -179,10 +179,13 @@ void Relink::tell_left_alone() {
                         true);
 }
 
-void Relink::GrabarPunteros(const std::string& Carpeta) {
+std::vector<std::string> Relink::GrabarPunteros(const std::string& Carpeta) {
   auto job = work::Job::begin(context_.work, context_.platform);
-  PointerWriter(context_, reader_, listener_.pointers)
-      .GrabarPunteros(Carpeta, context_.lists.ListProyectos.rows(), job);
+  PointerWriter writer(context_, reader_, listener_.pointers);
+  writer.GrabarPunteros(Carpeta, context_.lists.ListProyectos.rows(), job);
+  std::vector<std::string> names;
+  for (const auto& [key, file] : writer.written()) names.push_back(file.name);
+  return names;
 }
 
 void Relink::look_for_undo(const std::string& RutaProyectos) {

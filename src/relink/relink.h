@@ -42,7 +42,8 @@ class Relink {
   void look_for_undo(const std::string& RutaProyectos);
 
   // Writes the pointer files of all rows of ListProyectos to a folder, given with its backslash.
-  void GrabarPunteros(const std::string& Carpeta);
+  // Gives the names of those that were written whole.
+  std::vector<std::string> GrabarPunteros(const std::string& Carpeta);
 
   // For the console program; the window's own job has none of them set.
   UpdateOptions options;
@@ -65,8 +66,9 @@ class Relink {
   void begin_clocks();
   void update(int& counter);
   UpdateRun::End run(work::Job& job, int& counter);
-  void end_without_pointers();
-  void close_job(int counter);
+  // Each is false when something else was begun while its box was up.
+  bool end_without_pointers();
+  bool close_job(int counter);
   void message(const std::string& title, const std::string& text, system::Icon icon);
   void tell_left_alone();
 

@@ -13,11 +13,11 @@ namespace {
 constexpr std::string_view kName = "Actualizacion";
 constexpr std::string_view kOpen = ".ind";
 constexpr std::string_view kUndone = ".ant";
-constexpr std::array<std::string_view, 5> kWords = {"copy", "target", "done", "new", "end"};
+constexpr std::array<std::string_view, 5> kWords = {"copy", "target", "done", "new", "folder"};
 constexpr int kHexadecimal = 16;
 
 bool has_content(RunRecord::Kind kind) {
-  return kind != RunRecord::Kind::created && kind != RunRecord::Kind::ended;
+  return kind != RunRecord::Kind::created && kind != RunRecord::Kind::folder;
 }
 
 // The next part of a line, which the tab after it ends; nothing without one.

@@ -2,11 +2,11 @@
 // each project was before and after. One line a fact, its parts separated by tabs, in the code
 // page:
 //
+//   folder  <folder of the originals>                where the update took place; the first line
 //   copy    <size>  <fingerprint>  <place>  <path>   a copy, its place from the folder on
-//   target  <size>  <fingerprint>  <path>            a project as it stood before it was patched
-//   done    <size>  <fingerprint>  <path>            the same after that
-//   new     <path>                                   a file that the update is about to create
-//   end     <folder of the originals>                the update has not been killed
+//   target  <size>  <fingerprint>  <path>            a project that is about to be patched
+//   new     <path>                                   a file that is about to be created
+//   done    <size>  <fingerprint>  <path>            what either will be after that
 //
 // A line counts once it is ended by CR LF. An index is only added to; when its update has been
 // undone it gets another name, as its copies may be those of an earlier one too.
@@ -26,7 +26,7 @@ namespace ordelan::relink {
 using removal::Content;
 
 struct RunRecord {
-  enum class Kind { copy, target, done, created, ended };
+  enum class Kind { copy, target, done, created, folder };
   Kind kind;
   std::string path;
   Content content{};

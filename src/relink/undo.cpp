@@ -7,6 +7,14 @@
 #include "text/paths.h"
 
 namespace ordelan::relink {
+namespace {
+
+// The folder that a folder lies in; both with their backslash.
+std::string folder_around(const std::string& folder) {
+  return text::getPath(folder.substr(0, folder.size() - 1), "\\");
+}
+
+}  // namespace
 
 using system::Reason;
 using system::Result;
@@ -48,33 +56,37 @@ void Undo::read() {
     if (name == names.back()) latest = std::move(records);
   }
 
+  is_ = folder_around(folder_);
+  was_ = is_;
   std::map<std::string, std::size_t> at;  // by key of the path
-  bool ended = false;
   for (const RunRecord& record : latest) {
-    const auto step = at.find(text::same_file_key(record.path));
+    if (record.kind == RunRecord::Kind::folder) {
+      was_ = folder_around(record.path);
+      moved_ = text::same_file_key(was_) != text::same_file_key(is_) &&
+               files_.identity(was_) != files_.identity(is_);
+    }
+    const std::string path = here(record.path);
+    const auto step = at.find(text::same_file_key(path));
     switch (record.kind) {
       case RunRecord::Kind::target:
       case RunRecord::Kind::created:
         if (step != at.end()) break;
-        at[text::same_file_key(record.path)] = steps_.size();
+        at[text::same_file_key(path)] = steps_.size();
         steps_.push_back(
-            {record.path, record.content, std::nullopt, record.kind == RunRecord::Kind::created});
+            {path, record.content, std::nullopt, record.kind == RunRecord::Kind::created});
         break;
       case RunRecord::Kind::done:
         if (step != at.end()) steps_[step->second].done = record.content;
         break;
-      case RunRecord::Kind::ended:
-        ended = true;
-        break;
       case RunRecord::Kind::copy:
+      case RunRecord::Kind::folder:
         break;
     }
   }
-  // An update that has ended has recorded all that it did. Of one that was killed, or whose last
-  // records a power cut has lost, every project may have been changed.
-  if (ended) {
-    std::erase_if(steps_, [](const Step& step) { return !step.done && !step.created; });
-  }
+}
+
+std::string Undo::here(const std::string& path) const {
+  return moved_ && path.starts_with(was_) ? is_ + path.substr(was_.size()) : path;
 }
 
 Result<std::string> Undo::copy_with(const Content& content) const {
@@ -131,7 +143,7 @@ std::vector<removal::Kept> Undo::run() {
   }
   // What has changed since is saved as an update saves it, with an index of its own.
   Originals originals(files_, shell_, folder_, go_on_);
-  if (const Status taken = originals.take(); !taken) {
+  if (const Status taken = originals.take(Originals::Purpose::undo); !taken) {
     fail(folder_, taken);
     return failed;
   }
@@ -142,6 +154,12 @@ std::vector<removal::Kept> Undo::run() {
     if (step.created ? missing : now && *now == step.before) continue;
     if (!now && !missing) {
       fail(step.path, now.status());
+      continue;
+    }
+    // What the update made is here alone if the folder is where it was then. In a copy of it, what
+    // is not what the update made may be any other project.
+    if (moved_ && !(now && step.done == *now && step.path.starts_with(is_))) {
+      failed.push_back({step.path, "no es el proyecto que se actualizó en " + was_, {}});
       continue;
     }
     if (now && step.done != *now) {

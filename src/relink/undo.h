@@ -47,6 +47,9 @@ class Undo {
     std::optional<Content> done{};  // what the update made of it, where it is recorded
     bool created = false;
   };
+  // A path of the index in the folder as it stands now: the studio may have been moved or copied
+  // with it since.
+  std::string here(const std::string& path) const;
 
   void read();
   std::vector<RunRecord> records_of(const std::string& name) const;
@@ -61,6 +64,9 @@ class Undo {
   std::size_t number_ = 0;  // of the update, 0 for none
   std::vector<Step> steps_;
   std::vector<RunRecord> copies_;  // of all updates
+  std::string was_;                // the folder of the projects when the update took place
+  std::string is_;                 // and now
+  bool moved_ = false;
   std::size_t restored_ = 0;
   std::size_t saved_ = 0;
 };

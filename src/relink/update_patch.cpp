@@ -50,6 +50,7 @@ UpdateRun::End UpdateRun::patch(const std::function<void()>& zero_counter) {
 }
 
 UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
+  if (job_.must_stop()) return End::stopped;
   if (auto* const buscar = context_.windows.touch<location::Buscar>()) {
     buscar->set_update(&search_);
   }
@@ -64,13 +65,22 @@ UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
       update.motivo = kOriginal;
       continue;
     }
-    const auto bytes = pointer_bytes(row);
-    if (!bytes) {
+    // The folder of the originals cannot be used, or the copies are not on the disk for good:
+    // nothing may be touched.
+    if (!originals_ && !options_.simulate) {
+      update.motivo = no_originals_;
+      continue;
+    }
+    if (!has_pointers(row)) {
       update.motivo = kNoPointers;
       if (options_.careful) continue;
       return End::no_pointers;
     }
-    if (!patch_project(row, read_pointers(*bytes), update)) {
+    const auto bytes = pointer_bytes(row);
+    Pointers pointers;
+    pointers.damaged = !bytes;
+    if (bytes) pointers = read_pointers(*bytes);
+    if (!patch_project(row, pointers, update)) {
       update.motivo = kStopped;
       return End::stopped;
     }
@@ -85,8 +95,6 @@ bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
                               ProjectUpdate& update) {
   const Target& target = targets_[text::same_file_key(target_of(row))];
   update.motivo = target.motivo;
-  // The copies are not on the disk for good: nothing may be touched.
-  if (!originals_ && !options_.simulate) update.motivo = no_originals_;
   if (update.motivo.empty() && (pointers.odd || pointers.damaged)) update.motivo = kBadPointers;
   if (!update.motivo.empty()) return true;
   auto project = open_project(context_.platform.files, update.destino);
@@ -131,20 +139,15 @@ void UpdateRun::put(const Target& target, OpenProject& project, ProjectUpdate& u
   update.creado = !target.exists;
   update.cambiado = update.creado || project.image.differs();
   if (!update.cambiado || options_.simulate) return;
+  const auto note = [&](const Content& after) {
+    return update.creado ? originals_->note_creation(update.destino, after)
+                         : originals_->note_change(update.destino, after);
+  };
   system::FileSystem& files = context_.platform.files;
-  if (update.creado) {
-    if (const system::Status noted = originals_->note_created(update.destino); !noted) {
-      update.motivo = removal::reason::of(noted);
-      return;
-    }
-  }
-  const auto after = update.creado ? put_new(files, project, update.destino)
-                                   : put_over(files, project, update.destino, target.seen);
-  if (after) {
-    originals_->note_done(update.destino, *after).ignore();
-  } else {
-    update.motivo = removal::reason::of(after.status());
-  }
+  const system::Status put = update.creado
+                                 ? put_new(files, project, update.destino, note)
+                                 : put_over(files, project, update.destino, target.seen, note);
+  if (!put) update.motivo = removal::reason::of(put);
 }
 
 }  // namespace ordelan::relink

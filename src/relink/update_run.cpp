@@ -16,6 +16,12 @@ namespace ordelan::relink {
 using system::Reason;
 using system::Status;
 
+namespace {
+
+constexpr const char* kTwin = "otro proyecto tiene el mismo nombre con otras mayúsculas";
+
+}  // namespace
+
 UpdateRun::UpdateRun(const work::Context& context, project::VipReader& reader,
                      const PointerListener& listener, const UpdateOptions& options, work::Job& job,
                      std::string RutaProyectos, std::vector<std::string> rows)
@@ -45,143 +51,158 @@ std::string UpdateRun::target_of(const std::string& row) const {
 }
 
 void UpdateRun::prepare() {
-  system::FileSystem& files = context_.platform.files;
-  if (!options_.simulate) {
-    const auto there = files.info(CarpetaOriginales_);
-    const Status made =
-        there && there->folder
-            ? Status()
-            : files.make_folder(CarpetaOriginales_.substr(0, CarpetaOriginales_.size() - 1));
-    originals_ = std::make_unique<Originals>(files, context_.platform.shell, CarpetaOriginales_,
-                                             [this] { return go_on(); });
-    const Status taken = made ? originals_->take() : made;
-    if (!taken) {
-      no_originals_ = removal::reason::of(taken);
-      originals_.reset();
-    }
-    clean_up();
-  }
-  copy_projects();
-  copy_targets();
+  if (!options_.simulate) take_folder();
+  list_targets();
+  if (originals_) copy_projects();
   if (job_.must_stop()) return;
-  if (originals_) {
-    if (const Status settled = originals_->settle(); !settled) {
-      no_originals_ = removal::reason::of(settled);
-      originals_.reset();
-    }
-  }
+  if (originals_) settle();
   if (options_.simulate || options_.careful) {
-    for (const std::string& row : rows_) {
-      if (is_original(text::Obtener_VipPath(row))) continue;
-      if (auto lines = pointers_.pointers_of(row, job_)) {
-        const std::string key = options_.careful ? row : written_pointer_name(row);
-        kept_pointers_[text::lower(key)] = std::move(*lines);
-      }
-      if (job_.must_stop()) return;
-    }
-  } else {
-    save_foreign_pointers();
-    std::vector<std::string> rows;
-    std::copy_if(rows_.begin(), rows_.end(), std::back_inserter(rows),
-                 [](const std::string& row) { return !is_original(text::Obtener_VipPath(row)); });
-    pointers_.GrabarPunteros(CarpetaOriginales_, rows, job_);
+    keep_pointers();
+  } else if (originals_) {
+    write_pointers();
   }
-  if (job_.must_stop()) return;
   Informe_ = "Los Vip's actualizados estan en la carpeta: " + RutaProyectos_ + "\r\n" +
              "Los Vip's originales estan en la carpeta: " + CarpetaOriginales_ + "\r\n\r\n" +
              "Lista de Vip's actualizados: " + "\r\n\r\n";
 }
 
-void UpdateRun::clean_up() {
-  std::set<std::string> folders;
-  for (const std::string& row : rows_) folders.insert(text::getPath(target_of(row), "\\"));
-  for (const std::string& folder : folders) {
-    remove_leftovers(context_.platform.files, folder);
+// Without the folder nothing is done at all: another update may be at work in it.
+void UpdateRun::take_folder() {
+  system::FileSystem& files = context_.platform.files;
+  const auto there = files.info(CarpetaOriginales_);
+  const Status made =
+      there && there->folder
+          ? Status()
+          : files.make_folder(CarpetaOriginales_.substr(0, CarpetaOriginales_.size() - 1));
+  originals_ = std::make_unique<Originals>(files, context_.platform.shell, CarpetaOriginales_,
+                                           [this] { return go_on(); });
+  const Status taken = made ? originals_->take() : made;
+  if (!taken) give_up(taken);
+}
+
+void UpdateRun::give_up(Status why) {
+  no_originals_ = removal::reason::of(why);
+  originals_->close();
+  originals_.reset();
+}
+
+// What is patched for each row. Two files whose names differ by case alone are one place here.
+void UpdateRun::list_targets() {
+  system::FileSystem& files = context_.platform.files;
+  for (const std::string& row : rows_) {
+    const std::string path = target_of(row);
+    Target& target = targets_[text::same_file_key(path)];
+    if (!target.path.empty() && target.path != path &&
+        files.identity(target.path) != files.identity(path)) {
+      target.motivo = kTwin;
+    }
+    if (!target.path.empty()) continue;
+    target.path = path;
+    const auto there = files.info(path);
+    target.exists = there.has_value() || files.open(path).status() != Reason::not_found;
   }
 }
 
 void UpdateRun::copy_projects() {
+  std::set<std::string> folders;
+  for (const auto& [key, target] : targets_) folders.insert(text::getPath(target.path, "\\"));
+  for (const std::string& folder : folders) remove_leftovers(context_.platform.files, folder);
   for (const std::string& row : rows_) {
     const std::string path = text::Obtener_VipPath(row);
-    const std::string target = target_of(row);
-    Target& entry = targets_[text::same_file_key(target)];
-    entry.path = target;
     if (is_original(path)) continue;
-    if (!originals_) continue;
     const Status copied = originals_->copy(path);
-    if (text::same_file_key(path) == text::same_file_key(target) && !copied) {
-      entry.motivo = removal::reason::of(copied);
+    const auto target = targets_.find(text::same_file_key(path));
+    if (!copied && target != targets_.end() && target->second.path == path) {
+      target->second.motivo = removal::reason::of(copied);
     }
     if (!go_on()) return;
   }
-}
-
-// What is patched needs its own copy, also where it is no row, and is not asked about.
-void UpdateRun::copy_targets() {
-  system::FileSystem& files = context_.platform.files;
+  // What is patched needs its own copy, also where it is no row: that is not asked about.
   for (auto& [key, target] : targets_) {
-    const auto there = files.info(target.path);
-    target.exists = there.has_value() || files.open(target.path).status() != Reason::not_found;
-    if (there) target.seen = {there->size, there->modified};
-    if (options_.simulate || !target.exists || !target.motivo.empty()) continue;
-    if (!originals_) {
-      target.motivo = no_originals_;
-      continue;
-    }
+    if (!target.exists || !target.motivo.empty()) continue;
     const Status copied = originals_->copy_aside(target.path);
     if (!copied) {
       target.motivo = removal::reason::of(copied);
     } else {
       target.seen = originals_->copy_of(target.path)->seen;
-      originals_->note_target(target.path).ignore();
     }
     if (!go_on()) return;
   }
+}
+
+void UpdateRun::settle() {
+  if (const Status settled = originals_->settle(); !settled) give_up(settled);
+}
+
+void UpdateRun::keep_pointers() {
+  for (const std::string& row : rows_) {
+    if (is_original(text::Obtener_VipPath(row))) continue;
+    if (auto walked = pointers_.pointers_of(row, job_); walked && walked->whole) {
+      kept_pointers_[pointer_key(row)] = std::move(walked->lines);
+    }
+    if (job_.must_stop()) return;
+  }
+}
+
+void UpdateRun::write_pointers() {
+  system::FileSystem& files = context_.platform.files;
+  std::vector<std::string> rows;
+  for (const std::string& row : rows_) {
+    if (is_original(text::Obtener_VipPath(row))) continue;
+    rows.push_back(row);
+    // A file that has the name of a pointer file and is none makes room once it is saved.
+    const std::string path = pointer_path(row);
+    if (is_foreign_pointer_file(files, path) && originals_->save(path)) {
+      files.remove(path).ignore();
+    }
+  }
+  if (const Status settled = originals_->settle(); !settled) return give_up(settled);
+  pointers_.GrabarPunteros(CarpetaOriginales_, rows, job_);
 }
 
 std::string UpdateRun::pointer_path(const std::string& row) const {
   return CarpetaOriginales_ + read_pointer_name(row);
 }
 
-// A file that has the name of a pointer file and is none is somebody's own.
-void UpdateRun::save_foreign_pointers() {
-  if (!originals_) return;
-  system::FileSystem& files = context_.platform.files;
-  for (const std::string& row : rows_) {
-    const std::string path = pointer_path(row);
-    if (!files.info(path)) continue;
-    const auto bytes = removal::bytes_of(files, path);
-    if (!bytes || read_pointers(*bytes).damaged) originals_->save(path).ignore();
-  }
+std::string UpdateRun::pointer_key(const std::string& row) const {
+  return options_.careful ? row : text::lower(read_pointer_name(row));
 }
 
-std::optional<std::string> UpdateRun::pointer_bytes(const std::string& row) {
+bool UpdateRun::has_pointers(const std::string& row) const {
+  if (options_.simulate || options_.careful) return kept_pointers_.contains(pointer_key(row));
+  return context_.platform.files.look_up(pointer_path(row)).has_value();
+}
+
+// What the pass before has found. A file that holds anything else is not what it has written: it is
+// an older one, or was cut short.
+std::optional<std::string> UpdateRun::pointer_bytes(const std::string& row) const {
   if (options_.simulate || options_.careful) {
-    const auto found =
-        kept_pointers_.find(text::lower(options_.careful ? row : read_pointer_name(row)));
-    if (found == kept_pointers_.end()) return std::nullopt;
-    return found->second;
+    const auto kept = kept_pointers_.find(pointer_key(row));
+    if (kept == kept_pointers_.end()) return std::nullopt;
+    return kept->second;
   }
-  system::FileSystem& files = context_.platform.files;
-  if (!files.look_up(pointer_path(row))) return std::nullopt;
-  return removal::bytes_of(files, pointer_path(row));
+  const auto written = pointers_.written().find(pointer_key(row));
+  if (written == pointers_.written().end()) return std::nullopt;
+  const auto bytes = removal::bytes_of(context_.platform.files, pointer_path(row));
+  if (!bytes || *bytes != written->second.lines) return std::nullopt;
+  return *bytes;
 }
 
 void UpdateRun::drop_pointers(const std::string& row) {
   if (options_.simulate || options_.careful) {
-    kept_pointers_.erase(text::lower(options_.careful ? row : read_pointer_name(row)));
-  } else {
+    kept_pointers_.erase(pointer_key(row));
+  } else if (!is_foreign_pointer_file(context_.platform.files, pointer_path(row))) {
     context_.platform.files.remove(pointer_path(row)).ignore();
   }
 }
 
 bool UpdateRun::save_report() {
-  if (options_.simulate) return true;
+  if (!originals_) return options_.simulate;
   system::FileSystem& files = context_.platform.files;
   const std::string path = CarpetaOriginales_ + kReportName;
   if (files.info(path)) {
     const auto old = removal::bytes_of(files, path);
-    if (!old || (!is_report(*old) && !(originals_ && originals_->save(path)))) return false;
+    if (!old || (!is_report(*old) && !originals_->save(path))) return false;
   }
   return system::write_whole(files, path,
                              report_text(report_heading(context_.platform.regional), projects_))

@@ -79,13 +79,18 @@ class UpdateRun {
 
   bool go_on() { return job_.turn(); }
   std::string target_of(const std::string& row) const;
+  void take_folder();
+  void give_up(system::Status why);
+  void list_targets();
   void copy_projects();
-  void copy_targets();
-  void clean_up();
-  void save_foreign_pointers();
+  void settle();
+  void keep_pointers();
+  void write_pointers();
   void expect_names();
   std::string pointer_path(const std::string& row) const;
-  std::optional<std::string> pointer_bytes(const std::string& row);
+  std::string pointer_key(const std::string& row) const;
+  bool has_pointers(const std::string& row) const;
+  std::optional<std::string> pointer_bytes(const std::string& row) const;
   void drop_pointers(const std::string& row);
   End patch_all(const std::function<void()>& zero_counter);
   // False if the run was stopped in it.
@@ -102,11 +107,10 @@ class UpdateRun {
   PointerWriter pointers_;
   location::UpdateSearch search_;
   UpdateLookups lookups_;
-  std::unique_ptr<Originals> originals_;   // null where the folder cannot be used
-  std::string no_originals_;               // why not
-  std::map<std::string, Target> targets_;  // by key of their path
-  std::map<std::string, std::string>
-      kept_pointers_;  // of a simulation, by name of the pointer file
+  std::unique_ptr<Originals> originals_;              // null where the folder cannot be used
+  std::string no_originals_;                          // why not
+  std::map<std::string, Target> targets_;             // by key of their path
+  std::map<std::string, std::string> kept_pointers_;  // by key, where no file is written
   std::string Informe_;
   std::vector<ProjectUpdate> projects_;
 };

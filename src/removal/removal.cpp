@@ -32,6 +32,13 @@ void Removal::CommandBorrado_Click() {
   options->set_visible(!options->visible());
 }
 
+void Removal::drives_chosen() {
+  auto* const options = removal_.work.windows.find<BacUp>();
+  if (removal_.work.work.ModoPosiciones || options == nullptr) return;
+  options->LabelConfig.show();
+  options->cmdBorrar.set_enabled(true);
+}
+
 void Removal::RecuperaBorrados_Click() {
   if (removal_.work.work.Borrando) return;
   auto* const recovery = removal_.work.windows.touch<Recuperar>();

@@ -18,6 +18,8 @@ class Removal {
   void CopiarListBorrados();
   // Shows the window with the options, or hides it.
   void CommandBorrado_Click();
+  // The drives have been chosen: the window with the options can be used if it is there.
+  void drives_chosen();
   // Shows the window that brings files back.
   void RecuperaBorrados_Click();
   // Whether CheckBorraAsociados is ticked: in the window, or as it was left.

@@ -69,7 +69,7 @@ std::optional<relink::PathChange> literal_patch_pair(std::string& image,
 
   const auto at_end = read(image, fin);
   if (!at_end) return std::nullopt;
-  const bool skipped = *at_end == rules.letter;
+  const bool skipped = *at_end == rules.letter && !rules.careful;
 
   for (std::int64_t i = ini; i <= fin; ++i) {
     const auto byte = read(image, i);

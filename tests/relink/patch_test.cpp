@@ -421,10 +421,12 @@ TEST_F(CarefulPatch, an_end_before_the_start_has_no_room) {
   EXPECT_EQ(after, bytes);
 }
 
-TEST_F(CarefulPatch, the_letter_of_the_projects_drive_is_looked_at_first) {
+TEST_F(CarefulPatch, a_path_that_ends_in_the_letter_of_the_projects_drive_is_no_exception) {
   rules.letter = 'v';
   disk.files = {"C:\\Viejas\\a.wav"};
-  EXPECT_EQ(patch("##C:\\Viejas\\a.wav" + kNul + "tail", {{3, 17}})->untouched, Untouched::skipped);
+  EXPECT_EQ(patch("##C:\\Viejas\\a.wav" + kNul + "tail", {{3, 17}})->untouched, Untouched::stays);
+  disk.files.clear();
+  EXPECT_EQ(patch("##C:\\Viejas\\a.wav" + kNul + "tail", {{3, 17}})->untouched, Untouched::no);
 }
 
 }  // namespace
