@@ -21,7 +21,7 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"cmdPerdidos", -1, 392, 10, 148, 32},
     Place{"SalvaListados", -1, 546, 16, 92, 20},
     Place{"ActualizarVip", -1, 648, 16, 96, 20},
-    Place{"DeshacerActualizacion", -1, 648, 36, 148, 18},
+    Place{"DeshacerActualizacion", -1, 540, 60, 152, 22},
     Place{"RecuperaBorrados", -1, 754, 16, 62, 20},
     Place{"Configurar", -1, 826, 16, 68, 20},
     Place{"AcercaDe", -1, 902, 16, 60, 20},
@@ -29,13 +29,13 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"cmdMinimizar", -1, 1012, 10, 36, 32},
     Place{"Salir", -1, 1052, 10, 36, 32},
 
-    Place{"LabelAviso", -1, 12, 58, 640, 36},
-    Place{"LabelD", -1, 656, 60, 150, 22},
-    Place{"TimeDeco", -1, 812, 58, 132, 24},
-    Place{"TextLapsoTotal", -1, 956, 58, 132, 24},
+    Place{"LabelAviso", -1, 12, 58, 692, 36},
+    Place{"LabelD", -1, 712, 60, 144, 22},
+    Place{"TimeDeco", -1, 860, 58, 110, 24},
+    Place{"TextLapsoTotal", -1, 978, 58, 110, 24},
 
     Place{"TextDecode", -1, 12, 136, 1076, 16},
-    Place{"ShowIco", -1, 12, 58, 640, 66},
+    Place{"ShowIco", -1, 12, 58, 460, 66},
     Place{"ImageIcon", -1, 12, 94, 30, 30},
     Place{"ListPath", -1, 46, 94, 1042, 30},
 
