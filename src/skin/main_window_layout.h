@@ -22,7 +22,7 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"SalvaListados", -1, 546, 16, 92, 20},
     Place{"ActualizarVip", -1, 648, 16, 96, 20},
     Place{"DeshacerActualizacion", -1, 540, 60, 152, 22},
-    Place{"RecuperaBorrados", -1, 754, 16, 62, 20},
+    Place{"RecuperaBorrados", -1, 752, 16, 70, 20},
     Place{"Configurar", -1, 826, 16, 68, 20},
     Place{"AcercaDe", -1, 902, 16, 60, 20},
     Place{"cmdSalir", -1, 970, 16, 30, 20},
