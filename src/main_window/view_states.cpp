@@ -127,8 +127,9 @@ void Form1::show_decoded_row() {
   show_CommandBorrado();
 }
 
-// The projects are being updated.
+// The projects are being updated. The way back is offered again after it.
 void Form1::show_updating() {
+  DeshacerActualizacion.hide();
   show_these({&cmdCancelar});
 }
 

@@ -102,6 +102,7 @@ void Relink::update(int& counter) {
   if (!lost_files_.HayPerdidos()) {
     counter = 0;
     close_job(counter);
+    if (!job.superseded()) look_for_undo(work.RutaProyectos);
     return;
   }
   outcome_.begun = true;
@@ -222,9 +223,11 @@ void Relink::DeshacerActualizacion_Click() {
   if (undo.saved() > 0) {
     text += "\r\nGuardados antes porque habían cambiado: " + std::to_string(undo.saved());
   }
+  std::vector<std::string> rows;
   for (const removal::Kept& kept : *not_undone_) {
-    text += "\r\n" + text::row_with_reason(kept.ruta, kept.motivo);
+    rows.push_back(text::row_with_reason(kept.ruta, kept.motivo));
   }
+  text += strip_lines(rows);
   context_.strip.Alerta(not_undone_->empty() ? work::kResult : work::kWarning, text, true);
   look_for_undo(context_.work.RutaProyectos);
 }

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "relink/originals.h"
 #include "text/rows.h"
 
 namespace ordelan::relink {
 namespace {
 
 constexpr std::string_view kFirstWords = "Actualización de proyectos";
+// With a line before them they cover nothing of the window.
+constexpr std::size_t kMostLines = 3;
 
 std::string line_of(const PathChange& change) {
   // A path that another project's pointers lead to may be any bytes.
@@ -59,11 +62,19 @@ bool is_report(std::string_view bytes) {
 }
 
 std::string left_alone(const std::vector<ProjectUpdate>& projects) {
-  std::string text;
+  std::vector<std::string> rows;
   for (const ProjectUpdate& project : projects) {
-    if (project.motivo.empty()) continue;
-    text += "\r\n" + text::row_with_reason(project.ruta, project.motivo);
+    if (project.motivo.empty() || is_original(project.ruta)) continue;
+    rows.push_back(text::row_with_reason(project.ruta, project.motivo));
   }
+  return strip_lines(rows);
+}
+
+std::string strip_lines(const std::vector<std::string>& rows) {
+  const std::size_t named = rows.size() > kMostLines ? kMostLines - 1 : rows.size();
+  std::string text;
+  for (std::size_t i = 0; i < named; ++i) text += "\r\n" + rows[i];
+  if (named < rows.size()) text += "\r\n... y " + std::to_string(rows.size() - named) + " más";
   return text;
 }
 

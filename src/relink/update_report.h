@@ -21,7 +21,11 @@ std::string report_text(const std::string& heading, const std::vector<ProjectUpd
 bool is_report(std::string_view bytes);
 
 // The projects that were left as they were although they should not, as lines for the strip; empty
-// if there are none.
+// if there are none. Those in a folder of originals are none of them: they are never updated.
 std::string left_alone(const std::vector<ProjectUpdate>& projects);
+
+// Rows as lines for the strip, each after a line end: all of them, or as many as it has room for
+// and how many more there are.
+std::string strip_lines(const std::vector<std::string>& rows);
 
 }  // namespace ordelan::relink

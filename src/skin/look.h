@@ -49,8 +49,7 @@ ForeColor=$TextDim
 BackColor=$Header
 ForeColor=$TextDim
 [Form1.DeshacerActualizacion]
-BackColor=$Header
-ForeColor=$TextDim
+ForeColor=$Accent
 [Form1.RecuperaBorrados]
 BackColor=$Header
 ForeColor=$TextDim

@@ -85,6 +85,20 @@ TEST_F(UpdateSafety, a_project_without_its_copy_is_left_alone_and_named) {
   EXPECT_FALSE(there("Mix\\Originales\\b_vip.ptr"));
 }
 
+TEST_F(UpdateSafety, the_strip_names_no_more_projects_than_it_has_room_for) {
+  three();
+  for (const std::string name : {"d", "e"}) {
+    disk.write("Mix\\" + name + ".vip", bytes("Mix\\a.vip"));
+  }
+  open("Mix\\a.vip");
+  faulty.faults.fail({.call = Call::flush_file}, system::Reason::other);
+  update();
+  EXPECT_THAT(form.strip.TextDecode.text(), HasSubstr(disk.path("Mix\\b.vip")));
+  EXPECT_THAT(form.strip.TextDecode.text(), EndsWith("\r\n... y 3 más"));
+  EXPECT_EQ(form.strip.TextDecode.line_count(), 4);
+  EXPECT_THAT(report(), HasSubstr(disk.path("Mix\\e.vip") + "   (no se ha actualizado"));
+}
+
 TEST_F(UpdateSafety, a_copy_that_differs_is_none) {
   three();
   // The shell's copy of b is cut short; the one that we make in its place cannot be made.

@@ -439,6 +439,7 @@ TEST_F(UpdateOfSubfolders, rows_below_a_folder_of_originals_are_left_alone) {
   EXPECT_THAT(last_box().text, HasSubstr(disk.path("Mix\\Originales\\viejo.vip") + "\r\n"));
   EXPECT_THAT(bytes("Mix\\Originales\\Actualizacion.log"),
               HasSubstr("viejo.vip   (no se ha actualizado: está en una carpeta de originales)"));
+  EXPECT_FALSE(form.strip.TextDecode.visible()) << "nothing has gone wrong";
 }
 
 }  // namespace

@@ -305,6 +305,116 @@ TEST_F(Look, of_a_run_with_backup_and_its_recovery) {
   take("recovery-done", "ListNoRecuperados");
 }
 
+// Projects whose audio has moved to a drive that holds nothing else.
+class LookUpdate : public Look {
+ protected:
+  LookUpdate() {
+    clear();
+    write_settings("F");
+    for (const char* const room : {"Sala grande", "Sala pequeña"}) {
+      for (const char* const name : {"Voz principal.wav", "Coro.wav"}) put(room, name);
+    }
+    for (const char* const name : {"Bajo.wav", "Bombo.wav", "Caja.wav", "Guitarra española.wav"}) {
+      put("Sesión de marzo", name);
+    }
+    for (const char* const name : {"Ensayo general", "Maqueta", "Mezcla final"}) {
+      project(name, {"Bajo.wav", "Bombo.wav", "Caja.wav", "Guitarra española.wav"});
+    }
+  }
+  ~LookUpdate() override {
+    program.reset();
+    clear();
+  }
+
+  static std::filesystem::path studio() { return "F:\\Estudio"; }
+  static void put(const std::filesystem::path& folder, const std::string& name) {
+    std::filesystem::create_directories(studio() / folder);
+    std::ofstream(studio() / folder / name, std::ios::binary) << name;
+  }
+  static void project(const std::string& name, const std::vector<std::string>& audio) {
+    std::vector<std::string> paths;
+    for (const std::string& each : audio) paths.push_back("D:\\Discos viejos\\" + each);
+    std::filesystem::create_directories(studio() / "Mezclas");
+    std::ofstream(studio() / "Mezclas" / (name + ".vip"), std::ios::binary) << project_of(paths);
+  }
+  void decode(const std::string& name) {
+    open((studio() / "Mezclas" / (name + ".vip")).string());
+    wait_decoded();
+    wait_shown("ActualizarVip");
+  }
+  // Saves the box that is up, and answers it.
+  void take_box(const std::string& what, int button) const {
+    const MessageShown box = program->wait_for_message();
+    wait_for_still_screen();
+    ASSERT_NE(save_screen(name_of(what), test::place_of(box.handle)), L"");
+    program->answer_message(button);
+  }
+  void wait_updated() const {
+    program->wait_until("the end of the job", [&] {
+      return !program->visible("ActualizarVip") && !program->visible("cmdCancelar");
+    });
+  }
+
+ private:
+  static void clear() {
+    std::error_code ignored;
+    std::filesystem::remove_all(studio(), ignored);
+  }
+};
+
+TEST_F(LookUpdate, of_an_update_with_a_choice_and_of_its_way_back) {
+  project("Concierto", {"Voz principal.wav", "Coro.wav"});
+  start();
+  decode("Concierto");
+  program->click("ActualizarVip");
+  take_box("update-question", IDYES);
+  program->use_window("ElegirRuta");
+  take("choice");
+  program->click("CheckCarpeta");
+  program->wait_until("the tick", [&] { return program->checked("CheckCarpeta"); });
+  program->click_row("ListElegirRuta", 1);
+  program->use_window("Form1");
+  take_box("update-result", IDOK);
+  wait_updated();
+  take("updated");
+
+  decode("Mezcla final");
+  take("update-undo");
+  program->click("DeshacerActualizacion");
+  take_box("undo-question", IDYES);
+  wait_shown("TextDecode");
+  take("undone");
+  EXPECT_FALSE(program->visible("DeshacerActualizacion"));
+}
+
+TEST_F(LookUpdate, of_an_update_that_runs_and_of_projects_that_it_leaves) {
+  constexpr int kProjects = 300;
+  for (int i = 0; i < kProjects; ++i) {
+    project("Tema " + std::to_string(1000 + i),
+            {"Bajo.wav", "Bombo.wav", "Caja.wav", "Guitarra española.wav"});
+  }
+  start();
+  decode("Tema 1000");
+  std::vector<HANDLE> held;
+  for (const char* const name : {"Tema 1003", "Tema 1004", "Tema 1005", "Tema 1290"}) {
+    const auto file = studio() / "Mezclas" / (std::string(name) + ".vip");
+    held.push_back(CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                               0, nullptr));
+    ASSERT_NE(held.back(), INVALID_HANDLE_VALUE);
+  }
+  program->click("ActualizarVip");
+  program->answer_message(IDYES);
+  program->wait_until("the pointers", [&] { return program->visible("LabelAviso"); });
+  ASSERT_NE(save_screen(name_of("update-pointers"), program->place()), L"");
+  program->wait_until("a search", [&] { return program->visible("TextDecode"); });
+  ASSERT_NE(save_screen(name_of("updating"), program->place()), L"");
+  take_box("update-result-many", IDOK);
+  wait_updated();
+  wait_shown("TextDecode");
+  take("update-left");
+  for (const HANDLE each : held) CloseHandle(each);
+}
+
 TEST_F(Look, of_the_protected_folders) {
   open_unused(2);
   program->click("CommandProtegidas");

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "win32/ansi_text.h"
+#include "win32/ports/message_room.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -147,9 +148,11 @@ std::string Win32Dialogs::pick_folder(const std::string& title) {
 }
 
 system::Answer Win32Dialogs::message(const system::Message& message) {
-  const int button =
-      MessageBoxW(owner_(), widen(message.text).c_str(), widen(message.title).c_str(),
-                  icon_of(message.icon) | buttons_of(message.buttons));
+  const HWND owner = owner_();
+  const std::wstring text = fitting_text(
+      widen(message.text), [owner](const std::wstring& part) { return fits_screen(owner, part); });
+  const int button = MessageBoxW(owner, text.c_str(), widen(message.title).c_str(),
+                                 icon_of(message.icon) | buttons_of(message.buttons));
   switch (button) {
     case IDOK:
       return system::Answer::ok;

@@ -1,0 +1,87 @@
+#include "win32/ports/message_room.h"
+
+#include <memory>
+#include <type_traits>
+#include <vector>
+
+#include "win32/paint/screen_scale.h"
+
+namespace ordelan::win32 {
+namespace {
+
+constexpr std::wstring_view kLineEnd = L"\r\n";
+// Title, margins and buttons of a message box, and some room around it.
+constexpr int kAround = 200;
+// Systems differ in where they break a line; none breaks it before this.
+constexpr int kLineWidth = 280;
+
+struct FontDelete {
+  void operator()(HFONT font) const { DeleteObject(font); }
+};
+using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, FontDelete>;
+
+Font message_font() {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  return Font(CreateFontIndirectW(&metrics.lfMessageFont));
+}
+
+// How tall the text is in lines that are so wide.
+int height_of(const std::wstring& text, int width) {
+  const Font font = message_font();
+  const HDC screen = GetDC(nullptr);
+  const HGDIOBJ before = SelectObject(screen, font.get());
+  RECT area{0, 0, width, 0};
+  DrawTextW(screen, text.c_str(), static_cast<int>(text.size()), &area,
+            DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_EXTERNALLEADING | DT_NOPREFIX);
+  SelectObject(screen, before);
+  ReleaseDC(nullptr, screen);
+  return area.bottom;
+}
+
+// Where the lines of a text end, before their CR LF.
+std::vector<std::size_t> line_ends(const std::wstring& text) {
+  std::vector<std::size_t> ends;
+  for (auto at = text.find(kLineEnd); at != text.npos; at = text.find(kLineEnd, at + 2)) {
+    ends.push_back(at);
+  }
+  if (!text.ends_with(kLineEnd)) ends.push_back(text.size());
+  return ends;
+}
+
+}  // namespace
+
+std::wstring fitting_text(const std::wstring& text,
+                          const std::function<bool(const std::wstring&)>& fits) {
+  if (fits(text)) return text;
+  const std::vector<std::size_t> ends = line_ends(text);
+  const auto first = [&](std::size_t lines) {
+    const std::size_t left_out = ends.size() - lines;
+    return text.substr(0, ends[lines - 1]) + L"\r\n\r\n... y " + std::to_wstring(left_out) +
+           (left_out == 1 ? L" línea más" : L" líneas más");
+  };
+  if (ends.size() < 2) return text;  // there is no line that could be left out
+  // One line is shown in any case.
+  std::size_t shown = 1;
+  std::size_t beyond = ends.size();
+  while (beyond - shown > 1) {
+    const std::size_t middle = shown + (beyond - shown) / 2;
+    (fits(first(middle)) ? shown : beyond) = middle;
+  }
+  return first(shown);
+}
+
+bool fits_screen(HWND owner, const std::wstring& text) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  const RECT& room = monitor.rcWork;
+  // The font is the main screen's; the box is drawn at the density of its owner's.
+  const int dpi = owner ? dpi_of(owner) : system_dpi();
+  const int height = MulDiv(room.bottom - room.top, system_dpi(), dpi);
+  return height_of(text, to_pixels(kLineWidth, system_dpi())) <=
+         height - to_pixels(kAround, system_dpi());
+}
+
+}  // namespace ordelan::win32
