@@ -77,7 +77,8 @@ void UpdateRun::take_folder() {
   originals_ = std::make_unique<Originals>(files, context_.platform.shell, CarpetaOriginales_,
                                            [this] { return go_on(); });
   const Status taken = made ? originals_->take() : made;
-  if (!taken) give_up(taken);
+  taken_ = taken.ok();
+  if (!taken_) give_up(taken);
 }
 
 void UpdateRun::give_up(Status why) {
@@ -197,12 +198,12 @@ void UpdateRun::drop_pointers(const std::string& row) {
 }
 
 bool UpdateRun::save_report() {
-  if (!originals_) return options_.simulate;
+  if (!taken_) return options_.simulate;
   system::FileSystem& files = context_.platform.files;
   const std::string path = CarpetaOriginales_ + kReportName;
   if (files.info(path)) {
     const auto old = removal::bytes_of(files, path);
-    if (!old || (!is_report(*old) && !originals_->save(path))) return false;
+    if (!old || (!is_report(*old) && !(originals_ && originals_->save(path)))) return false;
   }
   return system::write_whole(files, path,
                              report_text(report_heading(context_.platform.regional), projects_))

@@ -94,7 +94,7 @@ TEST_F(ConsoleRelink, the_careful_way_patches_each_project_in_its_own_folder) {
 TEST_F(ConsoleRelink, without_a_drive_nothing_is_updated) {
   const auto result = run("actualizar 'D:\\Mix\\tema.vip'");
   EXPECT_EQ(result.exit_code, 1);
-  EXPECT_THAT(result.error, HasSubstr("No se puede hacer la actualización."));
+  EXPECT_THAT(result.error, HasSubstr("Pulsar men\xC3\xBA Configurar, y seleccionar unidades."));
   EXPECT_EQ(bytes_of("Mix\\tema.vip"), before);
 }
 

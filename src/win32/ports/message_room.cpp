@@ -4,8 +4,6 @@
 #include <type_traits>
 #include <vector>
 
-#include "win32/paint/screen_scale.h"
-
 namespace ordelan::win32 {
 namespace {
 
@@ -14,6 +12,16 @@ constexpr std::wstring_view kLineEnd = L"\r\n";
 constexpr int kAround = 200;
 // Systems differ in where they break a line; none breaks it before this.
 constexpr int kLineWidth = 280;
+
+constexpr int kUsualDots = 96;
+
+// Of the main screen, whose font the box has.
+int dots_per_inch() {
+  const HDC screen = GetDC(nullptr);
+  const int dots = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dots;
+}
 
 struct FontDelete {
   void operator()(HFONT font) const { DeleteObject(font); }
@@ -77,11 +85,9 @@ bool fits_screen(HWND owner, const std::wstring& text) {
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &monitor);
   const RECT& room = monitor.rcWork;
-  // The font is the main screen's; the box is drawn at the density of its owner's.
-  const int dpi = owner ? dpi_of(owner) : system_dpi();
-  const int height = MulDiv(room.bottom - room.top, system_dpi(), dpi);
-  return height_of(text, to_pixels(kLineWidth, system_dpi())) <=
-         height - to_pixels(kAround, system_dpi());
+  const int scale = dots_per_inch();
+  return height_of(text, MulDiv(kLineWidth, scale, kUsualDots)) <=
+         room.bottom - room.top - MulDiv(kAround, scale, kUsualDots);
 }
 
 }  // namespace ordelan::win32
