@@ -108,7 +108,8 @@ class UpdateRun {
   location::UpdateSearch search_;
   UpdateLookups lookups_;
   std::unique_ptr<Originals> originals_;              // null where the folder cannot be used
-  std::string no_originals_;                          // why not
+  bool taken_ = false;                                // the folder is this run's
+  std::string no_originals_;                          // why it cannot be used
   std::map<std::string, Target> targets_;             // by key of their path
   std::map<std::string, std::string> kept_pointers_;  // by key, where no file is written
   std::string Informe_;
