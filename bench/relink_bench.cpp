@@ -1,7 +1,7 @@
 // What an update of the projects costs beside programs that only do its parts: 2,000 projects with
-// 100,000 references, 10,000 of which have moved, on a drive with 1,000,000 files; beside one `find`
-// over that drive, `cp` of all projects and `sync`. Only the job itself is timed; the project is
-// opened before.
+// 100,000 references, 10,000 of which have moved, on a drive with 1,000,000 files; beside one
+// `find` over that drive, `cp` of all projects and `sync`. Only the job itself is timed; the
+// project is opened before.
 //
 //   ORDELAN_BENCH_FOLDER=/some/disk relink_bench
 #include <benchmark/benchmark.h>
@@ -47,7 +47,8 @@ std::string project_of(int project) {
   bytes += std::string("cabecera") + '\0';
   for (int i = 0; i < kReferences; ++i) {
     const int file = project * kReferences + i;
-    const std::string path = "D:\\" + std::string(has_moved(file) ? "Sitio viejo de antes" : "Audio") +
+    const std::string path = "D:\\" +
+                             std::string(has_moved(file) ? "Sitio viejo de antes" : "Audio") +
                              "\\" + folder_of(file) + "\\" + name_of(file);
     bytes += path + std::string(260 - path.size(), '\0');
   }
@@ -111,8 +112,7 @@ void find_cp_sync(benchmark::State& state) {
     make_projects();
     state.ResumeTiming();
     output_of("find " + place() + " -iname toma0000010.wav; mkdir " + place() +
-              "/Mix/Originales; cp " + place() + "/Mix/*.vip " + place() +
-              "/Mix/Originales; sync");
+              "/Mix/Originales; cp " + place() + "/Mix/*.vip " + place() + "/Mix/Originales; sync");
   }
 }
 

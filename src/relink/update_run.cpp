@@ -65,7 +65,9 @@ void UpdateRun::prepare() {
   copy_targets();
   if (job_.must_stop()) return;
   if (originals_) {
-    if (const Status settled = originals_->settle(); !settled) {
+    const Status settled = originals_->settle();
+    if (job_.must_stop()) return;
+    if (!settled) {
       no_originals_ = removal::reason::of(settled);
       originals_.reset();
     }
@@ -148,6 +150,8 @@ void UpdateRun::save_foreign_pointers() {
   if (!originals_) return;
   system::FileSystem& files = context_.platform.files;
   for (const std::string& row : rows_) {
+    // A look for a missing name may take the system long where the folder has many.
+    if (!go_on()) return;
     const std::string path = pointer_path(row);
     if (!files.info(path)) continue;
     const auto bytes = removal::bytes_of(files, path);
