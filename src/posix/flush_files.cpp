@@ -53,13 +53,13 @@ bool flush_disks(const Disks& disks) {
 
 }  // namespace
 
-system::Status PosixFileSystem::flush_files(std::span<const std::string> paths) {
+system::Status PosixFileSystem::flush_files(std::span<const std::string> paths, const GoOn& go_on) {
   // A whole disk may have much of other programs to write: for a few files that takes longer.
   constexpr std::size_t kMany = 16;
   Disks disks;
   if (paths.size() >= kMany && add_disks(drives_, paths, disks) && flush_disks(disks)) return {};
   // One at a time says also which of them it is that fails, and why.
-  return FileSystem::flush_files(paths);
+  return FileSystem::flush_files(paths, go_on);
 }
 
 }  // namespace ordelan::posix

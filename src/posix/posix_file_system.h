@@ -32,7 +32,8 @@ class PosixFileSystem final : public system::FileSystem {
   system::Status flush_folder(std::string_view folder) override;
   system::Status flush_file(std::string_view path) override;
   // Many files take one wait for each disk that they are on, in place of one for each file.
-  system::Status flush_files(std::span<const std::string> paths) override;
+  system::Status flush_files(std::span<const std::string> paths,
+                             const GoOn& go_on = nullptr) override;
   system::Opened<system::FileLock> lock(std::string_view path) override;
   system::Status remove(std::string_view path) override;
 

@@ -190,7 +190,7 @@ Status Originals::settle() {
   };
   for (const auto& [key, kept] : copies_) add(kept);
   for (const Kept& kept : saved_) add(kept);
-  Status status = files_.flush_files(places);
+  Status status = files_.flush_files(places, go_on_);
   if (status) status = index_->write(lines);
   if (status) status = index_->flush();
   // The names of the index and of numbered subfolders.

@@ -54,8 +54,10 @@ void UpdateRun::prepare() {
   if (!options_.simulate) take_folder();
   list_targets();
   if (originals_) copy_projects();
+  if (originals_ && !options_.careful) save_foreign_pointers();
   if (job_.must_stop()) return;
   if (originals_) settle();
+  if (job_.must_stop()) return;
   if (options_.simulate || options_.careful) {
     keep_pointers();
   } else if (originals_) {
@@ -145,19 +147,25 @@ void UpdateRun::keep_pointers() {
   }
 }
 
-void UpdateRun::write_pointers() {
+// A file that has the name of a pointer file and is none is somebody's own. It makes room once it is
+// saved.
+void UpdateRun::save_foreign_pointers() {
   system::FileSystem& files = context_.platform.files;
-  std::vector<std::string> rows;
   for (const std::string& row : rows_) {
-    if (is_original(text::Obtener_VipPath(row))) continue;
-    rows.push_back(row);
-    // A file that has the name of a pointer file and is none makes room once it is saved.
+    // A look for a missing name may take the system long where the folder has many.
+    if (!go_on()) return;
     const std::string path = pointer_path(row);
     if (is_foreign_pointer_file(files, path) && originals_->save(path)) {
-      files.remove(path).ignore();
+      foreign_pointers_.push_back(path);
     }
   }
-  if (const Status settled = originals_->settle(); !settled) return give_up(settled);
+}
+
+void UpdateRun::write_pointers() {
+  for (const std::string& path : foreign_pointers_) context_.platform.files.remove(path).ignore();
+  std::vector<std::string> rows;
+  std::copy_if(rows_.begin(), rows_.end(), std::back_inserter(rows),
+               [](const std::string& row) { return !is_original(text::Obtener_VipPath(row)); });
   pointers_.GrabarPunteros(CarpetaOriginales_, rows, job_);
 }
 

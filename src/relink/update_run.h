@@ -85,6 +85,7 @@ class UpdateRun {
   void copy_projects();
   void settle();
   void keep_pointers();
+  void save_foreign_pointers();
   void write_pointers();
   void expect_names();
   std::string pointer_path(const std::string& row) const;
@@ -112,6 +113,7 @@ class UpdateRun {
   std::string no_originals_;                          // why it cannot be used
   std::map<std::string, Target> targets_;             // by key of their path
   std::map<std::string, std::string> kept_pointers_;  // by key, where no file is written
+  std::vector<std::string> foreign_pointers_;         // saved; they make room
   std::string Informe_;
   std::vector<ProjectUpdate> projects_;
 };

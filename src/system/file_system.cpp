@@ -27,10 +27,11 @@ std::optional<std::vector<FileInfo>> FileSystem::list(std::string_view folder, D
   return entries;
 }
 
-Status FileSystem::flush_files(std::span<const std::string> paths) {
+Status FileSystem::flush_files(std::span<const std::string> paths, const GoOn& go_on) {
   Status first;
   std::set<std::string_view> folders;
   for (const std::string& path : paths) {
+    if (go_on && !go_on()) return Reason::cancelled;
     const Status flushed = flush_file(path);
     if (first) first = flushed;
     const std::size_t name = path.find_last_of("\\/") + 1;

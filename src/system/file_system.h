@@ -208,8 +208,10 @@ class FileSystem {
 
   // Waits until the bytes of all these files and the names in their folders have reached the disk
   // itself. All are tried, also after one that fails; gives the first failure. Where a path is a
-  // link, the folder is that of the link.
-  virtual Status flush_files(std::span<const std::string> paths);
+  // link, the folder is that of the link. `go_on` is called before each file that is waited for by
+  // itself; when it gives false the call ends with `cancelled`.
+  using GoOn = std::function<bool()>;
+  virtual Status flush_files(std::span<const std::string> paths, const GoOn& go_on = nullptr);
 
   // Takes the lock of that name: an empty file that exists as long as it is held, and is never
   // followed where it is a link. No lock, and in_use, while another holder has it, in this program

@@ -127,8 +127,9 @@ class FaultyFiles final : public ForwardingFiles, public PowerCut {
     return status;
   }
   // Counted as the calls that it stands for, so that each of them can fail.
-  system::Status flush_files(std::span<const std::string> paths) override {
-    return FileSystem::flush_files(paths);
+  system::Status flush_files(std::span<const std::string> paths,
+                             const GoOn& go_on = nullptr) override {
+    return FileSystem::flush_files(paths, go_on);
   }
   system::Opened<system::FileLock> lock(std::string_view path) override {
     if (const auto status = begin(Call::lock, path); !status) return status;

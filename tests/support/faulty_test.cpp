@@ -370,6 +370,13 @@ TEST_F(FaultyFilesTest, many_files_are_flushed_in_calls_each_of_which_can_fail) 
   EXPECT_EQ(files.faults.count() - before, 5) << "the others are flushed all the same";
   files.faults.heal();
   EXPECT_TRUE(files.flush_files({}));
+
+  int asked = 0;
+  EXPECT_TRUE(files.flush_files(paths, [&] { return ++asked > 0; }));
+  EXPECT_EQ(asked, 3) << "before each file";
+  const int flushes = files.faults.count(Call::flush_file);
+  EXPECT_EQ(files.flush_files(paths, [&] { return ++asked < 5; }), Reason::cancelled);
+  EXPECT_EQ(files.faults.count(Call::flush_file) - flushes, 1);
 }
 
 TEST_F(FaultyFilesTest, a_power_cut_takes_nothing_of_files_that_were_flushed_together) {

@@ -51,8 +51,9 @@ class ForwardingFiles : public system::FileSystem {
     return files_.flush_folder(folder);
   }
   system::Status flush_file(std::string_view path) override { return files_.flush_file(path); }
-  system::Status flush_files(std::span<const std::string> paths) override {
-    return files_.flush_files(paths);
+  system::Status flush_files(std::span<const std::string> paths,
+                             const GoOn& go_on = nullptr) override {
+    return files_.flush_files(paths, go_on);
   }
   system::Opened<system::FileLock> lock(std::string_view path) override {
     return files_.lock(path);

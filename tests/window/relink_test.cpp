@@ -384,7 +384,9 @@ TEST_F(Relinking, answers_all_through_the_update_of_a_large_studio) {
     }
     if (program->window_shown("ElegirRuta")) {
       use("ElegirRuta");
+      const HWND choice = program->window();
       program->click_row("ListElegirRuta", 0);
+      program->wait_until("the end of the choice", [&] { return !IsWindow(choice); });
       use("Form1");
     }
     if (!program->message_shown()) return false;
