@@ -1,5 +1,6 @@
 #include "relink/patched_project.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <random>
@@ -77,15 +78,54 @@ Result<Written> write_beside(system::FileSystem& files, OpenProject& project,
   return written;
 }
 
+struct Chunk {
+  std::uint64_t offset;
+  std::string bytes;
+};
+
+// The bytes of a file from one on, as many as there are up to a count.
+Result<Chunk> chunk_at(system::InputFile& file, std::uint64_t offset, std::size_t count) {
+  const std::uint64_t rest = file.size() > offset ? file.size() - offset : 0;
+  Chunk chunk{offset,
+              std::string(static_cast<std::size_t>(std::min<std::uint64_t>(count, rest)), 0)};
+  const auto read =
+      file.read(offset, {reinterpret_cast<std::uint8_t*>(chunk.bytes.data()), chunk.bytes.size()});
+  if (read != chunk.bytes.size()) return Reason::other;
+  return chunk;
+}
+
+// Writes back what a change in place that has failed has overwritten. Where that fails too, the
+// project has its copy.
+void take_back(system::FileSystem& files, const std::string& path,
+               const std::vector<Chunk>& overwritten) {
+  auto file = files.change(path);
+  if (!file) return;
+  for (const Chunk& chunk : overwritten) {
+    if (!file->write_at(chunk.offset, chunk.bytes)) return;
+  }
+  file->flush().ignore();
+  file->close().ignore();
+}
+
 Result<Content> change_in_place(system::FileSystem& files, OpenProject& project,
-                                system::ChangeFile& file, const std::string& path) {
-  Status status = project.image.write_changes(
-      [&](std::uint64_t offset, std::string_view bytes) { return file.write_at(offset, bytes); });
-  if (status) status = file.flush();
-  const Status closed = file.close();
+                                std::unique_ptr<system::ChangeFile> file, const std::string& path) {
+  std::vector<Chunk> overwritten;
+  Status status = project.image.write_changes([&](std::uint64_t offset, std::string_view bytes) {
+    const auto chunk = chunk_at(*project.file, offset, bytes.size());
+    if (!chunk) return chunk.status();
+    overwritten.push_back(*chunk);
+    project.changed_in_place = true;
+    return file->write_at(offset, bytes);
+  });
+  if (status) status = file->flush();
+  const Status closed = file->close();
   if (status) status = closed;
+  file.reset();
   project.file.reset();
-  if (!status) return status.reason();
+  if (!status) {
+    take_back(files, path, overwritten);
+    return status.reason();
+  }
   return removal::content_of(files, path, [] { return true; });
 }
 
@@ -109,7 +149,7 @@ Result<Content> put_over(system::FileSystem& files, OpenProject& project, const 
   if (!present) return present.status().reason();
   if (!is_as_seen(files, path, seen)) return Reason::in_use;
   if (info->link || present->names() > 1) {
-    return change_in_place(files, project, *present, path);
+    return change_in_place(files, project, std::move(present), path);
   }
   present.reset();
   const auto written = write_beside(files, project, text::getPath(path, "\\"));

@@ -15,6 +15,7 @@ namespace ordelan::relink {
 struct OpenProject {
   std::unique_ptr<system::InputFile> file;  // null for one that does not exist yet
   FileImage image{nullptr};
+  bool changed_in_place = false;  // bytes of it were overwritten where it stands
 };
 
 // The project as it is now; not_found without an error for one that is missing.
@@ -24,7 +25,8 @@ system::Result<std::unique_ptr<OpenProject>> open_project(system::FileSystem& fi
 // Writes the image over a project that still is as `seen`, and closes it. The new content is
 // written to a temporary file beside it, waits for the disk and takes the project's place in one
 // step. A project that is a link or has other names on the disk is changed in place: it needs its
-// copy before. Gives the content after it; in_use if the project has changed since it was seen.
+// copy before, and gets its old bytes back where that fails. Gives the content after it; in_use if
+// the project has changed since it was seen.
 system::Result<Content> put_over(system::FileSystem& files, OpenProject& project,
                                  const std::string& path, const work::Visto& seen);
 // The same for a project that does not exist, and must not by then.

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "project/file_window.h"
+#include "project/vip_scan.h"
 #include "relink/pointer_walk.h"
 #include "text/code_page.h"
 #include "text/rows.h"
@@ -11,6 +12,22 @@
 namespace ordelan::relink {
 
 using project::Position;
+
+namespace {
+
+// A search for the marker that could not read the project finds none either. True where the file
+// has it after all, or cannot be read.
+bool has_marker(system::InputFile& file) {
+  project::FileWindow window(file);
+  project::MarkerSearch marker(project::kHeaderPosition, window.length());
+  while (!marker.done()) {
+    window.move(marker.position());
+    marker.advance(window.chunk());
+  }
+  return window.failed() || marker.limit() > 0;
+}
+
+}  // namespace
 
 void PointerWriter::show_begun() {
   if (shown_) return;
@@ -57,26 +74,33 @@ std::optional<std::string> PointerWriter::pointers_of(const std::string& Fila, w
   if (!path) return std::nullopt;
   const auto there = context_.platform.files.info(*path);
   if (!there || there->size == 0) return std::nullopt;
-  return walk(*path, job);
+  bool whole = false;
+  std::string lines = walk(*path, job, whole);
+  if (!whole) incomplete_.insert(Fila);
+  return lines;
 }
 
 void PointerWriter::GrabarPunteroVip(const std::string& Fila, const std::string& Carpeta,
                                      work::Job& job) {
-  if (!project_of(Fila)) return;
-  show_begun();
-  if (const auto lines = pointers_of(Fila, job)) {
-    auto file = context_.platform.files.create(Carpeta + written_pointer_name(Fila));
-    if (file) {
-      file->write(*lines).ignore();
-      file->close().ignore();
-    }
-  }
-  if (!job.superseded()) show_ended();
+  const bool served = project_of(Fila).has_value();
+  if (served) show_begun();
+  if (!served || !write(Fila, Carpeta, job)) incomplete_.insert(Fila);
+  if (served && !job.superseded()) show_ended();
+}
+
+// False where no file, or not a whole one, stands after it.
+bool PointerWriter::write(const std::string& Fila, const std::string& Carpeta, work::Job& job) {
+  const auto lines = pointers_of(Fila, job);
+  if (!lines) return false;
+  auto file = context_.platform.files.create(Carpeta + written_pointer_name(Fila));
+  if (!file) return false;
+  const bool written = file->write(*lines).ok();
+  return file->close().ok() && written;
 }
 
 // The numbers of one project as lines. A walk that is stopped, or that cannot read on, gives those
-// so far.
-std::string PointerWriter::walk(const std::string& path, work::Job& job) {
+// so far, which are not `whole` then.
+std::string PointerWriter::walk(const std::string& path, work::Job& job, bool& whole) {
   std::string lines;
   reader_.PosFinalVip = reader_.BuscarMarcaListas(path, project::kHeaderPosition);
   const auto file = context_.platform.files.open(path);
@@ -98,6 +122,7 @@ std::string PointerWriter::walk(const std::string& path, work::Job& job) {
       if (!job.turn() && walk.may_stop()) break;
       if (job.superseded()) break;
     }
+    whole = walk.ended() && !window.failed() && (reader_.PosFinalVip > 0 || !has_marker(*file));
   } catch (const std::bad_alloc&) {
     // A project made to exhaust the memory: the lines so far stay.
   }

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,7 +30,8 @@ class PointerWriter {
       : context_(context), reader_(reader), listener_(listener) {}
 
   // Writes the pointer files of all rows to a folder, given with its backslash. Rows of one name
-  // write one file, the last of them for good. Failures are quiet: what a file holds so far stays.
+  // write one file, the last of them for good. Failures are quiet: what a file holds so far stays,
+  // and its row is among the incomplete ones.
   void GrabarPunteros(const std::string& Carpeta, const std::vector<std::string>& rows,
                       work::Job& job);
 
@@ -38,15 +41,21 @@ class PointerWriter {
   // What the pointer file of a row would hold; nothing where there would be none.
   std::optional<std::string> pointers_of(const std::string& Fila, work::Job& job);
 
+  // The rows whose pointers could not be read or written as a whole: what stands under the name of
+  // their pointer file may be a part of them, or those of an earlier update.
+  const std::set<std::string>& incomplete() const { return incomplete_; }
+
  private:
+  bool write(const std::string& Fila, const std::string& Carpeta, work::Job& job);
   std::optional<std::string> project_of(const std::string& row) const;
-  std::string walk(const std::string& path, work::Job& job);
+  std::string walk(const std::string& path, work::Job& job, bool& whole);
   void show_begun();
   void show_ended();
 
   const work::Context& context_;
   project::VipReader& reader_;
   PointerListener listener_;
+  std::set<std::string> incomplete_;
   bool several_ = false;  // the window shows the pass once for all rows
   bool shown_ = false;
 };

@@ -124,12 +124,16 @@ UpdateRun::End Relink::run(work::Job& job, int& counter) {
                 context_.lists.ListProyectos.rows());
   work.ModoPosiciones = true;
   run.prepare();
-  if (job.must_stop()) return UpdateRun::End::stopped;
+  if (job.must_stop()) {
+    run.finish();
+    return UpdateRun::End::stopped;
+  }
   context_.clocks.IniciarCronoActualizar();
   const UpdateRun::End end = run.patch([&counter] { counter = 0; });
   outcome_.Informe = run.Informe();
   outcome_.proyectos = run.projects();
   run.save_report();
+  run.finish();
   return end;
 }
 

@@ -131,7 +131,7 @@ std::vector<removal::Kept> Undo::run() {
   }
   // What has changed since is saved as an update saves it, with an index of its own.
   Originals originals(files_, shell_, folder_, go_on_);
-  if (const Status taken = originals.take(); !taken) {
+  if (const Status taken = originals.take(Originals::For::way_back); !taken) {
     fail(folder_, taken);
     return failed;
   }

@@ -5,6 +5,7 @@
 #include "relink/update_lookups.h"
 #include "relink/update_run.h"
 #include "removal/reasons.h"
+#include "text/code_page.h"
 #include "text/paths.h"
 
 namespace ordelan::relink {
@@ -65,6 +66,11 @@ UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
       update.motivo = kOriginal;
       continue;
     }
+    const auto foreign = foreign_pointers_.find(text::lower(read_pointer_name(row)));
+    if (foreign != foreign_pointers_.end()) {
+      update.motivo = foreign->second;
+      continue;
+    }
     const auto bytes = pointer_bytes(row);
     if (!bytes) {
       update.motivo = kNoPointers;
@@ -88,11 +94,17 @@ bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
   update.motivo = target.motivo;
   // The copies are not on the disk for good: nothing may be touched.
   if (!originals_ && !options_.simulate) update.motivo = no_originals_;
-  if (update.motivo.empty() && (pointers.odd || pointers.damaged)) update.motivo = kBadPointers;
+  const bool usable = !pointers.odd && !pointers.damaged && has_whole_pointers(row);
+  if (update.motivo.empty() && !usable) update.motivo = kBadPointers;
   if (!update.motivo.empty()) return true;
   auto project = open_project(context_.platform.files, update.destino);
   if (!project) {
     update.motivo = removal::reason::of(project.status());
+    return true;
+  }
+  // One that has gone meanwhile is not made anew from its paths alone.
+  if (target.exists && (*project)->file == nullptr) {
+    update.motivo = removal::reason::of(system::Reason::not_found);
     return true;
   }
   if (!patch_image(**project, pointers, update)) return false;
@@ -144,8 +156,14 @@ void UpdateRun::put(const Target& target, OpenProject& project, ProjectUpdate& u
                                    : put_over(files, project, update.destino, target.seen);
   if (after) {
     originals_->note_done(update.destino, *after).ignore();
-  } else {
-    update.motivo = removal::reason::of(after.status());
+    return;
+  }
+  update.motivo = removal::reason::of(after.status());
+  if (!project.changed_in_place) return;
+  // What could not be taken back is a change all the same, which the way back must know.
+  const auto now = removal::content_of(files, update.destino, [] { return true; });
+  if (!now || *now != originals_->copy_of(update.destino)->content) {
+    originals_->note_done(update.destino, now ? *now : Content{}).ignore();
   }
 }
 

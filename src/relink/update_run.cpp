@@ -31,8 +31,13 @@ UpdateRun::UpdateRun(const work::Context& context, project::VipReader& reader,
 }
 
 UpdateRun::~UpdateRun() {
+  finish();
+}
+
+void UpdateRun::finish() {
   if (auto* const buscar = context_.windows.find<location::Buscar>()) buscar->set_update(nullptr);
   if (originals_) originals_->close();
+  originals_.reset();
 }
 
 // The file that is patched for a row stands in the folder of the projects, under the row's name: a
@@ -64,10 +69,7 @@ void UpdateRun::prepare() {
   copy_targets();
   if (job_.must_stop()) return;
   if (originals_) {
-    if (const Status settled = originals_->settle(); !settled) {
-      no_originals_ = removal::reason::of(settled);
-      originals_.reset();
-    }
+    if (const Status settled = originals_->settle(); !settled) give_up_originals(settled);
   }
   if (options_.simulate || options_.careful) {
     for (const std::string& row : rows_) {
@@ -82,13 +84,23 @@ void UpdateRun::prepare() {
     save_foreign_pointers();
     std::vector<std::string> rows;
     std::copy_if(rows_.begin(), rows_.end(), std::back_inserter(rows),
-                 [](const std::string& row) { return !is_original(text::Obtener_VipPath(row)); });
+                 [this](const std::string& row) {
+                   return !is_original(text::Obtener_VipPath(row)) &&
+                          !foreign_pointers_.contains(text::lower(written_pointer_name(row)));
+                 });
     pointers_.GrabarPunteros(CarpetaOriginales_, rows, job_);
   }
   if (job_.must_stop()) return;
   Informe_ = "Los Vip's actualizados estan en la carpeta: " + RutaProyectos_ + "\r\n" +
              "Los Vip's originales estan en la carpeta: " + CarpetaOriginales_ + "\r\n\r\n" +
              "Lista de Vip's actualizados: " + "\r\n\r\n";
+}
+
+// Without copies that are safe no project is touched.
+void UpdateRun::give_up_originals(Status why) {
+  no_originals_ = removal::reason::of(why);
+  originals_->close();
+  originals_.reset();
 }
 
 void UpdateRun::clean_up() {
@@ -100,6 +112,16 @@ void UpdateRun::clean_up() {
 }
 
 void UpdateRun::copy_projects() {
+  if (originals_) {
+    std::vector<std::string> paths;
+    for (const std::string& row : rows_) {
+      const std::string path = text::Obtener_VipPath(row);
+      if (!is_original(path)) paths.push_back(path);
+    }
+    const Status room = originals_->make_room(paths);
+    if (job_.must_stop()) return;
+    if (!room) give_up_originals(room);
+  }
   for (const std::string& row : rows_) {
     const std::string path = text::Obtener_VipPath(row);
     const std::string target = target_of(row);
@@ -144,13 +166,16 @@ std::string UpdateRun::pointer_path(const std::string& row) const {
 
 // A file that has the name of a pointer file and is none is somebody's own.
 void UpdateRun::save_foreign_pointers() {
-  if (!originals_) return;
   system::FileSystem& files = context_.platform.files;
   for (const std::string& row : rows_) {
     const std::string path = pointer_path(row);
     if (!files.info(path)) continue;
     const auto bytes = removal::bytes_of(files, path);
-    if (!bytes || read_pointers(*bytes).damaged) originals_->save(path).ignore();
+    if (bytes && !read_pointers(*bytes).damaged) continue;
+    const Status saved = originals_ ? originals_->save(path) : Status(Reason::other);
+    if (saved) continue;
+    foreign_pointers_[text::lower(read_pointer_name(row))] =
+        originals_ ? removal::reason::of(saved) : no_originals_;
   }
 }
 
@@ -164,6 +189,16 @@ std::optional<std::string> UpdateRun::pointer_bytes(const std::string& row) {
   system::FileSystem& files = context_.platform.files;
   if (!files.look_up(pointer_path(row))) return std::nullopt;
   return removal::bytes_of(files, pointer_path(row));
+}
+
+// Rows of one name have one pointer file: a part of any of them is not to be used.
+bool UpdateRun::has_whole_pointers(const std::string& row) const {
+  const auto is_of = [&](const std::string& other) {
+    if (options_.careful) return other == row;
+    return text::equal_ignoring_case(written_pointer_name(other), read_pointer_name(row));
+  };
+  const auto& incomplete = pointers_.incomplete();
+  return std::none_of(incomplete.begin(), incomplete.end(), is_of);
 }
 
 void UpdateRun::drop_pointers(const std::string& row) {

@@ -67,6 +67,8 @@ class UpdateRun {
   const std::vector<ProjectUpdate>& projects() const { return projects_; }
   // Writes the report into the folder of the originals. False if that failed.
   bool save_report();
+  // Closes the index of the update and gives its folder back. The last call.
+  void finish();
 
  private:
   struct Target {
@@ -78,6 +80,7 @@ class UpdateRun {
 
   bool go_on() { return job_.turn(); }
   std::string target_of(const std::string& row) const;
+  void give_up_originals(system::Status why);
   void copy_projects();
   void copy_targets();
   void clean_up();
@@ -85,6 +88,7 @@ class UpdateRun {
   void expect_names();
   std::string pointer_path(const std::string& row) const;
   std::optional<std::string> pointer_bytes(const std::string& row);
+  bool has_whole_pointers(const std::string& row) const;
   void drop_pointers(const std::string& row);
   End patch_all(const std::function<void()>& zero_counter);
   // False if the run was stopped in it.
@@ -103,6 +107,8 @@ class UpdateRun {
   std::unique_ptr<Originals> originals_;   // null where the folder cannot be used
   std::string no_originals_;               // why not
   std::map<std::string, Target> targets_;  // by key of their path
+  // By name in lower case, why a file under the name of a pointer file must stay.
+  std::map<std::string, std::string> foreign_pointers_;
   std::map<std::string, std::string>
       kept_pointers_;  // of a simulation, by name of the pointer file
   std::string Informe_;
