@@ -134,8 +134,39 @@ Status Originals::save_present(const std::string& name) {
     if (its_copy && kept.copy.content == aside->content) kept.copy.place = aside->place;
   }
   saved_.push_back({there, *aside});
-  // Other updates may lead to what stood there: they have to find it, however this one ends.
-  return note({{RunRecord::Kind::copy, there, aside->content, aside->place}});
+  return {};
+}
+
+// The copies of a folder are saved together: each wait for the disk takes as long as all at once.
+Status Originals::make_room(const std::vector<std::string>& paths) {
+  const std::size_t saved_before = saved_.size();
+  for (const std::string& path : paths) {
+    const std::string name = text::Obtener_Nombre_Archivo(path);
+    const std::string there = path_of(name);
+    const auto present = files_.info(there);
+    if (present && !present->folder && !present->link && !room_.contains(capitals(name)) &&
+        (removal::same_content(files_, path, there, go_on_) || save_present(name))) {
+      room_[capitals(name)] = {present->size, present->modified};
+    }
+    if (!go_on()) return Reason::cancelled;
+  }
+  return flush_saved(saved_before);
+}
+
+// What was saved from that one on reaches the disk, and the index says where it is: other updates
+// may lead to it, however this one ends.
+Status Originals::flush_saved(std::size_t from) {
+  if (from == saved_.size()) return {};
+  std::vector<std::string> places;
+  std::vector<RunRecord> records;
+  for (; from < saved_.size(); ++from) {
+    const Kept& kept = saved_[from];
+    places.push_back(path_of(kept.copy.place));
+    records.push_back({RunRecord::Kind::copy, kept.path, kept.copy.content, kept.copy.place});
+  }
+  Status status = files_.flush_files(places, go_on_);
+  if (status) status = note(records);
+  return status ? files_.flush_folder(folder_) : status;
 }
 
 // Another path with the same key is another file only where case counts: it has no copy then.
@@ -155,8 +186,15 @@ Status Originals::copy(const std::string& path) {
   const std::string there = path_of(name);
   const auto present = files_.info(there);
   if (present ? present->folder || present->link : !is_missing(there)) return copy_aside(path);
-  if (present && !removal::same_content(files_, path, there, go_on_)) {
-    if (const Status saved = save_present(name); !saved) return saved;
+  // A second project of the name finds the copy of the first there.
+  const auto room = room_.extract(capitals(name));
+  const bool has_room = present && room && room.mapped().size == present->size &&
+                        room.mapped().modified == present->modified;
+  if (present && !has_room && !removal::same_content(files_, path, there, go_on_)) {
+    const std::size_t saved_before = saved_.size();
+    Status saved = save_present(name);
+    if (saved) saved = flush_saved(saved_before);
+    if (!saved) return saved;
   }
   // The answer to its question, and where it fails (it takes no long paths), show in what stands
   // there after it.
@@ -175,26 +213,27 @@ Status Originals::copy_aside(const std::string& path) {
 }
 
 Status Originals::save(const std::string& path) {
+  const std::size_t saved_before = saved_.size();
   const auto copied = put_aside(path);
-  if (copied) saved_.push_back({path, *copied});
-  return copied.status();
+  if (!copied) return copied.status();
+  saved_.push_back({path, *copied});
+  return flush_saved(saved_before);
 }
 
 Status Originals::settle() {
-  if (!index_) return Reason::other;
   std::vector<std::string> places;
-  std::string lines;
-  const auto add = [&](const Kept& kept) {
+  std::vector<RunRecord> records;
+  for (const auto& [key, kept] : copies_) {
     places.push_back(path_of(kept.copy.place));
-    lines += run_line({RunRecord::Kind::copy, kept.path, kept.copy.content, kept.copy.place});
-  };
-  for (const auto& [key, kept] : copies_) add(kept);
-  for (const Kept& kept : saved_) add(kept);
+    records.push_back({RunRecord::Kind::copy, kept.path, kept.copy.content, kept.copy.place});
+  }
   Status status = files_.flush_files(places, go_on_);
-  if (status) status = index_->write(lines);
-  if (status) status = index_->flush();
-  // The names of the index and of numbered subfolders.
-  return status ? files_.flush_folder(folder_) : status;
+  if (status) status = note(records);
+  // The names of the index and of numbered subfolders, and of the folder itself where it is new: a
+  // project that is changed in place says nothing about it.
+  if (status) status = files_.flush_folder(folder_);
+  const std::string without_backslash = folder_.substr(0, folder_.size() - 1);
+  return status ? files_.flush_folder(text::getPath(without_backslash, "\\")) : status;
 }
 
 const OriginalCopy* Originals::copy_of(const std::string& path) const {

@@ -47,6 +47,10 @@ class Originals {
   enum class Purpose { update, undo };
   system::Status take(Purpose purpose = Purpose::update);
 
+  // Makes room for the copies of these projects: what stands under their names with other content
+  // is saved in numbered subfolders, all at once, and recorded so that the way back of an earlier
+  // update finds it there. Where a single file cannot be saved, `copy` tries again.
+  system::Status make_room(const std::vector<std::string>& paths);
   // Copies a project under its own name as the shell does, with its question where the name is
   // taken, and compares the copy byte by byte. What stands there with other content is saved
   // before. Where the shell's copy is none (the answer was no), the project has one in a numbered
@@ -54,7 +58,8 @@ class Originals {
   system::Status copy(const std::string& path);
   // The same without the shell: in a numbered subfolder in any case.
   system::Status copy_aside(const std::string& path);
-  // Saves a file that is about to be written over, which need be no project's.
+  // Saves a file that is about to be written over, which need be no project's. Its copy has reached
+  // the disk when it gives ok.
   system::Status save(const std::string& path);
 
   // Waits until all copies have reached the disk and are recorded. Only then may a project be
@@ -83,6 +88,7 @@ class Originals {
   system::Result<OriginalCopy> put_aside(const std::string& path);
   system::Result<std::string> subfolder(std::size_t number);
   system::Status save_present(const std::string& name);
+  system::Status flush_saved(std::size_t from);
   void keep(const std::string& path, OriginalCopy copy);
   system::Status note(const std::vector<RunRecord>& records);
 
@@ -99,8 +105,10 @@ class Originals {
     std::string path;
     OriginalCopy copy;
   };
-  std::map<std::string, Kept> copies_;              // by the key of the path
-  std::vector<Kept> saved_;                         // what had to make room
+  std::map<std::string, Kept> copies_;  // by the key of the path
+  std::vector<Kept> saved_;             // what had to make room
+  // By name in capitals: what stands there and may be written over.
+  std::map<std::string, work::Visto> room_;
   std::map<std::string, std::size_t> next_number_;  // by name in capitals: where to look first
 };
 

@@ -1,5 +1,6 @@
 #include "relink/patched_project.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <random>
@@ -77,19 +78,59 @@ Result<Written> write_beside(system::FileSystem& files, OpenProject& project,
   return written;
 }
 
-Status change_in_place(FileImage& image, system::ChangeFile& file, const BeforeChange& before) {
+struct Chunk {
+  std::uint64_t offset;
+  std::string bytes;
+};
+
+// The bytes of a file from one on, as many as there are up to a count.
+Result<Chunk> chunk_at(system::InputFile& file, std::uint64_t offset, std::size_t count) {
+  const std::uint64_t rest = file.size() > offset ? file.size() - offset : 0;
+  Chunk chunk{offset,
+              std::string(static_cast<std::size_t>(std::min<std::uint64_t>(count, rest)), 0)};
+  const auto read =
+      file.read(offset, {reinterpret_cast<std::uint8_t*>(chunk.bytes.data()), chunk.bytes.size()});
+  if (read != chunk.bytes.size()) return Reason::other;
+  return chunk;
+}
+
+// Writes back what a change in place that has failed has overwritten. Where that fails too, the
+// project has its copy.
+void take_back(system::FileSystem& files, const std::string& path,
+               const std::vector<Chunk>& overwritten) {
+  auto file = files.change(path);
+  if (!file) return;
+  for (const Chunk& chunk : overwritten) {
+    if (!file->write_at(chunk.offset, chunk.bytes)) return;
+  }
+  file->flush().ignore();
+  file->close().ignore();
+}
+
+Status change_in_place(system::FileSystem& files, OpenProject& project,
+                       std::unique_ptr<system::ChangeFile> file, const std::string& path,
+                       const BeforeChange& before) {
   removal::ContentHash hash;
-  Status status = image.write_whole([&](std::string_view bytes) {
+  Status status = project.image.write_whole([&](std::string_view bytes) {
     hash.add({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     return Status();
   });
-  if (status) status = before({image.size(), hash.value()});
+  if (status) status = before({project.image.size(), hash.value()});
   if (!status) return status;
-  status = image.write_changes(
-      [&](std::uint64_t offset, std::string_view bytes) { return file.write_at(offset, bytes); });
-  if (status) status = file.flush();
-  const Status closed = file.close();
-  return status ? closed : status;
+  std::vector<Chunk> overwritten;
+  status = project.image.write_changes([&](std::uint64_t offset, std::string_view bytes) {
+    const auto chunk = chunk_at(*project.file, offset, bytes.size());
+    if (!chunk) return chunk.status();
+    overwritten.push_back(*chunk);
+    return file->write_at(offset, bytes);
+  });
+  if (status) status = file->flush();
+  const Status closed = file->close();
+  if (status) status = closed;
+  file.reset();
+  project.file.reset();
+  if (!status) take_back(files, path, overwritten);
+  return status;
 }
 
 }  // namespace
@@ -112,7 +153,7 @@ Status put_over(system::FileSystem& files, OpenProject& project, const std::stri
   if (!present) return present.status();
   if (!info || !is_as_seen(files, path, seen)) return Reason::in_use;
   if (info->link || present->names() > 1) {
-    return change_in_place(project.image, *present, before);
+    return change_in_place(files, project, std::move(present), path, before);
   }
   present.reset();
   const auto written = write_beside(files, project, text::getPath(path, "\\"));

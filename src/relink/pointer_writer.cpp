@@ -13,6 +13,22 @@ namespace ordelan::relink {
 
 using project::Position;
 
+namespace {
+
+// A search for the marker that could not read the project finds none either. True where the file
+// has it after all, or cannot be read.
+bool has_marker(system::InputFile& file) {
+  project::FileWindow window(file);
+  project::MarkerSearch marker(project::kHeaderPosition, window.length());
+  while (!marker.done()) {
+    window.move(marker.position());
+    marker.advance(window.chunk());
+  }
+  return window.failed() || marker.limit() > 0;
+}
+
+}  // namespace
+
 void PointerWriter::show_begun() {
   if (shown_) return;
   shown_ = true;
@@ -116,7 +132,7 @@ PointerWriter::Walked PointerWriter::walk(const std::string& path, work::Job& jo
       if (!job.turn() && walk.may_stop()) return walked;
       if (job.superseded()) return walked;
     }
-    walked.whole = !window.failed();
+    walked.whole = !window.failed() && (reader_.PosFinalVip > 0 || !has_marker(*file));
   } catch (const std::bad_alloc&) {
     // A project made to exhaust the memory: the lines so far stay.
   }

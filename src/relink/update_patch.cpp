@@ -102,6 +102,11 @@ bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
     update.motivo = removal::reason::of(project.status());
     return true;
   }
+  // One that has gone meanwhile is not made anew from its paths alone.
+  if (target.exists && (*project)->file == nullptr) {
+    update.motivo = removal::reason::of(system::Reason::not_found);
+    return true;
+  }
   if (!patch_image(**project, pointers, update)) return false;
   if (update.motivo.empty()) put(target, **project, update);
   return true;

@@ -54,6 +54,7 @@ void UpdateRun::prepare() {
   if (!options_.simulate) take_folder();
   list_targets();
   if (originals_) copy_projects();
+  if (job_.must_stop()) return;
   if (originals_ && !options_.careful) save_foreign_pointers();
   if (job_.must_stop()) return;
   if (originals_) settle();
@@ -110,9 +111,15 @@ void UpdateRun::copy_projects() {
   std::set<std::string> folders;
   for (const auto& [key, target] : targets_) folders.insert(text::getPath(target.path, "\\"));
   for (const std::string& folder : folders) remove_leftovers(context_.platform.files, folder);
+  std::vector<std::string> paths;
   for (const std::string& row : rows_) {
     const std::string path = text::Obtener_VipPath(row);
-    if (is_original(path)) continue;
+    if (!is_original(path)) paths.push_back(path);
+  }
+  const Status room = originals_->make_room(paths);
+  if (job_.must_stop()) return;
+  if (!room) return give_up(room);
+  for (const std::string& path : paths) {
     const Status copied = originals_->copy(path);
     const auto target = targets_.find(text::same_file_key(path));
     if (!copied && target != targets_.end() && target->second.path == path) {
@@ -147,8 +154,8 @@ void UpdateRun::keep_pointers() {
   }
 }
 
-// A file that has the name of a pointer file and is none is somebody's own. It makes room once it is
-// saved.
+// A file that has the name of a pointer file and is none is somebody's own. It makes room once it
+// is saved.
 void UpdateRun::save_foreign_pointers() {
   system::FileSystem& files = context_.platform.files;
   for (const std::string& row : rows_) {

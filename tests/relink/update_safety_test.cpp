@@ -267,6 +267,124 @@ TEST_F(UpdateSafety, an_answer_of_no_keeps_the_older_copy_and_makes_another) {
   EXPECT_TRUE(is_old("a"));
 }
 
+TEST_F(UpdateSafety, an_earlier_copy_that_has_made_room_is_found_after_a_kill) {
+  three();
+  update();
+  open("Mix\\a.vip");
+  // All copies have been overwritten by then, and none is on record.
+  faulty.faults.kill({.call = Call::flush_file, .path = disk.path("Mix\\Originales\\a.vip")});
+  EXPECT_THROW(update(), Killed);
+  faulty.faults.heal();
+  start();
+  open("Mix\\a.vip");
+  undo();
+  undo();
+  for (const std::string name : {"a", "b", "c"}) EXPECT_TRUE(is_old(name)) << name;
+}
+
+TEST_F(UpdateSafety, an_earlier_copy_is_on_the_disk_before_another_takes_its_name) {
+  three();
+  update();
+  open("Mix\\a.vip");
+  bool flushed = false;
+  faulty.faults.on_call = [&](Call call, std::string_view path) {
+    const bool its_copy = path == disk.path("Mix\\Originales\\0001\\a.vip.orig");
+    if (call != Call::flush_file || !its_copy) return;
+    flushed = true;
+    EXPECT_EQ(bytes("Mix\\Originales\\a.vip"), before["a"]);
+  };
+  update();
+  EXPECT_TRUE(flushed);
+}
+
+// --- pointers
+
+TEST_F(UpdateSafety, pointers_for_which_there_was_no_room_leave_their_project) {
+  three();
+  // The two numbers that come about would lead to another place.
+  faulty.room = std::string(" 106 \r\n 1").size();
+  faulty.faults.fail({.call = Call::write, .path = disk.path("Mix\\Originales\\b_vip.ptr")},
+                     system::Reason::no_space);
+  update();
+  EXPECT_TRUE(is_new("a"));
+  EXPECT_TRUE(is_old("b"));
+  EXPECT_TRUE(is_new("c"));
+  EXPECT_EQ(reason("b"), "su archivo de punteros está dañado");
+}
+
+TEST_F(UpdateSafety, pointers_of_an_earlier_update_are_not_used) {
+  three();
+  disk.write("Mix\\Originales\\b_vip.ptr", " 2 \r\n 90 \r\n");
+  faulty.faults.fail({.call = Call::create, .path = disk.path("Mix\\Originales\\b_vip.ptr")},
+                     system::Reason::in_use);
+  update();
+  EXPECT_TRUE(is_old("b"));
+  EXPECT_TRUE(is_new("c"));
+}
+
+TEST_F(UpdateSafety, a_file_under_the_name_of_pointers_that_cannot_be_saved_stays) {
+  three();
+  disk.write("Mix\\Originales\\b_vip.ptr", "my own notes");
+  faulty.faults.fail(
+      {.call = Call::copy_new, .path = disk.path("Mix\\Originales\\0001\\b_vip.ptr.orig")},
+      system::Reason::no_space);
+  update();
+  EXPECT_EQ(bytes("Mix\\Originales\\b_vip.ptr"), "my own notes");
+  EXPECT_EQ(reason("b"), "no hay sitio en el disco");
+  EXPECT_TRUE(is_old("b"));
+  EXPECT_TRUE(is_new("c"));
+}
+
+TEST_F(UpdateSafety, a_project_that_has_gone_meanwhile_is_not_made_anew) {
+  three();
+  faulty.faults.on_call = [&](Call call, std::string_view path) {
+    if (call != Call::replace || path != disk.path("Mix\\a.vip")) return;
+    faulty.faults.fail({.call = Call::open, .path = disk.path("Mix\\b.vip")},
+                       system::Reason::not_found, 1);
+  };
+  update();
+  EXPECT_TRUE(is_old("b"));
+  EXPECT_EQ(reason("b"), "no existe");
+}
+
+// --- changes in place
+
+struct UpdateInPlace : UpdateSafety {
+  void three_of_which_one_is_linked() {
+    three();
+    std::filesystem::create_hard_link(disk.native_path("Mix\\b.vip"),
+                                      disk.native_path("otro nombre"));
+    faulty.room = 130;  // into the middle of the path
+  }
+  void fail_write() {
+    faulty.faults.fail({.call = Call::write, .path = disk.path("Mix\\b.vip")},
+                       system::Reason::no_space, 1);
+  }
+};
+
+TEST_F(UpdateInPlace, one_that_fails_is_taken_back) {
+  three_of_which_one_is_linked();
+  fail_write();
+  update();
+  EXPECT_TRUE(is_old("b"));
+  EXPECT_EQ(reason("b"), "no hay sitio en el disco");
+  EXPECT_TRUE(is_new("c"));
+  EXPECT_EQ(bytes("otro nombre"), before["b"]);
+}
+
+TEST_F(UpdateInPlace, one_that_cannot_be_taken_back_is_undone_with_the_update) {
+  three_of_which_one_is_linked();
+  fail_write();
+  faulty.faults.fail({.call = Call::change, .after = 1, .path = disk.path("Mix\\b.vip")},
+                     system::Reason::in_use);
+  update();
+  EXPECT_FALSE(is_old("b"));
+  EXPECT_FALSE(is_new("b"));
+  faulty.faults.heal();
+  undo();
+  for (const std::string name : {"a", "b", "c"}) EXPECT_TRUE(is_old(name)) << name;
+}
+
 // --- cancel, reset, opening, dropping
 
 struct UpdateEnded : UpdateSafety {
@@ -452,6 +570,17 @@ TEST_F(UpdateSafety, what_cannot_be_undone_can_be_tried_again) {
   faulty.faults.heal();
   undo();
   EXPECT_TRUE(is_old("b"));
+  EXPECT_FALSE(form.DeshacerActualizacion.visible());
+}
+
+TEST_F(UpdateSafety, a_way_back_that_was_killed_is_not_offered_to_be_undone) {
+  three();
+  update();
+  faulty.faults.kill({.call = Call::replace, .path = disk.path("Mix\\b.vip")});
+  EXPECT_THROW(undo(), Killed);
+  faulty.faults.heal();
+  undo();
+  for (const std::string name : {"a", "b", "c"}) EXPECT_TRUE(is_old(name)) << name;
   EXPECT_FALSE(form.DeshacerActualizacion.visible());
 }
 
