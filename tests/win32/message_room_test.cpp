@@ -35,6 +35,31 @@ TEST(MessageRoom, a_text_that_is_too_tall_says_how_many_lines_it_leaves_out) {
       << "the end of the last line begins no other";
 }
 
+TEST(MessageRoom, as_many_lines_are_shown_as_there_is_room_for) {
+  std::wstring text;
+  for (std::size_t all = 1; all <= 40; ++all) {
+    text += (all > 1 ? L"\r\n" : L"") + std::to_wstring(all);
+    for (std::size_t room = 3; room <= 42; ++room) {
+      const std::wstring shown = win32::fitting_text(text, room_for(static_cast<int>(room)));
+      const auto lines =
+          static_cast<std::size_t>(std::count(shown.begin(), shown.end(), L'\n')) + 1;
+      EXPECT_EQ(lines, std::min(all, room)) << all << " lines in room for " << room;
+      EXPECT_EQ(shown == text, all <= room) << all << " lines in room for " << room;
+    }
+  }
+}
+
+TEST(MessageRoom, a_long_text_is_not_measured_as_a_whole) {
+  std::wstring text;
+  for (int i = 0; i < 2000; ++i) text += L"tema\r\n";
+  std::size_t longest = 0;
+  win32::fitting_text(text, [&](const std::wstring& part) {
+    longest = std::max(longest, part.size());
+    return room_for(50)(part);
+  });
+  EXPECT_LT(longest, text.size() / 10);
+}
+
 TEST(MessageRoom, one_line_is_shown_where_nothing_fits) {
   EXPECT_EQ(win32::fitting_text(L"1\r\n2\r\n3", room_for(0)), L"1\r\n\r\n... y 2 líneas más");
   EXPECT_EQ(win32::fitting_text(L"uno", room_for(0)), L"uno");

@@ -1,5 +1,6 @@
 #include "win32/ports/message_room.h"
 
+#include <algorithm>
 #include <memory>
 #include <type_traits>
 #include <vector>
@@ -62,17 +63,21 @@ std::vector<std::size_t> line_ends(const std::wstring& text) {
 
 std::wstring fitting_text(const std::wstring& text,
                           const std::function<bool(const std::wstring&)>& fits) {
-  if (fits(text)) return text;
   const std::vector<std::size_t> ends = line_ends(text);
   const auto first = [&](std::size_t lines) {
     const std::size_t left_out = ends.size() - lines;
     return text.substr(0, ends[lines - 1]) + L"\r\n\r\n... y " + std::to_wstring(left_out) +
            (left_out == 1 ? L" línea más" : L" líneas más");
   };
-  if (ends.size() < 2) return text;  // there is no line that could be left out
+  // To measure thousands of lines takes long: it is seen from a few first that they do not fit.
+  constexpr std::size_t kAdded = 2;  // the line that says how many more, and an empty one
+  std::size_t tried = 1;
+  while (tried + kAdded < ends.size() && fits(first(tried))) tried *= 2;
+  const bool nearly_all = tried + kAdded >= ends.size();
+  if (ends.size() < 2 || (nearly_all && fits(text))) return text;
   // One line is shown in any case.
-  std::size_t shown = 1;
-  std::size_t beyond = ends.size();
+  std::size_t shown = std::max<std::size_t>(1, tried / 2);
+  std::size_t beyond = nearly_all ? ends.size() : tried;
   while (beyond - shown > 1) {
     const std::size_t middle = shown + (beyond - shown) / 2;
     (fits(first(middle)) ? shown : beyond) = middle;
