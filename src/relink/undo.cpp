@@ -123,7 +123,9 @@ Status Undo::give_back(const std::string& copy, const std::string& path) const {
 Status Undo::restore(const Step& step) const {
   if (step.created) {
     const Status removed = files_.remove(step.path);
-    return removed == Reason::not_found ? Status() : removed;
+    if (!removed && removed != Reason::not_found) return removed;
+    // Before the update passes for undone.
+    return files_.flush_folder(text::getPath(step.path, "\\"));
   }
   const auto copy = copy_with(step.before);
   if (!copy) return copy.status();

@@ -354,7 +354,7 @@ struct UpdateInPlace : UpdateSafety {
     three();
     std::filesystem::create_hard_link(disk.native_path("Mix\\b.vip"),
                                       disk.native_path("otro nombre"));
-    faulty.room = 130;  // into the middle of the path
+    faulty.room = 111;  // into the middle of the path
   }
   void fail_write() {
     faulty.faults.fail({.call = Call::write, .path = disk.path("Mix\\b.vip")},
