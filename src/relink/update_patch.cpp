@@ -71,6 +71,11 @@ UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
       update.motivo = no_originals_;
       continue;
     }
+    if (const auto blocked = blocked_pointers_.find(pointer_key(row));
+        blocked != blocked_pointers_.end()) {
+      update.motivo = blocked->second;
+      continue;
+    }
     if (!has_pointers(row)) {
       update.motivo = kNoPointers;
       if (options_.careful) continue;

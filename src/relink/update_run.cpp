@@ -162,8 +162,11 @@ void UpdateRun::save_foreign_pointers() {
     // A look for a missing name may take the system long where the folder has many.
     if (!go_on()) return;
     const std::string path = pointer_path(row);
-    if (is_foreign_pointer_file(files, path) && originals_->save(path)) {
+    if (!is_foreign_pointer_file(files, path)) continue;
+    if (const Status saved = originals_->save(path); saved) {
       foreign_pointers_.push_back(path);
+    } else {
+      blocked_pointers_[pointer_key(row)] = removal::reason::of(saved);
     }
   }
 }

@@ -108,12 +108,13 @@ class UpdateRun {
   PointerWriter pointers_;
   location::UpdateSearch search_;
   UpdateLookups lookups_;
-  std::unique_ptr<Originals> originals_;              // null where the folder cannot be used
-  bool taken_ = false;                                // the folder is this run's
-  std::string no_originals_;                          // why it cannot be used
-  std::map<std::string, Target> targets_;             // by key of their path
-  std::map<std::string, std::string> kept_pointers_;  // by key, where no file is written
-  std::vector<std::string> foreign_pointers_;         // saved; they make room
+  std::unique_ptr<Originals> originals_;                 // null where the folder cannot be used
+  bool taken_ = false;                                   // the folder is this run's
+  std::string no_originals_;                             // why it cannot be used
+  std::map<std::string, Target> targets_;                // by key of their path
+  std::map<std::string, std::string> kept_pointers_;     // by key, where no file is written
+  std::vector<std::string> foreign_pointers_;            // saved; they make room
+  std::map<std::string, std::string> blocked_pointers_;  // by key: why one could not be saved
   std::string Informe_;
   std::vector<ProjectUpdate> projects_;
 };

@@ -177,7 +177,7 @@ Paths World::hits(const std::string& name) const {
 }
 
 Wanted World::wanted(const std::string& project, const std::string& old) const {
-  if (old.back() == 'D') return {old};
+  if (!careful_ && old.back() == 'D') return {old};
   std::string whole = old;
   if (whole.back() == '\\') whole.pop_back();
   if (careful_ && there(whole)) return {old};
