@@ -56,6 +56,11 @@ Status Originals::take(Purpose purpose) {
   auto lock = files_.lock(path_of(kLock));
   if (!lock) return lock.status();
   lock_ = std::move(lock);
+  const bool listed = files_.each(folder_, system::Detail::names, [this](system::FileInfo& entry) {
+    names_.insert(capitals(entry.name));
+    return true;
+  });
+  if (!listed) return Reason::other;
   number_ = runs_of(files_, folder_).last() + 1;
   // The undoing of an update cannot be undone: its index only says where copies are.
   index_name_ = purpose == Purpose::update ? run_name(number_) : undone_run_name(number_);
@@ -65,10 +70,8 @@ Status Originals::take(Purpose purpose) {
   return index_->write(run_line({RunRecord::Kind::folder, folder_}));
 }
 
-// A file that cannot be looked at for a moment must not pass for a missing one: what is then
-// written over may be the only copy.
-bool Originals::is_missing(const std::string& path) const {
-  return !files_.info(path) && files_.open(path).status() == Reason::not_found;
+bool Originals::has_name(std::string_view name) const {
+  return names_.contains(capitals(name));
 }
 
 // A copy that is one: the same bytes in another file, and a project that has not changed meanwhile.
@@ -143,7 +146,7 @@ Status Originals::make_room(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) {
     const std::string name = text::Obtener_Nombre_Archivo(path);
     const std::string there = path_of(name);
-    const auto present = files_.info(there);
+    const auto present = has_name(name) ? files_.info(there) : std::nullopt;
     if (present && !present->folder && !present->link && !room_.contains(capitals(name)) &&
         (removal::same_content(files_, path, there, go_on_) || save_present(name))) {
       room_[capitals(name)] = {present->size, present->modified};
@@ -184,8 +187,10 @@ Status Originals::copy(const std::string& path) {
   if (name.empty()) return Reason::bad_path;
   if (!files_.info(path)) return Reason::not_found;
   const std::string there = path_of(name);
-  const auto present = files_.info(there);
-  if (present ? present->folder || present->link : !is_missing(there)) return copy_aside(path);
+  const auto present = has_name(name) ? files_.info(there) : std::nullopt;
+  // A file that cannot be looked at for a moment must not pass for a missing one: what is then
+  // written over may be the only copy.
+  if (has_name(name) && (!present || present->folder || present->link)) return copy_aside(path);
   // A second project of the name finds the copy of the first there.
   const auto room = room_.extract(capitals(name));
   const bool has_room = present && room && room.mapped().size == present->size &&
@@ -199,6 +204,7 @@ Status Originals::copy(const std::string& path) {
   // The answer to its question, and where it fails (it takes no long paths), show in what stands
   // there after it.
   removal::CopiarArchivo(shell_, path, folder_).ignore();
+  names_.insert(capitals(name));
   auto copied = verified(path, name);
   if (!copied) return go_on() ? copy_aside(path) : Status(Reason::cancelled);
   keep(path, *copied);

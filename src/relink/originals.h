@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -79,9 +80,12 @@ class Originals {
 
   const std::string& folder() const { return folder_; }
 
+  // Whether the folder held a file or folder of that name when it was taken, or has got one by this
+  // update. A look for each name takes long on Linux where there is none.
+  bool has_name(std::string_view name) const;
+
  private:
   std::string path_of(std::string_view name) const { return folder_ + std::string(name); }
-  bool is_missing(const std::string& path) const;
   bool go_on() const { return go_on_(); }
   system::Status has_copy(const std::string& path) const;
   system::Result<OriginalCopy> verified(const std::string& path, const std::string& place);
@@ -98,6 +102,7 @@ class Originals {
   const std::function<bool()> go_on_;
   std::unique_ptr<system::FileLock> lock_;
   std::unique_ptr<system::OutputFile> index_;
+  std::set<std::string> names_;  // in the folder, in capitals
   std::size_t number_ = 0;
   std::string index_name_;
   bool changes_ = false;

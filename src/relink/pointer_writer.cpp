@@ -99,8 +99,11 @@ void PointerWriter::write(const std::string& folder, const std::string& name,
   const std::string key = text::lower(name);
   written_.erase(key);
   system::FileSystem& files = context_.platform.files;
-  if (is_foreign_pointer_file(files, folder + name)) return;
-  auto file = files.create(folder + name);
+  auto file = files.create_new(folder + name);
+  if (file.status() == system::Reason::exists) {
+    if (is_foreign_pointer_file(files, folder + name)) return;
+    file = files.create(folder + name);
+  }
   if (!file) return;
   const system::Status wrote = file->write(walked.lines);
   const system::Status closed = file->close();

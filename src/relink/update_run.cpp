@@ -162,7 +162,9 @@ void UpdateRun::save_foreign_pointers() {
     // A look for a missing name may take the system long where the folder has many.
     if (!go_on()) return;
     const std::string path = pointer_path(row);
-    if (!is_foreign_pointer_file(files, path)) continue;
+    if (!originals_->has_name(read_pointer_name(row)) || !is_foreign_pointer_file(files, path)) {
+      continue;
+    }
     if (const Status saved = originals_->save(path); saved) {
       foreign_pointers_.push_back(path);
     } else {

@@ -174,7 +174,7 @@ TEST_F(UpdateAttack, an_undo_that_was_killed_can_be_taken_up_again) {
 
 TEST_F(UpdateAttack, an_update_that_was_killed_before_it_patched_anything_reverts_nothing) {
   two();
-  faulty.faults.kill({.call = Call::create, .path = disk.path("Mix\\Originales\\b_vip.ptr")});
+  faulty.faults.kill({.call = Call::create_new, .path = disk.path("Mix\\Originales\\b_vip.ptr")});
   EXPECT_THROW(update(), Killed);
   faulty.faults.heal();
   work.Actualizando = false;
@@ -189,7 +189,7 @@ TEST_F(UpdateAttack, an_update_that_ends_early_does_not_break_the_way_back_of_th
   update();
   disk.remove("Nuevo");
   open("Mix\\a.vip");
-  faulty.faults.kill({.call = Call::create, .path = disk.path("Mix\\Originales\\a_vip.ptr")});
+  faulty.faults.kill({.call = Call::create_new, .path = disk.path("Mix\\Originales\\a_vip.ptr")});
   EXPECT_THROW(update(), Killed);
   faulty.faults.heal();
   work.Actualizando = false;
