@@ -1,6 +1,5 @@
 #include "posix/mapped_drives.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -10,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "posix/folder_names.h"
 #include "text/code_page.h"
 
 namespace ordelan::posix {
@@ -26,19 +26,6 @@ bool is_letter(char c) {
 
 char capital(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-// The entry of a folder whose name differs from `name` by case at most.
-std::optional<std::string> entry_ignoring_case(const std::string& folder, std::string_view name) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.c_str()), &::closedir);
-  if (!open) return std::nullopt;
-  std::optional<std::string> found;
-  while (const dirent* entry = ::readdir(open.get())) {
-    const auto ansi = text::from_utf8(entry->d_name);
-    if (!ansi || !text::equal_ignoring_case(*ansi, name)) continue;
-    if (!found || entry->d_name < *found) found = entry->d_name;  // the same one every time
-  }
-  return found;
 }
 
 // The native path of names below a mapped folder, just as they are spelt.
