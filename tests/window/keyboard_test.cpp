@@ -31,14 +31,14 @@ const Names kEmptyWindow = {"AbrirFichero",  "cmdReset",      "RecuperaBorrados"
 // With one: headings can be pressed, and the clocks can be read. The fourth list has one of
 // its two headings, by what was found.
 const Names kDecodedWindow = {
-    "AbrirFichero",   "cmdReset",         "CommandBorrado", "cmdPerdidos",
-    "SalvaListados",  "RecuperaBorrados", "Configurar",     "AcercaDe",
-    "cmdSalir",       "cmdMinimizar",     "Salir",          "TimeDeco",
-    "TextLapsoTotal", "LabelCheck(0)",    "LabelCheck(1)",  "LabelFuera",
-    "ListProyectos",  "LabelCount(0)",    "LabelCount(1)",  "ListVip",
-    "LabelAdd(0)",    "LabelAdd(1)",      "ListUtilizados", "LabelErase(1)",
-    "ListBorrar",     "CheckSubPath",     "CheckBAK",       "CheckToolTips",
-    "CheckPlayer",    "CheckDragDrop",    "CheckLogo"};
+    "AbrirFichero",  "cmdReset",       "CommandBorrado",   "cmdPerdidos",
+    "SalvaListados", "ActualizarVip",  "RecuperaBorrados", "Configurar",
+    "AcercaDe",      "cmdSalir",       "cmdMinimizar",     "Salir",
+    "TimeDeco",      "TextLapsoTotal", "LabelCheck(0)",    "LabelCheck(1)",
+    "LabelFuera",    "ListProyectos",  "LabelCount(0)",    "LabelCount(1)",
+    "ListVip",       "LabelAdd(0)",    "LabelAdd(1)",      "ListUtilizados",
+    "LabelErase(1)", "ListBorrar",     "CheckSubPath",     "CheckBAK",
+    "CheckToolTips", "CheckPlayer",    "CheckDragDrop",    "CheckLogo"};
 
 Names all_names() {
   Names names;
@@ -237,8 +237,8 @@ TEST_F(Keyboard, every_control_has_its_role_and_a_name_to_be_read_out) {
     expect_role(list, "listbox");
   }
   for (const char* label :
-       {"SalvaListados", "RecuperaBorrados", "Configurar", "AcercaDe", "cmdSalir", "LabelCheck(0)",
-        "LabelCount(0)", "LabelAdd(0)", "LabelErase(1)"}) {
+       {"SalvaListados", "ActualizarVip", "RecuperaBorrados", "Configurar", "AcercaDe", "cmdSalir",
+        "LabelCheck(0)", "LabelCount(0)", "LabelAdd(0)", "LabelErase(1)"}) {
     expect_role(label, "button");  // a click on it does something
   }
   EXPECT_EQ(class_of(program->control("LabelD")), "static");
