@@ -127,6 +127,7 @@ UpdateRun::End Relink::run(work::Job& job, int& counter) {
   outcome_.Informe = run.Informe();
   outcome_.proyectos = run.projects();
   run.save_report();
+  run.finish();
   return end;
 }
 

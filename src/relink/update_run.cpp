@@ -38,8 +38,13 @@ UpdateRun::UpdateRun(const work::Context& context, project::VipReader& reader,
 }
 
 UpdateRun::~UpdateRun() {
+  finish();
+}
+
+void UpdateRun::finish() {
   if (auto* const buscar = context_.windows.find<location::Buscar>()) buscar->set_update(nullptr);
   if (originals_) originals_->close();
+  originals_.reset();
 }
 
 // The file that is patched for a row stands in the folder of the projects, under the row's name: a

@@ -68,6 +68,8 @@ class UpdateRun {
   const std::vector<ProjectUpdate>& projects() const { return projects_; }
   // Writes the report into the folder of the originals. False if that failed.
   bool save_report();
+  // Closes the index of the update and gives its folder back. The last call.
+  void finish();
 
  private:
   struct Target {
