@@ -1,10 +1,8 @@
 #include "relink/originals.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "removal/shell_calls.h"
-#include "system/whole_file.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 
@@ -19,15 +17,10 @@ constexpr const char* kLock = "Actualizacion.lock";
 constexpr std::string_view kEnding = ".orig";
 constexpr std::size_t kMostNumbers = 9999;
 
-std::string capitals(std::string_view name) {
-  std::string key(name);
-  for (char& c : key) c = text::upper(c);
-  return key;
-}
-
 }  // namespace
 
-// These two spellings alone: what a drop leaves is a project's path, and nobody names one ".Vip".
+// These two spellings alone: what a drop leaves is a project's path, and its ending is hardly ever
+// spelt ".Vip".
 std::string projects_folder(const std::string& RutaProyectos) {
   const bool names_project = RutaProyectos.find("VIP") != std::string::npos ||
                              RutaProyectos.find("vip") != std::string::npos;
@@ -40,7 +33,7 @@ std::string originals_folder(const std::string& projects_folder) {
 
 bool is_original(std::string_view path) {
   const std::string key = text::same_file_key(path);
-  return key.find("\\" + capitals(kOriginals)) != std::string::npos;
+  return key.find("\\" + text::upper(kOriginals)) != std::string::npos;
 }
 
 Originals::Originals(system::FileSystem& files, system::Shell& shell, std::string folder,
@@ -57,7 +50,7 @@ Status Originals::take(Purpose purpose) {
   if (!lock) return lock.status();
   lock_ = std::move(lock);
   const bool listed = files_.each(folder_, system::Detail::names, [this](system::FileInfo& entry) {
-    names_.insert(capitals(entry.name));
+    names_.insert(text::upper(entry.name));
     return true;
   });
   if (!listed) return Reason::other;
@@ -71,7 +64,7 @@ Status Originals::take(Purpose purpose) {
 }
 
 bool Originals::has_name(std::string_view name) const {
-  return names_.contains(capitals(name));
+  return names_.contains(text::upper(name));
 }
 
 // A copy that is one: the same bytes in another file, and a project that has not changed meanwhile.
@@ -102,7 +95,7 @@ system::Result<std::string> Originals::subfolder(std::size_t number) {
 
 system::Result<OriginalCopy> Originals::put_aside(const std::string& path) {
   const std::string name = text::Obtener_Nombre_Archivo(path) + std::string(kEnding);
-  std::size_t& number = next_number_[capitals(name)];
+  std::size_t& number = next_number_[text::upper(name)];
   while (++number <= kMostNumbers) {
     const auto place = subfolder(number);
     if (!place) {
@@ -147,9 +140,9 @@ Status Originals::make_room(const std::vector<std::string>& paths) {
     const std::string name = text::Obtener_Nombre_Archivo(path);
     const std::string there = path_of(name);
     const auto present = has_name(name) ? files_.info(there) : std::nullopt;
-    if (present && !present->folder && !present->link && !room_.contains(capitals(name)) &&
+    if (present && !present->folder && !present->link && !room_.contains(text::upper(name)) &&
         (removal::same_content(files_, path, there, go_on_) || save_present(name))) {
-      room_[capitals(name)] = {present->size, present->modified};
+      room_[text::upper(name)] = {present->size, present->modified};
     }
     if (!go_on()) return Reason::cancelled;
   }
@@ -160,10 +153,15 @@ Status Originals::make_room(const std::vector<std::string>& paths) {
 // may lead to it, however this one ends.
 Status Originals::flush_saved(std::size_t from) {
   if (from == saved_.size()) return {};
+  return flush_copies({saved_.begin() + static_cast<std::ptrdiff_t>(from), saved_.end()});
+}
+
+// The copies reach the disk, with the lines of the index that lead to them, and the names of the
+// index and of numbered subfolders.
+Status Originals::flush_copies(const std::vector<Kept>& copies) {
   std::vector<std::string> places;
   std::vector<RunRecord> records;
-  for (; from < saved_.size(); ++from) {
-    const Kept& kept = saved_[from];
+  for (const Kept& kept : copies) {
     places.push_back(path_of(kept.copy.place));
     records.push_back({RunRecord::Kind::copy, kept.path, kept.copy.content, kept.copy.place});
   }
@@ -192,7 +190,7 @@ Status Originals::copy(const std::string& path) {
   // written over may be the only copy.
   if (has_name(name) && (!present || present->folder || present->link)) return copy_aside(path);
   // A second project of the name finds the copy of the first there.
-  const auto room = room_.extract(capitals(name));
+  const auto room = room_.extract(text::upper(name));
   const bool has_room = present && room && room.mapped().size == present->size &&
                         room.mapped().modified == present->modified;
   if (present && !has_room && !removal::same_content(files_, path, there, go_on_)) {
@@ -204,7 +202,7 @@ Status Originals::copy(const std::string& path) {
   // The answer to its question, and where it fails (it takes no long paths), show in what stands
   // there after it.
   removal::CopiarArchivo(shell_, path, folder_).ignore();
-  names_.insert(capitals(name));
+  names_.insert(text::upper(name));
   auto copied = verified(path, name);
   if (!copied) return go_on() ? copy_aside(path) : Status(Reason::cancelled);
   keep(path, *copied);
@@ -227,17 +225,11 @@ Status Originals::save(const std::string& path) {
 }
 
 Status Originals::settle() {
-  std::vector<std::string> places;
-  std::vector<RunRecord> records;
-  for (const auto& [key, kept] : copies_) {
-    places.push_back(path_of(kept.copy.place));
-    records.push_back({RunRecord::Kind::copy, kept.path, kept.copy.content, kept.copy.place});
-  }
-  Status status = files_.flush_files(places, go_on_);
-  if (status) status = note(records);
-  // The names of the index and of numbered subfolders, and of the folder itself where it is new: a
-  // project that is changed in place says nothing about it.
-  if (status) status = files_.flush_folder(folder_);
+  std::vector<Kept> copies;
+  for (const auto& [key, kept] : copies_) copies.push_back(kept);
+  const Status status = flush_copies(copies);
+  // The name of the folder itself, where it is new: a project that is changed in place says nothing
+  // about it.
   const std::string without_backslash = folder_.substr(0, folder_.size() - 1);
   return status ? files_.flush_folder(text::getPath(without_backslash, "\\")) : status;
 }

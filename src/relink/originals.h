@@ -78,8 +78,6 @@ class Originals {
   // Closes the index. One of an update that has changed nothing is put away like an undone one.
   void close();
 
-  const std::string& folder() const { return folder_; }
-
   // Whether the folder held a file or folder of that name when it was taken, or has got one by this
   // update. A look for each name takes long on Linux where there is none.
   bool has_name(std::string_view name) const;
@@ -92,7 +90,6 @@ class Originals {
   system::Result<OriginalCopy> put_aside(const std::string& path);
   system::Result<std::string> subfolder(std::size_t number);
   system::Status save_present(const std::string& name);
-  system::Status flush_saved(std::size_t from);
   void keep(const std::string& path, OriginalCopy copy);
   system::Status note(const std::vector<RunRecord>& records);
 
@@ -110,6 +107,9 @@ class Originals {
     std::string path;
     OriginalCopy copy;
   };
+  system::Status flush_saved(std::size_t from);
+  system::Status flush_copies(const std::vector<Kept>& copies);
+
   std::map<std::string, Kept> copies_;  // by the key of the path
   std::vector<Kept> saved_;             // what had to make room
   // By name in capitals: what stands there and may be written over.

@@ -19,12 +19,6 @@ using system::Status;
 constexpr std::size_t kBlock = std::size_t{1} << 18;
 constexpr std::size_t kMostNumbers = 9999;
 
-std::string capitals(std::string_view name) {
-  std::string key(name);
-  for (char& c : key) c = text::upper(c);
-  return key;
-}
-
 // Reads a file from its start to its end, block by block.
 class BlockReader {
  public:
@@ -260,7 +254,7 @@ system::Result<std::string> BackupFolder::folder_without(std::size_t number) {
 
 system::Result<std::string> BackupFolder::copy_aside(const std::string& from, Content& content) {
   const std::string name = text::Obtener_Nombre_Archivo(from);
-  std::size_t& number = next_number_[capitals(name)];
+  std::size_t& number = next_number_[text::upper(name)];
   while (++number <= kMostNumbers) {
     const auto place = folder_without(number);
     if (!place) {
@@ -289,13 +283,13 @@ system::Result<std::string> BackupFolder::copy_aside(const std::string& from, Co
 Status BackupFolder::save_present(const std::string& name, const std::string& there) {
   const auto now = state_of(there);
   if (!now) return Reason::other;
-  const auto before = saved_.find(capitals(name));
+  const auto before = saved_.find(text::upper(name));
   if (before != saved_.end() && before->second == *now) return {};
   Content content;
   const auto aside = copy_aside(there, content);
   if (!aside) return aside.status();
   // The copy of an earlier row: its line in the index is to lead to where it is from now on.
-  const auto copied = copied_.find(capitals(name));
+  const auto copied = copied_.find(text::upper(name));
   if (copied == copied_.end() || copied->second.content != content) return {};
   return record(copied->second.path, *aside, content);
 }
@@ -335,7 +329,7 @@ Status BackupFolder::copy_to_free_name(const std::string& path, const std::strin
   if (const Status kept = files_.flush_file(there); !kept) return kept;
   if (const Status kept = files_.flush_folder(folder_); !kept) return kept;
   if (files_.identity(there) == files_.identity(path)) return Reason::exists;
-  copied_[capitals(name)] = {path, *same};
+  copied_[text::upper(name)] = {path, *same};
   return record(path, name, *same);
 }
 
@@ -351,7 +345,7 @@ Status BackupFolder::copy_beside(const std::string& path, const std::string& nam
     if (const Status saved = save_present(name, there); !saved) return saved;
   }
   shell_.copy_into(path, ruta_).ignore();  // the file has its copy, whatever the answer is
-  if (const auto now = state_of(there)) saved_.insert_or_assign(capitals(name), *now);
+  if (const auto now = state_of(there)) saved_.insert_or_assign(text::upper(name), *now);
   return {};
 }
 

@@ -22,7 +22,7 @@ using ::testing::IsEmpty;
 
 const std::string kNul(1, '\0');
 
-// A disk with the given files and folders, whose searches find what they are told to.
+// A disk with the given files and folders, whose searches find the given hits.
 class Disk final : public relink::Lookups {
  public:
   std::set<std::string> files;
