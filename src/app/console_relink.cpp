@@ -117,12 +117,13 @@ void print_update(const relink::Relink::Outcome& outcome, const Options& options
 
 bool all_done(const relink::Relink::Outcome& outcome) {
   for (const ProjectUpdate& project : outcome.proyectos) {
-    if (!project.motivo.empty()) return false;
+    // What lies in a folder of originals is never updated.
+    if (!project.motivo.empty() && !relink::is_original(project.ruta)) return false;
     for (const PathChange& change : project.rutas) {
       if (change.untouched == relink::Untouched::too_long) return false;
     }
   }
-  return true;
+  return outcome.informe_guardado;
 }
 
 }  // namespace
@@ -196,6 +197,7 @@ int undo_update(const Options& options, const ConsoleHost& host, std::ostream& o
   relink::Relink& relink = session.program.form.relink();
   relink.look_for_undo(text::getPath(*project.path, "\\"));
   session.dialogs.answers.push_back(system::Answer::yes);
+  if (options.give_up) session.dialogs.answers.push_back(system::Answer::yes);
   relink.DeshacerActualizacion_Click();
   const auto& left = relink.not_undone();
   if (!left) {

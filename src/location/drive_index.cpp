@@ -1,6 +1,7 @@
 #include "location/drive_index.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 #include "location/file_finder.h"
@@ -11,9 +12,20 @@
 namespace ordelan::location {
 namespace {
 
+constexpr std::size_t kMarksOfName = 16;
+
 void lower_into(std::string_view name, std::string& key) {
   key.assign(name);
   for (char& c : key) c = text::lower(c);
+}
+
+// Equal for names that differ by case alone.
+std::size_t mark_of(std::string_view name) {
+  std::uint64_t hash = name.size();
+  for (const char c : name) {
+    hash = (hash ^ static_cast<unsigned char>(text::lower(c))) * 0x100000001B3u;
+  }
+  return static_cast<std::size_t>(hash ^ hash >> 32);
 }
 
 // Whether a search for the name is just one for the files that have it. Windows drops dots and
@@ -34,7 +46,23 @@ void DriveIndex::expect(std::string_view name) {
 
 DriveIndex::Number DriveIndex::number_of(std::string_view name) {
   lower_into(name, key_);
-  return names_.emplace(key_, static_cast<Number>(names_.size())).first->second;
+  const auto [entry, added] = names_.emplace(key_, static_cast<Number>(names_.size()));
+  if (added) mark_expected(key_);
+  return entry->second;
+}
+
+// Nearly all files of a drive have other names: a look at a few thousand bits is faster for them
+// than one into a table of strings.
+bool DriveIndex::may_be_expected(std::string_view name) const {
+  return !marks_.empty() && marks_[mark_of(name) & (marks_.size() - 1)];
+}
+
+void DriveIndex::mark_expected(std::string_view name) {
+  if (names_.size() * kMarksOfName > marks_.size()) {
+    marks_.assign(std::bit_ceil(2 * kMarksOfName * names_.size()), false);
+    for (const auto& [known, number] : names_) marks_[mark_of(known) & (marks_.size() - 1)] = true;
+  }
+  marks_[mark_of(name) & (marks_.size() - 1)] = true;
 }
 
 std::optional<std::vector<std::string>> DriveIndex::find(const std::string& root,
@@ -68,6 +96,7 @@ std::optional<std::vector<std::string>> DriveIndex::find(const std::string& root
 // Looks for all names that the drive has not been walked for.
 DriveIndex::Walk DriveIndex::walk(const std::string& root, Drive& drive,
                                   const std::function<bool()>& go_on) {
+  if (before_walk) before_walk();
   const auto expected = static_cast<Number>(names_.size());
   const std::size_t hits_before = drive.hits.size();
   const std::size_t folders_before = drive.folders.size();
@@ -77,11 +106,15 @@ DriveIndex::Walk DriveIndex::walk(const std::string& root, Drive& drive,
   cFindFiles finder(platform_);
   finder.EventsOnly = true;
   finder.wanted = [&](const std::string& name) {
+    if (!may_be_expected(name)) return false;
     lower_into(name, key_);
     const auto known = names_.find(key_);
     return known != names_.end() && known->second >= drive.walked && known->second < expected;
   };
   finder.GetFile = [&](const std::string& path) { keep(drive, path); };
+  finder.on_unseen = [&](const std::string& path, cFindFiles::Unseen why) {
+    if (why == cFindFiles::Unseen::unreadable) unseen_.insert(path);
+  };
   bool stopped = false;
   bool ended = false;
   finder.on_turn = [&] {

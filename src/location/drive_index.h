@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -26,6 +27,12 @@ class DriveIndex {
   explicit DriveIndex(const system::Platform& platform);
   DriveIndex(const DriveIndex&) = delete;
   DriveIndex& operator=(const DriveIndex&) = delete;
+
+  // The folders that no walk could list, with their backslash: what lies in them is not found.
+  const std::set<std::string>& unseen() const { return unseen_; }
+
+  // Called before each walk, which may take minutes.
+  std::function<void()> before_walk;
 
   // A name that may be asked for. Names first expected after a drive was walked cost that drive
   // another walk, for all new names at once.
@@ -60,6 +67,9 @@ class DriveIndex {
   enum class Walk { whole, stopped, failed };
 
   Number number_of(std::string_view name);
+  // False for nearly all names that are not expected, and for none that is.
+  bool may_be_expected(std::string_view name) const;
+  void mark_expected(std::string_view name);
   Walk walk(const std::string& root, Drive& drive, const std::function<bool()>& go_on);
   void keep(Drive& drive, const std::string& path);
   static std::vector<std::string> paths(const Drive& drive, Number number);
@@ -70,8 +80,10 @@ class DriveIndex {
   const system::Platform& platform_;
   system::Pacer pacer_;
   std::unordered_map<std::string, Number> names_;  // in lower case
+  std::vector<bool> marks_;                        // by hash of a name; a power of two of them
   std::map<std::string, Drive> drives_;            // by root
-  std::string key_;                                // kept for its room
+  std::set<std::string> unseen_;
+  std::string key_;  // kept for its room
   bool busy_ = false;
 };
 

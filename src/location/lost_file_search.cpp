@@ -208,6 +208,7 @@ bool Buscar::choose_by_folder() {
 // False when the job has ended meanwhile, or the program has.
 bool Buscar::choose(work::Job& job) {
   if (choose_by_folder()) return true;
+  if (update_ != nullptr && update_->before_question) update_->before_question();
   if (update_ != nullptr && update_->on_several) {
     const auto row = update_->on_several(List2.rows());
     if (row) context_.work.ArchivoActual = *row;

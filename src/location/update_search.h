@@ -26,6 +26,8 @@ struct UpdateSearch {
   std::map<std::string, std::string> chosen;
   // Answers in place of the window when set: the row to take, or nothing for "not found".
   std::function<std::optional<std::string>(const std::vector<std::string>& hits)> on_several;
+  // Called before the user is asked, which may take long.
+  std::function<void()> before_question;
   work::DisplayPace display;  // of the texts of all its searches
 };
 

@@ -35,6 +35,13 @@ class PosixChangeFile final : public system::ChangeFile {
     return status_;
   }
 
+  Status set_size(std::uint64_t size) override {
+    while (status_ && ::ftruncate(file_.number(), static_cast<off_t>(size)) != 0) {
+      if (errno != EINTR) status_ = last_reason();
+    }
+    return status_;
+  }
+
   Status flush() override {
     if (status_) status_ = flush_descriptor(file_);
     return status_;

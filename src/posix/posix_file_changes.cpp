@@ -243,7 +243,7 @@ Status PosixFileSystem::move(std::string_view from, std::string_view to) {
 }
 
 Status PosixFileSystem::copy_new(std::string_view from, std::string_view to,
-                                 const Progress& progress) {
+                                 const Progress& progress, system::Flush flush) {
   const auto source = drives_.native(from);
   if (!source) return reason_without_path(drives_, from);
   const auto target = drives_.native(to);
@@ -267,7 +267,7 @@ Status PosixFileSystem::copy_new(std::string_view from, std::string_view to,
   }
   const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, found.st_mtim};
   if (status && ::futimens(copy.number(), times.data()) != 0) status = last_reason();
-  if (status) status = flush_descriptor(copy);
+  if (status && flush == system::Flush::yes) status = flush_descriptor(copy);
   const Status closed = copy.close();
   if (status) status = closed;
   if (!status) ::unlink(target->c_str());

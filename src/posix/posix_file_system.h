@@ -27,8 +27,8 @@ class PosixFileSystem final : public system::FileSystem {
   system::Status replace(std::string_view from, std::string_view to) override;
   system::Status move(std::string_view from, std::string_view to) override;
   // The copy has the mode of the original, as far as new files may have it.
-  system::Status copy_new(std::string_view from, std::string_view to,
-                          const Progress& progress) override;
+  system::Status copy_new(std::string_view from, std::string_view to, const Progress& progress,
+                          system::Flush flush = system::Flush::yes) override;
   system::Status flush_folder(std::string_view folder) override;
   system::Status flush_file(std::string_view path) override;
   // Many files take one wait for each disk that they are on, in place of one for each file.

@@ -313,7 +313,7 @@ Status PosixShell::recycle(const std::string& path, system::Confirm confirm) {
 
 Status PosixShell::copy_into(const std::string& from, const std::string& folder) {
   const std::string to = system::with_backslash(folder) + text::Obtener_Nombre_Archivo(from);
-  const Status copied = files_.copy_new(from, to);
+  const Status copied = files_.copy_new(from, to, nullptr, system::Flush::no);
   return copied == Reason::exists ? Reason::cancelled : copied;
 }
 

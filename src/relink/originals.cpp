@@ -54,6 +54,7 @@ Status Originals::take(Purpose purpose) {
     return true;
   });
   if (!listed) return Reason::other;
+  purpose_ = purpose;
   number_ = runs_of(files_, folder_).last() + 1;
   // The undoing of an update cannot be undone: its index only says where copies are.
   index_name_ = purpose == Purpose::update ? run_name(number_) : undone_run_name(number_);
@@ -102,8 +103,8 @@ system::Result<OriginalCopy> Originals::put_aside(const std::string& path) {
       if (place.status() == Reason::exists) continue;
       return place.status().reason();
     }
-    const Status copied =
-        files_.copy_new(path, *place + name, [this](std::uint64_t) { return go_on(); });
+    const Status copied = files_.copy_new(
+        path, *place + name, [this](std::uint64_t) { return go_on(); }, system::Flush::no);
     if (copied == Reason::exists) continue;
     if (!copied) {
       --number;
@@ -247,23 +248,34 @@ Status Originals::note(const std::vector<RunRecord>& records) {
   return written ? index_->flush() : written;
 }
 
-Status Originals::note_change(const std::string& path, const Content& after) {
-  const OriginalCopy* const copy = copy_of(path);
-  if (copy == nullptr) return Reason::not_found;
+Status Originals::note_changes(const std::vector<ProjectChange>& changes) {
+  std::vector<RunRecord> records;
+  for (const ProjectChange& change : changes) {
+    const OriginalCopy* const copy = change.created ? nullptr : copy_of(change.path);
+    if (!change.created && copy == nullptr) return Reason::not_found;
+    if (change.created) {
+      records.push_back({RunRecord::Kind::created, change.path});
+    } else {
+      records.push_back({RunRecord::Kind::target, change.path, copy->content});
+    }
+    records.push_back({RunRecord::Kind::done, change.path, change.after});
+  }
   changes_ = true;
-  return note(
-      {{RunRecord::Kind::target, path, copy->content}, {RunRecord::Kind::done, path, after}});
+  return note(records);
 }
 
-Status Originals::note_creation(const std::string& path, const Content& after) {
-  changes_ = true;
-  return note({{RunRecord::Kind::created, path}, {RunRecord::Kind::done, path, after}});
+Status Originals::note_left(const std::string& path) {
+  return note({{RunRecord::Kind::left, path}});
 }
 
 void Originals::close() {
   if (!index_) return;
   index_->flush().ignore();
   index_.reset();
+  if (purpose_ == Purpose::undo && saved_.empty()) {
+    files_.remove(path_of(index_name_)).ignore();
+    return;
+  }
   // Its copies may be those of other updates too, so that it stays.
   const std::string undone = undone_run_name(number_);
   if (!changes_ && index_name_ != undone) {

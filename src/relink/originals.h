@@ -70,12 +70,15 @@ class Originals {
   // The copy of a project; null if it has none.
   const OriginalCopy* copy_of(const std::string& path) const;
 
-  // Records what is about to be made of a project, or of a file that does not exist yet, and waits
+  // Records what is about to be made of projects, or of files that do not exist yet, and waits
   // until the record has reached the disk.
-  system::Status note_change(const std::string& path, const Content& after);
-  system::Status note_creation(const std::string& path, const Content& after);
+  system::Status note_changes(const std::vector<ProjectChange>& changes);
 
-  // Closes the index. One of an update that has changed nothing is put away like an undone one.
+  // Records that a change that was recorded did not come about: the way back leaves it alone.
+  system::Status note_left(const std::string& path);
+
+  // Closes the index. One of an update that has changed nothing is put away like an undone one; one
+  // of an undoing that has saved nothing is removed.
   void close();
 
   // Whether the folder held a file or folder of that name when it was taken, or has got one by this
@@ -100,6 +103,7 @@ class Originals {
   std::unique_ptr<system::FileLock> lock_;
   std::unique_ptr<system::OutputFile> index_;
   std::set<std::string> names_;  // in the folder, in capitals
+  Purpose purpose_ = Purpose::update;
   std::size_t number_ = 0;
   std::string index_name_;
   bool changes_ = false;

@@ -1,13 +1,13 @@
 #include "relink/patched_project.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <random>
+#include <chrono>
 #include <utility>
 #include <vector>
 
 #include "removal/content_hash.h"
+#include "system/whole_file.h"
+#include "text/code_page.h"
 #include "text/paths.h"
 
 namespace ordelan::relink {
@@ -18,45 +18,23 @@ using system::Result;
 using system::Status;
 
 constexpr int kTries = 10;
-constexpr std::string_view kBegin = "ordelan-";
-constexpr std::string_view kEnd = ".tmp";
-constexpr std::size_t kDigits = 8;
-
-// No project's name: a listing that meets it takes it for nothing.
-std::string temporary_name() {
-  static std::mt19937 random{std::random_device{}()};
-  std::array<char, kDigits> digits{};
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), random() & 0xFFFFFFFFu, 16);
-  const std::string number(digits.data(), end.ptr);
-  return std::string(kBegin).append(kDigits - number.size(), '0').append(number).append(kEnd);
-}
-
-bool is_temporary(std::string_view name) {
-  return name.size() == kBegin.size() + kDigits + kEnd.size() && name.starts_with(kBegin) &&
-         name.ends_with(kEnd) &&
-         name.substr(kBegin.size(), kDigits).find_first_not_of("0123456789abcdef") ==
-             std::string_view::npos;
-}
-
-// Whether the project is as it was seen: another program may have saved it meanwhile.
-bool is_as_seen(system::FileSystem& files, const std::string& path, const work::Visto& seen) {
-  const auto now = files.info(path);
-  return now && now->size == seen.size && now->modified == seen.modified;
-}
-
+// A batch ends before its wait for the disk could be noticed, or its room on the disk.
+constexpr std::size_t kMostWaiting = 32;
+constexpr std::uint64_t kMostBytes = 64 << 20;
+constexpr std::chrono::milliseconds kLongest{50};
 struct Written {
   std::string path;
   Content content;
 };
 
-// The image as a temporary file in the folder, on the disk for good.
+// The image as a temporary file in the folder. The project is closed then: it could not be replaced
+// while it is open.
 Result<Written> write_beside(system::FileSystem& files, OpenProject& project,
                              const std::string& folder) {
   Written written;
   system::Opened<system::OutputFile> file = Reason::exists;
   for (int tries = 0; file.status() == Reason::exists && tries < kTries; ++tries) {
-    written.path = folder + temporary_name();
+    written.path = folder + system::temporary_name();
     file = files.create_new(written.path);
   }
   if (!file) return file.status().reason();
@@ -65,15 +43,14 @@ Result<Written> write_beside(system::FileSystem& files, OpenProject& project,
     hash.add({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     return file->write(bytes);
   });
-  if (status) status = file->flush();
   const Status closed = file->close();
   if (status) status = closed;
   file.reset();
-  project.file.reset();  // it could not be replaced while it is open
   if (!status) {
     files.remove(written.path).ignore();
     return status.reason();
   }
+  project.file.reset();
   written.content = {project.image.size(), hash.value()};
   return written;
 }
@@ -94,30 +71,31 @@ Result<Chunk> chunk_at(system::InputFile& file, std::uint64_t offset, std::size_
   return chunk;
 }
 
-// Writes back what a change in place that has failed has overwritten. Where that fails too, the
-// project has its copy.
-void take_back(system::FileSystem& files, const std::string& path,
+// Writes back what a change in place that has failed has overwritten. False where that fails too:
+// the project has its copy.
+bool take_back(system::FileSystem& files, const std::string& path, std::uint64_t size,
                const std::vector<Chunk>& overwritten) {
   auto file = files.change(path);
-  if (!file) return;
+  // Shorter first: the disk may be full.
+  if (!file || !file->set_size(size)) return false;
   for (const Chunk& chunk : overwritten) {
-    if (!file->write_at(chunk.offset, chunk.bytes)) return;
+    if (!file->write_at(chunk.offset, chunk.bytes)) return false;
   }
-  file->flush().ignore();
-  file->close().ignore();
+  return file->flush() && file->close();
 }
 
 Status change_in_place(system::FileSystem& files, OpenProject& project,
                        std::unique_ptr<system::ChangeFile> file, const std::string& path,
-                       const BeforeChange& before) {
+                       const PutBatch::Record& record) {
   removal::ContentHash hash;
   Status status = project.image.write_whole([&](std::string_view bytes) {
     hash.add({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     return Status();
   });
-  if (status) status = before({project.image.size(), hash.value()});
+  if (status) status = record.changes({{path, {project.image.size(), hash.value()}}});
   if (!status) return status;
   std::vector<Chunk> overwritten;
+  const std::uint64_t size = project.file->size();
   status = project.image.write_changes([&](std::uint64_t offset, std::string_view bytes) {
     const auto chunk = chunk_at(*project.file, offset, bytes.size());
     if (!chunk) return chunk.status();
@@ -129,11 +107,16 @@ Status change_in_place(system::FileSystem& files, OpenProject& project,
   if (status) status = closed;
   file.reset();
   project.file.reset();
-  if (!status) take_back(files, path, overwritten);
+  if (!status && take_back(files, path, size, overwritten)) record.left(path);
   return status;
 }
 
 }  // namespace
+
+bool is_as_seen(system::FileSystem& files, const std::string& path, const work::Visto& seen) {
+  const auto now = files.info(path);
+  return now && now->size == seen.size && now->modified == seen.modified;
+}
 
 Result<std::unique_ptr<OpenProject>> open_project(system::FileSystem& files,
                                                   const std::string& path) {
@@ -145,40 +128,127 @@ Result<std::unique_ptr<OpenProject>> open_project(system::FileSystem& files,
   return project;
 }
 
-Status put_over(system::FileSystem& files, OpenProject& project, const std::string& path,
-                const work::Visto& seen, const BeforeChange& before) {
-  const auto info = files.info(path);
-  // A project that another program has open, or that is not to be written, fails here.
-  auto present = files.change(path);
-  if (!present) return present.status();
-  if (!info || !is_as_seen(files, path, seen)) return Reason::in_use;
-  if (info->link || present->names() > 1) {
-    return change_in_place(files, project, std::move(present), path, before);
-  }
-  present.reset();
-  const auto written = write_beside(files, project, text::getPath(path, "\\"));
-  if (!written) return written.status();
-  Status status = before(written->content);
-  if (status && !is_as_seen(files, path, seen)) status = Reason::in_use;
-  if (status) status = files.replace(written->path, path);
-  if (!status) files.remove(written->path).ignore();
-  return status;
+PutBatch::PutBatch(system::FileSystem& files, system::Clock& clock, Record record,
+                   std::function<void()> turn)
+    : files_(files), clock_(clock), record_(std::move(record)), turn_(std::move(turn)) {}
+
+PutBatch::~PutBatch() {
+  for (const Waiting& project : waiting_) files_.remove(project.temporary).ignore();
 }
 
-Status put_new(system::FileSystem& files, OpenProject& project, const std::string& path,
-               const BeforeChange& before) {
-  const auto written = write_beside(files, project, text::getPath(path, "\\"));
-  if (!written) return written.status();
-  Status status = before(written->content);
-  if (status) status = files.move(written->path, path);
-  if (!status) files.remove(written->path).ignore();
+bool PutBatch::holds(const std::string& path) const {
+  const std::string key = text::same_file_key(path);
+  return std::any_of(waiting_.begin(), waiting_.end(), [&](const Waiting& project) {
+    return text::same_file_key(project.change.path) == key;
+  });
+}
+
+bool PutBatch::due() const {
+  return !waiting_.empty() && (waiting_.size() >= kMostWaiting || bytes_ >= kMostBytes ||
+                               clock_.now() - since_ >= kLongest);
+}
+
+void PutBatch::add(OpenProject& project, const std::string& path,
+                   const std::optional<work::Visto>& seen, Ended ended) {
+  if (seen) {
+    const auto info = files_.info(path);
+    // A project that another program has open, or that is not to be written, fails here.
+    auto present = files_.change(path);
+    if (!present) return ended(present.status());
+    const bool in_place = info && (info->link || present->names() > 1);
+    // It may be one of those that wait, by another name.
+    if (in_place) put();
+    if (!info || !is_as_seen(files_, path, *seen)) return ended(Reason::in_use);
+    if (in_place) {
+      return ended(change_in_place(files_, project, std::move(present), path, record_));
+    }
+  }
+  const std::string folder = text::getPath(path, "\\");
+  auto written = write_beside(files_, project, folder);
+  if (!written && !waiting_.empty()) {
+    // A full disk has room again when those that wait have replaced their projects.
+    put();
+    written = write_beside(files_, project, folder);
+  }
+  if (!written) return ended(written.status());
+  if (waiting_.empty()) since_ = clock_.now();
+  bytes_ += written->content.size;
+  waiting_.push_back({{path, written->content, !seen}, written->path, seen, std::move(ended)});
+}
+
+void PutBatch::put() {
+  if (waiting_.empty()) return;
+  std::vector<Waiting> projects;
+  projects.swap(waiting_);
+  bytes_ = 0;
+  try {
+    place(projects);
+  } catch (...) {
+    for (const Waiting& project : projects) files_.remove(project.temporary).ignore();
+    throw;
+  }
+}
+
+void PutBatch::place(std::vector<Waiting>& projects) {
+  std::vector<std::string> temporaries;
+  for (const Waiting& project : projects) temporaries.push_back(project.temporary);
+  const auto turn = [this] {
+    turn_();
+    return true;
+  };
+  // Where some of them cannot reach the disk, the others may.
+  const bool all = files_.flush_files(temporaries, turn).ok();
+  std::erase_if(projects, [&](const Waiting& project) {
+    const Status flushed = all ? Status() : files_.flush_file(project.temporary);
+    if (!flushed) drop(project, flushed);
+    return !flushed;
+  });
+  std::vector<ProjectChange> changes;
+  for (const Waiting& project : projects) changes.push_back(project.change);
+  const Status recorded = changes.empty() ? Status() : record_.changes(changes);
+  for (const Waiting& project : projects) {
+    const Status placed = recorded ? place(project) : recorded;
+    if (placed) {
+      project.ended(placed);
+    } else {
+      if (recorded) record_.left(project.change.path);
+      drop(project, placed);
+    }
+  }
+}
+
+Status PutBatch::place(const Waiting& project) {
+  const std::string& path = project.change.path;
+  if (!project.seen) return files_.move(project.temporary, path);
+  if (!is_as_seen(files_, path, *project.seen)) return Reason::in_use;
+  return files_.replace(project.temporary, path);
+}
+
+void PutBatch::drop(const Waiting& project, Status why) {
+  files_.remove(project.temporary).ignore();
+  project.ended(why);
+}
+
+Status write_in_place(system::FileSystem& files, const std::string& path, std::string_view bytes) {
+  const auto old = removal::bytes_of(files, path);
+  if (!old) return old.status();
+  auto file = files.change(path);
+  if (!file) return file.status();
+  Status status = file->write_at(0, bytes);
+  if (status) status = file->set_size(bytes.size());
+  if (status) status = file->flush();
+  const Status closed = file->close();
+  if (status) status = closed;
+  file.reset();
+  if (!status) take_back(files, path, old->size(), {{0, *old}});
   return status;
 }
 
 void remove_leftovers(system::FileSystem& files, const std::string& folder) {
   std::vector<std::string> left;
   files.each(folder, system::Detail::names, [&](system::FileInfo& entry) {
-    if (!entry.folder && !entry.link && is_temporary(entry.name)) left.push_back(entry.name);
+    const bool file = !entry.folder && !entry.link;
+    if (file && system::is_temporary_name(entry.name)) left.push_back(entry.name);
     return true;
   });
   for (const std::string& name : left) files.remove(folder + name).ignore();

@@ -37,6 +37,15 @@ constexpr const char* kNoDrives =
     "Pulsar menú Configurar, y seleccionar unidades.\r\n"
     "Volver a pulsar menú ActualizarVip";
 
+// What could not be restored, as lines after others.
+std::string lines_of(const std::vector<removal::Kept>& not_undone) {
+  std::vector<std::string> rows;
+  for (const removal::Kept& kept : not_undone) {
+    rows.push_back(text::row_with_reason(kept.ruta, kept.motivo));
+  }
+  return strip_lines(rows);
+}
+
 }  // namespace
 
 Relink::Relink(const work::Context& context, project::VipReader& reader,
@@ -110,7 +119,7 @@ void Relink::update(int& counter) {
   if (job.superseded()) return;
   const bool on = end == UpdateRun::End::no_pointers ? end_without_pointers() : close_job(counter);
   if (!on) return;
-  tell_left_alone();
+  show_left_alone();
   look_for_undo(work.RutaProyectos);
 }
 
@@ -125,8 +134,9 @@ UpdateRun::End Relink::run(work::Job& job, int& counter) {
   if (!job.must_stop()) context_.clocks.IniciarCronoActualizar();
   const UpdateRun::End end = run.patch([&counter] { counter = 0; });
   outcome_.Informe = run.Informe();
-  outcome_.proyectos = run.projects();
-  run.save_report();
+  outcome_.carpetas_sin_ver = run.unseen();
+  outcome_.informe_guardado = run.save_report();
+  outcome_.proyectos = run.take_projects();
   run.finish();
   return end;
 }
@@ -172,13 +182,24 @@ bool Relink::close_job(int counter) {
 }
 
 // The box has only names: which projects were left as they were is said after it, on the strip.
-void Relink::tell_left_alone() {
+void Relink::show_left_alone() {
+  if (context_.work.Cancelar || context_.work.Descodificando) return;
   const std::string left = left_alone(outcome_.proyectos);
-  if (left.empty() || context_.work.Cancelar || context_.work.Descodificando) return;
-  context_.strip.Alerta(work::kWarning,
-                        " >>> AVISO <<<   Proyectos que no se han actualizado (vea Originales\\" +
-                            std::string(kReportName) + "):" + left,
-                        true);
+  const std::string report = "Originales\\" + std::string(kReportName);
+  std::string see;  // a simulation leaves no report
+  if (!options.simulate) {
+    see = outcome_.informe_guardado ? " (vea " + report + ")"
+                                    : " (no se ha podido guardar " + report + ")";
+  }
+  std::string text;
+  if (!left.empty()) {
+    text = "Proyectos que no se han actualizado" + see + ":" + left;
+  } else if (const std::size_t unseen = outcome_.carpetas_sin_ver.size(); unseen > 0) {
+    text = "Carpetas que no se han podido ver: " + std::to_string(unseen) + see;
+  } else if (!outcome_.informe_guardado) {
+    text = "No se ha podido guardar " + report;
+  }
+  if (!text.empty()) context_.strip.Alerta(work::kWarning, " >>> AVISO <<<   " + text, true);
 }
 
 std::vector<std::string> Relink::GrabarPunteros(const std::string& Carpeta) {
@@ -197,6 +218,21 @@ void Relink::look_for_undo(const std::string& RutaProyectos) {
     if (Undo::available(context_.platform.files, folder)) undo_folder_ = folder;
   }
   listener_.offer_undo(!undo_folder_.empty());
+}
+
+// What can never be restored (its copy was deleted, its folder is another one) must not keep the
+// user from going back behind it.
+void Relink::offer_to_give_up(Undo& undo, work::Job& job) {
+  if (not_undone_->empty() || undo.restored() > 0 || job.must_stop()) return;
+  const auto answer = context_.platform.dialogs.message(
+      {.title = "Deshacer actualización",
+       .text = "No se ha podido restaurar:" + lines_of(*not_undone_) +
+               "\r\n\r\n"
+               "¿Dar por deshecha esta actualización, para poder deshacer la anterior?\r\n"
+               "Los originales se conservan.",
+       .icon = system::Icon::question,
+       .buttons = system::Buttons::yes_no});
+  if (answer == system::Answer::yes && !job.superseded() && undo.give_up()) not_undone_->clear();
 }
 
 void Relink::DeshacerActualizacion_Click() {
@@ -220,15 +256,13 @@ void Relink::DeshacerActualizacion_Click() {
   if (answer != system::Answer::yes || job.superseded()) return;
   not_undone_ = undo.run();
   if (job.superseded()) return;
+  offer_to_give_up(undo, job);
+  if (job.superseded()) return;
   std::string text = "Proyectos restaurados: " + std::to_string(undo.restored());
   if (undo.saved() > 0) {
     text += "\r\nGuardados antes porque habían cambiado: " + std::to_string(undo.saved());
   }
-  std::vector<std::string> rows;
-  for (const removal::Kept& kept : *not_undone_) {
-    rows.push_back(text::row_with_reason(kept.ruta, kept.motivo));
-  }
-  text += strip_lines(rows);
+  text += lines_of(*not_undone_);
   context_.strip.Alerta(not_undone_->empty() ? work::kResult : work::kWarning, text, true);
   look_for_undo(context_.work.RutaProyectos);
 }

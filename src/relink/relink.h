@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,8 @@ struct Listener {
   std::function<void(bool)> offer_undo;      // whether there is something to be undone
   PointerListener pointers;
 };
+
+class Undo;
 
 class Relink {
  public:
@@ -55,6 +58,8 @@ class Relink {
     system::Icon icono = system::Icon::none;
     bool begun = false;  // it was not refused, and there was something to be done
     std::vector<ProjectUpdate> proyectos;
+    std::set<std::string> carpetas_sin_ver;  // the searches could not list them
+    bool informe_guardado = true;            // false if the report could not be written
   };
   const Outcome& outcome() const { return outcome_; }
   // What the last way back could not restore; nothing if none was begun.
@@ -70,7 +75,8 @@ class Relink {
   bool end_without_pointers();
   bool close_job(int counter);
   void message(const std::string& title, const std::string& text, system::Icon icon);
-  void tell_left_alone();
+  void show_left_alone();
+  void offer_to_give_up(Undo& undo, work::Job& job);
 
   work::Context context_;
   project::VipReader& reader_;

@@ -13,11 +13,13 @@ namespace {
 constexpr std::string_view kName = "Actualizacion";
 constexpr std::string_view kOpen = ".ind";
 constexpr std::string_view kUndone = ".ant";
-constexpr std::array<std::string_view, 5> kWords = {"copy", "target", "done", "new", "folder"};
+constexpr std::array<std::string_view, 6> kWords = {"copy", "target", "done",
+                                                    "new",  "folder", "left"};
 constexpr int kHexadecimal = 16;
 
 bool has_content(RunRecord::Kind kind) {
-  return kind != RunRecord::Kind::created && kind != RunRecord::Kind::folder;
+  return kind == RunRecord::Kind::copy || kind == RunRecord::Kind::target ||
+         kind == RunRecord::Kind::done;
 }
 
 // The next part of a line, which the tab after it ends; nothing without one.
@@ -61,6 +63,15 @@ std::optional<RunRecord> record_of(std::string_view line) {
   return record;
 }
 
+template <class Use>
+void for_each_line(std::string_view bytes, Use use) {
+  for (std::size_t end = bytes.find("\r\n"); end != std::string_view::npos;
+       end = bytes.find("\r\n")) {
+    use(bytes.substr(0, end));
+    bytes.remove_prefix(end + 2);
+  }
+}
+
 std::string hexadecimal(std::uint64_t value) {
   std::array<char, 16> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, kHexadecimal);
@@ -93,12 +104,16 @@ std::string run_line(const RunRecord& record) {
 
 std::vector<RunRecord> read_run(std::string_view bytes) {
   std::vector<RunRecord> records;
-  for (std::size_t end = bytes.find("\r\n"); end != std::string_view::npos;
-       end = bytes.find("\r\n")) {
-    if (auto record = record_of(bytes.substr(0, end))) records.push_back(std::move(*record));
-    bytes.remove_prefix(end + 2);
-  }
+  for_each_line(bytes, [&](std::string_view line) {
+    if (auto record = record_of(line)) records.push_back(std::move(*record));
+  });
   return records;
+}
+
+bool is_damaged_run(std::string_view bytes) {
+  bool damaged = false;
+  for_each_line(bytes, [&](std::string_view line) { damaged = damaged || !record_of(line); });
+  return damaged;
 }
 
 std::string run_name(std::size_t number) {

@@ -7,6 +7,7 @@
 //   target  <size>  <fingerprint>  <path>            a project that is about to be patched
 //   new     <path>                                   a file that is about to be created
 //   done    <size>  <fingerprint>  <path>            what either will be after that
+//   left    <path>                                   the last of these did not come about
 //
 // A line counts once it is ended by CR LF. An index is only added to; when its update has been
 // undone it gets another name, as its copies may be those of an earlier one too.
@@ -25,8 +26,15 @@ namespace ordelan::relink {
 
 using removal::Content;
 
+// A project that is about to change: its path and the content that it gets.
+struct ProjectChange {
+  std::string path;
+  Content after;
+  bool created = false;  // no file has that name yet
+};
+
 struct RunRecord {
-  enum class Kind { copy, target, done, created, folder };
+  enum class Kind { copy, target, done, created, folder, left };
   Kind kind;
   std::string path;
   Content content{};
@@ -39,6 +47,10 @@ struct RunRecord {
 std::string run_line(const RunRecord& record);
 // The facts of an index, in their order. Lines that are none are passed over.
 std::vector<RunRecord> read_run(std::string_view bytes);
+
+// Whether an index holds a whole line that says nothing: somebody else has written into it. What a
+// power cut has kept from being written is no damage.
+bool is_damaged_run(std::string_view bytes);
 
 // The names of the index of the update of that number, while it can be undone and after that.
 std::string run_name(std::size_t number);

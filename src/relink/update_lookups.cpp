@@ -33,8 +33,12 @@ bool UpdateLookups::exists(const std::string& path) {
   return found && !found->folder;
 }
 
+// A file that cannot be looked at, in a folder that is somebody else's, does not pass for missing.
 bool UpdateLookups::stands(const std::string& path) {
-  return context_.platform.files.info(path).has_value();
+  system::FileSystem& files = context_.platform.files;
+  if (files.info(path)) return true;
+  const system::Status opened = files.open(path).status();
+  return opened.ok() || opened == system::Reason::no_permission || opened == system::Reason::in_use;
 }
 
 void UpdateLookups::BuscarOtraLetra(const std::string& path) {

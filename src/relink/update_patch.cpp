@@ -40,6 +40,7 @@ void UpdateRun::expect_names() {
 
 UpdateRun::End UpdateRun::patch(const std::function<void()>& zero_counter) {
   const End end = patch_all(zero_counter);
+  batch_.put();
   // The report names those that the pass has not come to.
   for (std::size_t i = projects_.size(); end != End::done && i < rows_.size(); ++i) {
     projects_.push_back({.ruta = text::Obtener_VipPath(rows_[i]),
@@ -67,7 +68,7 @@ UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
     }
     // The folder of the originals cannot be used, or the copies are not on the disk for good:
     // nothing may be touched.
-    if (!originals_ && !options_.simulate) {
+    if (!no_originals_.empty()) {
       update.motivo = no_originals_;
       continue;
     }
@@ -90,6 +91,7 @@ UpdateRun::End UpdateRun::patch_all(const std::function<void()>& zero_counter) {
       return End::stopped;
     }
     drop_pointers(row);
+    if (batch_.due()) batch_.put();
     if (!go_on()) return End::stopped;
   }
   return End::done;
@@ -102,6 +104,8 @@ bool UpdateRun::patch_project(const std::string& row, const Pointers& pointers,
   update.motivo = target.motivo;
   if (update.motivo.empty() && (pointers.odd || pointers.damaged)) update.motivo = kBadPointers;
   if (!update.motivo.empty()) return true;
+  // A second row of the project goes on from what the first has made of it.
+  if (batch_.holds(update.destino)) batch_.put();
   auto project = open_project(context_.platform.files, update.destino);
   if (!project) {
     update.motivo = removal::reason::of(project.status());
@@ -144,20 +148,23 @@ bool UpdateRun::patch_image(OpenProject& project, const Pointers& pointers, Proj
   return true;
 }
 
-// Writes the patched project, unless it is as it was.
+// Has the patched project put into place, unless it is as it was.
 void UpdateRun::put(const Target& target, OpenProject& project, ProjectUpdate& update) {
   update.creado = !target.exists;
   update.cambiado = update.creado || project.image.differs();
-  if (!update.cambiado || options_.simulate) return;
-  const auto note = [&](const Content& after) {
-    return update.creado ? originals_->note_creation(update.destino, after)
-                         : originals_->note_change(update.destino, after);
-  };
-  system::FileSystem& files = context_.platform.files;
-  const system::Status put = update.creado
-                                 ? put_new(files, project, update.destino, note)
-                                 : put_over(files, project, update.destino, target.seen, note);
-  if (!put) update.motivo = removal::reason::of(put);
+  if (!update.cambiado) return;
+  if (options_.simulate) {
+    if (update.creado) return;
+    const auto opened = context_.platform.files.change(update.destino);
+    if (!opened) update.motivo = removal::reason::of(opened.status());
+    return;
+  }
+  const std::size_t number = projects_.size() - 1;
+  batch_.add(project, update.destino,
+             update.creado ? std::nullopt : std::optional<work::Visto>(target.seen),
+             [this, number](system::Status put) {
+               if (!put) projects_[number].motivo = removal::reason::of(put);
+             });
 }
 
 }  // namespace ordelan::relink

@@ -45,20 +45,31 @@ std::string state_of(const ProjectUpdate& project) {
 }  // namespace
 
 std::string report_heading(system::Regional& regional) {
-  return std::string(kFirstWords) + "  " + regional.short_date() + " a las " + regional.long_time();
+  return std::string(kFirstWords) + "  " + regional.short_date() + " a las " +
+         regional.long_time() + "\r\n" + std::string(61, '-') + "\r\n";
 }
 
-std::string report_text(const std::string& heading, const std::vector<ProjectUpdate>& projects) {
-  std::string text = heading + "\r\n" + std::string(61, '-') + "\r\n";
-  for (const ProjectUpdate& project : projects) {
-    text += "\r\n" + text::row_with_reason(project.ruta, state_of(project)) + "\r\n";
-    for (const PathChange& change : project.rutas) text += line_of(change) + "\r\n";
-  }
+std::string report_lines(const ProjectUpdate& project) {
+  std::string text = "\r\n" + text::row_with_reason(project.ruta, state_of(project)) + "\r\n";
+  for (const PathChange& change : project.rutas) text += line_of(change) + "\r\n";
   return text;
 }
 
-bool is_report(std::string_view bytes) {
-  return bytes.starts_with(kFirstWords);
+std::string report_end(const std::set<std::string>& unseen) {
+  if (unseen.empty()) return {};
+  std::string text =
+      "\r\nCarpetas que no se han podido ver (sus archivos pasan por no encontrados):\r\n";
+  for (const std::string& folder : unseen) text += "  " + folder + "\r\n";
+  return text;
+}
+
+bool is_report(system::FileSystem& files, const std::string& path) {
+  const auto file = files.open(path);
+  std::string first(std::string_view(kFirstWords).size(), '\0');
+  return file &&
+         file->read(0, {reinterpret_cast<std::uint8_t*>(first.data()), first.size()}) ==
+             first.size() &&
+         first == kFirstWords;
 }
 
 std::string left_alone(const std::vector<ProjectUpdate>& projects) {

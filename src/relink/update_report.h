@@ -1,6 +1,7 @@
 // The report of an update: each project, where each of its paths leads now, and what was left.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,13 +13,15 @@ namespace ordelan::relink {
 
 inline constexpr const char* kReportName = "Actualizacion.log";
 
-// The first line of the report: what it is, with date and time.
+// The first lines of the report: what it is, with date and time.
 std::string report_heading(system::Regional& regional);
-// The text of the report.
-std::string report_text(const std::string& heading, const std::vector<ProjectUpdate>& projects);
+// The lines of the report on a project, and its last ones on the folders that the searches could
+// not list.
+std::string report_lines(const ProjectUpdate& project);
+std::string report_end(const std::set<std::string>& unseen);
 
 // Whether a file that has the report's name is one, by its first bytes.
-bool is_report(std::string_view bytes);
+bool is_report(system::FileSystem& files, const std::string& path);
 
 // The projects that were left as they were although they should not, as lines for the strip; empty
 // if there are none. Those in a folder of originals are none of them: they are never updated.

@@ -33,8 +33,17 @@ UpdateRun::UpdateRun(const work::Context& context, project::VipReader& reader,
       rows_(std::move(rows)),
       pointers_(context, reader, listener),
       search_(context.platform),
-      lookups_(context, job, search_) {
+      lookups_(context, job, search_),
+      batch_(context.platform.files, context.platform.clock,
+             {[this](const std::vector<ProjectChange>& changes) {
+                return originals_->note_changes(changes);
+              },
+              [this](const std::string& path) { originals_->note_left(path).ignore(); }},
+             [this] { job_.turn(); }) {
   search_.on_several = options.on_several;
+  // A power cut in a long wait is to find those projects done that came before it.
+  search_.before_question = [this] { batch_.put(); };
+  search_.index.before_walk = [this] { batch_.put(); };
 }
 
 UpdateRun::~UpdateRun() {
@@ -56,8 +65,13 @@ std::string UpdateRun::target_of(const std::string& row) const {
 }
 
 void UpdateRun::prepare() {
-  if (!options_.simulate) take_folder();
+  if (options_.simulate) {
+    foresee_folder();
+  } else {
+    take_folder();
+  }
   list_targets();
+  if (job_.must_stop()) return;
   if (originals_) copy_projects();
   if (job_.must_stop()) return;
   if (originals_ && !options_.careful) save_foreign_pointers();
@@ -89,6 +103,14 @@ void UpdateRun::take_folder() {
   if (!taken_) give_up(taken);
 }
 
+// Whether the update itself would come to its folder, as far as can be seen without touching it.
+void UpdateRun::foresee_folder() {
+  system::FileSystem& files = context_.platform.files;
+  const std::string name = CarpetaOriginales_.substr(0, CarpetaOriginales_.size() - 1);
+  const auto there = files.info(name);
+  if (there && !there->folder) no_originals_ = removal::reason::of(Reason::exists);
+}
+
 void UpdateRun::give_up(Status why) {
   no_originals_ = removal::reason::of(why);
   originals_->close();
@@ -99,6 +121,7 @@ void UpdateRun::give_up(Status why) {
 void UpdateRun::list_targets() {
   system::FileSystem& files = context_.platform.files;
   for (const std::string& row : rows_) {
+    if (!go_on()) return;
     const std::string path = target_of(row);
     Target& target = targets_[text::same_file_key(path)];
     if (!target.path.empty() && target.path != path &&
@@ -227,12 +250,18 @@ bool UpdateRun::save_report() {
   system::FileSystem& files = context_.platform.files;
   const std::string path = CarpetaOriginales_ + kReportName;
   if (files.info(path)) {
-    const auto old = removal::bytes_of(files, path);
-    if (!old || (!is_report(*old) && !(originals_ && originals_->save(path)))) return false;
+    if (!is_report(files, path) && !(originals_ && originals_->save(path))) return false;
   }
-  return system::write_whole(files, path,
-                             report_text(report_heading(context_.platform.regional), projects_))
-      .ok();
+  // Of a large folder it is long: the window gets its turns.
+  const auto write = [&](system::OutputFile& file) {
+    system::Status status = file.write(report_heading(context_.platform.regional));
+    for (std::size_t i = 0; status && i < projects_.size(); ++i) {
+      status = file.write(report_lines(projects_[i]));
+      job_.turn();
+    }
+    return status ? file.write(report_end(unseen())) : status;
+  };
+  return system::write_in_pieces(files, path, write).ok();
 }
 
 }  // namespace ordelan::relink

@@ -6,7 +6,9 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "location/search_window.h"
@@ -64,8 +66,11 @@ class UpdateRun {
   // The text of the box at the end, as far as the run has got.
   const std::string& Informe() const { return Informe_; }
   const std::string& CarpetaOriginales() const { return CarpetaOriginales_; }
-  // One for each row, once the second pass has ended.
-  const std::vector<ProjectUpdate>& projects() const { return projects_; }
+  // One for each row, once the second pass has ended. Gives them away: the report needs them
+  // before.
+  std::vector<ProjectUpdate> take_projects() { return std::move(projects_); }
+  // The folders that the searches on the drives could not list.
+  const std::set<std::string>& unseen() const { return search_.index.unseen(); }
   // Writes the report into the folder of the originals. False if that failed.
   bool save_report();
   // Closes the index of the update and gives its folder back. The last call.
@@ -82,6 +87,7 @@ class UpdateRun {
   bool go_on() { return job_.turn(); }
   std::string target_of(const std::string& row) const;
   void take_folder();
+  void foresee_folder();
   void give_up(system::Status why);
   void list_targets();
   void copy_projects();
@@ -110,6 +116,7 @@ class UpdateRun {
   PointerWriter pointers_;
   location::UpdateSearch search_;
   UpdateLookups lookups_;
+  PutBatch batch_;
   std::unique_ptr<Originals> originals_;                 // null where the folder cannot be used
   bool taken_ = false;                                   // the folder is this run's
   std::string no_originals_;                             // why it cannot be used

@@ -102,6 +102,10 @@ class ChangeFile {
   // been; every later call then fails too.
   virtual Status write_at(std::uint64_t offset, std::string_view bytes) = 0;
 
+  // Cuts the file after that many bytes, or makes it that long with zeros at its end. After a
+  // failure every later call fails too.
+  virtual Status set_size(std::uint64_t size) = 0;
+
   // Waits until everything written has reached the disk itself and would survive a power cut.
   virtual Status flush() = 0;
 
@@ -116,6 +120,9 @@ class FileLock {
  public:
   virtual ~FileLock() = default;
 };
+
+// Whether a call waits until the bytes have reached the disk itself.
+enum class Flush { no, yes };
 
 // How much a listing reports about each entry: the name and the kind; the size and the attribute
 // word too; the times too. Some systems have to look at every file for more than the names.
@@ -189,14 +196,14 @@ class FileSystem {
   virtual Status move(std::string_view from, std::string_view to) = 0;
 
   // Copies the file `from` into a new file `to`: its bytes, the time of its last write and its
-  // read-only, hidden, system and archive bits as far as the volume keeps them. The bytes have
-  // reached the disk when it gives ok. `to` must not exist: whatever has that name stays. On
-  // failure no `to` is left; but when the program is killed a part of it may be: `copy_whole` is
-  // safe from that. `progress`, unless empty, is called now and then with the count of bytes copied
-  // so far, and stops the copy by giving false, which is then cancelled.
+  // read-only, hidden, system and archive bits as far as the volume keeps them. With `Flush::yes`
+  // the bytes have reached the disk when it gives ok. `to` must not exist: whatever has that name
+  // stays. On failure no `to` is left; but when the program is killed a part of it may be:
+  // `copy_whole` is safe from that. `progress`, unless empty, is called now and then with the count
+  // of bytes copied so far, and stops the copy by giving false, which is then cancelled.
   using Progress = std::function<bool(std::uint64_t copied)>;
   virtual Status copy_new(std::string_view from, std::string_view to,
-                          const Progress& progress = nullptr) = 0;
+                          const Progress& progress = nullptr, Flush flush = Flush::yes) = 0;
 
   // Waits until the names in a folder have reached the disk itself. Windows keeps a journal of them
   // and writes it in order: there it only looks whether the folder exists.

@@ -12,17 +12,10 @@ namespace {
 // Ten are enough against chance; a name that is taken ten times over is no chance.
 constexpr int kTries = 10;
 
-// A name such as "ord1f3a90c2.tmp". Another program's temporary file, or one that a crash has left,
-// has the same name once in four thousand million times, and is then passed by.
-std::string temporary_name() {
-  static std::mt19937 random{std::random_device{}()};
-  std::array<char, 8> digits{};
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), random() & 0xFFFFFFFFu, 16);
-  return "ord" + std::string(digits.data(), end.ptr) + ".tmp";
-}
+constexpr std::string_view kBegin = "ordelan-";
+constexpr std::string_view kEnd = ".tmp";
+constexpr std::size_t kDigits = 8;
 
-// The name is short even where the file's own is long: a name may have at most 255 characters.
 std::string folder_of(const std::string& path) {
   return path.substr(0, path.rfind('\\') + 1);
 }
@@ -34,7 +27,28 @@ bool is_taken(Status status) {
 
 }  // namespace
 
+std::string temporary_name() {
+  static std::mt19937 random{std::random_device{}()};
+  std::array<char, kDigits> digits{};
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), random() & 0xFFFFFFFFu, 16);
+  const std::string number(digits.data(), end.ptr);
+  return std::string(kBegin).append(kDigits - number.size(), '0').append(number).append(kEnd);
+}
+
+bool is_temporary_name(std::string_view name) {
+  return name.size() == kBegin.size() + kDigits + kEnd.size() && name.starts_with(kBegin) &&
+         name.ends_with(kEnd) &&
+         name.substr(kBegin.size(), kDigits).find_first_not_of("0123456789abcdef") ==
+             std::string_view::npos;
+}
+
 Status write_whole(FileSystem& files, const std::string& path, std::string_view bytes) {
+  return write_in_pieces(files, path, [&](OutputFile& file) { return file.write(bytes); });
+}
+
+Status write_in_pieces(FileSystem& files, const std::string& path,
+                       const std::function<Status(OutputFile&)>& write) {
   const std::string folder = folder_of(path);
   std::string temporary;
   Opened<OutputFile> file = Reason::exists;
@@ -43,7 +57,7 @@ Status write_whole(FileSystem& files, const std::string& path, std::string_view 
     file = files.create_new(temporary);
   }
   if (!file) return file.status();
-  Status status = file->write(bytes);
+  Status status = write(*file);
   // A name that reaches the disk before its bytes would stand for an empty file after a power cut.
   if (status) status = file->flush();
   const Status closed = file->close();
@@ -60,7 +74,8 @@ Status write_whole(FileSystem& files, const std::string& path, std::string_view 
 }
 
 Status copy_whole(FileSystem& files, const std::string& from, const std::string& to,
-                  Existing existing, const FileSystem::Progress& progress) {
+                  Existing existing, const FileSystem::Progress& progress,
+                  const std::function<Status()>& last_look) {
   // Looked at before gigabytes are copied in vain; `move` looks again.
   const auto taken = files.identity(to);
   if (taken && (existing == Existing::keep || taken == files.identity(from))) {
@@ -74,7 +89,10 @@ Status copy_whole(FileSystem& files, const std::string& from, const std::string&
     status = files.copy_new(from, temporary, progress);
   }
   if (!status) return status;
-  status = existing == Existing::keep ? files.move(temporary, to) : files.replace(temporary, to);
+  if (last_look) status = last_look();
+  if (status) {
+    status = existing == Existing::keep ? files.move(temporary, to) : files.replace(temporary, to);
+  }
   if (!status) {
     // A copy of a read-only file is read-only.
     files.set_attributes(temporary, attribute::kArchive).ignore();

@@ -10,6 +10,7 @@
 #include "headless/scripted_dialogs.h"
 #include "location/file_finder.h"
 #include "project/memory_folders.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/hostile_bytes.h"
 
@@ -44,9 +45,10 @@ struct IndexBench {
   FixedRegional regional;
   FakeDrives drives;
   FakeShell shell;
+  FakeMedia media;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell, media};
   location::DriveIndex index{platform};
 };
 

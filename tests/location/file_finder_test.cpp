@@ -201,7 +201,7 @@ struct FinderOfDates : ::testing::Test {
   // Whether the file is found with one limit alone.
   bool found(location::Date cFindFiles::*limit, location::Date date) {
     const system::Platform platform{files,          bench.dialogs, bench.backend, bench.clock,
-                                    bench.regional, bench.drives,  bench.shell};
+                                    bench.regional, bench.drives,  bench.shell,   bench.media};
     cFindFiles finder(platform);
     finder.*limit = date;
     finder.Find("D:\\", "*.wav", "", 1);
@@ -446,7 +446,7 @@ struct FinderOfUnseen : ::testing::Test {
   ProgramBench bench;
   MemoryFolders files;
   system::Platform platform{files,          bench.dialogs, bench.backend, bench.clock,
-                            bench.regional, bench.drives,  bench.shell};
+                            bench.regional, bench.drives,  bench.shell,   bench.media};
   cFindFiles finder{platform};
   std::vector<std::pair<std::string, cFindFiles::Unseen>> unseen;
 };

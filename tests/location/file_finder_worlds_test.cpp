@@ -8,6 +8,7 @@
 #include "location/file_finder.h"
 #include "location/literal_finder.h"
 #include "project/memory_folders.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/hostile_bytes.h"
 
@@ -101,9 +102,10 @@ TEST(FileFinderWorlds, hits_events_and_counts_are_those_of_the_literal_search) {
     drives.add("D:\\");
     drives.add("E:\\", system::DriveType::removable).medium = false;
     FakeShell shell;
+    FakeMedia media;
     headless::ScriptedDialogs dialogs;
     headless::HeadlessBackend backend(clock);
-    const system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell};
+    const system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell, media};
     location::cFindFiles finder(platform);
     finder.SearchSubDirs = search.SearchSubDirs;
     finder.set_MaxFileSize(search.MaxFileSize);

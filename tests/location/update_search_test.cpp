@@ -15,8 +15,8 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-struct UpdateBench {
-  explicit UpdateBench(bool shared) {
+struct UpdateSearchBench {
+  explicit UpdateSearchBench(bool shared) {
     bench.drives.drives.clear();
     d = bench.add_drive("d");
     e = bench.add_drive("e");
@@ -58,16 +58,16 @@ TEST(UpdateSearchWorlds, finds_and_says_what_the_searches_without_it_do) {
   int several = 0;
   for (std::uint64_t seed = 0; seed < 40; ++seed) {
     Dice dice(seed);
-    UpdateBench alone(false);
-    UpdateBench shared(true);
-    for (UpdateBench* const each : {&alone, &shared}) each->bench.disk.make_folder("d\\a");
+    UpdateSearchBench alone(false);
+    UpdateSearchBench shared(true);
+    for (UpdateSearchBench* const each : {&alone, &shared}) each->bench.disk.make_folder("d\\a");
     for (std::size_t i = 5 + dice.below(15); i > 0; --i) {
       const std::string file = std::string(kPlaces[dice.below(std::size(kPlaces))]) +
                                kFiles[dice.below(std::size(kFiles))];
-      for (UpdateBench* const each : {&alone, &shared}) each->bench.disk.write(file, "");
+      for (UpdateSearchBench* const each : {&alone, &shared}) each->bench.disk.write(file, "");
     }
     const auto step = std::chrono::milliseconds(dice.below(2) == 0 ? 20 : 0);
-    for (UpdateBench* const each : {&alone, &shared}) {
+    for (UpdateSearchBench* const each : {&alone, &shared}) {
       each->bench.clock.step = step;
       each->start();
       // The user takes the last row.
@@ -79,7 +79,7 @@ TEST(UpdateSearchWorlds, finds_and_says_what_the_searches_without_it_do) {
       };
     }
     // The folders of the two disks differ.
-    const auto below = [](UpdateBench& one, std::string text) {
+    const auto below = [](UpdateSearchBench& one, std::string text) {
       const std::string root = one.bench.disk.folder();
       for (auto at = text.find(root); at != std::string::npos; at = text.find(root)) {
         text.replace(at, root.size(), "@");
@@ -91,7 +91,7 @@ TEST(UpdateSearchWorlds, finds_and_says_what_the_searches_without_it_do) {
       const bool ticked = dice.below(3) != 0;
       const std::string file = kSearched[dice.below(std::size(kSearched))];
       if (dice.below(4) == 0) {
-        for (UpdateBench* const each : {&alone, &shared}) {
+        for (UpdateSearchBench* const each : {&alone, &shared}) {
           each->bench.boxes().Check1[box].set_checked(ticked);
         }
       }
@@ -124,8 +124,8 @@ TEST(UpdateSearchWorlds, finds_and_says_what_the_searches_without_it_do) {
 
 // --- texts, stops
 
-struct UpdateOfProjects : ::testing::Test, UpdateBench {
-  UpdateOfProjects() : UpdateBench(true) {}
+struct UpdateOfProjects : ::testing::Test, UpdateSearchBench {
+  UpdateOfProjects() : UpdateSearchBench(true) {}
 };
 
 TEST_F(UpdateOfProjects, walks_each_drive_once) {

@@ -34,7 +34,7 @@ struct AllProjects : ::testing::Test, WorkBench {
 
   // The same disk, whose reads can fail.
   FaultyFiles broken{disk.files()};
-  system::Platform broken_platform{broken, dialogs, backend, clock, regional, drives, shell};
+  system::Platform broken_platform{broken, dialogs, backend, clock, regional, drives, shell, media};
   project::VipReader broken_reader{broken_platform, work, strip.XP_ProgressBar1};
 };
 

@@ -22,7 +22,8 @@ struct ProjectGateTest : ::testing::Test, ReaderBench {
   }
 
   FaultyFiles watched{files};
-  system::Platform watched_platform{watched, dialogs, backend, clock, regional, drives, shell};
+  system::Platform watched_platform{watched,  dialogs, backend, clock,
+                                    regional, drives,  shell,   media};
   project::VipReader watched_reader{watched_platform, work, progress};
   project::ProjectGate gate{watched, watched_reader};
   std::vector<std::string> opened;

@@ -11,6 +11,7 @@
 #include "headless/scripted_dialogs.h"
 #include "project/memory_folders.h"
 #include "project/project_gate.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/small_project.h"
 #include "ui/window.h"
@@ -65,9 +66,10 @@ struct Listing : ::testing::Test {
   FixedRegional regional;
   FakeDrives drives;
   FakeShell shell;
+  FakeMedia media;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell, media};
   ui::Window window{backend, "window"};
   work::WorkLists lists{window};
   work::StatusStrip strip{window};

@@ -498,7 +498,7 @@ TEST_F(UnusedFiles, files_that_cannot_be_read_to_their_ends_equal_nothing) {
   disk.write("igual.wav", bytes);
   disk.write("mismo.wav", bytes);
   FaultyFiles failing(disk.files());
-  const system::Platform unlucky{failing, dialogs, backend, clock, regional, drives, shell};
+  const system::Platform unlucky{failing, dialogs, backend, clock, regional, drives, shell, media};
   project::UnusedAnalysis other(unlucky, lists, strip, left_out);
   const auto same = [&] {
     return other.ComparaFiles(disk.path("igual.wav"), disk.path("mismo.wav"), job);

@@ -13,6 +13,7 @@
 #include "project/repeated_rows.h"
 #include "project/unused_analysis.h"
 #include "project/used_strike.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/hostile_bytes.h"
 #include "text/rows.h"
@@ -194,12 +195,13 @@ class World {
 // Everything that the search works on.
 struct Bench {
   explicit Bench(system::FileSystem& files)
-      : platform{files, dialogs, backend, clock, regional, drives, shell} {}
+      : platform{files, dialogs, backend, clock, regional, drives, shell, media} {}
 
   HandClock clock;
   FixedRegional regional;
   FakeDrives drives;
   FakeShell shell;
+  FakeMedia media;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
   system::Platform platform;

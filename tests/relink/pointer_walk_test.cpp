@@ -15,7 +15,7 @@ const std::string kZero(1, '\0');
 
 // A project whose position 97 is the first byte of `content`, and whose last byte that is looked
 // at is the last one of it.
-std::string vip(const std::string& content) {
+std::string walked_vip(const std::string& content) {
   return std::string(96, 'x') + content + "....LIST" + std::string(4, '\1') + "mdrl" +
          "Z:\\detras.wav" + kZero;
 }
@@ -30,7 +30,7 @@ std::vector<std::int64_t> walk(const std::string& file) {
   return literal.numbers;
 }
 std::vector<std::int64_t> walk_of(const std::string& content) {
-  return walk(vip(content));
+  return walk(walked_vip(content));
 }
 
 TEST(PointerWalk, a_path_gives_the_positions_of_its_first_and_its_last_byte) {
@@ -49,7 +49,7 @@ TEST(PointerWalk, a_file_without_the_marker_has_no_numbers) {
 TEST(PointerWalk, a_limit_of_nothing_or_less_walks_nowhere) {
   for (const Position limit : {Position{0}, Position{-3}, Position{96}, Position{97}}) {
     relink::PointerWalk walk(limit);
-    const std::string file = vip("C:\\a" + kZero);
+    const std::string file = walked_vip("C:\\a" + kZero);
     ChunkSource source(file, file.size());
     Position line = 0;
     EXPECT_FALSE(walk.next(source.at(1), line)) << limit;
@@ -62,7 +62,7 @@ TEST(PointerWalk, the_marker_at_the_header_leaves_nothing_to_walk_over) {
 }
 
 TEST(PointerWalk, the_marker_is_searched_from_the_header_on) {
-  std::string file = vip("C:\\a" + kZero);
+  std::string file = walked_vip("C:\\a" + kZero);
   file.replace(20, 12, "LIST1234mdrl");
   EXPECT_THAT(walk(file), ElementsAre(97, 100));
 }
@@ -91,7 +91,7 @@ TEST(PointerWalk, a_colon_at_the_header_begins_a_path_one_byte_before_it) {
 }
 
 TEST(PointerWalk, a_backslash_at_the_header_is_skipped_whatever_stands_before_it) {
-  std::string file = vip("\\a" + kZero + "x");
+  std::string file = walked_vip("\\a" + kZero + "x");
   file[95] = ':';
   EXPECT_THAT(walk(file), IsEmpty());
 }
@@ -212,7 +212,7 @@ TEST(PointerWalk, ends_with_a_file_that_is_shorter_than_the_limit) {
 }
 
 TEST(PointerWalk, may_be_stopped_between_paths_and_not_inside_of_one) {
-  const std::string file = vip("xxxC:\\abc" + kZero + "xxx");
+  const std::string file = walked_vip("xxxC:\\abc" + kZero + "xxx");
   relink::PointerWalk walk(literal_limit(file, 97));
   ChunkSource source(file, 2);
   std::string stops;
@@ -227,7 +227,7 @@ TEST(PointerWalk, may_be_stopped_between_paths_and_not_inside_of_one) {
 }
 
 TEST(PointerWalk, says_of_each_number_whether_it_is_an_end) {
-  const std::string file = vip("C:\\" + kZero + "\\abc" + kZero + "D:\\b" + kZero);
+  const std::string file = walked_vip("C:\\" + kZero + "\\abc" + kZero + "D:\\b" + kZero);
   relink::PointerWalk walk(literal_limit(file, 97));
   ChunkSource source(file, file.size());
   const project::Chunk chunk = source.at(1);

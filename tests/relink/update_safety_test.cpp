@@ -7,7 +7,7 @@
 
 #include "removal/backup_options_window.h"
 #include "removal/removal_review_window.h"
-#include "support/update_bench.h"
+#include "support/three_projects.h"
 #include "text/paths.h"
 
 namespace ordelan::test {
@@ -22,36 +22,6 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::SizeIs;
 using ::testing::StartsWith;
-
-struct UpdateSafety : ::testing::Test, UpdateBench {
-  using Call = FaultyFiles::Call;
-
-  // Three projects, each with a file that has moved.
-  void three() {
-    for (const std::string name : {"a", "b", "c"}) {
-      project_at("Mix\\" + name + ".vip", {"D:\\Viejo\\" + name + ".wav"});
-      audio("Nuevo\\" + name + ".wav");
-      before[name] = bytes("Mix\\" + name + ".vip");
-    }
-    start();
-    open("Mix\\a.vip");
-    ASSERT_THAT(form.lists.ListProyectos.rows(), SizeIs(3));
-  }
-  bool is_old(const std::string& name) { return bytes("Mix\\" + name + ".vip") == before[name]; }
-  bool is_new(const std::string& name) {
-    return paths_in("Mix\\" + name + ".vip") ==
-           std::vector<std::string>{disk.path("Nuevo\\" + name + ".wav")};
-  }
-  std::string reason(const std::string& name) {
-    for (const auto& project : updated()) {
-      if (project.ruta == disk.path("Mix\\" + name + ".vip")) return project.motivo;
-    }
-    return "<not come to>";
-  }
-  std::string report() { return bytes("Mix\\Originales\\Actualizacion.log"); }
-
-  std::map<std::string, std::string> before;
-};
 
 TEST_F(UpdateSafety, each_project_has_its_copy_before_the_first_one_is_touched) {
   three();
@@ -338,7 +308,7 @@ TEST_F(UpdateSafety, a_file_under_the_name_of_pointers_that_cannot_be_saved_stay
 TEST_F(UpdateSafety, a_project_that_has_gone_meanwhile_is_not_made_anew) {
   three();
   faulty.faults.on_call = [&](Call call, std::string_view path) {
-    if (call != Call::replace || path != disk.path("Mix\\a.vip")) return;
+    if (call != Call::remove || path != disk.path("Mix\\Originales\\a_vip.ptr")) return;
     faulty.faults.fail({.call = Call::open, .path = disk.path("Mix\\b.vip")},
                        system::Reason::not_found, 1);
   };
@@ -392,7 +362,7 @@ struct UpdateEnded : UpdateSafety {
   template <class Action>
   void end_at_the_second(Action action) {
     faulty.faults.on_call = [this, action](Call call, std::string_view path) {
-      if (call == Call::replace && path == disk.path("Mix\\a.vip")) pending_ = true;
+      if (call == Call::remove && path == disk.path("Mix\\Originales\\a_vip.ptr")) pending_ = true;
     };
     backend.on_pump = [this, action] {
       if (!pending_) return;
@@ -552,10 +522,12 @@ TEST_F(UpdateSafety, a_project_that_the_update_did_not_touch_is_not_undone) {
   faulty.faults.fail({.call = Call::replace, .path = disk.path("Mix\\b.vip")},
                      system::Reason::in_use);
   update();
+  faulty.faults.heal();
   disk.write("Mix\\b.vip", "saved later");
   undo();
   EXPECT_EQ(bytes("Mix\\b.vip"), "saved later");
   EXPECT_TRUE(is_old("a"));
+  EXPECT_FALSE(form.DeshacerActualizacion.visible());
 }
 
 TEST_F(UpdateSafety, what_cannot_be_undone_can_be_tried_again) {

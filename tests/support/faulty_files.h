@@ -33,6 +33,7 @@ class FaultyFiles final : public ForwardingFiles, public PowerCut {
     create_new,
     change,
     write,
+    set_size,
     flush,
     close,
     make_folder,
@@ -107,11 +108,16 @@ class FaultyFiles final : public ForwardingFiles, public PowerCut {
     return status;
   }
   // A kill in its middle leaves a part of the copy, as a real one does.
-  system::Status copy_new(std::string_view from, std::string_view to,
-                          const Progress& progress) override {
+  system::Status copy_new(std::string_view from, std::string_view to, const Progress& progress,
+                          system::Flush flush = system::Flush::yes) override {
     auto status = begin(Call::copy_new, to, [&] { leave_part(from, to); });
-    if (status) status = files().copy_new(from, to, progress);
-    if (status) note({.path = std::string(to)});
+    if (status) status = files().copy_new(from, to, progress, flush);
+    if (status && flush == system::Flush::yes) note({.path = std::string(to)});
+    if (status && flush == system::Flush::no) {
+      created(to, std::nullopt);
+      const auto made = files().info(to);
+      appended(std::string(to), made ? static_cast<std::size_t>(made->size) : 0);
+    }
     return status;
   }
   system::Status flush_folder(std::string_view folder) override {
@@ -250,6 +256,10 @@ class FaultyFiles final : public ForwardingFiles, public PowerCut {
         files_.changing(path_, offset, some);
         return file_->write_at(offset, some);
       });
+    }
+    system::Status set_size(std::uint64_t size) override {
+      const auto status = files_.begin(Call::set_size, path_);
+      return status ? file_->set_size(size) : status;
     }
 
    private:

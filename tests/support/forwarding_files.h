@@ -43,9 +43,9 @@ class ForwardingFiles : public system::FileSystem {
   system::Status move(std::string_view from, std::string_view to) override {
     return files_.move(from, to);
   }
-  system::Status copy_new(std::string_view from, std::string_view to,
-                          const Progress& progress) override {
-    return files_.copy_new(from, to, progress);
+  system::Status copy_new(std::string_view from, std::string_view to, const Progress& progress,
+                          system::Flush flush = system::Flush::yes) override {
+    return files_.copy_new(from, to, progress, flush);
   }
   system::Status flush_folder(std::string_view folder) override {
     return files_.flush_folder(folder);
@@ -99,7 +99,8 @@ class NoFiles : public system::FileSystem {
   system::Status move(std::string_view, std::string_view) override {
     return system::Reason::not_found;
   }
-  system::Status copy_new(std::string_view, std::string_view, const Progress&) override {
+  system::Status copy_new(std::string_view, std::string_view, const Progress&,
+                          system::Flush) override {
     return system::Reason::not_found;
   }
   system::Status flush_folder(std::string_view) override { return system::Reason::not_found; }

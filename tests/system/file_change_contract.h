@@ -94,6 +94,21 @@ TYPED_TEST_P(FileChangeContract, bytes_past_the_end_make_the_file_longer) {
   EXPECT_EQ(this->whole("a.vip"), std::string("01abc\0e\0d", 9));
 }
 
+TYPED_TEST_P(FileChangeContract, a_file_is_cut_or_made_longer_with_zeros) {
+  this->place().write(this->path("a.vip"), "0123456789");
+  const auto file = this->files().change(this->path("a.vip"));
+  ASSERT_TRUE(file);
+  EXPECT_TRUE(file->set_size(4));
+  EXPECT_EQ(this->whole("a.vip"), "0123");
+  EXPECT_TRUE(file->set_size(6));
+  EXPECT_EQ(this->whole("a.vip"), std::string("0123\0\0", 6));
+  EXPECT_TRUE(file->write_at(1, "x"));
+  EXPECT_TRUE(file->set_size(6));
+  EXPECT_TRUE(file->flush());
+  EXPECT_TRUE(file->close());
+  EXPECT_EQ(this->whole("a.vip"), std::string("0x23\0\0", 6));
+}
+
 TYPED_TEST_P(FileChangeContract, an_empty_file_is_changed_and_much_is_written_at_once) {
   this->place().write(this->path("a.vip"), "");
   std::string bytes(3 * 1024 * 1024 + 7, '\0');
@@ -228,9 +243,10 @@ TYPED_TEST_P(FileChangeContract, files_are_flushed_together_few_or_many) {
 REGISTER_TYPED_TEST_SUITE_P(
     FileChangeContract, files_are_flushed_together_few_or_many,
     bytes_are_written_where_they_belong_and_the_rest_stays, a_changed_file_stays_the_same_file,
-    a_file_that_is_only_opened_to_be_changed_is_as_it_was, bytes_past_the_end_make_the_file_longer,
-    an_empty_file_is_changed_and_much_is_written_at_once, after_a_failure_every_call_fails,
-    what_is_no_file_to_be_written_is_not_opened_to_be_changed, a_reader_sees_what_has_been_changed,
-    all_names_of_a_file_show_the_change, what_a_link_leads_to_is_changed_and_the_link_stays);
+    a_file_that_is_only_opened_to_be_changed_is_as_it_was, a_file_is_cut_or_made_longer_with_zeros,
+    bytes_past_the_end_make_the_file_longer, an_empty_file_is_changed_and_much_is_written_at_once,
+    after_a_failure_every_call_fails, what_is_no_file_to_be_written_is_not_opened_to_be_changed,
+    a_reader_sees_what_has_been_changed, all_names_of_a_file_show_the_change,
+    what_a_link_leads_to_is_changed_and_the_link_stays);
 
 }  // namespace ordelan::test

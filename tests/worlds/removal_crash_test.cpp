@@ -104,11 +104,11 @@ class SmallDisk final : public ForwardingFiles {
   system::Opened<system::OutputFile> create_new(std::string_view path) override {
     return limited(files().create_new(path));
   }
-  system::Status copy_new(std::string_view from, std::string_view to,
-                          const Progress& progress) override {
+  system::Status copy_new(std::string_view from, std::string_view to, const Progress& progress,
+                          system::Flush flush = system::Flush::yes) override {
     const auto found = files().info(from);
     if (found && take(found->size) < found->size) return system::Reason::no_space;
-    return files().copy_new(from, to, progress);
+    return files().copy_new(from, to, progress, flush);
   }
 
  private:

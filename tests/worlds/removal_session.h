@@ -15,6 +15,7 @@
 #include "removal/recovery_window.h"
 #include "removal/removal_review_window.h"
 #include "settings/settings.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "system/file_system.h"
 #include "text/paths.h"
@@ -91,7 +92,7 @@ struct RemovalSession {
   // `files` must outlive it.
   explicit RemovalSession(system::FileSystem& files)
       : shell(files),
-        platform{files, dialogs, backend, clock, regional, drives, shell},
+        platform{files, dialogs, backend, clock, regional, drives, shell, media},
         settings(files, regional, "D:\\Config.ini"),
         program(backend, platform, settings) {
     // Every look at the clock is a while: each turn of a loop pumps.
@@ -142,6 +143,7 @@ struct RemovalSession {
   FixedRegional regional;
   FakeDrives drives;
   CopyingShell shell;
+  FakeMedia media;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
   system::Platform platform;

@@ -44,6 +44,16 @@ class Win32ChangeFile final : public system::ChangeFile {
     return status_ = write_all(file_, bytes);
   }
 
+  Status set_size(std::uint64_t size) override {
+    if (!status_) return status_;
+    LARGE_INTEGER place{};
+    place.QuadPart = static_cast<LONGLONG>(size);
+    if (!SetFilePointerEx(file_.get(), place, nullptr, FILE_BEGIN) || !SetEndOfFile(file_.get())) {
+      status_ = last_reason();
+    }
+    return status_;
+  }
+
   Status flush() override {
     if (status_ && !FlushFileBuffers(file_.get())) status_ = last_reason();
     return status_;

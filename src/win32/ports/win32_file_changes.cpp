@@ -120,10 +120,10 @@ bool set_bits(const std::wstring& path, DWORD old, DWORD wanted) {
   return SetFileAttributesW(path.c_str(), all != 0 ? all : FILE_ATTRIBUTE_NORMAL) != 0;
 }
 
-// Writes the bytes of a file into another one and waits until they have reached the disk. Windows'
+// Writes the bytes of a file into another one. Windows'
 // own copy is not used: when it reports its progress differs between systems.
 Status copy_bytes(const FileHandle& source, system::OutputFile& copy,
-                  const system::FileSystem::Progress& progress) {
+                  const system::FileSystem::Progress& progress, system::Flush flush) {
   constexpr DWORD kBlock = 1 << 20;
   std::vector<char> buffer(kBlock);
   std::uint64_t copied = 0;
@@ -135,17 +135,17 @@ Status copy_bytes(const FileHandle& source, system::OutputFile& copy,
     copied += came;
     if (progress && !progress(copied)) return Reason::cancelled;
   }
-  return copy.flush();
+  return flush == system::Flush::yes ? copy.flush() : Status();
 }
 
 // Fills a copy that has just been created, closes it, and gives it the time of the last write and
 // the attributes of the original. It is not opened anew to be written: a virus scanner looks at new
 // files, and would be in the way.
 Status fill_copy(const FileHandle& source, system::OutputFile& copy, const std::wstring& target,
-                 const system::FileSystem::Progress& progress) {
+                 const system::FileSystem::Progress& progress, system::Flush flush) {
   BY_HANDLE_FILE_INFORMATION original{};
   if (!GetFileInformationByHandle(source.get(), &original)) return last_reason();
-  if (const Status status = copy_bytes(source, copy, progress); !status) return status;
+  if (const Status status = copy_bytes(source, copy, progress, flush); !status) return status;
   if (const Status closed = copy.close(); !closed) return closed;
   FileHandle written = open_for(target, FILE_WRITE_ATTRIBUTES);
   if (!written || !SetFileTime(written.get(), nullptr, nullptr, &original.ftLastWriteTime) ||
@@ -286,7 +286,7 @@ Status Win32FileSystem::move(std::string_view from, std::string_view to) {
 }
 
 Status Win32FileSystem::copy_new(std::string_view from, std::string_view to,
-                                 const Progress& progress) {
+                                 const Progress& progress, system::Flush flush) {
   const auto source = file_path(from);
   if (!source) return reason_without_file_path(from);
   const FileHandle file(CreateFileW(source->c_str(), GENERIC_READ,
@@ -303,7 +303,7 @@ Status Win32FileSystem::copy_new(std::string_view from, std::string_view to,
     DeleteFileW(target.c_str());
   };
   try {
-    const Status status = fill_copy(file, *made, target, progress);
+    const Status status = fill_copy(file, *made, target, progress, flush);
     if (!status) take_back();
     return status;
   } catch (...) {

@@ -27,8 +27,8 @@ class Win32FileSystem final : public system::FileSystem {
   // Tries as long as `replace`.
   system::Status move(std::string_view from, std::string_view to) override;
   // No other program may write to `from` meanwhile. Other streams of the file are not copied.
-  system::Status copy_new(std::string_view from, std::string_view to,
-                          const Progress& progress) override;
+  system::Status copy_new(std::string_view from, std::string_view to, const Progress& progress,
+                          system::Flush flush = system::Flush::yes) override;
   // Only looks whether the folder exists.
   system::Status flush_folder(std::string_view folder) override;
   system::Status flush_file(std::string_view path) override;
