@@ -9,6 +9,7 @@
 #include "posix/posix_file_system.h"
 #include "posix/posix_services.h"
 #include "posix/posix_shell.h"
+#include "posix/silent_media.h"
 #include "system/platform.h"
 #include "ui/window.h"
 #include "work/work_in_hand.h"
@@ -25,9 +26,10 @@ struct Machine {
   posix::EnvironmentRegional regional;
   posix::PosixDrives drives{mapped};
   posix::PosixShell shell{files};
+  posix::SilentMedia media{clock, {}};
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell, media};
   ui::Window window{backend, "window"};
   work::WorkInHand work;
 };

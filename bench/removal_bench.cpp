@@ -64,7 +64,7 @@ struct Opened : Machine {
   removal::ParaBorrar& review() { return *program.windows.touch<removal::ParaBorrar>(); }
 
   posix::PosixShell trash{files, mapped, place() + "/trash"};
-  system::Platform whole{files, dialogs, backend, clock, regional, drives, trash};
+  system::Platform whole{files, dialogs, backend, clock, regional, drives, trash, media};
   settings::Settings settings{files, regional, "D:\\none.ini"};
   app::Program program{backend, whole, settings};
 };

@@ -234,6 +234,22 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   CLI::App* undone = app.add_subcommand(
       "deshacer", text::to_utf8("Deshace la última actualización de la carpeta de un proyecto"));
   undone->add_option("PROYECTO", options.project, "D:\\Mix\\tema.vip")->required();
+  undone->add_flag("--omitir", options.give_up,
+                   text::to_utf8("Da por deshecha una actualización de la que nada se puede "
+                                 "restaurar, para poder deshacer la anterior"));
+  CLI::App* informed = app.add_subcommand(
+      "info", text::to_utf8("Dice qué es un archivo de audio: formato, duración y etiquetas"));
+  informed->add_option("ARCHIVO", options.audio, "D:\\Mix\\toma.wav")->required();
+  informed->footer(
+      text::to_utf8("Termina con 0, también si nada se reconoce; con 2 si no hay tal archivo."));
+  CLI::App* played = app.add_subcommand(
+      "reproducir", text::to_utf8("Reproduce un archivo de audio; en Linux, sin sonido"));
+  played->add_option("ARCHIVO", options.audio, "D:\\Mix\\toma.wav")->required();
+  played->add_option("--segundos", options.seconds, "Hasta entonces, si no ha terminado antes")
+      ->check(CLI::NonNegativeNumber);
+  played->add_option("--volumen", options.volume, "De 0 a 100")->check(CLI::Range(0, 100));
+  played->footer(text::to_utf8(
+      "Termina con 0 si ha sonado, con 1 si no se puede reproducir, con 2 si no hay tal archivo."));
   for (CLI::App* const command : {pointed, updated, undone}) {
     command->footer(text::to_utf8(
         "Termina con 0 si se ha hecho todo, con 1 si algo ha quedado, con 2 si se ha usado mal."));
@@ -259,6 +275,8 @@ int run_console(const std::vector<std::string>& arguments, const ConsoleHost& ho
   if (recovered->parsed()) return recover(options, host, output, error);
   if (pointed->parsed()) return write_pointers(options, host, output, error);
   if (updated->parsed()) return update_projects(options, host, output, error);
+  if (informed->parsed()) return show_info(options, host, output, error);
+  if (played->parsed()) return play_file(options, host, output, error);
   if (undone->parsed()) return undo_update(options, host, output, error);
   if (searched->parsed()) return search(options, host, output, error);
   if (dropped->parsed()) return drop(options, host, output, error);

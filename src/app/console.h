@@ -11,6 +11,7 @@
 #include "system/clock.h"
 #include "system/drives.h"
 #include "system/file_system.h"
+#include "system/media.h"
 #include "system/regional.h"
 #include "system/shell.h"
 
@@ -29,12 +30,15 @@ struct ConsoleHost {
   system::Regional& regional;
   system::Drives& drives;
   system::Shell& shell;
+  system::Media& media;
   // Maps a drive letter to a folder; false if that cannot be. Unset where drives are real.
   std::function<bool(char letter, const std::string& folder)> map_drive;
   // Where the configuration file lies that was named, in UTF-8.
   std::function<ConfigFile(const std::string& file)> config;
   // The path of an argument in UTF-8.
   std::function<ArgumentPath(const std::string& argument)> windows_path;
+  // Sleeps for a moment, and lets the machine hand over what has happened meanwhile.
+  std::function<void()> rest;
   // Called with the exit code when all is printed and saved, and may end the program there: a large
   // studio takes a while to free. Unset where the caller goes on.
   std::function<void(int code)> leave = nullptr;

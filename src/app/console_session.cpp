@@ -71,7 +71,8 @@ std::vector<std::string> existing(const std::vector<std::string>& items, const C
 
 Session::Session(const ConsoleHost& host, const Options& options, std::ostream& error)
     : backend(host.clock),
-      platform{host.files, dialogs, backend, host.clock, host.regional, host.drives, host.shell},
+      platform{host.files,    dialogs,     backend,    host.clock,
+               host.regional, host.drives, host.shell, host.media},
       settings(settings_of(options, host, error)),
       program(backend, platform, *settings) {
   program.start();

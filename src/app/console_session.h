@@ -33,12 +33,18 @@ struct Options {
   bool side_files = false;
   bool unchecked = false;
   bool simulate = false;
+  bool give_up = false;  // of `deshacer`
   bool named = false;
   std::string log;
   // Relinking.
   std::string folder;
   std::string choice;
   bool careful = false;
+  // What is read of an audio file.
+  std::string audio;
+  // How it is played.
+  std::optional<double> seconds;
+  std::optional<int> volume;
 };
 
 // Says what is wrong with an argument, in a line of its own. `complaint` is code-page text.
@@ -98,5 +104,14 @@ int update_projects(const Options& options, const ConsoleHost& host, std::ostrea
                     std::ostream& error);
 int undo_update(const Options& options, const ConsoleHost& host, std::ostream& output,
                 std::ostream& error);
+
+// Prints the text of the tooltips on an audio file, and its details. Gives the exit code.
+int show_info(const Options& options, const ConsoleHost& host, std::ostream& output,
+              std::ostream& error);
+
+// Plays an audio file and prints the states and labels of the player as they change. Gives the exit
+// code.
+int play_file(const Options& options, const ConsoleHost& host, std::ostream& output,
+              std::ostream& error);
 
 }  // namespace ordelan::app

@@ -18,6 +18,7 @@ ui::Palette skin_palette() {
   palette.text_dim = color(skin::kTextDim);
   palette.text_off = color(skin::kTextOff);
   palette.accent = color(skin::kAccent);
+  palette.loud = color(skin::kStep4);
   palette.chosen = color(skin::kAccentDark);
   palette.chosen_text = color(skin::kTextOver);
   return palette;

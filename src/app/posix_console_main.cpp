@@ -1,16 +1,20 @@
 // The console program on Linux.
+#include <chrono>
 #include <cstdlib>
 #include <iostream>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include "app/console.h"
+#include "audio/media_facts.h"
 #include "posix/mapped_drives.h"
 #include "posix/posix_drives.h"
 #include "posix/posix_file_system.h"
 #include "posix/posix_services.h"
 #include "posix/posix_shell.h"
+#include "posix/silent_media.h"
 #include "text/code_page.h"
 
 int main(int count, char** arguments) {
@@ -23,12 +27,14 @@ int main(int count, char** arguments) {
   posix::EnvironmentRegional regional;
   posix::PosixDrives drives(mapped);
   posix::PosixShell shell(files, mapped, posix::users_trash());
+  posix::SilentMedia media(clock, audio::media_facts(files));
   const app::ConsoleHost host{
       files,
       clock,
       regional,
       drives,
       shell,
+      media,
       [&](char letter, const std::string& folder) { return mapped.map(letter, folder); },
       [&](const std::string& file) {
         if (app::has_drive(file)) return app::ConfigFile{files, app::drive_path(file)};
@@ -47,6 +53,7 @@ int main(int count, char** arguments) {
         return app::ArgumentPath::none(text::from_utf8(*below) ? "Windows no admite este nombre"
                                                                : app::kNotInCodePage);
       },
+      [] { std::this_thread::sleep_for(std::chrono::milliseconds(5)); },
       [](int code) {
         std::cout.flush();
         std::cerr.flush();

@@ -7,10 +7,14 @@
 #include <vector>
 
 #include "app/console.h"
+#include "audio/media_facts.h"
 #include "win32/ansi_text.h"
+#include "win32/ole_session.h"
+#include "win32/ports/graph_worker.h"
 #include "win32/ports/win32_clock.h"
 #include "win32/ports/win32_drives.h"
 #include "win32/ports/win32_file_system.h"
+#include "win32/ports/win32_media.h"
 #include "win32/ports/win32_regional.h"
 #include "win32/ports/win32_shell.h"
 
@@ -50,11 +54,21 @@ ordelan::app::ArgumentPath absolute(const std::string& argument) {
   return ArgumentPath::of(std::move(*path));
 }
 
+// Sleeps until there is something to do, for a moment at most, and does it: an engine works by the
+// messages of its thread.
+void rest() {
+  constexpr DWORD kMoment = 5;
+  MsgWaitForMultipleObjects(0, nullptr, FALSE, kMoment, QS_ALLINPUT);
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
   using namespace ordelan;
   SetConsoleOutputCP(CP_UTF8);
+  const win32::OleSession ole;
   win32::Win32FileSystem files;
   win32::Win32Clock clock;
   win32::Win32Regional regional;
@@ -65,6 +79,13 @@ int wmain(int count, wchar_t** arguments) {
   const auto config = [&](const std::string& file) {
     return app::ConfigFile{files, absolute(file)};
   };
-  return app::run_console(list, {files, clock, regional, drives, shell, nullptr, config, absolute},
-                          std::cout, std::cerr);
+  int code = 0;
+  {
+    win32::Win32Media media(clock, audio::media_facts(files));
+    code = app::run_console(
+        list, {files, clock, regional, drives, shell, media, nullptr, config, absolute, rest},
+        std::cout, std::cerr);
+  }
+  win32::end_process_despite_workers(code);
+  return code;
 }

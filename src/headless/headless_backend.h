@@ -16,6 +16,7 @@ class HeadlessBackend final : public ui::Backend, public system::EventPump {
   explicit HeadlessBackend(system::Clock& clock) : clock_(clock) {}
 
   std::unique_ptr<ui::Peer> attach(ui::Window&) override { return nullptr; }
+  std::unique_ptr<ui::Peer> attach(ui::BarChart&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Button&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::CheckBox&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::CheckListBox&) override { return nullptr; }
@@ -26,6 +27,7 @@ class HeadlessBackend final : public ui::Backend, public system::EventPump {
   std::unique_ptr<ui::Peer> attach(ui::Slider&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::TextBox&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override;
+  std::unique_ptr<ui::Peer> attach(ui::Waveform&) override { return nullptr; }
   std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&, ui::Control*) override {
     return nullptr;
   }

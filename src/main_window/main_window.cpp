@@ -1,5 +1,6 @@
 #include "main_window/main_window.h"
 
+#include "audio/player.h"
 #include "location/drive_window.h"
 #include "main_window/about_window.h"
 #include "main_window/projects_left_out_window.h"
@@ -21,6 +22,8 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       strip(*this),
       clocks(*this, platform.regional),
       path_strip(*this),
+      sound_(context()),
+      play(*this, sound_),
       AbrirFichero(*this, "AbrirFichero"),
       cmdReset(*this, "cmdReset"),
       cmdCancelar(*this, "cmdCancelar"),
@@ -47,6 +50,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       ImagePaso(*this, "ImagePaso", 4),
       ListProyectosInfo(*this, "ListProyectosInfo"),
       ShowIco(*this, "ShowIco"),
+      cmdPlayer(*this, "cmdPlayer"),
       reader(platform, work, strip.XP_ProgressBar1),
       platform_(platform),
       work_(work),
@@ -63,7 +67,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
                    removal_.drives_chosen();
                    ActualizarVip.set_visible(ticked > 0);
                  }}),
-      removal_(context(),
+      removal_(context(), sound_,
                {[this] { path_strip.ListPath.hide(); },
                 [this](const std::vector<std::string>& rows) { path_strip.show_rows(rows); }}),
       relink_(context(), reader, location_.lost_files,
@@ -134,10 +138,13 @@ void Form1::name_controls() {
     ImagePaso[i].set_description("Paso " + std::to_string(i + 1));
   }
   ShowIco.set_description("Ordelan");
+  cmdPlayer.set_description("Player");
+  cmdPlayer.set_tip("Ver u ocultar el Player");
 }
 
 void Form1::wire() {
   on_close = [this] { Salir_Click(); };
+  on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
   AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
   cmdReset.on_click = [this] { cmdReset_Click(); };
   cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
@@ -155,6 +162,10 @@ void Form1::wire() {
   cmdMinimizar.on_click = [this] { set_minimized(true); };
   Salir.on_click = [this] { Salir_Click(); };
   cmdSalir.on_click = [this] { Salir_Click(); };
+  cmdPlayer.on_click = [this] { cmdPlayer_Click(); };
+  sound_.restore_main_window = [this] {
+    if (minimized()) set_minimized(false);
+  };
   LabelFuera.on_click = [this] { LabelFuera_Click(); };
   CheckDragDrop.on_click = [this] { ListProyectosInfo.set_visible(CheckDragDrop.checked()); };
   CheckLogo.on_click = [this] { CheckLogo_Click(); };
@@ -177,6 +188,7 @@ void Form1::Form_Load() {
   }
   cmdReset_Click();
   show();
+  sound_.begin();  // two more windows, for which the first need not wait
   if (location_.UnidadesDisponibles() == 0) warn_of_no_drive();
   work_.ClickEnLista = true;
 }
@@ -221,6 +233,7 @@ void Form1::cmdReset_Click() {
 
 void Form1::cmdCancelar_Click() {
   if (work_.Borrando) return;
+  sound_.hide_AvisoPL();
   work_.Cancelar = true;
   work_.Descodificando = false;
   cmdReset.show();
@@ -235,7 +248,35 @@ void Form1::Salir_Click() {
        {&CheckDragDrop, &CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckLogo}) {
     work::write_box(settings_, *box);
   }
+  sound_.store_volume();
   backend().end();
+}
+
+void Form1::cmdPlayer_Click() {
+  if (work_.Borrando) return;
+  audio::Player* const player = sound_.player();
+  if (player == nullptr) return;
+  player->AvisoPL.hide();
+  if (player->minimized()) {
+    player->set_minimized(false);
+    return;
+  }
+  player->set_visible(!player->visible());
+  if (!player->visible()) {
+    sound_.store_volume();  // it comes back with this one
+    return;
+  }
+  player->Form_DblClick();
+  player->bring_to_front();
+  if (sound_.media().URL().empty()) return;
+  player->place_title(audio::Player::kTitleStart);
+  player->show_title();
+}
+
+void Form1::Form_KeyDown(ui::Key& key) {
+  constexpr int kSpace = 32;
+  // Space would press the button that has the focus too; the other keys go on to the lists.
+  if (sound_.Form_KeyDown(key)) key.swallowed = key.code == kSpace;
 }
 
 void Form1::close_windows(std::initializer_list<const char*> names) {

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "audio/sound.h"
 #include "location/location.h"
+#include "main_window/play_marks.h"
 #include "project/project_decoding.h"
 #include "project/project_gate.h"
 #include "project/project_listing.h"
@@ -73,6 +75,8 @@ class Form1 final : public work::ProgramWindow {
   void Configurar_Click();
   // Ends the program, without a question.
   void Salir_Click();
+  // Shows the player where it was stored, or hides it. The sound goes on.
+  void cmdPlayer_Click();
   // Shows how many projects are left out, as the work in hand has them now. The window that
   // lists them follows where it is open, and is closed when there are none.
   void show_ProyectosFuera();
@@ -85,6 +89,12 @@ class Form1 final : public work::ProgramWindow {
   work::StatusStrip strip;
   work::Clocks clocks;
   work::PathStrip path_strip;
+
+ private:
+  audio::Sound sound_;  // before what shows how it stands
+
+ public:
+  PlayMarks play;
 
   ui::Button AbrirFichero;
   ui::Button cmdReset;
@@ -112,6 +122,7 @@ class Form1 final : public work::ProgramWindow {
   ui::ControlArray<ui::Image> ImagePaso;  // the numbers of the four steps, one a list
   ui::Label ListProyectosInfo;
   ui::Image ShowIco;
+  ui::Button cmdPlayer;  // shows the player, or hides it
 
   // Whether files may be removed by what a sweep finds: then it notes how each stands on the disk.
   // A program that only prints lists saves the time; no run begins there.
@@ -125,6 +136,8 @@ class Form1 final : public work::ProgramWindow {
   std::optional<std::vector<removal::Kept>> named_files(const std::function<bool()>& go_on) {
     return removal_.named_files(go_on);
   }
+  // The sound of the program.
+  audio::Sound& sound() { return sound_; }
   // The update of the projects.
   relink::Relink& relink() { return relink_; }
   // How the last removal went.
@@ -133,6 +146,7 @@ class Form1 final : public work::ProgramWindow {
  private:
   void Form_Load() override;
   void CheckLogo_Click();
+  void Form_KeyDown(ui::Key& key);
   void warn_of_no_drive();
   void wire();
   void name_controls();

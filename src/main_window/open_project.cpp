@@ -9,7 +9,9 @@
 namespace ordelan::main_window {
 
 void Form1::AbrirFichero_Click() {
-  if (work_.Borrando || work_.Descodificando) return;
+  if (work_.Borrando) return;
+  sound_.hide_AvisoPL();
+  if (work_.Descodificando) return;
 
   windows_.hide<location::Buscar>();
   close_windows({kZoom, kSA, kPlayer});

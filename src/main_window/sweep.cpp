@@ -71,7 +71,8 @@ void Form1::ListProyectos_Decode(work::Job& job, std::size_t Indice) {
   strip.TextDecode.hide();
   path_strip.ListPath.hide();
   ZoomListas.hide();
-  for (const char* window : {kListasZoom, kPlayer, kZoom}) windows_.hide(window);
+  close_windows({kPlayer});
+  for (const char* window : {kListasZoom, kZoom}) windows_.hide(window);
   clocks.iniciarCrono();
   const std::string path = text::Obtener_VipPath(lists.ListProyectos.row(Indice));
 
@@ -96,6 +97,7 @@ void Form1::ListProyectos_DblClick() {
   shown_before_reports_.reset();
   work_.Cancelar = false;   // a stop asked of an earlier job
   strip.LabelAviso.hide();  // the notice of that job
+  sound_.set_URL("");
   path_strip.ImageIcon.hide();
   job.set_busy();
   show_progress();
@@ -110,9 +112,11 @@ void Form1::ListProyectos_DblClick() {
 
 void Form1::ListProyectos_Click() {
   if (work_.Borrando) return;
+  sound_.hide_AvisoPL();
   work_.ClickEnLista = true;
   if (work_.Descodificando) return;
   path_strip.MostrarPath(lists.ListProyectos.current_row());
+  sound_.media().stop();
 }
 
 }  // namespace ordelan::main_window

@@ -32,6 +32,7 @@ void Form1::show_empty() {
               &SalvaListados, &ActualizarVip, &DeshacerActualizacion, &ZoomListas});
   hide_headings();
   path_strip.hide();
+  play.hide();
   // The list of projects stays, as the place where projects are dropped.
   show_these({&CheckDragDrop, &CheckLogo, &lists.ListProyectos});
   TextNum1.set_visible(true);
@@ -94,6 +95,7 @@ void Form1::show_opened() {
   hide_progress();
   hide_these({&strip.TextDecode, &strip.LabelAviso, &cmdCancelar});
   show_these({&SalvaListados, &ActualizarVip});
+  play.show();
   relink_.look_for_undo(work_.RutaProyectos);
   if (removes_side_files() || lists.ListBorrar.count() > 1) show_these({&CommandBorrado});
 }
@@ -103,6 +105,7 @@ void Form1::show_swept() {
   hide_progress();
   hide_these({&cmdCancelar, &strip.LabelAviso});
   show_these({&lists.ListBorrar, &cmdPerdidos});
+  play.show();
 }
 
 // What can be done with decoded projects. It is also shown after a drop of nothing.

@@ -153,6 +153,7 @@ void BacUp::cmdBorrar_Click() {
 
 void BacUp::BorrarSeleccionados() {
   LabelEspera.hide();
+  removal_.sound.stop_and_empty();  // a file that plays cannot be moved or removed
   RemovalRun(removal_, *this).BorrarSeleccionados();
 }
 
@@ -160,14 +161,20 @@ RemovalRun::Plan BacUp::plan() {
   return RemovalRun(removal_, *this).plan();
 }
 
+// The file goes first: the pictures of the transport then stay as they are.
+void BacUp::end_sound() {
+  removal_.sound.set_URL("");
+  removal_.sound.Control_Click(audio::kStop);
+}
+
 void BacUp::cmdSalir_Click() {
-  stop_playback(context());
+  end_sound();
   context().windows.close<ParaBorrar>();
   Salir_Click();
 }
 
 void BacUp::Salir_Click() {
-  stop_playback(context());
+  end_sound();
   store_place();
   for (const ui::CheckBox* box :
        {&CheckBackup, &CheckBorrar, &CheckBorraAsociados, &CheckComprobar}) {

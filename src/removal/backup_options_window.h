@@ -56,6 +56,7 @@ class BacUp final : public work::ProgramWindow {
  private:
   void Form_Load() override;
   void name_controls();
+  void end_sound();
 
   RemovalContext removal_;
 };

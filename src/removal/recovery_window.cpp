@@ -137,6 +137,7 @@ void Recuperar::warn_of_empty_log() {
 void Recuperar::RecuperarArchivos() {
   if (busy_ || removal_.state.running) return;
   busy_ = true;
+  removal_.sound.stop_and_empty();  // a file that plays cannot be replaced
   recovered_ = 0;
   not_recovered_.clear();
   const auto rows = ListRecuperar.kept_rows();

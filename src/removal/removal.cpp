@@ -10,8 +10,8 @@
 
 namespace ordelan::removal {
 
-Removal::Removal(const work::Context& context, const Listener& listener)
-    : second_reading_(context), removal_{context, state, second_reading_, listener} {
+Removal::Removal(const work::Context& context, audio::Sound& sound, const Listener& listener)
+    : second_reading_(context), removal_{context, state, second_reading_, sound, listener} {
   work::WindowDirectory& windows = context.windows;
   windows.add<BacUp>([this] { return std::make_unique<BacUp>(removal_); });
   windows.add<ParaBorrar>([this] { return std::make_unique<ParaBorrar>(removal_); });
@@ -27,6 +27,7 @@ void Removal::CopiarListBorrados() {
 
 void Removal::CommandBorrado_Click() {
   if (removal_.work.work.Borrando) return;
+  removal_.sound.hide_AvisoPL();
   auto* const options = removal_.work.windows.touch<BacUp>();
   if (options == nullptr) return;
   options->set_visible(!options->visible());

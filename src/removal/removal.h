@@ -10,7 +10,7 @@ namespace ordelan::removal {
 class Removal {
  public:
   // Adds the windows of this room to the directory. The arguments must outlive them.
-  Removal(const work::Context& context, const Listener& listener);
+  Removal(const work::Context& context, audio::Sound& sound, const Listener& listener);
   Removal(const Removal&) = delete;
   Removal& operator=(const Removal&) = delete;
 

@@ -5,6 +5,9 @@
 #include <chrono>
 #include <string_view>
 
+#include "audio/player.h"
+#include "audio/transport_texts.h"
+#include "audio/volume_bar.h"
 #include "removal/backup_folder_window.h"
 #include "removal/backup_options_window.h"
 #include "removal/protected_folders_window.h"
@@ -25,6 +28,7 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
                                    .stores_after_drag = true,
                                    .topmost = true,
                                    .minimizable = true}),
+      audio::Mirror(removal.sound),
       ListBorrar(*this, "ListBorrar"),
       ListStatus(*this, "ListStatus"),
       CheckConfirmar(*this, "CheckConfirmar"),
@@ -65,8 +69,9 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
   cmdSalir.on_click = [this] { cmdSalir_Click(); };
   Salir.on_click = [this] { cmdSalir_Click(); };
   ListBorrar.on_click = [this] {
-    if (!ListBorrar.chosen_by_key()) ListBorrar_MouseDown();
+    if (!ListBorrar.chosen_by_key()) ListBorrar_MouseDown(ui::kLeftButton);
   };
+  ListBorrar.on_right_click = [this] { ListBorrar_MouseDown(ui::kRightButton); };
   // One way: the boxes follow the list.
   ListBorrar.on_scroll = [this] { ListStatus.set_top(ListBorrar.top()); };
   ListBorrar.on_key = [this](int code) { ListBorrar_KeyDown(code); };
@@ -159,6 +164,7 @@ void ParaBorrar::Form_Load() {
       context().settings.number("ParaBorrar_No ToolTips", ParaBorrarCheckToolTip.checked());
   ParaBorrarCheckToolTip.set_checked(no_tips == 1);
   show_tips();
+  show_volume_mark(CheckAudio.checked());
 }
 
 void ParaBorrar::CopiarListBorrados() {
@@ -177,7 +183,7 @@ void ParaBorrar::cmdHecho_Click() {
   if (removal_.state.running) return;
   close_other_windows(context());
   TextAviso.hide();
-  stop_playback(context());
+  removal_.sound.stop_and_empty();
   Cancela.show();
   auto* const options = context().windows.touch<BacUp>();
   if (options == nullptr) return;
@@ -203,7 +209,7 @@ void ParaBorrar::Cancela_Click() {
 
 void ParaBorrar::cmdSalir_Click() {
   context().work.Borrando = false;
-  stop_playback(context());
+  removal_.sound.stop_and_empty();
   store_place();
   settings::Settings& settings = context().settings;
   for (const ui::CheckBox* box : {&CheckAudio, &CheckBorrarPapelera, &CheckVaciarPapelera}) {
@@ -217,7 +223,10 @@ void ParaBorrar::cmdSalir_Click() {
 }
 
 void ParaBorrar::Form_KeyDown(ui::Key& key) {
+  constexpr int kSpace = 32;
   constexpr int kDelete = 46;
+  // Space would tick the row or press the button that has the focus too.
+  if (removal_.sound.Form_KeyDown(key)) key.swallowed = key.code == kSpace;
   if (key.code == kDelete && !ListBorrar.empty()) {
     remove_current_row();
     key.swallowed = true;
@@ -233,6 +242,7 @@ void ParaBorrar::ListBorrar_KeyDown(int code) {
 
 void ParaBorrar::remove_current_row() {
   TextAviso.hide();
+  removal_.sound.set_URL("");
   const int current = ListBorrar.current();
   if (current < 0) return;
   if (const auto kept = std::find(kept_paths_.begin(), kept_paths_.end(), ListBorrar.current_row());
@@ -251,10 +261,13 @@ void ParaBorrar::remove_current_row() {
   show_totals();
 }
 
-void ParaBorrar::ListBorrar_MouseDown() {
+void ParaBorrar::ListBorrar_MouseDown(int Button) {
+  audio::Sound& sound = removal_.sound;
+  sound.set_URL("");
+  sound.Control_Click(audio::kPlay);
   TextSound.hide();
-  if (!CheckAudio.checked()) return;
-  const std::string& row = ListBorrar.current_row();
+  if (Button != ui::kLeftButton || !CheckAudio.checked()) return;
+  const std::string row = ListBorrar.current_row();
   const auto say = [this](const char* text) {
     TextSound.set_caption(text);
     TextSound.show();
@@ -263,27 +276,53 @@ void ParaBorrar::ListBorrar_MouseDown() {
     if (row.find("Borrado") != std::string::npos) say("Este archivo ha sido borrado");
     return;
   }
-  constexpr std::array<std::string_view, 5> kPlayable = {"mp3", "wav", "aif", "wma", "m4a"};
-  const std::string last = text::lower(row.substr(row.size() < 3 ? 0 : row.size() - 3));
-  if (std::find(kPlayable.begin(), kPlayable.end(), last) == kPlayable.end()) {
+  const std::string last = audio::last_three(row);
+  if (!audio::is_played(last)) {
     say("Este archivo no se puede reproducir");
+  } else {
+    sound.set_URL(row);
+    TextSound.hide();
+    // The search of an update hands its file over in the same place.
+    if (!context().work.Actualizando) context().work.ArchivoActual = row;
+    sound.info.InfoAudio(last, row);
   }
+  sound.Control_Click(audio::kPlay);
 }
 
 void ParaBorrar::CheckAudio_Click() {
-  const bool on = CheckAudio.checked();
-  ImageVol.set_visible(on);
-  LabelVol.set_visible(on);
-  if (!on) ImagePlayPauSt.set_visible(false);
+  audio::Sound& sound = removal_.sound;
+  if (!CheckAudio.checked()) {
+    sound.stop_and_empty();
+    ImagePlayPauSt.set_visible(false);
+    show_volume_mark(false);
+    return;
+  }
+  sound.set_URL(ListBorrar.current() < 0 ? "" : ListBorrar.current_row());
+  sound.Control_Click(audio::kPlay);
+  show_volume_mark(true);
 }
 
-void ParaBorrar::VuMe(int level) {
-  constexpr int kFoot = 460;
-  constexpr int kStep = 3;
-  ui::Rect mark = ImageVol.bounds();
-  mark.height = kStep * level;
-  mark.top = kFoot - mark.height;
-  ImageVol.set_bounds(mark);
+// The mark stands as high as the slider of the player, which may be another volume than the last
+// one.
+void ParaBorrar::show_volume_mark(bool shown) {
+  ImageVol.set_visible(shown);
+  LabelVol.set_visible(shown);
+  if (!shown) return;
+  if (const audio::Player* const player = removal_.sound.player()) VuMe(player->SliderVol.value());
+}
+
+void ParaBorrar::VuMe(std::int32_t Level) {
+  audio::raise_bar(ImageVol, 460, 3, Level);
+}
+
+// In another order than on the main window: each picture stands for what goes on.
+void ParaBorrar::show_action(int Index) {
+  if (!visible()) return;
+  for (int i = 0; i < ImagePlayPauSt.size(); ++i) ImagePlayPauSt[i].set_visible(i == Index);
+}
+
+void ParaBorrar::show_volume(std::int32_t Level, const std::string&) {
+  VuMe(Level);
 }
 
 }  // namespace ordelan::removal

@@ -1,6 +1,7 @@
 // The last look at the list before files go.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@
 
 namespace ordelan::removal {
 
-class ParaBorrar final : public work::ProgramWindow {
+class ParaBorrar final : public work::ProgramWindow, private audio::Mirror {
  public:
   static constexpr const char* kName = "ParaBorrar";
 
@@ -61,8 +62,9 @@ class ParaBorrar final : public work::ProgramWindow {
   void cmdHecho_Click();
   void Cancela_Click();
   void cmdSalir_Click();
-  // The left button went down on a row.
-  void ListBorrar_MouseDown();
+  // A button of the mouse went down on the list: what plays ends. The left one plays the row, if
+  // CheckAudio is ticked.
+  void ListBorrar_MouseDown(int Button);
   // Looks, as soon as events are handled and no decode runs, which rows projects name; the list of
   // those is empty until that is known. Any new job ends the look.
   void comprobar();
@@ -70,7 +72,7 @@ class ParaBorrar final : public work::ProgramWindow {
   RunTotals totals();
   void show_totals();
   // Sets the volume mark to a level from 0 to 100.
-  void VuMe(int level);
+  void VuMe(std::int32_t Level);
 
  private:
   void Form_Load() override;
@@ -83,6 +85,10 @@ class ParaBorrar final : public work::ProgramWindow {
   void show_kept(const std::vector<Kept>& kept);
   void show_kept_list();
   void CheckAudio_Click();
+  void show_volume_mark(bool shown);
+  // How the transport stands.
+  void show_action(int Index) override;
+  void show_volume(std::int32_t Level, const std::string& caption) override;
 
   RemovalContext removal_;
   std::optional<RunSizes> sizes_;        // of the last list

@@ -8,9 +8,6 @@ namespace ordelan::removal {
 
 namespace window_name = work::window_name;
 
-// The program has no sound yet.
-void stop_playback(const work::Context&) {}
-
 void close_other_windows(const work::Context& context) {
   for (const char* const name :
        {window_name::kZoom, window_name::kListasZoom, "Recuperar", location::Perdidos::kName,

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/sound.h"
 #include "work/context.h"
 
 namespace ordelan::removal {
@@ -52,11 +53,9 @@ struct RemovalContext {
   work::Context work;
   RemovalState& state;  // outlives the windows, as what follows
   SecondReading& second_reading;
+  audio::Sound& sound;
   Listener listener;
 };
-
-// Playback ends before files are removed or brought back: the one place where that is asked for.
-void stop_playback(const work::Context& context);
 
 // Closes the windows that could hold a file open or show what is about to change, as far as they
 // are shown.

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "skin/look_sound.h"
 #include "skin/palette.h"
 
 namespace ordelan::skin {
@@ -31,6 +32,8 @@ constexpr std::pair<std::string_view, std::uint32_t> kColors[] = {
     {"Step4", kStep4},
     {"Mask", kMask},
     {"RedMask", kRedMask},
+    {"BlueMask", kBlueMask},
+    {"WhiteMask", kWhiteMask},
 };
 
 std::string color_text(std::string_view name) {
@@ -57,6 +60,10 @@ std::string line_of(std::string_view line) {
 }
 
 }  // namespace
+
+std::string all_looks() {
+  return bags_of(kLook) + bags_of(kSoundLook);
+}
 
 std::string bags_of(std::string_view look) {
   std::string text;

@@ -352,6 +352,9 @@ Icon=cerrar
 ForeColor=$TextDim
 )";
 
+// The looks of all windows, as text of property bags: those above and those of look_sound.h.
+std::string all_looks();
+
 // The text of property bags that `look` stands for: with the words of colours in place of their
 // names, and the five properties in place of each icon. A colour that the palette does not have
 // stays as it is written, which is no colour.

@@ -1,5 +1,6 @@
-// The main window: a bar of commands, a line for notices and clocks, the strip with room for two
-// lines, and the four lists as the four steps of the work.
+// The main window: a bar of commands, a line for notices, clocks and the player, the strip with
+// room for two lines, and the four lists as the four steps of the work, with the volume between
+// them.
 #pragma once
 
 #include <array>
@@ -21,18 +22,24 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"cmdPerdidos", -1, 392, 10, 148, 32},
     Place{"SalvaListados", -1, 546, 16, 92, 20},
     Place{"ActualizarVip", -1, 648, 16, 96, 20},
-    Place{"DeshacerActualizacion", -1, 540, 60, 152, 22},
+    Place{"DeshacerActualizacion", -1, 496, 60, 152, 22},
     Place{"RecuperaBorrados", -1, 752, 16, 70, 20},
     Place{"Configurar", -1, 826, 16, 68, 20},
     Place{"AcercaDe", -1, 902, 16, 60, 20},
     Place{"cmdSalir", -1, 970, 16, 30, 20},
     Place{"cmdMinimizar", -1, 1012, 10, 36, 32},
     Place{"Salir", -1, 1052, 10, 36, 32},
+    Place{"cmdPlayer", -1, 1052, 57, 36, 28},
 
-    Place{"LabelAviso", -1, 12, 58, 692, 36},
-    Place{"LabelD", -1, 712, 60, 144, 22},
-    Place{"TimeDeco", -1, 860, 58, 110, 24},
-    Place{"TextLapsoTotal", -1, 978, 58, 110, 24},
+    Place{"LabelAviso", -1, 12, 58, 640, 36},
+    Place{"LabelD", -1, 656, 54, 98, 34},  // two lines
+    Place{"TimeDeco", -1, 758, 58, 100, 24},
+    Place{"TextLapsoTotal", -1, 864, 58, 100, 24},
+    // One of three is shown.
+    Place{"ImagePlayPauSt", 0, 974, 61, 20, 20},
+    Place{"ImagePlayPauSt", 1, 974, 61, 20, 20},
+    Place{"ImagePlayPauSt", 2, 974, 61, 20, 20},
+    Place{"LabelVol", -1, 998, 62, 50, 18},
 
     Place{"TextDecode", -1, 12, 136, 1076, 16},
     Place{"ShowIco", -1, 12, 58, 460, 66},
@@ -57,21 +64,23 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"LabelErase", 0, 588, 426, 500, 18},
     Place{"LabelErase", 1, 588, 426, 500, 18},
     Place{"ListBorrar", -1, 556, 460, 532, 216},
+    // It grows upwards from 695 with the volume, to this height at its most.
+    Place{"ShapeVol", -1, 546, 375, 8, 320},
     Place{"TextNum1", 0, 44, 160, 320, 38},
     Place{"TextNum1", 1, 588, 160, 500, 38},
     Place{"TextNum1", 2, 44, 416, 500, 38},
     Place{"TextNum1", 3, 588, 416, 500, 38},
 
-    Place{"CheckSubPath", -1, 12, 690, 144, 20},
-    Place{"CheckBAK", -1, 166, 690, 120, 20},
-    Place{"CheckToolTips", -1, 296, 690, 152, 20},
-    Place{"CheckPlayer", -1, 456, 690, 137, 20},
-    Place{"ZoomListas", -1, 603, 690, 108, 20},
-    Place{"CheckDragDrop", -1, 721, 690, 226, 20},
-    Place{"CheckLogo", -1, 957, 690, 131, 20},
-    Place{"XP_ProgressBar1", -1, 721, 692, 367, 16},
+    Place{"CheckSubPath", -1, 12, 699, 144, 20},
+    Place{"CheckBAK", -1, 166, 699, 120, 20},
+    Place{"CheckToolTips", -1, 296, 699, 152, 20},
+    Place{"CheckPlayer", -1, 456, 699, 137, 20},
+    Place{"ZoomListas", -1, 603, 699, 108, 20},
+    Place{"CheckDragDrop", -1, 721, 699, 226, 20},
+    Place{"CheckLogo", -1, 957, 699, 131, 20},
+    Place{"XP_ProgressBar1", -1, 721, 701, 367, 16},
 };
 
-inline constexpr Layout kMainWindow{1100, 720, kMainWindowPlaces};
+inline constexpr Layout kMainWindow{1100, 728, kMainWindowPlaces};
 
 }  // namespace ordelan::skin

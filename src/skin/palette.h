@@ -22,7 +22,7 @@ inline constexpr std::uint32_t kRaisedDown = word(0x2A2F37);
 inline constexpr std::uint32_t kLine = word(0x454D59);
 
 inline constexpr std::uint32_t kText = word(0xE8EBEF);
-inline constexpr std::uint32_t kTextOver = word(0xFFFFFF);
+inline constexpr std::uint32_t kTextOver = word(0xFEFEFE);  // pure white would be a hole
 inline constexpr std::uint32_t kTextDim = word(0xAEB6C2);
 inline constexpr std::uint32_t kTextOff = word(0x8B94A1);  // what cannot be used now
 
@@ -36,8 +36,11 @@ inline constexpr std::uint32_t kStep2 = word(0x4CC2A0);
 inline constexpr std::uint32_t kStep3 = word(0xB79AD6);
 inline constexpr std::uint32_t kStep4 = word(0xE0A572);
 
-// In the picture of a window's ground: what is not the window.
+// In the picture of a window's ground: what is not the window. Nothing else may have these colours:
+// it would be a hole in such a window.
 inline constexpr std::uint32_t kMask = word(0xFF00FF);
-inline constexpr std::uint32_t kRedMask = word(0xFF0000);  // of the protected folders
+inline constexpr std::uint32_t kRedMask = word(0xFF0000);    // of the protected folders
+inline constexpr std::uint32_t kBlueMask = word(0x0000FF);   // of the player
+inline constexpr std::uint32_t kWhiteMask = word(0xFFFFFF);  // of the spectrum
 
 }  // namespace ordelan::skin

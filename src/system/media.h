@@ -1,113 +1,100 @@
 // The one media engine of the machine: it plays one audio file at a time.
 #pragma once
 
-#include <algorithm>
-#include <chrono>
-#include <functional>
 #include <string>
+#include <vector>
 
-#include "system/status.h"
+#include "text/code_page.h"
 
 namespace ordelan::system {
 
-// All calls are made on the program's thread, and all events are called there too, from the event
-// pump and never inside a call to the engine. A handler of an event may make any call, `open` and
-// `close` included, but must not destroy the engine.
+// What is heard at a moment: the newest samples of it, the channels mixed into one, from -1 to 1.
+struct Heard {
+  int rate = 0;  // samples a second; 0 where nothing is heard or the engine does not tell
+  std::vector<float> samples;
+};
+
+// The operations are those of the system's media player, and they carry its names. All calls are
+// made on the program's thread; none waits for a file to be opened. An order given while a file is
+// still being opened is carried out when it is open, in the order given. What an order comes to is
+// read at once: after `play` no `status` says that the file is stopped. No call fails: what an
+// engine cannot play simply does not sound, and `notice` says why.
 //
-// Every call may be made in every state. Where there is nothing to be done for it, it does nothing
-// and says ok if what was asked for holds already, else why it cannot be.
+// The engine itself comes to life with the first `set_URL` of a path. Volume and balance that were
+// set before hold for it.
 class Media {
  public:
-  using Time = std::chrono::milliseconds;
-
-  enum class State {
-    empty,    // no file is open
-    opening,  // a file is being opened: large ones, or ones on slow disks, take their time
-    stopped,  // at the beginning of the file, or where `seek` has put it
-    playing,
-    paused
+  // The numbers are the player's. Others may come from the system's player: they mean neither.
+  enum PlayState {
+    kUndefined = 0,
+    kStopped = 1,
+    kPaused = 2,
+    kPlaying = 3,
+    kOpening = 9,
+    kReady = 10
   };
 
   virtual ~Media() = default;
 
-  // Closes what is open and begins to open a file; plays nothing by itself. It returns before the
-  // file is open: the state is then `opening`, or already `stopped`. How it ends comes as
-  // `on_opened`. A failure that is seen at once (not_found, not_a_file, bad_path) is given back, no
-  // event follows, and the state is `empty`.
-  virtual Status open(const std::string& path) = 0;
-
-  // Stops and closes the file, which may be moved or removed as soon as this returns. No event
-  // of that file comes any more.
+  // The file that is loaded: the path as it was given, also where it cannot be played. Empty means
+  // nothing is loaded. Setting a path closes the file before, opens this one and plays it from its
+  // beginning; the same path once more begins anew. Setting an empty one ends the sound.
+  virtual std::string URL() const = 0;
+  virtual void set_URL(const std::string& path) = 0;
+  // Ends the sound and lets the file go, so that it can be moved or removed; `URL` is empty then.
+  // This, an empty path and `end` wait until the system has let it go, a quarter of a second at
+  // most; `holds` says whether the system keeps a file for longer.
   virtual void close() = 0;
 
-  // The path that was given to `open`, empty in the state `empty`.
-  virtual std::string path() const = 0;
+  // The transport. `play` goes on from where a pause has left it, else from the beginning; `stop`
+  // goes back to the beginning. A file that has come to its end is stopped. What could not be
+  // played is tried once more by `play`. Without a file they do nothing.
+  virtual void play() = 0;
+  virtual void pause() = 0;
+  virtual void stop() = 0;
 
-  virtual State state() const = 0;
+  // Seconds. A position written while the file is stopped is dropped, and a stopped file is at 0;
+  // one beyond the end ends the file. Both are 0 without a file and while one is being opened.
+  virtual double currentPosition() const = 0;
+  virtual void set_currentPosition(double seconds) = 0;
+  virtual double duration() const = 0;
+  // The duration as text, "mm:ss", or "h:mm:ss" from an hour on; "" while there is none.
+  virtual std::string durationString() const = 0;
+  // The title in the file's own tag, else its file name without folder and ending; "" without a
+  // file.
+  virtual std::string name() const = 0;
 
-  // Plays from the position on. While a file is being opened, it will be played as soon as it is
-  // open; state stays `opening` until then. Fails with not_found if no file is open, and with
-  // not_ready if the machine has no sound device.
-  virtual Status run() = 0;
-
-  // Rests at the position; `run` goes on from there. Does nothing in a stopped file. While a file
-  // is being opened it takes back a `run`. Fails with not_found if no file is open.
-  virtual Status pause() = 0;
-
-  // Ends the playing and goes back to the beginning. While a file is being opened it takes back a
-  // `run`. Fails with not_found if no file is open.
-  virtual Status stop() = 0;
-
-  // Where the file is, from 0 to its duration; 0 where nothing is open yet.
-  virtual Time position() const = 0;
-
-  // How long the file is; 0 where nothing is open yet or the file does not say.
-  virtual Time duration() const = 0;
-
-  // Goes to a position, brought between 0 and the duration; playing, paused or stopped it stays
-  // what it is. Fails with not_found if no file is open, not_ready while one is being opened, and
-  // not_supported in a file that cannot be sought in. A playing file that is sent to its end ends.
-  virtual Status seek(Time position) = 0;
-
-  // The volume from 0 (silence) to 100, and the balance from -100 (left only) over 0 to 100 (right
-  // only). Values beyond are brought into that range. They hold from then on for every file, also
-  // where none is open. At first the volume is 50 and the balance 0.
+  // 0 to 100; values beyond are brought into that range. 50 at first.
   virtual void set_volume(int volume) = 0;
-  virtual int volume() const = 0;
-  virtual void set_balance(int balance) = 0;
+  // -100 (left) to 100 (right); 0 at first. Values beyond are brought into that range.
   virtual int balance() const = 0;
+  virtual void set_balance(int balance) = 0;
 
-  // Called once after each `open` that gave ok, when the file is open (ok; the state is `stopped`,
-  // or `playing` after a `run`) or cannot be played (the state is `empty`): not_supported where
-  // nothing on this machine can decode it. Not called if another `open` or a `close` came first.
-  std::function<void(Status)> on_opened;
+  // The engine's own text of its state, in its own language. Ours says "Reproduciendo: 192 K
+  // bits/s" (the file's bit rate), "En pausa", "Detenido", "Abriendo" while a file is being opened,
+  // "Listo" where one cannot be played, and "" without a file.
+  virtual std::string status() const = 0;
+  virtual int playState() const = 0;
 
-  // Called once each time that a playing file has come to its end. The state is then `stopped` and
-  // the position 0. Not called for a file that was stopped or closed before.
-  std::function<void()> on_end;
-};
+  // What is heard now, at most `samples` of it. Empty unless the file is playing; always empty
+  // where the engine shows a picture of its own (`shows_itself`).
+  virtual Heard heard(std::size_t samples) const = 0;
+  // True where the engine draws its own picture into the window that it was given.
+  virtual bool shows_itself() const { return false; }
 
-// The engine of a machine without sound: it opens nothing.
-class NoMedia final : public Media {
- public:
-  Status open(const std::string&) override { return Reason::not_supported; }
-  void close() override {}
-  std::string path() const override { return {}; }
-  State state() const override { return State::empty; }
-  Status run() override { return Reason::not_found; }
-  Status pause() override { return Reason::not_found; }
-  Status stop() override { return Reason::not_found; }
-  Time position() const override { return Time(0); }
-  Time duration() const override { return Time(0); }
-  Status seek(Time) override { return Reason::not_found; }
-  void set_volume(int volume) override { volume_ = std::clamp(volume, 0, 100); }
-  int volume() const override { return volume_; }
-  void set_balance(int balance) override { balance_ = std::clamp(balance, -100, 100); }
-  int balance() const override { return balance_; }
+  // Whether the engine has this file open, or may have: the loaded one, and one that was closed
+  // while the system did not let it go. Until it has, the file can be neither moved nor removed.
+  virtual bool holds(const std::string& path) const {
+    return !path.empty() && text::equal_ignoring_case(path, URL());
+  }
 
- private:
-  int volume_ = 50;
-  int balance_ = 0;
+  // One line in Spanish for the user on why the loaded file does not sound, or "" where it does or
+  // may still.
+  virtual std::string notice() const = 0;
+
+  // Ends the sound and the engine. It is then as at first: the next path brings a new one to life,
+  // with volume 50 and balance 0 unless they are set again.
+  virtual void end() = 0;
 };
 
 }  // namespace ordelan::system

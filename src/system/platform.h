@@ -6,6 +6,7 @@
 #include "system/drives.h"
 #include "system/event_pump.h"
 #include "system/file_system.h"
+#include "system/media.h"
 #include "system/regional.h"
 #include "system/shell.h"
 
@@ -20,6 +21,7 @@ struct Platform {
   Regional& regional;
   Drives& drives;
   Shell& shell;
+  Media& media;
 };
 
 }  // namespace ordelan::system

@@ -11,6 +11,7 @@
 
 namespace ordelan::ui {
 
+class BarChart;
 class Button;
 class CheckBox;
 class CheckListBox;
@@ -23,6 +24,7 @@ class ProgressBar;
 class Slider;
 class TextBox;
 class Timer;
+class Waveform;
 class Window;
 
 // The width in pixels of each byte's character. Texts in one font are as wide as their characters
@@ -36,6 +38,7 @@ class Backend {
   // Each makes the real counterpart of an object, or gives null where there is nothing to show. The
   // object owns the peer, and outlives it.
   virtual std::unique_ptr<Peer> attach(Window& window) = 0;
+  virtual std::unique_ptr<Peer> attach(BarChart& chart) = 0;
   virtual std::unique_ptr<Peer> attach(Button& button) = 0;
   virtual std::unique_ptr<Peer> attach(CheckBox& box) = 0;
   virtual std::unique_ptr<Peer> attach(CheckListBox& boxes) = 0;
@@ -46,6 +49,7 @@ class Backend {
   virtual std::unique_ptr<Peer> attach(Slider& slider) = 0;
   virtual std::unique_ptr<Peer> attach(TextBox& box) = 0;
   virtual std::unique_ptr<Peer> attach(Timer& timer) = 0;
+  virtual std::unique_ptr<Peer> attach(Waveform& wave) = 0;
   // A balloon goes with a window, or with one control of it; null for the window itself.
   virtual std::unique_ptr<Peer> attach(Class1& balloon, Window& window, Control* control) = 0;
 
@@ -53,6 +57,8 @@ class Backend {
   virtual int line_count(const TextBox& box) = 0;
 
   virtual CharacterWidths character_widths(const Font& font) = 0;
+  // The dots per inch at which they are measured.
+  virtual int measure_dpi() const { return kUnitsPerInch; }
 
   // How large one of the program's pictures is in the layout. Nothing for a missing one, or
   // where pictures are not shown.

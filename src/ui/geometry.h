@@ -6,6 +6,12 @@
 
 namespace ordelan::ui {
 
+inline constexpr int kUnitsPerInch = 96;
+
+// A finer unit, for what moves slowly: a fifteenth of a pixel at 96 dots per inch.
+inline constexpr int kTwipsPerUnit = 15;
+inline constexpr int kTwipsPerInch = kUnitsPerInch * kTwipsPerUnit;
+
 struct Point {
   int x = 0;
   int y = 0;

@@ -18,6 +18,7 @@ struct Palette {
   Color text_dim = Color::button_text;
   Color text_off = Color::gray_text;  // what cannot be used now
   Color accent = Color::highlight;    // ticks, progress, the focus
+  Color loud = Color::highlight;      // the top of a full chart
   Color chosen = Color::highlight;    // the ground of a chosen row, and its text
   Color chosen_text = Color::highlight_text;
 };

@@ -38,7 +38,10 @@ void Window::set_title(std::string title) {
   assign(title_, std::move(title), Aspect::text);
 }
 void Window::set_visible(bool visible) {
-  assign(visible_, visible, Aspect::visible);
+  if (visible_ == visible) return;
+  visible_ = visible;
+  notify(Aspect::visible);
+  if (on_visible) on_visible();
 }
 void Window::set_position(Point position) {
   assign(position_, position, Aspect::bounds);

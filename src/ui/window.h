@@ -133,7 +133,8 @@ class Window {
   std::function<void(Key&)> on_key_down;  // before the control that has the focus
   std::function<void()> on_drag_end;      // once after each drag, by the title or the background
   std::function<void()> on_double_click;
-  std::function<void()> on_resize;  // the size has changed, by the user or by the program
+  std::function<void()> on_visible;  // it is now shown, or hidden; not raised by `unload`
+  std::function<void()> on_resize;   // the size has changed, by the user or by the program
 
  private:
   friend class Control;

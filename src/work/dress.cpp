@@ -15,7 +15,7 @@ namespace {
 
 // Read once: every window is dressed from it.
 const ui::PropertyBags& look() {
-  static const ui::PropertyBags bags = ui::PropertyBags::parse(skin::bags_of(skin::kLook));
+  static const ui::PropertyBags bags = ui::PropertyBags::parse(skin::all_looks());
   return bags;
 }
 

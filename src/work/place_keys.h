@@ -13,6 +13,8 @@ inline constexpr const char* kBacUp = "BacUp";
 inline constexpr const char* kParaBorrar = "ParaBorrar";
 inline constexpr const char* kCarpetaBack = "CarpetaBack";
 inline constexpr const char* kRecuperar = "Recuperar";
+inline constexpr const char* kPlayer = "Player";
+inline constexpr const char* kZoom = "Zoom";
 // That of the main window: each puts the other where it was closed last.
 inline constexpr const char* kFormNoBorrar = kForm1;
 

@@ -15,10 +15,13 @@
 #include "skin/look.h"
 #include "skin/lost_file_layout.h"
 #include "skin/main_window_layout.h"
+#include "skin/player_layout.h"
 #include "skin/projects_left_out_layout.h"
 #include "skin/protected_folders_layout.h"
 #include "skin/recovery_layout.h"
 #include "skin/removal_review_layout.h"
+#include "skin/sa_layout.h"
+#include "skin/zoom_layout.h"
 
 namespace ordelan::test {
 namespace {
@@ -88,6 +91,9 @@ TEST_F(Pictures, of_grounds_are_as_large_as_their_windows) {
       {"fondo_fuera.svg", skin::kProjectsLeftOut},
       {"fondo_perdidos.svg", skin::kLostFile},
       {"fondo_principal.svg", skin::kMainWindow},
+      {"fondo_player.svg", skin::kPlayer},
+      {"fondo_sa.svg", skin::kSA},
+      {"fondo_zoom.svg", skin::kZoom},
       {"fondo_recuperar.svg", skin::kRecovery},
       {"fondo_protegidas.svg", skin::kProtectedFolders},
       {"fondo_respaldo.svg", skin::kBackupOptions}};
@@ -126,7 +132,7 @@ TEST_F(Pictures, icons_share_one_kind_of_line) {
 TEST_F(Pictures, that_the_look_of_a_control_names_are_all_drawn) {
   // A tint has no drawing of its own.
   const std::regex tint("_(over|down|off)$");
-  const auto named = all(skin::bags_of(skin::kLook), "Picture(?!Align)[A-Za-z]*=([a-z_0-9]+)");
+  const auto named = all(skin::all_looks(), "\\n(?:Picture(?!Align)|Bar)[A-Za-z]*=([a-z_0-9]+)");
   EXPECT_GT(named.size(), 40u);
   for (const std::string& name : named) {
     EXPECT_EQ(drawings.count(std::regex_replace(name, tint, "") + ".svg"), 1u) << name;

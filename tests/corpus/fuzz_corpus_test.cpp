@@ -59,5 +59,13 @@ TEST(FuzzCorpus, patches_leave_the_bytes_of_the_literal_one_in_every_kept_projec
   EXPECT_GE(replay("fuzz_patch", check_patch), 12u);
 }
 
+TEST(FuzzCorpus, texts_on_audio_files_are_those_of_the_literal_reading_in_every_kept_file) {
+  EXPECT_GE(replay("fuzz_audio_info", check_audio_info), 12u);
+}
+
+TEST(FuzzCorpus, details_of_audio_files_keep_their_rules_in_every_kept_file) {
+  EXPECT_GE(replay("fuzz_audio_details", check_audio_details), 20u);
+}
+
 }  // namespace
 }  // namespace ordelan::test

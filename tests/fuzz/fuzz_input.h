@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "audio/details_agreement.h"
+#include "audio/info_agreement.h"
 #include "project/mention_agreement.h"
 #include "project/vip_reader_agreement.h"
 #include "relink/pointer_agreement.h"
@@ -261,6 +263,12 @@ inline std::string check_patch(std::string_view input) {
   if (pairs.size() > 64) pairs.resize(64);
   std::size_t patched = 0;
   return compare_patch(file, pairs, rules, luck, patched);
+}
+
+// Any bytes, taken as a wav and as an mp3: the texts of the tooltips are those of a literal
+// reading.
+inline std::string check_audio_info(std::string_view input) {
+  return compare_info(std::string(input));
 }
 
 }  // namespace ordelan::test

@@ -250,7 +250,7 @@ class HidingFiles final : public ForwardingFiles {
 TEST_F(Attack, a_project_of_a_share_is_read_from_its_own_beginning) {
   HidingFiles files(disk.files());
   files.folder = disk.folder();
-  const system::Platform with_share{files, dialogs, backend, clock, regional, drives, shell};
+  const system::Platform with_share{files, dialogs, backend, clock, regional, drives, shell, media};
   app::Program other(backend, with_share, settings);
   other.start();
   // The header text of the first project is longer than that of the second.
@@ -272,7 +272,7 @@ TEST_F(Attack, a_project_of_a_share_is_read_from_its_own_beginning) {
 // The program on such a disk.
 struct OnADamagedDisk : Attack {
   HidingFiles files{disk.files()};
-  system::Platform damaged{files, dialogs, backend, clock, regional, drives, shell};
+  system::Platform damaged{files, dialogs, backend, clock, regional, drives, shell, media};
   app::Program other{backend, damaged, settings};
 
   OnADamagedDisk() { other.start(); }
@@ -391,7 +391,7 @@ TEST_F(Attack, a_cancel_at_any_turn_of_a_drop_offers_nothing) {
 
 TEST_F(Attack, a_hidden_project_among_the_dropped_ones_is_reported) {
   HidingFiles files(disk.files());
-  const system::Platform hiding{files, dialogs, backend, clock, regional, drives, shell};
+  const system::Platform hiding{files, dialogs, backend, clock, regional, drives, shell, media};
   app::Program other(backend, hiding, settings);
   other.start();
   project("Mix\\p.vip", {"Mix\\a.wav"});

@@ -414,7 +414,7 @@ TEST_F(MainWindow, options_are_stored_in_their_order_under_their_captions) {
             "[Settings]\r\nUnidad: " + disk.folder() +
                 "=1\r\nMe_Left=0\r\nMe_Top=0\r\nVer Info de esta ventana al inicio=1\r\n"
                 "Ver tooltips de listas=1\r\nPlayer automático=1\r\nIncluir subcarpetas=1\r\n"
-                "Incluir Vip_BAK=1\r\nVer Logo al inicio=1\r\n");
+                "Incluir Vip_BAK=1\r\nVer Logo al inicio=1\r\nVolumen=80\r\n");
 }
 
 // What a folder may hold: each gives its rows or nothing, and no message box.

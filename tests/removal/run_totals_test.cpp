@@ -69,7 +69,7 @@ struct RunTotalsTest : ::testing::Test, Computer {
 
   Volumes files;
   work::WorkInHand work;
-  system::Platform machine{files, dialogs, backend, clock, regional, drives, shell};
+  system::Platform machine{files, dialogs, backend, clock, regional, drives, shell, media};
   Rows rows;
 };
 

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "skin/look_sound.h"
 #include "skin/palette.h"
 #include "ui/property_bag.h"
 
@@ -36,8 +37,10 @@ TEST(Look, an_icon_is_a_button_with_its_four_pictures) {
 }
 
 TEST(Look, the_looks_of_the_program_name_only_colours_that_exist) {
-  EXPECT_THAT(skin::bags_of(skin::kLook), Not(HasSubstr("$")));
-  EXPECT_THAT(std::string(skin::kLook), Not(HasSubstr("=0x"))) << "a colour without a name";
+  EXPECT_THAT(skin::all_looks(), Not(HasSubstr("$")));
+  for (const std::string_view look : {skin::kLook, skin::kSoundLook}) {
+    EXPECT_THAT(std::string(look), Not(HasSubstr("=0x"))) << "a colour without a name";
+  }
 }
 
 }  // namespace

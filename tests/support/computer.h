@@ -3,6 +3,7 @@
 
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/faulty_files.h"
 #include "system/platform.h"
@@ -17,9 +18,10 @@ struct Computer {
   FixedRegional regional;
   FakeDrives drives;
   FakeShell shell;
+  FakeMedia media;
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{faulty, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{faulty, dialogs, backend, clock, regional, drives, shell, media};
 };
 
 }  // namespace ordelan::test

@@ -139,7 +139,7 @@ class FakeShell final : public system::Shell {
       const auto removed = files->remove(to);
       if (!removed) return removed;
     }
-    return files->copy_new(from, to);
+    return files->copy_new(from, to, nullptr, system::Flush::no);
   }
   system::Status recycles(std::string_view root) override {
     return without_bin.contains(std::string(root)) ? system::Reason::not_supported

@@ -6,6 +6,7 @@
 #include "headless/headless_backend.h"
 #include "headless/scripted_dialogs.h"
 #include "project/vip_reader.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/faulty_files.h"
 #include "support/memory_files.h"
@@ -24,11 +25,12 @@ struct ReaderBench {
   FixedRegional regional;
   FakeDrives drives;
   FakeShell shell;
+  FakeMedia media;
   MemoryFiles files;
   FaultyFiles disk{files};
   headless::ScriptedDialogs dialogs;
   headless::HeadlessBackend backend{clock};
-  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{disk, dialogs, backend, clock, regional, drives, shell, media};
   ui::Window window{backend, "window"};
   ui::ListBox list{window, "list"};
   ui::ProgressBar progress{window, "progress"};

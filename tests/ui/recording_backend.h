@@ -11,6 +11,7 @@
 
 #include "ui/backend.h"
 #include "ui/balloon.h"
+#include "ui/bar_chart.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
 #include "ui/check_list_box.h"
@@ -21,6 +22,7 @@
 #include "ui/slider.h"
 #include "ui/text_box.h"
 #include "ui/timer.h"
+#include "ui/waveform.h"
 #include "ui/window.h"
 
 namespace ordelan::test {
@@ -40,10 +42,12 @@ class RecordingBackend final : public ui::Backend {
   // The changes since the last look.
   std::map<std::string, ui::Size> picture_sizes;  // of the pictures that there are
   ui::CharacterWidths widths{};                   // in every font
+  int dpi = 96;                                   // that they are measured at
 
   std::vector<Change> take() { return std::exchange(changes, {}); }
 
   std::unique_ptr<ui::Peer> attach(ui::Window& window) override { return made(window.name()); }
+  std::unique_ptr<ui::Peer> attach(ui::BarChart& chart) override { return made(chart); }
   std::unique_ptr<ui::Peer> attach(ui::Button& button) override { return made(button); }
   std::unique_ptr<ui::Peer> attach(ui::CheckBox& box) override { return made(box); }
   std::unique_ptr<ui::Peer> attach(ui::CheckListBox& boxes) override { return made(boxes); }
@@ -54,12 +58,14 @@ class RecordingBackend final : public ui::Backend {
   std::unique_ptr<ui::Peer> attach(ui::Slider& slider) override { return made(slider); }
   std::unique_ptr<ui::Peer> attach(ui::TextBox& box) override { return made(box); }
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override { return made(timer); }
+  std::unique_ptr<ui::Peer> attach(ui::Waveform& wave) override { return made(wave); }
   std::unique_ptr<ui::Peer> attach(ui::Class1&, ui::Window&, ui::Control* control) override {
     return made(control ? "balloon of " + control->name() : "balloon");
   }
 
   int line_count(const ui::TextBox&) override { return 1; }
   ui::CharacterWidths character_widths(const ui::Font&) override { return widths; }
+  int measure_dpi() const override { return dpi; }
   std::optional<ui::Size> picture_size(const std::string& name) override {
     const auto known = picture_sizes.find(name);
     return known == picture_sizes.end() ? std::nullopt : std::optional(known->second);

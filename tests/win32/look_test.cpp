@@ -7,11 +7,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
+#include "audio/player.h"
+#include "audio/sa.h"
+#include "audio/zoom.h"
 #include "location/path_choice_window.h"
 #include "screen_picture.h"
+#include "skin/palette.h"
 #include "ui/list_width.h"
 #include "win32/paint/drawing_tools.h"
 #include "win32/paint/screen_scale.h"
@@ -191,6 +196,203 @@ TEST_F(LookInside, projects_that_are_left_out_are_reported_and_listed) {
   form.LabelFuera_Click();
   take(L"Fuera", "left-out");
   EXPECT_EQ(SendMessageW(control(L"Fuera", L"ListFuera"), LB_GETCOUNT, 0, 0), 14);
+}
+
+// The windows that play, in the middle of a file.
+class LookOfSound : public LookInside {
+ protected:
+  LookOfSound()
+      : player(*program->windows.touch<audio::Player>()),
+        spectrum(*program->windows.touch<audio::SA>()) {
+    player.set_position({60, 420});
+    spectrum.set_position(player.place_of_SA());
+    player.SliderTime.set_max(205);
+    player.SliderTime.set_value(77);
+    player.SliderVol.set_value(40);
+    player.Vol(40);
+    player.LabelDisplay.set_caption(
+        "  >>>> Toma 1003 de la sección de cuerdas, micrófono de sala izquierdo.wav -- 03:25 "
+        "<<<< ");
+    player.LabelTime.set_caption("01:17");
+    player.mp3Baud.set_caption(" 192 Kbaud ");
+    player.mp3Baud.show();
+    player.Control[audio::kPlay].hide();
+    player.Control[audio::kPause].show();
+    spectrum.LabelTime.set_caption("01:17");
+    player.ImageOnda.set_columns(wave());
+    player.ImageOnda.show();
+  }
+
+  void show() {
+    player.show();
+    spectrum.show();
+    backend.pump();
+    spectrum.TimerEspectro.stop();  // it would let the bars fall
+    spectrum.WindowsMediaPlayer.set_bars(bars());
+    player.ImageOnda.set_cursor(77 / 205.0);
+  }
+  static std::vector<ui::WaveColumn> wave() {
+    std::vector<ui::WaveColumn> all;
+    for (int i = 0; i < 200; ++i) {
+      const double loud = std::abs(std::sin(i * 0.031)) * (0.6 + 0.4 * std::sin(i * 1.7));
+      all.push_back({-loud, 0.9 * loud});
+    }
+    return all;
+  }
+  static std::vector<ui::Bar> bars() {
+    std::vector<ui::Bar> all;
+    for (int i = 0; i < 30; ++i) {
+      const double level = 0.55 + 0.4 * std::sin(i * 0.5) * std::cos(i * 0.21);
+      all.push_back({level, level + 0.05});
+    }
+    return all;
+  }
+
+  audio::Player& player;
+  audio::SA& spectrum;
+};
+
+TEST_F(LookOfSound, while_it_plays) {
+  show();
+  take(L"Player", "player");
+  take(L"SA", "spectrum");
+  // The thumb stands where the time is, on a track that is filled as far.
+  const HWND slider = control(L"Player", L"SliderTime");
+  const auto at = [&](int x, int y) {
+    const int dpi = win32::dpi_of(slider);
+    return pixel(slider, win32::to_pixels(x, dpi), win32::to_pixels(y, dpi));
+  };
+  const int thumb = player.SliderTime.bar_pos() + 7;
+  EXPECT_EQ(at(thumb, 9), skin::kText);
+  EXPECT_EQ(at(thumb - 30, 9), skin::kAccent);
+  EXPECT_EQ(at(thumb + 30, 9), skin::kLine);
+  EXPECT_EQ(at(thumb + 30, 2), skin::kGround);
+  // The waveform is played as far as the slider's thumb stands, and its silence is seen.
+  const HWND wave = control(L"Player", L"ImageOnda");
+  const auto middle = [&](int x) {
+    const int dpi = win32::dpi_of(wave);
+    return pixel(wave, win32::to_pixels(x, dpi), win32::to_pixels(18, dpi));
+  };
+  EXPECT_EQ(middle(50), skin::kAccent);
+  EXPECT_EQ(middle(150), skin::kTextOff);
+  EXPECT_EQ(pixel(wave, 1, 1), COLORREF{skin::kGround});
+  // The highest bar reaches higher than those beside the lowest.
+  const HWND chart = control(L"SA", L"WindowsMediaPlayer");
+  RECT room{};
+  GetClientRect(chart, &room);
+  EXPECT_NE(pixel(chart, room.right - 4, room.bottom / 5), COLORREF{skin::kSurface});
+  EXPECT_EQ(pixel(chart, room.right / 2, room.bottom / 5 + 5), COLORREF{skin::kSurface});
+}
+
+TEST_F(LookOfSound, with_its_notices) {
+  for (const char* const notice :
+       {"No suena: el reproductor del sistema no puede abrir este archivo.",
+        "No suena: este Windows no tiene con qué reproducir audio."}) {
+    player.LabelAviso.set_caption(notice);
+    spectrum.LabelAviso.set_caption(notice);
+    const int words =
+        win32::to_units(ui::MedirTexto(player.LabelAviso, notice), win32::system_dpi());
+    EXPECT_LE(words, player.LabelAviso.bounds().width) << notice;
+  }
+  player.AvisoPL.set_text("PlayList vacio\r\nClic ocultar");
+  player.AvisoPL.show();
+  player.LabelDisplay.set_text_left(-3000);
+  player.LabelTime.set_caption("120:00");
+  show();
+  player.LabelAviso.set_caption(
+      "No suena: el reproductor del sistema no puede abrir este archivo.");
+  spectrum.LabelAviso.set_caption(player.LabelAviso.caption());
+  spectrum.WindowsMediaPlayer.set_bars(std::vector<ui::Bar>(30));
+  player.Vol(100);
+  SetFocus(control(L"Player", L"SliderTime"));
+  take(L"Player", "player-notices");
+  take(L"SA", "spectrum-notices");
+}
+
+// What lies outside of a window's shape shows what is behind it.
+TEST_F(LookOfSound, has_round_corners) {
+  for (const wchar_t* const name : {L"Player", L"SA"}) {
+    const HWND ground = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 20,
+                                        20, 2400, 1500, nullptr, nullptr, nullptr, nullptr);
+    UpdateWindow(ground);
+    show();
+    const HWND window = top_level(name);
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    for (int i = 0; i < 10; ++i) {
+      backend.pump();
+      Sleep(10);
+    }
+    const COLORREF behind = pixel(ground, 2, 2);
+    RECT room{};
+    GetClientRect(window, &room);
+    EXPECT_EQ(pixel(window, 0, 0), behind);
+    EXPECT_EQ(pixel(window, room.right - 1, 0), behind);
+    EXPECT_EQ(pixel(window, 0, room.bottom - 1), behind);
+    EXPECT_EQ(pixel(window, room.right - 1, room.bottom - 1), behind);
+    EXPECT_EQ(pixel(window, room.right / 2, room.bottom - 4), COLORREF{skin::kGround});
+    DestroyWindow(ground);
+  }
+}
+
+TEST_F(LookOfSound, with_the_playlist) {
+  audio::Zoom& zoom = *program->windows.touch<audio::Zoom>();
+  zoom.set_position({40, 40});
+  zoom.fill(
+      {"D:\\Sesiones\\Cuartetos\\Toma 01 violines.wav", "D:\\Sesiones\\Cuartetos\\Toma 02.wav",
+       "D:\\Sesiones\\Cuartetos\\Toma 03 con el micrófono de sala izquierdo, sin filtro.mp3", ""});
+  zoom.ListFilesZoom.set_current(2);
+  zoom.LabelNvip.set_caption("PlayList");
+  zoom.Files.set_caption("Cargados: 3 archivos de audio");
+  zoom.TextInfo.set_text(
+      " Titulo : Toma 03\r\n Artista : Cuarteto\r\n Album : Sesiones\r\n Año : 2024");
+  zoom.SliderTime.set_max(205);
+  zoom.SliderTime.set_value(77);
+  zoom.show();
+  player.Control_Click(audio::kPlay);
+  backend.pump();
+  take(L"Zoom", "zoom");
+}
+
+TEST_F(LookOfSound, in_the_main_window) {
+  main_window::Form1& form = program->form;
+  form.ShowIco.hide();
+  form.play.show();
+  form.strip.notice_decoding();
+  form.clocks.iniciarCrono();
+  form.clocks.ShowLapsoDeco();
+  take(L"Form1", "sound-in-main");
+  for (const char* const caption : {"-90 dB", "10 dB"}) {
+    EXPECT_LE(win32::to_units(ui::MedirTexto(form.play.LabelVol, caption), win32::system_dpi()),
+              form.play.LabelVol.bounds().width);
+  }
+}
+
+TEST_F(LookOfSound, has_room_for_its_words) {
+  constexpr int kBesideWords = 25;  // a box
+  int looked_at = 0;
+  const auto look_at = [&](const ui::Control& each, const std::string& caption, int beside) {
+    if (caption.empty()) return;
+    ++looked_at;
+    const int words = win32::to_units(ui::MedirTexto(each, caption), win32::system_dpi());
+    EXPECT_LE(words + beside, each.bounds().width) << each.name() << ": " << caption;
+  };
+  for (const ui::Window* const window :
+       {static_cast<ui::Window*>(&player), static_cast<ui::Window*>(&spectrum)}) {
+    for (ui::Control* const each : window->controls()) {
+      if (const auto* const box = dynamic_cast<ui::CheckBox*>(each)) {
+        look_at(*box, box->caption(), kBesideWords);
+      } else if (const auto* const label = dynamic_cast<ui::Label*>(each)) {
+        if (label != &player.LabelDisplay) look_at(*label, label->caption(), 0);
+      }
+    }
+  }
+  for (const char* const caption : {"120:00", "00:00"}) {
+    look_at(player.LabelTime, caption, 0);
+    look_at(spectrum.LabelTime, caption, 0);
+  }
+  look_at(player.LabelVol, "-90 dB", 0);
+  look_at(player.mp3Baud, " 320 Kbaud ", 0);
+  EXPECT_GE(looked_at, 12);
 }
 
 // Room for the words, and for what stands beside them.

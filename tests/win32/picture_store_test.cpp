@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ostream>
 #include <set>
 #include <string>
 
@@ -174,46 +175,41 @@ TEST_F(Pictures, what_is_missing_is_nothing) {
   EXPECT_EQ(store.decodes(), 0);
 }
 
-// The ground of a window, at usual densities and at one that has to be scaled.
-class Ground : public Pictures, public testing::WithParamInterface<const char*> {};
+// The ground of a window, at usual densities and at some that it has to be scaled for.
+struct Masked {
+  const char* name;
+  std::uint32_t mask;  // as a colour word
+  friend void PrintTo(const Masked& each, std::ostream* out) { *out << each.name; }
+};
+
+class Ground : public Pictures, public testing::WithParamInterface<Masked> {};
 
 TEST_P(Ground, is_the_mask_outside_and_takes_nothing_of_it_inside) {
+  const std::uint32_t mask = ~kRgb | rgb_of(GetParam().mask);
   for (const int dpi : {96, 110, 120, 144, 168, 192, 240}) {
-    const ui::Pixels ground = store.pixels(GetParam(), dpi);
+    const ui::Pixels ground = store.pixels(GetParam().name, dpi, mask);
     ASSERT_GT(ground.width, 0);
     const int right = ground.width - 1;
     const int bottom = ground.height - 1;
     for (const auto& [x, y] : {std::pair(0, 0), {right, 0}, {0, bottom}, {right, bottom}}) {
-      EXPECT_EQ(pixel(ground, x, y), win32::kMaskPixel) << dpi;
+      EXPECT_EQ(pixel(ground, x, y), mask) << dpi;
     }
-    EXPECT_NE(pixel(ground, right / 2, 0), win32::kMaskPixel) << dpi;
+    EXPECT_NE(pixel(ground, right / 2, 0), mask) << dpi;
     // All that is not the mask lies between the ground and the line round it.
-    const auto mixed = std::count_if(ground.argb.begin(), ground.argb.end(), [](auto each) {
-      return each != win32::kMaskPixel &&
+    const auto mixed = std::count_if(ground.argb.begin(), ground.argb.end(), [&](auto each) {
+      return each != mask &&
              (each >> 24 != 0xFF || distance(each & kRgb, rgb_of(skin::kGround)) > 70);
     });
     EXPECT_EQ(mixed, 0) << dpi;
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pictures, Ground,
-                         testing::Values("fondo_principal", "fondo_perdidos", "fondo_acerca"));
-
-TEST(ProgramIcon, exists_in_the_sizes_that_the_system_asks_for) {
-  for (const int side : {16, 20, 24, 32, 48, 64, 128, 256}) {
-    const auto icon = static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, side, side, 0));
-    ASSERT_NE(icon, nullptr) << side;
-    ICONINFO parts{};
-    ASSERT_TRUE(GetIconInfo(icon, &parts));
-    BITMAP shape{};
-    GetObjectW(parts.hbmColor, sizeof shape, &shape);
-    EXPECT_EQ(shape.bmWidth, side);
-    DeleteObject(parts.hbmColor);
-    DeleteObject(parts.hbmMask);
-    DestroyIcon(icon);
-  }
-}
+INSTANTIATE_TEST_SUITE_P(
+    Pictures, Ground,
+    testing::Values(Masked{"fondo_principal", kMask}, Masked{"fondo_perdidos", kMask},
+                    Masked{"fondo_acerca", kMask}, Masked{"fondo_protegidas", skin::kRedMask},
+                    Masked{"fondo_player", skin::kBlueMask}, Masked{"fondo_sa", skin::kWhiteMask}),
+    [](const auto& each) { return std::string(each.param.name); });
 
 }  // namespace
 }  // namespace ordelan::test

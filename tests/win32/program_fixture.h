@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "app/program.h"
+#include "support/fake_media.h"
 #include "support/fake_services.h"
 #include "support/forwarding_files.h"
 #include "test_disk.h"
@@ -74,9 +75,10 @@ class ProgramTest : public testing::Test {
   win32::Win32Regional regional;
   FakeDrives drives;
   win32::Win32Shell shell;
+  FakeMedia media;
   win32::Win32Backend backend{GetModuleHandleW(nullptr)};
   win32::Win32Dialogs dialogs{[this] { return backend.owner(); }};
-  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell};
+  system::Platform platform{files, dialogs, backend, clock, regional, drives, shell, media};
   settings::Settings settings{files, regional, disk.path("Config.ini")};
   std::optional<app::Program> program;
 };

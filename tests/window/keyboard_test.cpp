@@ -25,20 +25,21 @@ using Names = std::vector<std::string>;
 // Without a project.
 const Names kEmptyWindow = {"AbrirFichero",  "cmdReset",      "RecuperaBorrados", "Configurar",
                             "AcercaDe",      "cmdSalir",      "cmdMinimizar",     "Salir",
-                            "ListProyectos", "CheckSubPath",  "CheckBAK",         "CheckToolTips",
-                            "CheckPlayer",   "CheckDragDrop", "CheckLogo"};
+                            "cmdPlayer",     "ListProyectos", "CheckSubPath",     "CheckBAK",
+                            "CheckToolTips", "CheckPlayer",   "CheckDragDrop",    "CheckLogo"};
 
 // With one: headings can be pressed, and the clocks can be read. The fourth list has one of
 // its two headings, by what was found.
 const Names kDecodedWindow = {
-    "AbrirFichero",  "cmdReset",       "CommandBorrado",   "cmdPerdidos",
-    "SalvaListados", "ActualizarVip",  "RecuperaBorrados", "Configurar",
-    "AcercaDe",      "cmdSalir",       "cmdMinimizar",     "Salir",
-    "TimeDeco",      "TextLapsoTotal", "LabelCheck(0)",    "LabelCheck(1)",
-    "LabelFuera",    "ListProyectos",  "LabelCount(0)",    "LabelCount(1)",
-    "ListVip",       "LabelAdd(0)",    "LabelAdd(1)",      "ListUtilizados",
-    "LabelErase(1)", "ListBorrar",     "CheckSubPath",     "CheckBAK",
-    "CheckToolTips", "CheckPlayer",    "CheckDragDrop",    "CheckLogo"};
+    "AbrirFichero",   "cmdReset",      "CommandBorrado",   "cmdPerdidos",
+    "SalvaListados",  "ActualizarVip", "RecuperaBorrados", "Configurar",
+    "AcercaDe",       "cmdSalir",      "cmdMinimizar",     "Salir",
+    "cmdPlayer",      "TimeDeco",      "TextLapsoTotal",   "LabelCheck(0)",
+    "LabelCheck(1)",  "LabelFuera",    "ListProyectos",    "LabelCount(0)",
+    "LabelCount(1)",  "ListVip",       "LabelAdd(0)",      "LabelAdd(1)",
+    "ListUtilizados", "LabelErase(1)", "ListBorrar",       "CheckSubPath",
+    "CheckBAK",       "CheckToolTips", "CheckPlayer",      "CheckDragDrop",
+    "CheckLogo"};
 
 Names all_names() {
   Names names;

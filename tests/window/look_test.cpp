@@ -134,8 +134,9 @@ TEST_F(Look, of_the_empty_window_is_dark) {
   std::size_t dark = 0;
   const RECT place = program->place();
   const HDC screen = GetDC(nullptr);
-  // Down the gap between the two columns, where no control stands.
-  const int middle = (place.left + place.right) / 2;
+  // Down the gap between the two columns, beside the bar of the volume.
+  constexpr int kBeside = 5;
+  const int middle = (place.left + place.right) / 2 - kBeside;
   const int height = place.bottom - place.top;
   for (int i = 3; i < 9; ++i) {
     dark += GetPixel(screen, middle, place.top + height * i / 10) == skin::kGround ? 1 : 0;

@@ -168,6 +168,19 @@ std::string Program::title() const {
   return text_of(window_);
 }
 
+double Program::processor_seconds() const {
+  FILETIME made{};
+  FILETIME ended{};
+  FILETIME kernel{};
+  FILETIME user{};
+  GetProcessTimes(process_.hProcess, &made, &ended, &kernel, &user);
+  constexpr double kTick = 1e-7;
+  const auto ticks = [](const FILETIME& time) {
+    return static_cast<double>(time.dwHighDateTime) * 4294967296.0 + time.dwLowDateTime;
+  };
+  return kTick * (ticks(kernel) + ticks(user));
+}
+
 RECT Program::place() const {
   RECT area{};
   GetWindowRect(window_, &area);
@@ -190,7 +203,14 @@ void Program::drag_window(POINT grip, POINT by) {
     GetGUIThreadInfo(process_.dwThreadId, &info);
     return info.hwndMoveSize != nullptr || info.hwndCapture != nullptr;
   };
-  drag_mouse(grip, {grip.x + by.x, grip.y + by.y}, held);
+  // Let go any earlier, and the window stands where the move before the last one has brought it.
+  // One at its smallest size does not follow the mouse all the way.
+  const RECT from = place();
+  const auto followed = [&] {
+    const RECT now = place();
+    return now.right - from.right == by.x && now.bottom - from.bottom == by.y;
+  };
+  drag_mouse(grip, {grip.x + by.x, grip.y + by.y}, held, followed);
   wait_until("the end of the drag", [&] { return !held(); });
 }
 

@@ -51,6 +51,8 @@ class Program {
   // From the order to start until the main window was there to see.
   std::chrono::milliseconds start_time() const { return start_time_; }
   bool running() const;
+  // How long it has kept processors busy since its start.
+  double processor_seconds() const;
   // Waits for its end and gives its exit code.
   DWORD wait_for_end();
 
@@ -98,6 +100,8 @@ class Program {
 
   // --- the mouse; waits until the control is shown, enabled and not covered
   void click(const std::string& name);
+  // The same at a place of the control's, in pixels from its corner.
+  void click_at(const std::string& name, POINT place);
   void right_click(const std::string& name);
   void double_click(const std::string& name);
   void hover(const std::string& name);

@@ -28,17 +28,59 @@ POINT Program::centre(HWND window) const {
 }
 
 // Moves the pointer onto a control once a click there would meet it.
+namespace {
+
+// The names of a window of the program, for what went wrong.
+std::string property_of(HWND window) {
+  std::string names;
+  EnumPropsExW(
+      window,
+      [](HWND, LPWSTR name, HANDLE, ULONG_PTR found) -> BOOL {
+        if (IS_INTRESOURCE(name)) return TRUE;
+        for (const wchar_t* c = name; *c != 0; ++c) {
+          *reinterpret_cast<std::string*>(found) += static_cast<char>(*c);
+        }
+        *reinterpret_cast<std::string*>(found) += ' ';
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&names));
+  if (!names.empty()) return names;
+  char kind[100] = {};
+  GetClassNameA(window, kind, sizeof kind);
+  return kind;
+}
+
+}  // namespace
+
 void Program::point_at(HWND window, POINT place) const {
   to_front();
-  wait_until("a control that can be clicked", [&] {
+  // The window may move until it can be clicked.
+  ScreenToClient(window, &place);
+  const POINT in_window = place;
+  const bool clickable = wait_for([&] {
+    place = in_window;
+    ClientToScreen(window, &place);
     return IsWindowVisible(window) && IsWindowEnabled(window) && WindowFromPoint(place) == window;
   });
+  if (!clickable) {
+    fail("a control that can be clicked (" + property_of(window) + ", shown " +
+         std::to_string(IsWindowVisible(window)) + ", enabled " +
+         std::to_string(IsWindowEnabled(window)) + ") below " +
+         property_of(WindowFromPoint(place)));
+  }
   move_mouse(place);
 }
 
 void Program::click(const std::string& name) {
   const HWND target = control(name);
   point_at(target, centre(target));
+  click_mouse();
+}
+
+void Program::click_at(const std::string& name, POINT place) {
+  const HWND target = control(name);
+  ClientToScreen(target, &place);
+  point_at(target, place);
   click_mouse();
 }
 

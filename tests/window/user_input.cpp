@@ -129,7 +129,8 @@ void double_click_mouse() {
   click_once(MouseButton::left);
 }
 
-void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
+void drag_mouse(POINT from, POINT to, const std::function<bool()>& held,
+                const std::function<bool()>& followed) {
   move_mouse(from);
   part_from_last_click();
   send({at(from, MOUSEEVENTF_LEFTDOWN)});
@@ -142,6 +143,7 @@ void drag_mouse(POINT from, POINT to, const std::function<bool()>& held) {
   for (int i = 1; i <= kSteps; ++i) {
     move_mouse({from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
   }
+  wait_for(followed, std::chrono::seconds(1));
   send({at(to, MOUSEEVENTF_LEFTUP)});
 }
 

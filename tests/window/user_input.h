@@ -19,8 +19,10 @@ void click_mouse(MouseButton button = MouseButton::left);
 void double_click_mouse();
 
 // Holds the left button down from one place to another. It starts to move once `held` says that the
-// program has taken hold: before that, the system would give the movement to the window below.
-void drag_mouse(POINT from, POINT to, const std::function<bool()>& held);
+// program has taken hold: before that, the system would give the movement to the window below. It
+// lets go once `followed` says that what is dragged has arrived, or after a second.
+void drag_mouse(POINT from, POINT to, const std::function<bool()>& held,
+                const std::function<bool()>& followed);
 
 // Presses a key and lets it go, with other keys held down meanwhile.
 void press_key(WORD key, bool control = false, bool shift = false, bool alt = false);

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "skin/look.h"
+#include "skin/look_sound.h"
 #include "support/program_bench.h"
 #include "ui/button.h"
 #include "ui/property_bag.h"
@@ -24,9 +25,10 @@ std::string section_of(const ui::Control& control) {
 // The names between brackets, in the order of the text.
 std::vector<std::string> sections() {
   std::vector<std::string> names;
-  const std::string_view look = skin::kLook;
-  for (auto at = look.find("\n["); at != std::string_view::npos; at = look.find("\n[", at + 1)) {
-    names.emplace_back(look.substr(at + 2, look.find(']', at) - at - 2));
+  for (const std::string_view look : {skin::kLook, skin::kSoundLook}) {
+    for (auto at = look.find("\n["); at != std::string_view::npos; at = look.find("\n[", at + 1)) {
+      names.emplace_back(look.substr(at + 2, look.find(']', at) - at - 2));
+    }
   }
   return names;
 }
@@ -34,8 +36,9 @@ std::vector<std::string> sections() {
 struct Dress : ::testing::Test {
   Dress() {
     bench.start();
-    for (const char* name : {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera", "BacUp",
-                             "ParaBorrar", "CarpetaBack", "Recuperar", "FormNoBorrar"}) {
+    for (const char* name :
+         {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera", "BacUp", "ParaBorrar",
+          "CarpetaBack", "Recuperar", "FormNoBorrar", "Player", "SA", "Zoom"}) {
       windows.push_back(bench.windows.touch(name));
     }
     windows.push_back(&bench.form);
@@ -79,7 +82,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
           << section_of(*control);
     }
   }
-  EXPECT_EQ(buttons, 40);
+  EXPECT_EQ(buttons, 54);
 }
 
 TEST_F(Dress, a_window_has_its_background_and_its_shape) {
@@ -88,6 +91,8 @@ TEST_F(Dress, a_window_has_its_background_and_its_shape) {
   EXPECT_EQ(bench.form.shape().mask, ui::Color{0xFF00FF});
   EXPECT_EQ(bench.windows.find("UnidadesBuscar")->background(), "");
   EXPECT_EQ(bench.windows.find("FormNoBorrar")->shape().mask, ui::Color{255});
+  EXPECT_EQ(bench.windows.find("Player")->shape().mask, ui::Color{0xFF0000});
+  EXPECT_EQ(bench.windows.find("SA")->shape().mask, ui::Color{0xFFFFFF});
 }
 
 TEST_F(Dress, controls_of_one_window_do_not_cover_each_other_unless_they_take_turns) {
@@ -99,7 +104,10 @@ TEST_F(Dress, controls_of_one_window_do_not_cover_each_other_unless_they_take_tu
       // Texts that a click puts away, what a run says in place of the words before it, the boxes in
       // their list, what a recovery shows at its end, and the list for which another makes room.
       "AvisoAsociados", "TextAviso", "AvisoSound", "AvisoBack", "AvisoNoBorrados", "LabelEspera",
-      "ListStatus", "ListNoRecuperados", "LabelCerrar", "ListConservados"};
+      "ListStatus", "ListNoRecuperados", "LabelCerrar", "ListConservados",
+      // What the player says over its other controls, play and pause, the pictures of what it does,
+      // a title and a chart in their frames.
+      "AvisoPL", "Control", "ImagePlayPauSt", "LabelDisplay", "WindowsMediaPlayer", "Play"};
   for (const ui::Window* const window : windows) {
     const auto& all = window->controls();
     for (std::size_t i = 0; i < all.size(); ++i) {

@@ -101,7 +101,7 @@ TEST_F(ResizableWindow, a_stored_size_that_no_window_can_have_is_brought_into_th
 TEST_F(ResizableWindow, others_keep_the_size_of_their_layout_and_store_none) {
   disk.write("Config.ini", "[Settings]\r\nMe_Width=2000\r\nMe_Height=2000\r\n");
   start();
-  EXPECT_EQ(form.size(), (ui::Size{1100, 720}));
+  EXPECT_EQ(form.size(), (ui::Size{1100, 728}));
   form.Salir_Click();
   EXPECT_EQ(settings.number("Me_Width", 0), 2000) << "not written";
 }

@@ -4,48 +4,25 @@
 
 #include "ui/nine_slice.h"
 #include "ui/window.h"
+#include "win32/paint/exact_bitmap.h"
 #include "win32/paint/screen_scale.h"
 
 namespace ordelan::win32 {
 namespace {
 
-// A context that a bitmap is painted on, or from.
-class BitmapContext {
- public:
-  BitmapContext(HDC like, HBITMAP bitmap)
-      : context_(CreateCompatibleDC(like)), old_(SelectObject(context_, bitmap)) {}
-  ~BitmapContext() {
-    SelectObject(context_, old_);
-    DeleteDC(context_);
-  }
-  BitmapContext(const BitmapContext&) = delete;
-  BitmapContext& operator=(const BitmapContext&) = delete;
-
-  HDC get() const { return context_; }
-
- private:
-  HDC context_;
-  HGDIOBJ old_;
-};
-
-// All colours are kept exactly, whatever the screen has.
-HBITMAP exact_bitmap(int width, int height) {
-  BITMAPINFO format{};
-  format.bmiHeader.biSize = sizeof format.bmiHeader;
-  format.bmiHeader.biWidth = width;
-  format.bmiHeader.biHeight = -height;  // from the top
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
-  format.bmiHeader.biCompression = BI_RGB;
-  void* bits = nullptr;
-  return CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+std::uint32_t mask_of(const ui::Window& window) {
+  if (window.shape().picture.empty()) return kMaskPixel;
+  constexpr std::uint32_t kOpaque = 0xFF000000;
+  const COLORREF mask = color_of(window.shape().mask);
+  return kOpaque | std::uint32_t{GetRValue(mask)} << 16 | std::uint32_t{GetGValue(mask)} << 8 |
+         GetBValue(mask);
 }
 
 }  // namespace
 
 ui::Pixels ground_of(PictureStore& pictures, const ui::Window& window, const std::string& picture,
                      int dpi) {
-  ui::Pixels pixels = pictures.pixels(picture, dpi);
+  ui::Pixels pixels = pictures.pixels(picture, dpi, mask_of(window));
   if (!window.resizable()) return pixels;
   return ui::nine_sliced(
       pixels, {to_pixels(window.size().width, dpi), to_pixels(window.size().height, dpi)});

@@ -83,11 +83,11 @@ std::optional<ui::Size> PictureStore::size(const std::string& name) {
                   MulDiv(number_at(bytes + kHeightAt), 100, *scale)};
 }
 
-ui::Pixels PictureStore::pixels(const std::string& name, int dpi) {
+ui::Pixels PictureStore::pixels(const std::string& name, int dpi, std::uint32_t mask) {
   const ui::Pixels* const found = picture(name, dpi);
   const std::optional<ui::Size> units = size(name);
   if (!found || !units) return {};
-  return scaled(*found, {to_pixels(units->width, dpi), to_pixels(units->height, dpi)});
+  return scaled(*found, {to_pixels(units->width, dpi), to_pixels(units->height, dpi)}, mask);
 }
 
 HRSRC PictureStore::resource(const std::string& name, int scale) const {
@@ -149,11 +149,11 @@ ui::Pixels PictureStore::decode(const std::string& name, int scale) {
 
 // What is masked stands aside as transparent meanwhile, so that the outline stays sharp and takes
 // nothing of the mask's colour.
-ui::Pixels PictureStore::scaled(ui::Pixels picture, ui::Size wanted) {
+ui::Pixels PictureStore::scaled(ui::Pixels picture, ui::Size wanted, std::uint32_t mask) {
   if (picture.width == wanted.width && picture.height == wanted.height) return picture;
   bool masked = false;
   for (std::uint32_t& pixel : picture.argb) {
-    if (pixel != kMaskPixel) continue;
+    if (pixel != mask) continue;
     pixel = 0;
     masked = true;
   }
@@ -170,7 +170,7 @@ ui::Pixels PictureStore::scaled(ui::Pixels picture, ui::Size wanted) {
   }
   if (!masked) return result;
   constexpr std::uint32_t kHalf = 0x80000000;
-  for (std::uint32_t& pixel : result.argb) pixel = pixel < kHalf ? kMaskPixel : divided(pixel);
+  for (std::uint32_t& pixel : result.argb) pixel = pixel < kHalf ? mask : divided(pixel);
   return result;
 }
 

@@ -14,8 +14,8 @@
 
 namespace ordelan::win32 {
 
-// In a picture that has the shape of a window, pixels of exactly this are not the window. They are
-// never mixed with others.
+// In a picture that has the shape of a window, pixels of exactly this are not the window, unless
+// the window names another mask. They are never mixed with others.
 inline constexpr std::uint32_t kMaskPixel = 0xFFFF00FF;
 
 class PictureStore {
@@ -39,7 +39,8 @@ class PictureStore {
   std::optional<ui::Size> size(const std::string& name);
 
   // The picture as it is shown at this density, of its own size there. Empty when there is none.
-  ui::Pixels pixels(const std::string& name, int dpi);
+  // Pixels of `mask` are not mixed with others where it has to be made smaller or larger.
+  ui::Pixels pixels(const std::string& name, int dpi, std::uint32_t mask = kMaskPixel);
 
   // How many pictures have been decoded so far.
   int decodes() const { return decodes_; }
@@ -49,7 +50,7 @@ class PictureStore {
   std::optional<int> scale_for(const std::string& name, int dpi) const;
   const ui::Pixels* picture(const std::string& name, int dpi);
   ui::Pixels decode(const std::string& name, int scale);
-  ui::Pixels scaled(ui::Pixels picture, ui::Size wanted);
+  ui::Pixels scaled(ui::Pixels picture, ui::Size wanted, std::uint32_t mask);
 
   HINSTANCE instance_;
   int decodes_ = 0;

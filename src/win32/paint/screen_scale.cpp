@@ -21,6 +21,9 @@ int to_pixels(int units, int dpi) {
 int to_units(int pixels, int dpi) {
   return MulDiv(pixels, kUnitsPerInch, dpi);
 }
+int twips_to_pixels(int twips, int dpi) {
+  return MulDiv(twips, dpi, ui::kTwipsPerInch);
+}
 
 int line_width(int dpi) {
   return std::max(1, dpi / kUnitsPerInch);

@@ -7,11 +7,12 @@
 
 namespace ordelan::win32 {
 
-inline constexpr int kUnitsPerInch = 96;
+using ui::kUnitsPerInch;
 
 // Rounded to the nearest, at any sign.
 int to_pixels(int units, int dpi);
 int to_units(int pixels, int dpi);
+int twips_to_pixels(int twips, int dpi);
 
 // How broad the thin lines are, in pixels: always whole ones, so that they are sharp.
 int line_width(int dpi);

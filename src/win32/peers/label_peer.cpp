@@ -49,7 +49,22 @@ void LabelPeer::follow_pointer(UINT message) {
   }
 }
 
+// Many a move is of less than a pixel.
+void LabelPeer::update(const Marks& marks) {
+  const std::optional<int> start = text_start();
+  const bool as_shown = start && start == shown_start_ && !marks.has(ui::Aspect::text) &&
+                        !marks.has(ui::Aspect::bounds) && !marks.has(ui::Aspect::enabled);
+  shown_start_ = start;
+  if (!as_shown) PaintedPeer::update(marks);
+}
+
+std::optional<int> LabelPeer::text_start() const {
+  if (!label_.text_left() || !label_.picture().empty()) return std::nullopt;
+  return twips_to_pixels(*label_.text_left(), dpi());
+}
+
 UINT LabelPeer::layout(const RECT& area) const {
+  if (text_start()) return DT_SINGLELINE | DT_NOPREFIX;
   const int line = registry().tools().line_height(label_.font(), dpi());
   if (area.bottom >= 2 * line) return DT_WORDBREAK | DT_EDITCONTROL | DT_NOPREFIX;
   return DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX;
@@ -76,15 +91,17 @@ void LabelPeer::paint_text(HDC context, const RECT& area) {
   if (lit) SetTextColor(context, color_of(palette().text_over));
   // In the middle of its height, however many lines it takes.
   RECT words = area;
+  words.left = text_start().value_or(0);
   DrawTextW(context, caption.c_str(), size, &words, layout(area) | DT_CALCRECT);
   const LONG height = words.bottom - words.top;
   RECT room = area;
+  room.left = words.left;
   room.top = std::max(area.top, (area.bottom - height) / 2);
   DrawTextW(context, caption.c_str(), size, &room, layout(area));
   if (!lit && !focused) return;
   const int thick = line_width(dpi());
   const LONG top = std::min<LONG>(area.bottom - thick, room.top + height);
-  const RECT line{0, top, std::min(words.right, area.right), top + thick};
+  const RECT line{room.left, top, std::min(words.right, area.right), top + thick};
   FillRect(context, &line,
            registry().tools().brush(focused ? palette().accent : palette().text_over));
 }

@@ -10,10 +10,10 @@
 
 namespace ordelan::win32 {
 
-PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed)
+PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed, DWORD style)
     : ControlPeer(parent, control, can_be_pressed ? L"BUTTON" : L"STATIC",
-                  can_be_pressed ? BS_PUSHBUTTON | WS_TABSTOP : SS_LEFT | SS_NOTIFY | SS_NOPREFIX) {
-}
+                  style | (can_be_pressed ? BS_PUSHBUTTON | WS_TABSTOP
+                                          : SS_LEFT | SS_NOTIFY | SS_NOPREFIX)) {}
 
 bool PaintedPeer::is_background() const {
   return !control().on_click && !control().on_double_click;
@@ -61,7 +61,8 @@ LRESULT PaintedPeer::respond(UINT message, WPARAM w, LPARAM l) {
     case WM_LBUTTONUP: {
       RECT area{};
       GetClientRect(handle(), &area);
-      const bool inside = PtInRect(&area, POINT{GET_X_LPARAM(l), GET_Y_LPARAM(l)}) != FALSE;
+      click_ = {GET_X_LPARAM(l), GET_Y_LPARAM(l)};
+      const bool inside = PtInRect(&area, click_) != FALSE;
       clicked_ = std::exchange(pressed_, false) && inside;
       ReleaseCapture();
       return 0;
@@ -78,10 +79,14 @@ LRESULT PaintedPeer::respond(UINT message, WPARAM w, LPARAM l) {
 
 void PaintedPeer::deliver() {
   if (std::exchange(clicked_, false)) {
-    raise(control().on_click);
+    clicked(click_);
   } else if (std::exchange(double_clicked_, false)) {
     raise(control().on_double_click);
   }
+}
+
+void PaintedPeer::clicked(POINT) {
+  raise(control().on_click);
 }
 
 // The mouse's other messages stay with the control: moves are reported, and bring its tooltip.

@@ -10,8 +10,10 @@ class PaintedPeer : public ControlPeer {
   bool is_background() const override;
 
  protected:
-  // `can_be_pressed`: it is a button to the keys and to screen readers.
-  PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed = false);
+  // `can_be_pressed`: it is a button to the keys and to screen readers. `style` is added to its
+  // own.
+  PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_pressed = false,
+              DWORD style = 0);
 
   // Paints all of `area`, which begins at the control's top left corner. The painting is shown at
   // once when it is done.
@@ -21,12 +23,15 @@ class PaintedPeer : public ControlPeer {
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
   LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
   void deliver() override;
+  // The user has clicked there, in pixels. The peer may be gone afterwards.
+  virtual void clicked(POINT place);
 
  private:
   void press_window(UINT message, WPARAM w, LPARAM l) const;
 
   bool pressed_ = false;
   bool clicked_ = false;
+  POINT click_{};  // where the last press has ended
   bool double_clicked_ = false;
 };
 

@@ -11,6 +11,7 @@
 #include "win32/paint/drawing_tools.h"
 #include "win32/paint/mouse_pointers.h"
 #include "win32/paint/picture_store.h"
+#include "win32/peers/chart_host.h"
 
 namespace ordelan::ui {
 class Control;
@@ -37,6 +38,7 @@ class PeerRegistry {
   DrawingTools& tools() { return tools_; }
   PictureStore& pictures() { return pictures_; }
   MousePointers& pointers() { return pointers_; }
+  ChartHost& charts() { return charts_; }
 
   // The density at which texts are measured for the program, whichever screen a window is on.
   int measure_dpi() const { return measure_dpi_; }
@@ -83,6 +85,7 @@ class PeerRegistry {
   DrawingTools tools_;
   PictureStore pictures_;
   MousePointers pointers_{pictures_};
+  ChartHost charts_;
   int measure_dpi_;
   HWND messages_ = nullptr;  // a hidden window that receives timers and reminders
   std::map<HWND, WindowPeer*> windows_;

@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "win32/peers/balloon_peer.h"
+#include "win32/peers/bar_chart_peer.h"
 #include "win32/peers/button_peer.h"
 #include "win32/peers/check_box_peer.h"
 #include "win32/peers/check_list_box_peer.h"
@@ -16,6 +17,7 @@
 #include "win32/peers/slider_peer.h"
 #include "win32/peers/text_box_peer.h"
 #include "win32/peers/timer_peer.h"
+#include "win32/peers/waveform_peer.h"
 #include "win32/peers/window_peer.h"
 
 namespace ordelan::win32 {
@@ -35,6 +37,9 @@ Win32Backend::Win32Backend(HINSTANCE instance) : registry_(instance) {
   INITCOMMONCONTROLSEX wanted{
       sizeof wanted, ICC_STANDARD_CLASSES | ICC_PROGRESS_CLASS | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&wanted);
+  registry_.charts().on_window = [this](HWND chart) {
+    if (on_chart_window) on_chart_window(chart);
+  };
 }
 
 template <class PeerKind, class ControlKind>
@@ -48,6 +53,9 @@ std::unique_ptr<ui::Peer> Win32Backend::attach_control(ControlKind& control) {
 
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Window& window) {
   return std::make_unique<WindowPeer>(registry_, window);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::BarChart& chart) {
+  return attach_control<BarChartPeer>(chart);
 }
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Button& button) {
   return attach_control<ButtonPeer>(button);
@@ -78,6 +86,9 @@ std::unique_ptr<ui::Peer> Win32Backend::attach(ui::TextBox& box) {
 }
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Timer& timer) {
   return std::make_unique<TimerPeer>(registry_, timer);
+}
+std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Waveform& wave) {
+  return attach_control<WaveformPeer>(wave);
 }
 std::unique_ptr<ui::Peer> Win32Backend::attach(ui::Class1& balloon, ui::Window& window,
                                                ui::Control* control) {

@@ -18,6 +18,7 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   explicit Win32Backend(HINSTANCE instance);
 
   std::unique_ptr<ui::Peer> attach(ui::Window& window) override;
+  std::unique_ptr<ui::Peer> attach(ui::BarChart& chart) override;
   std::unique_ptr<ui::Peer> attach(ui::Button& button) override;
   std::unique_ptr<ui::Peer> attach(ui::CheckBox& box) override;
   std::unique_ptr<ui::Peer> attach(ui::CheckListBox& boxes) override;
@@ -28,6 +29,7 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   std::unique_ptr<ui::Peer> attach(ui::Slider& slider) override;
   std::unique_ptr<ui::Peer> attach(ui::TextBox& box) override;
   std::unique_ptr<ui::Peer> attach(ui::Timer& timer) override;
+  std::unique_ptr<ui::Peer> attach(ui::Waveform& wave) override;
   std::unique_ptr<ui::Peer> attach(ui::Class1& balloon, ui::Window& window,
                                    ui::Control* control) override;
 
@@ -36,6 +38,7 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   // In pixels of the main screen, as rows are painted there. Bytes that the font has no picture for
   // are as wide as the mark it paints instead.
   ui::CharacterWidths character_widths(const ui::Font& font) override;
+  int measure_dpi() const override { return registry_.measure_dpi(); }
 
   std::optional<ui::Size> picture_size(const std::string& name) override;
 
@@ -58,6 +61,13 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
   // Called by `run` after each event, where no handler runs and no job is under way: what handlers
   // could not free while they ran can be freed here. Never called from inside a pump.
   std::function<void()> between_events;
+
+  // Called with the real window of a chart, which can hold one of the system's that shows what it
+  // plays: when the first chart comes, again when its size has changed, and with null before it
+  // goes, at the latest with the last of the program's windows. To be set before the first window
+  // is loaded. It may be called in the middle of any showing, so that it must not touch the
+  // program's windows, and nothing that it throws gets out.
+  std::function<void(HWND)> on_chart_window;
 
   // The window that a dialog belongs to: the one the user works in. Null when there is none.
   HWND owner() const;

@@ -1,0 +1,177 @@
+#include "audio/sound.h"
+
+#include <algorithm>
+
+#include "audio/player.h"
+#include "audio/sa.h"
+#include "audio/zoom.h"
+#include "work/window_names.h"
+
+namespace ordelan::audio {
+namespace {
+
+constexpr std::string_view kVolumen = "Volumen";
+
+}  // namespace
+
+Mirror::Mirror(Sound& sound) : sound_(sound) {
+  sound.mirrors_.push_back(this);
+}
+
+Mirror::~Mirror() {
+  std::erase(sound_.mirrors_, this);
+}
+
+Sound::Sound(const work::Context& context)
+    : info(context.platform.files, context.platform.pump,
+           {.SA_visible = [&windows = context.windows] { return windows.visible(SA::kName); },
+            .hide_SA = [&windows = context.windows] { windows.hide<SA>(); },
+            .Player_visible = [&windows =
+                                   context.windows] { return windows.visible(Player::kName); }}),
+      context_(context),
+      media_(context.platform.media) {
+  context.windows.add<Player>([this] { return std::make_unique<Player>(context_, *this); });
+  context.windows.add<SA>([this] { return std::make_unique<SA>(context_, *this); });
+  context.windows.add<Zoom>([this] { return std::make_unique<Zoom>(context_, *this); });
+}
+
+void Sound::begin() {
+  context_.windows.touch<Player>();
+  context_.windows.touch<SA>();
+}
+
+system::Media& Sound::engine() {
+  context_.windows.touch<SA>();
+  return media_;
+}
+
+Player* Sound::player() const {
+  return context_.windows.touch<Player>();
+}
+
+void Sound::Control_Click(int Index) {
+  if (Player* const window = player()) window->Control_Click(Index);
+}
+
+void Sound::Vol(std::int32_t Level) {
+  if (Player* const window = player()) window->Vol(Level);
+}
+
+void Sound::set_URL(const std::string& path) {
+  // A file can be let go without a window; only one that is to sound needs the engine's home.
+  if (path.empty()) {
+    media_.set_URL(path);
+  } else {
+    engine().set_URL(path);
+  }
+  if (Player* const window = context_.windows.find<Player>()) window->file_changed();
+}
+
+void Sound::stop_and_empty() {
+  Control_Click(kStop);
+  set_URL("");
+}
+
+bool Sound::Form_KeyDown(const ui::Key& key) {
+  constexpr int kSpace = 32;
+  constexpr int kEnd = 35;
+  constexpr int kAdd = 107;
+  constexpr int kSubtract = 109;
+  const auto change_volume = [this](int step) {
+    Player* const window = player();
+    if (window == nullptr) return;
+    window->SliderVol.set_value(window->SliderVol.value() + step);
+    window->Vol(window->SliderVol.value());  // at an end of the slider it is as before
+  };
+  switch (key.code) {
+    case kSpace:
+      switch (media_.playState()) {
+        case system::Media::kReady:
+        case system::Media::kStopped:
+        case system::Media::kPaused:
+          Control_Click(kPlay);
+          return true;
+        case system::Media::kPlaying:
+          Control_Click(kPause);
+          return true;
+        default:
+          return false;
+      }
+    case kEnd:
+      Control_Click(kStop);
+      return true;
+    case kAdd:
+      change_volume(1);
+      return true;
+    case kSubtract:
+      change_volume(-1);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void Sound::hide_AvisoPL() const {
+  if (Player* const window = context_.windows.find<Player>()) window->AvisoPL.hide();
+}
+
+std::int32_t Sound::stored_volume(std::int32_t now) const {
+  const double stored = context_.settings.number(kVolumen, now);
+  return static_cast<std::int32_t>(std::clamp(stored, -1.0e9, 1.0e9));
+}
+
+void Sound::store_volume() {
+  const Player* const window = context_.windows.find<Player>();
+  store_volume(window ? window->SliderVol.value() : stored_volume());
+}
+
+void Sound::store_volume(std::int32_t Level) {
+  context_.settings.set_number(kVolumen, Level);
+}
+
+std::optional<double> Sound::seek_to_unit(int x) {
+  constexpr double kSliderUnits = 200;  // how wide a position slider is
+  if (!(media_.currentPosition() > 0) || media_.URL().empty()) return std::nullopt;
+  const double seconds = media_.duration() / kSliderUnits * x;
+  media_.set_currentPosition(seconds);
+  if (Player* const window = context_.windows.find<Player>()) window->show_cursor(seconds);
+  return seconds;
+}
+
+void Sound::SliderTime_Change(std::int32_t Value) {
+  hide_AvisoPL();
+  media_.set_currentPosition(Value);
+  if (Player* const window = context_.windows.find<Player>()) window->show_cursor(Value);
+}
+
+void Sound::show_loaded() {
+  each_mirror([](Mirror& mirror) { mirror.show_loaded(); });
+}
+
+void Sound::SituarPlayer(bool Mostrar) {
+  Player* const window = player();
+  if (window == nullptr) return;
+  if (!Mostrar || !window->visible()) {
+    const Zoom* const zoom = context_.windows.find<Zoom>();
+    if (zoom != nullptr && !zoom->ListFilesZoom.empty() && media_.URL().empty()) {
+      set_URL(zoom->ListFilesZoom.row(0));
+    }
+    window->show_title();
+    Control_Click(kStop);
+  }
+  window->read_place();
+  window->set_visible(Mostrar);
+  SA* const spectrum = context_.windows.find<SA>();
+  if (!Mostrar || spectrum == nullptr) return;
+  spectrum->hide();
+  spectrum->set_position(window->place_of_SA());
+}
+
+void Sound::HacerVisibles() {
+  for (const char* const name : {work::window_name::kListasZoom, Zoom::kName, Player::kName}) {
+    ui::Window* const window = context_.windows.find(name);
+    if (window != nullptr && window->visible()) window->bring_to_front();
+  }
+}
+
+}  // namespace ordelan::audio
