@@ -17,12 +17,12 @@ double number_of_80_bits(std::string_view bytes) {
   return std::ldexp(static_cast<double>(big_endian(bytes, 2, 8)), exponent - 16383 - 63);
 }
 
-struct Sound {
+struct SoundChunk {
   std::string common;  // the chunk "COMM"
   std::uint64_t bytes = 0;
 };
 
-void describe(const Sound& sound, bool compressed_kind, Detalles& details) {
+void describe(const SoundChunk& sound, bool compressed_kind, Detalles& details) {
   const std::string_view common = sound.common;
   const std::uint64_t channels = big_endian(common, 0, 2);
   // Of one kind of packed sound the chunk counts packets of 64 samples.
@@ -70,7 +70,7 @@ bool read_aiff(ByteSource& source, Detalles& details) {
   static constexpr std::array<std::array<std::string_view, 2>, 4> kTexts = {
       {{"NAME", "title"}, {"AUTH", "artist"}, {"(c) ", "copyright"}, {"ANNO", "comment"}}};
   const bool compressed_kind = is_aifc(source);
-  Sound sound;
+  SoundChunk sound;
   const bool aiff = each_aiff_chunk(source, [&](const Chunk& chunk) {
     const auto& [name, at, length, number] = chunk;
     const auto kept = static_cast<std::size_t>(std::min<std::uint64_t>(length, kMostText));

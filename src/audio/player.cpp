@@ -62,6 +62,10 @@ void Player::name_controls() {
   AvisoPL.hide();
   ImageOnda.set_description("Forma de onda");
   ImageOnda.hide();
+  Bal.set_back_color(ui::rgb(0xFF, 0xE0, 0xC0));
+  Bal.set_style(0);
+  Bal.set_icon(1);
+  Bal.set_delay_time(10);
   make_minimize_button(cmdMinimizar);
   CloseW.set_description("Cerrar");
 }
@@ -80,6 +84,11 @@ void Player::wire() {
   CheckToolTip.on_click = [this] { CheckToolTip_Click(); };
   CheckSeguir.on_click = [this] { AvisoPL.hide(); };
   on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
+  on_mouse_down = [this] {
+    AvisoPL.hide();
+    Bal.Destroy();
+  };
+  on_context_menu = [this](bool by_key) { show_menu(by_key); };
   for (int i = 0; i < Control.size(); ++i) {
     Control[i].on_click = [this, i] { Control_Click(i); };
   }
@@ -120,9 +129,32 @@ ui::Point Player::place_of_SA() const {
   return {position().x + skin::kSpectrumRight, above < 0 ? position().y + size().height : above};
 }
 
+// The sliders and buttons of this window have no use for these keys that would be worth more.
 void Player::Form_KeyDown(ui::Key& key) {
-  // The sliders and buttons of this window have no use for these keys that would be worth more.
-  if (sound_.Form_KeyDown(key)) key.swallowed = true;
+  constexpr int kHome = 36;
+  constexpr int kLeft = 37;
+  constexpr int kRight = 39;
+  constexpr double kStep = 5;  // seconds
+  Bal.Destroy();
+  if (sound_.Form_KeyDown(key)) {
+    key.swallowed = true;
+    return;
+  }
+  if (key.shift || key.control) return;
+  switch (key.code) {
+    case kHome:
+      show_place(sound_.seek_by(-sound_.media().currentPosition()));
+      break;
+    case kLeft:
+      show_place(sound_.seek_by(-kStep));
+      break;
+    case kRight:
+      show_place(sound_.seek_by(kStep));
+      break;
+    default:
+      return;
+  }
+  key.swallowed = true;
 }
 
 }  // namespace ordelan::audio

@@ -9,6 +9,7 @@
 
 #include "audio/sound.h"
 #include "audio/waveform.h"
+#include "ui/balloon.h"
 #include "ui/button.h"
 #include "ui/check_box.h"
 #include "ui/control_array.h"
@@ -51,6 +52,7 @@ class Player final : public work::ProgramWindow {
   ui::Timer TimerDisplay;     // moves the title
   ui::Waveform ImageOnda;     // the waveform of what is loaded; a click on it seeks
   ui::Timer TimerOnda;        // runs while there is more of the waveform to be read
+  ui::Class1 Bal;             // what is known of a file, beside what names it
 
   // Plays, pauses or stops what is loaded; without a file nothing happens, to the images neither.
   void Control_Click(int Index);
@@ -70,6 +72,12 @@ class Player final : public work::ProgramWindow {
   // before row `Indice` of `Lista`, names the file.
   bool BuscarAudio(const std::string& Path, const ui::ListBox& Lista, int Indice, bool Avisar,
                    bool Completo, std::string& Resultado);
+  // Reads what is known of the file at `Path`, which becomes ArchivoActual, and shows it in the
+  // balloon at the lower right corner of a control, which may be on another window. TextoToolTip
+  // has the text afterwards. Of a missing file nothing is shown.
+  void MostrarInfoArchivo(ui::Control& control, const std::string& Path, const std::string& Titulo);
+  // The second half of it: the balloon with TextoToolTip as it is, below the file's size and date.
+  void show_info(ui::Control& control, const std::string& Path, const std::string& Titulo);
   // Puts the window where it was stored, and the main window back on the screen.
   void Form_DblClick();
   // The window has been asked to close: its place and the volume are stored.
@@ -105,6 +113,8 @@ class Player final : public work::ProgramWindow {
   void TimerDisplay_Tick();
   void ImageOnda_Press(ui::Point at);
   void TimerOnda_Tick();
+  void show_place(std::optional<double> seconds);
+  void show_menu(bool by_key);
   void follow_file();
   void SliderVol_Change(std::int32_t Value);
   void CheckToolTip_Click();

@@ -189,6 +189,7 @@ void Player::MostrarToolTips(bool Activo) {
   tip(LabelDisplay, "Titulo y duración");
   tip(LabelTime, "Tiempo trancurrido");
   tip(PictureLD, "Tiempo trancurrido");
+  tip(ImageOnda, "Clic para ir a ese punto del audio");
   tip(SliderTime, "Arrastrar para cambiar posición de audio.");
   tip(SliderVol,
       "Clic en posición X , o arrastrar fader. Play/Pausa con espacio, Volumen teclas + -");

@@ -12,13 +12,13 @@ namespace {
 
 constexpr std::uint64_t kUnset = 0xFFFFFFFF;  // a length of 32 bits that stands for a longer one
 
-struct Sound {
+struct RiffSound {
   std::string format;                  // the chunk "fmt "
   std::optional<std::uint64_t> bytes;  // how long the samples are
   std::uint64_t samples = 0;           // as the file says for sound that is not stored as it is
 };
 
-void describe(const Sound& sound, Number number, Detalles& details) {
+void describe(const RiffSound& sound, Number number, Detalles& details) {
   const std::string_view format = sound.format;
   const std::uint64_t kind = wav_kind(format, number);
   const bool plain = kind == 1 || kind == 3;
@@ -88,7 +88,7 @@ void read_broadcast(std::string_view chunk, Etiquetas& tags) {
 }
 
 // One chunk that a wav may have; others are passed over.
-void read_chunk(ByteSource& source, const Chunk& chunk, Sound& sound, Etiquetas& tags) {
+void read_chunk(ByteSource& source, const Chunk& chunk, RiffSound& sound, Etiquetas& tags) {
   const auto& [name, at, length, number] = chunk;
   if (name == "fmt " && sound.format.empty()) {
     sound.format = source.bytes(at, static_cast<std::size_t>(std::min<std::uint64_t>(length, 40)));
@@ -171,7 +171,7 @@ bool each_w64_chunk(ByteSource& source, const VisitChunk& visit) {
 
 bool read_riff(ByteSource& source, Detalles& details) {
   const bool large = is_large(source.bytes(0, 4));
-  Sound sound;
+  RiffSound sound;
   std::uint64_t long_samples = 0;
   Number number = little_endian;
   const bool riff = each_riff_chunk(source, [&](const Chunk& chunk) {
@@ -186,7 +186,7 @@ bool read_riff(ByteSource& source, Detalles& details) {
 }
 
 bool read_w64(ByteSource& source, Detalles& details) {
-  Sound sound;
+  RiffSound sound;
   const bool w64 = each_w64_chunk(source, [&](const Chunk& chunk) {
     if (chunk.name == "fmt " || chunk.name == "fact" || chunk.name == "data") {
       read_chunk(source, chunk, sound, details.etiquetas);

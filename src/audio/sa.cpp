@@ -69,7 +69,9 @@ void SA::name_controls() {
 void SA::Form_Load() {
   BalanceInicial = static_cast<std::int16_t>(sound_.media().balance());
   VuSA(0);
-  sound_.media().set_volume(sound_.level);  // a new engine has one of its own
+  // A new engine has those of its own.
+  sound_.media().set_volume(sound_.level);
+  sound_.media().set_device(sound_.stored_device());
 }
 
 void SA::VuSA(std::int32_t Level) {

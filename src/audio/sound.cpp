@@ -11,6 +11,7 @@ namespace ordelan::audio {
 namespace {
 
 constexpr std::string_view kVolumen = "Volumen";
+constexpr std::string_view kSalida = "Salida";
 
 }  // namespace
 
@@ -133,15 +134,40 @@ std::optional<double> Sound::seek_to_unit(int x) {
   constexpr double kSliderUnits = 200;  // how wide a position slider is
   if (!(media_.currentPosition() > 0) || media_.URL().empty()) return std::nullopt;
   const double seconds = media_.duration() / kSliderUnits * x;
-  media_.set_currentPosition(seconds);
-  if (Player* const window = context_.windows.find<Player>()) window->show_cursor(seconds);
+  go_to(seconds);
   return seconds;
+}
+
+std::optional<double> Sound::seek_by(double seconds) {
+  constexpr double kBeforeEnd = 0.5;
+  const int state = media_.playState();
+  const double last = media_.duration() - kBeforeEnd;
+  if ((state != system::Media::kPlaying && state != system::Media::kPaused) || last <= 0) {
+    return std::nullopt;
+  }
+  const double now = media_.currentPosition();
+  const double place = std::clamp(now + seconds, 0.0, std::max(now, last));
+  go_to(place);
+  return place;
 }
 
 void Sound::SliderTime_Change(std::int32_t Value) {
   hide_AvisoPL();
-  media_.set_currentPosition(Value);
-  if (Player* const window = context_.windows.find<Player>()) window->show_cursor(Value);
+  go_to(Value);
+}
+
+void Sound::go_to(double seconds) {
+  media_.set_currentPosition(seconds);
+  if (Player* const window = context_.windows.find<Player>()) window->show_cursor(seconds);
+}
+
+void Sound::set_device(const std::string& id) {
+  media_.set_device(id);
+  context_.settings.GrabarIni(context_.settings.RutaConfig, kSalida, id);
+}
+
+std::string Sound::stored_device() const {
+  return context_.settings.LeerIni(context_.settings.RutaConfig, kSalida, "");
 }
 
 void Sound::show_loaded() {

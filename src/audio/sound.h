@@ -75,6 +75,10 @@ class Sound {
   // Goes to the place of a click on a position slider, so many units from its left end, and gives
   // that place in seconds; nothing for a file that is stopped: it cannot be clicked to a place.
   std::optional<double> seek_to_unit(int x);
+  // Goes on or back by so many seconds in what plays or is paused, and gives the place: at the
+  // least the beginning, at the most the last half second, so that a step never ends a file.
+  // Nothing, and no change, for what is stopped or has no duration.
+  std::optional<double> seek_by(double seconds);
   // A position slider was brought to that second.
   void SliderTime_Change(std::int32_t Value);
   // Loads a file, which starts to play; empty ends the sound and lets the file go.
@@ -112,6 +116,12 @@ class Sound {
   // Set by the main window: brings it back if it is minimised.
   std::function<void()> restore_main_window = [] {};
 
+  // Has all sound come out of that device, empty for the system's default, and stores it. The
+  // volume stays.
+  void set_device(const std::string& id);
+  // The device that is stored. The engine takes the default one while that one is missing.
+  std::string stored_device() const;
+
   // The volume that was set last, for an engine that comes to life.
   std::int32_t level = 0;
 
@@ -123,6 +133,8 @@ class Sound {
   void each_mirror(Call&& call) const {
     for (Mirror* const mirror : mirrors_) call(*mirror);
   }
+
+  void go_to(double seconds);
 
   work::Context context_;
   system::Media& media_;

@@ -72,10 +72,13 @@ void Player::SliderVol_Change(std::int32_t Value) {
   Vol(Value);
 }
 
-// The slider is not where the user clicked, and follows.
 void Player::ImageOnda_Press(ui::Point at) {
   AvisoPL.hide();
-  const auto seconds = sound_.seek_to_unit(at.x);
+  show_place(sound_.seek_to_unit(at.x));
+}
+
+// A place that was gone to by other means than the slider, which follows.
+void Player::show_place(std::optional<double> seconds) {
   if (!seconds) return;
   if (const auto position = whole(*seconds)) SliderTime.set_value(*position);
 }

@@ -184,11 +184,14 @@ void Zoom::ListFilesZoom_Click() {
   // It lets events run: another row may be in hand by then, or no window.
   sound_.info.InfoAudio(extension, row);
   if (context().windows.find<Zoom>() != this || ListFilesZoom.current_row() != row) return;
+  player = sound_.player();
+  if (player != nullptr) {
+    player->show_info(ListFilesZoom, row, text::Obtener_Nombre_Archivo(row));
+  }
   TextInfo.set_text(sound_.info.TextoToolTip);
   sound_.set_URL(row);
   sound_.Control_Click(kStop);
   sound_.show_loaded();
-  player = sound_.player();
   if (player != nullptr && CheckAutoPlay.checked()) {
     player->show_title();
     Play_Click();

@@ -56,4 +56,15 @@ system::Answer ScriptedDialogs::message(const system::Message& message) {
   return system::Answer::ok;
 }
 
+std::optional<std::size_t> ScriptedDialogs::menu(const std::vector<system::MenuItem>& items,
+                                                 system::MenuPlace) {
+  menus.push_back(items);
+  if (on_dialog) on_dialog();
+  const std::string choice = next(choices);
+  for (std::size_t i = 0; i < items.size() && !choice.empty(); ++i) {
+    if (items[i].text == choice && items[i].enabled) return i;
+  }
+  return std::nullopt;
+}
+
 }  // namespace ordelan::headless

@@ -19,6 +19,9 @@ class ScriptedDialogs final : public system::Dialogs {
   std::deque<std::string> folders;
   // Answers of message boxes; when they run out the careful button is pressed.
   std::deque<system::Answer> answers;
+  // What is chosen from menus, by its text; when they run out, or where it is missing or cannot be
+  // chosen, the menu is put away.
+  std::deque<std::string> choices;
   // Runs while a dialog is up, before it is answered.
   std::function<void()> on_dialog;
 
@@ -26,11 +29,14 @@ class ScriptedDialogs final : public system::Dialogs {
   std::vector<system::SaveRequest> save_requests;
   std::vector<std::string> folder_titles;
   std::vector<system::Message> messages;
+  std::vector<std::vector<system::MenuItem>> menus;
 
   std::vector<std::string> open_files(const system::OpenRequest& request) override;
   std::string save_file(const system::SaveRequest& request) override;
   std::string pick_folder(const std::string& title) override;
   system::Answer message(const system::Message& message) override;
+  std::optional<std::size_t> menu(const std::vector<system::MenuItem>& items,
+                                  system::MenuPlace place) override;
 };
 
 }  // namespace ordelan::headless

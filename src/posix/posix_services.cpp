@@ -4,6 +4,7 @@
 #include <locale.h>
 
 #include <array>
+#include <cmath>
 #include <ctime>
 
 #include "text/code_page.h"
@@ -64,18 +65,23 @@ std::string without_seconds(std::string_view format, std::string_view halves) {
 
 namespace {
 
-// This moment in that format of the locale, in the code page as far as it can hold it.
+// A time in that format of the locale, in the code page as far as it can hold it.
+std::string written_time(const Locale& locale, const std::string& format, const std::tm& time) {
+  std::array<char, 128> text{};
+  const std::size_t size =
+      locale.get() == nullptr
+          ? std::strftime(text.data(), text.size(), format.c_str(), &time)
+          : ::strftime_l(text.data(), text.size(), format.c_str(), &time, locale.get());
+  const std::string written(text.data(), size);
+  return text::from_utf8(written).value_or(written);
+}
+
+// This moment in that format of the locale.
 std::string moment(const Locale& locale, const std::string& format) {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   ::localtime_r(&now, &local);
-  std::array<char, 128> text{};
-  const std::size_t size =
-      locale.get() == nullptr
-          ? std::strftime(text.data(), text.size(), format.c_str(), &local)
-          : ::strftime_l(text.data(), text.size(), format.c_str(), &local, locale.get());
-  const std::string written(text.data(), size);
-  return text::from_utf8(written).value_or(written);
+  return written_time(locale, format, local);
 }
 
 constexpr int kTimeAndLetters = LC_TIME_MASK | LC_CTYPE_MASK;
@@ -94,6 +100,19 @@ std::string EnvironmentRegional::short_time() {
 
 std::string EnvironmentRegional::long_time() {
   return moment(Locale(kTimeAndLetters), "%X");
+}
+
+std::string EnvironmentRegional::date_and_time(double moment) {
+  constexpr double kFirstDay = 25569;  // of the system's own times
+  constexpr double kSecondsOfDay = 86400;
+  constexpr double kMost = 3e6;  // days, as on the other system
+  if (!(std::abs(moment) < kMost)) return "";
+  // The moment is local already: it only has to be taken apart.
+  const auto seconds = static_cast<std::time_t>(std::llround((moment - kFirstDay) * kSecondsOfDay));
+  std::tm parts{};
+  if (::gmtime_r(&seconds, &parts) == nullptr) return "";
+  const Locale locale(kTimeAndLetters);
+  return written_time(locale, "%x", parts) + " " + written_time(locale, "%X", parts);
 }
 
 }  // namespace ordelan::posix

@@ -25,6 +25,7 @@ class EnvironmentRegional final : public system::Regional {
   std::string short_date() override;
   std::string short_time() override;
   std::string long_time() override;
+  std::string date_and_time(double moment) override;
 };
 
 }  // namespace ordelan::posix

@@ -8,8 +8,6 @@
 namespace ordelan::project {
 namespace {
 
-constexpr std::size_t kLongestName = 255;  // characters, on any disk
-constexpr std::size_t kShortStem = 6;      // characters of a short name before "~"
 constexpr std::size_t kShortExtension = 3;
 
 std::size_t place(std::uint64_t hash, std::size_t slots) {

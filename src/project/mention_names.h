@@ -13,6 +13,9 @@
 
 namespace ordelan::project {
 
+inline constexpr std::size_t kLongestName = 255;  // characters, on any disk
+inline constexpr std::size_t kShortStem = 6;      // characters of a short name before "~"
+
 // The names that are searched for. It never changes, so that many searches can share it.
 class MentionNames {
  public:

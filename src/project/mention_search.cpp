@@ -10,9 +10,7 @@
 namespace ordelan::project {
 namespace {
 
-constexpr std::size_t kLongestName = 255;  // characters, on any disk
-constexpr std::size_t kShortBase = 8;      // characters of a short name before its dot
-constexpr std::size_t kShortStem = 6;      // of these before "~"
+constexpr std::size_t kShortBase = 8;  // characters of a short name before its dot
 // Of a file, what is kept before the place that is searched: a name in UTF-8, its path and a
 // length.
 constexpr std::size_t kTail = 16'384;

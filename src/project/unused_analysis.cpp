@@ -22,7 +22,7 @@ namespace ordelan::project {
 namespace {
 
 // In loops that only make rows: so few take much less than a turn's time.
-constexpr std::size_t kRowsBetweenTurns = 256;
+constexpr std::size_t kFilesBetweenTurns = 256;
 
 // The paths of candidates, with turns in between. It breaks off where the job must stop.
 std::vector<std::string> paths_of(const Candidates& candidates,
@@ -32,7 +32,7 @@ std::vector<std::string> paths_of(const Candidates& candidates,
   for (const Candidates::File file : files) {
     paths.push_back(candidates.path(file));
     if (job.must_stop()) break;
-    if (paths.size() % kRowsBetweenTurns == 0) job.turn();
+    if (paths.size() % kFilesBetweenTurns == 0) job.turn();
   }
   return paths;
 }

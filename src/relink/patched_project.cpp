@@ -55,16 +55,16 @@ Result<Written> write_beside(system::FileSystem& files, OpenProject& project,
   return written;
 }
 
-struct Chunk {
+struct Overwritten {
   std::uint64_t offset;
   std::string bytes;
 };
 
 // The bytes of a file from one on, as many as there are up to a count.
-Result<Chunk> chunk_at(system::InputFile& file, std::uint64_t offset, std::size_t count) {
+Result<Overwritten> chunk_at(system::InputFile& file, std::uint64_t offset, std::size_t count) {
   const std::uint64_t rest = file.size() > offset ? file.size() - offset : 0;
-  Chunk chunk{offset,
-              std::string(static_cast<std::size_t>(std::min<std::uint64_t>(count, rest)), 0)};
+  Overwritten chunk{offset,
+                    std::string(static_cast<std::size_t>(std::min<std::uint64_t>(count, rest)), 0)};
   const auto read =
       file.read(offset, {reinterpret_cast<std::uint8_t*>(chunk.bytes.data()), chunk.bytes.size()});
   if (read != chunk.bytes.size()) return Reason::other;
@@ -74,11 +74,11 @@ Result<Chunk> chunk_at(system::InputFile& file, std::uint64_t offset, std::size_
 // Writes back what a change in place that has failed has overwritten. False where that fails too:
 // the project has its copy.
 bool take_back(system::FileSystem& files, const std::string& path, std::uint64_t size,
-               const std::vector<Chunk>& overwritten) {
+               const std::vector<Overwritten>& overwritten) {
   auto file = files.change(path);
   // Shorter first: the disk may be full.
   if (!file || !file->set_size(size)) return false;
-  for (const Chunk& chunk : overwritten) {
+  for (const Overwritten& chunk : overwritten) {
     if (!file->write_at(chunk.offset, chunk.bytes)) return false;
   }
   return file->flush() && file->close();
@@ -94,7 +94,7 @@ Status change_in_place(system::FileSystem& files, OpenProject& project,
   });
   if (status) status = record.changes({{path, {project.image.size(), hash.value()}}});
   if (!status) return status;
-  std::vector<Chunk> overwritten;
+  std::vector<Overwritten> overwritten;
   const std::uint64_t size = project.file->size();
   status = project.image.write_changes([&](std::uint64_t offset, std::string_view bytes) {
     const auto chunk = chunk_at(*project.file, offset, bytes.size());

@@ -1,6 +1,7 @@
 // Questions to the user that the system's own dialogs put.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,14 @@ struct Message {
   Buttons buttons = Buttons::ok;
 };
 
+struct MenuItem {
+  std::string text;  // empty for a line between groups
+  bool ticked = false;
+  bool enabled = true;
+};
+// Where a menu comes up: at the pointer, or at what has the keys.
+enum class MenuPlace { pointer, focus };
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -46,6 +55,9 @@ class Dialogs {
   // counts as the careful answer: cancel, no, or ok where there is nothing else. Of yes and no,
   // Enter presses no.
   virtual Answer message(const Message& message) = 0;
+
+  // Shows a menu and gives the index of the item that was chosen, nothing where it was put away.
+  virtual std::optional<std::size_t> menu(const std::vector<MenuItem>& items, MenuPlace place) = 0;
 };
 
 }  // namespace ordelan::system

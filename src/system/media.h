@@ -14,14 +14,20 @@ struct Heard {
   std::vector<float> samples;
 };
 
+// A device that sound can come out of.
+struct SoundDevice {
+  std::string id;    // what `set_device` takes; it stays the same from start to start
+  std::string name;  // for the user
+};
+
 // The operations are those of the system's media player, and they carry its names. All calls are
 // made on the program's thread; none waits for a file to be opened. An order given while a file is
 // still being opened is carried out when it is open, in the order given. What an order comes to is
 // read at once: after `play` no `status` says that the file is stopped. No call fails: what an
 // engine cannot play simply does not sound, and `notice` says why.
 //
-// The engine itself comes to life with the first `set_URL` of a path. Volume and balance that were
-// set before hold for it.
+// The engine itself comes to life with the first `set_URL` of a path. Volume and balance and a
+// device that were set before hold for it.
 class Media {
  public:
   // The numbers are the player's. Others may come from the system's player: they mean neither.
@@ -70,6 +76,14 @@ class Media {
   virtual int balance() const = 0;
   virtual void set_balance(int balance) = 0;
 
+  // The devices of the machine by which this engine can play, without the system's default; empty
+  // where the engine has no choice.
+  virtual std::vector<SoundDevice> devices() { return {}; }
+  // The device that sound comes out of from now on, empty for the system's default, as at first. A
+  // loaded file goes on at its place. While the chosen device is missing the default one plays.
+  virtual std::string device() const { return ""; }
+  virtual void set_device(const std::string& /*id*/) {}
+
   // The engine's own text of its state, in its own language. Ours says "Reproduciendo: 192 K
   // bits/s" (the file's bit rate), "En pausa", "Detenido", "Abriendo" while a file is being opened,
   // "Listo" where one cannot be played, and "" without a file.
@@ -93,7 +107,7 @@ class Media {
   virtual std::string notice() const = 0;
 
   // Ends the sound and the engine. It is then as at first: the next path brings a new one to life,
-  // with volume 50 and balance 0 unless they are set again.
+  // with volume 50, balance 0 and the default device unless they are set again.
   virtual void end() = 0;
 };
 

@@ -18,6 +18,10 @@ class Regional {
 
   // The time of day in the long form, with its seconds.
   virtual std::string long_time() = 0;
+
+  // A moment in local time, given as days since the 30th of December 1899 with their fraction, as
+  // the short date and the long time with a blank between; "" for one that the system cannot write.
+  virtual std::string date_and_time(double moment) = 0;
 };
 
 }  // namespace ordelan::system

@@ -131,7 +131,11 @@ class Window {
   std::function<void()> on_unload;        // before the end of the real window
   std::function<void()> on_close;         // the user asks to close it; nothing else happens
   std::function<void(Key&)> on_key_down;  // before the control that has the focus
-  std::function<void()> on_drag_end;      // once after each drag, by the title or the background
+  // A button of the mouse is pressed anywhere on it, before what is there handles the press.
+  std::function<void()> on_mouse_down;
+  // The user asks for a menu: by its key, or by the right button of the mouse.
+  std::function<void(bool by_key)> on_context_menu;
+  std::function<void()> on_drag_end;  // once after each drag, by the title or the background
   std::function<void()> on_double_click;
   std::function<void()> on_visible;  // it is now shown, or hidden; not raised by `unload`
   std::function<void()> on_resize;   // the size has changed, by the user or by the program

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,10 +19,10 @@ inline audio::ByteSource source_of(std::string_view bytes, std::uint64_t size) {
       size, [bytes, size](std::uint64_t offset, std::span<std::uint8_t> buffer) {
         const auto left = size - std::min(size, offset);
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), left));
-        std::fill_n(buffer.begin(), count, std::uint8_t{0});
+        std::memset(buffer.data(), 0, count);
         if (offset < bytes.size()) {
           const std::string_view held = bytes.substr(static_cast<std::size_t>(offset), count);
-          std::copy(held.begin(), held.end(), buffer.begin());
+          std::memcpy(buffer.data(), held.data(), held.size());
         }
         return count;
       });

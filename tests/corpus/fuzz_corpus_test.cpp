@@ -67,5 +67,9 @@ TEST(FuzzCorpus, details_of_audio_files_keep_their_rules_in_every_kept_file) {
   EXPECT_GE(replay("fuzz_audio_details", check_audio_details), 20u);
 }
 
+TEST(FuzzCorpus, waveforms_keep_their_rules_in_every_kept_file) {
+  EXPECT_GE(replay("fuzz_waveform", check_waveform), 18u);
+}
+
 }  // namespace
 }  // namespace ordelan::test

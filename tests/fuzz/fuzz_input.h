@@ -14,6 +14,7 @@
 
 #include "audio/details_agreement.h"
 #include "audio/info_agreement.h"
+#include "audio/waveform_agreement.h"
 #include "project/mention_agreement.h"
 #include "project/vip_reader_agreement.h"
 #include "relink/pointer_agreement.h"

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <locale.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <ctime>
 #include <functional>
@@ -80,6 +81,15 @@ TEST(EnvironmentRegional, dates_and_times_are_the_short_ones_of_the_locale) {
     std::tie(before, after) = around("%m/%d/%y", [&] { text = regional.short_date(); });
     EXPECT_TRUE(text == before || text == after) << locale << " " << text;
   }
+}
+
+TEST(EnvironmentRegional, a_moment_is_written_with_its_date_and_its_time) {
+  const Environment environment("LC_ALL", "C");
+  posix::EnvironmentRegional regional;
+  EXPECT_EQ(regional.date_and_time(45658.5 + 7.0 / 86400), "01/01/25 12:00:07");
+  EXPECT_EQ(regional.date_and_time(1), "12/31/99 00:00:00") << "of the year 1899";
+  EXPECT_EQ(regional.date_and_time(std::nan("")), "");
+  EXPECT_EQ(regional.date_and_time(1e9), "");
 }
 
 TEST(EnvironmentRegional, the_short_time_is_the_locales_own_without_seconds) {

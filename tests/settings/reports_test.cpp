@@ -93,6 +93,7 @@ TEST_F(Reports, date_and_time_stand_as_the_system_writes_them_at_each_save) {
     std::string short_date() override { return date; }
     std::string short_time() override { return time; }
     std::string long_time() override { return time + ":07"; }
+    std::string date_and_time(double) override { return date + " " + time; }
   } american;
   for (const auto& [date, time] : {std::pair{"11/21/2026", "9:05 AM"}, {"2026-11-22", "21.05"}}) {
     american.date = date;

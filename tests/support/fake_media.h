@@ -31,6 +31,8 @@ class FakeMedia : public system::Media {
   bool shows_itself() const override { return own_picture; }
   // What the engine says in place of its own texts; "" for those.
   std::string said_status;
+  // The devices that can be chosen.
+  std::vector<system::SoundDevice> plugged_in;
   // What is heard while a file plays.
   system::Heard sound;
 
@@ -94,6 +96,13 @@ class FakeMedia : public system::Media {
     balance_ = system::balance_in_range(balance);
   }
 
+  std::vector<system::SoundDevice> devices() override { return plugged_in; }
+  std::string device() const override { return device_; }
+  void set_device(const std::string& id) override {
+    orders.push_back("device " + id);
+    device_ = id;
+  }
+
   std::string status() const override {
     return said_status.empty() ? system::status_text(state_, file_.kilobits) : said_status;
   }
@@ -111,6 +120,7 @@ class FakeMedia : public system::Media {
     load("");
     volume_ = 50;
     balance_ = 0;
+    device_.clear();
   }
 
  private:
@@ -187,6 +197,7 @@ class FakeMedia : public system::Media {
   double position_ = 0;
   int volume_ = 50;
   int balance_ = 0;
+  std::string device_;
 };
 
 }  // namespace ordelan::test

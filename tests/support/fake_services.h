@@ -15,6 +15,7 @@
 #include "system/file_system.h"
 #include "system/regional.h"
 #include "system/shell.h"
+#include "text/numbers.h"
 #include "text/paths.h"
 
 namespace ordelan::test {
@@ -36,6 +37,9 @@ class FixedRegional final : public system::Regional {
   std::string short_date() override { return "21/11/2026"; }
   std::string short_time() override { return "9:05"; }
   std::string long_time() override { return "9:05:07"; }
+  std::string date_and_time(double moment) override {
+    return "[" + text::number(moment, mark) + "]";
+  }
 };
 
 // A machine with just the drives that a test puts in; without any at first.

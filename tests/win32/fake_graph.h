@@ -82,6 +82,9 @@ class FakeGraphs {
       --all_.living_;
       all_.changed_.notify_all();
     }
+    void set_device(const std::string& id) override {
+      if (!id.empty()) all_.call("device " + id);
+    }
     Opening open(const std::string& path) override {
       all_.call("open " + path);
       const std::scoped_lock lock(all_.mutex_);

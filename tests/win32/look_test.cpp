@@ -42,15 +42,20 @@ class LookInside : public Skinned, public ProgramTest {
  protected:
   LookInside() { start({disk.folder()}); }
 
-  void take(const std::wstring& window, const std::string& what) {
-    const HWND handle = top_level(window);
-    ASSERT_TRUE(handle);
+  // Of these windows and what is between them.
+  void take(const std::vector<std::wstring>& windows, const std::string& what) {
     for (int i = 0; i < 10; ++i) {
       backend.pump();
       Sleep(10);
     }
     RECT place{};
-    GetWindowRect(handle, &place);
+    for (const std::wstring& window : windows) {
+      const HWND handle = top_level(window);
+      ASSERT_TRUE(handle);
+      RECT one{};
+      GetWindowRect(handle, &one);
+      UnionRect(&place, &place, &one);
+    }
     const HDC screen = GetDC(nullptr);
     const int percent = MulDiv(GetDeviceCaps(screen, LOGPIXELSX), 100, 96);
     ReleaseDC(nullptr, screen);
@@ -81,7 +86,7 @@ TEST_P(LookOfStrip, shows_two_lines_in_its_colour_above_the_headings) {
   main_window::Form1& form = program->form;
   form.ShowIco.hide();
   form.strip.Alerta(GetParam().code, GetParam().text, true);
-  take(L"Form1", "strip-" + GetParam().name);
+  take({L"Form1"}, "strip-" + GetParam().name);
   const HWND strip = control(L"Form1", L"TextDecode");
   ASSERT_TRUE(strip);
   EXPECT_EQ(form.strip.TextDecode.line_count(), 2);
@@ -131,9 +136,9 @@ TEST_F(LookInside, the_choice_of_a_path_shows_its_rows) {
     choice->ListElegirRuta.add(row);
   }
   ui::ListaAncho(choice->ListElegirRuta);
-  take(L"ElegirRuta", "choice-alone");
+  take({L"ElegirRuta"}, "choice-alone");
   choice->offer_folder("D:\\Mix\\");
-  take(L"ElegirRuta", "choice");
+  take({L"ElegirRuta"}, "choice");
   const HWND box = control(L"ElegirRuta", L"CheckCarpeta");
   ASSERT_TRUE(box);
   EXPECT_TRUE(IsWindowVisible(box));
@@ -150,12 +155,12 @@ TEST_F(LookInside, a_strip_of_many_lines_ends_within_the_window) {
   }
   program->form.ShowIco.hide();  // as in any state in which files are searched
   program->form.strip.Alerta(work::kResult, hits, true);
-  take(L"Form1", "strip-many");
+  take({L"Form1"}, "strip-many");
   const HWND strip = control(L"Form1", L"TextDecode");
   ASSERT_TRUE(strip);
   EXPECT_EQ(SendMessageW(strip, EM_GETLINECOUNT, 0, 0), 200);
   SendMessageW(strip, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-100 * WHEEL_DELTA)), 0);
-  take(L"Form1", "strip-many-end");
+  take({L"Form1"}, "strip-many-end");
 }
 
 TEST_F(LookInside, the_strip_of_a_search_leaves_the_clocks_to_be_read) {
@@ -165,7 +170,7 @@ TEST_F(LookInside, the_strip_of_a_search_leaves_the_clocks_to_be_read) {
                              "El archivo: toma.wav\r\nHa sido encontrado en 4 unidades\r\n"
                              "D:\\toma.wav\r\nE:\\toma.wav\r\nF:\\toma.wav\r\nG:\\toma.wav",
                              true);
-  take(L"Form1", "strip-search");
+  take({L"Form1"}, "strip-search");
   RECT strip{};
   RECT elapsed{};
   GetWindowRect(control(L"Form1", L"TextDecode"), &strip);
@@ -183,18 +188,18 @@ TEST_F(LookInside, projects_that_are_left_out_are_reported_and_listed) {
          i % 2 == 0 ? "no se puede leer" : "demasiadas referencias"});
   }
   program->form.show_ProyectosFuera();
-  take(L"Form1", "left-out-empty");
+  take({L"Form1"}, "left-out-empty");
   main_window::Form1& form = program->form;
   form.TextNum1.set_visible(false);
   form.ListProyectosInfo.hide();
   form.ShowIco.hide();
   form.lists.head_projects(folder);
   form.lists.LabelCheck.set_visible(true);
-  take(L"Form1", "left-out-label");
+  take({L"Form1"}, "left-out-label");
   SetFocus(control(L"Form1", L"LabelFuera"));
-  take(L"Form1", "left-out-focus");
+  take({L"Form1"}, "left-out-focus");
   form.LabelFuera_Click();
-  take(L"Fuera", "left-out");
+  take({L"Fuera"}, "left-out");
   EXPECT_EQ(SendMessageW(control(L"Fuera", L"ListFuera"), LB_GETCOUNT, 0, 0), 14);
 }
 
@@ -254,8 +259,8 @@ class LookOfSound : public LookInside {
 
 TEST_F(LookOfSound, while_it_plays) {
   show();
-  take(L"Player", "player");
-  take(L"SA", "spectrum");
+  take({L"Player"}, "player");
+  take({L"SA"}, "spectrum");
   // The thumb stands where the time is, on a track that is filled as far.
   const HWND slider = control(L"Player", L"SliderTime");
   const auto at = [&](int x, int y) {
@@ -305,8 +310,8 @@ TEST_F(LookOfSound, with_its_notices) {
   spectrum.WindowsMediaPlayer.set_bars(std::vector<ui::Bar>(30));
   player.Vol(100);
   SetFocus(control(L"Player", L"SliderTime"));
-  take(L"Player", "player-notices");
-  take(L"SA", "spectrum-notices");
+  take({L"Player"}, "player-notices");
+  take({L"SA"}, "spectrum-notices");
 }
 
 // What lies outside of a window's shape shows what is behind it.
@@ -350,7 +355,37 @@ TEST_F(LookOfSound, with_the_playlist) {
   zoom.show();
   player.Control_Click(audio::kPlay);
   backend.pump();
-  take(L"Zoom", "zoom");
+  take({L"Zoom"}, "zoom");
+}
+
+TEST_F(LookOfSound, docked_with_a_notice_while_it_is_paused) {
+  audio::Zoom& zoom = *program->windows.touch<audio::Zoom>();
+  player.set_position({600, 420});
+  spectrum.set_position(player.place_of_SA());
+  zoom.set_position({20, 200});
+  zoom.fill({"D:\\Sesiones\\Toma 01.wav", "D:\\Sesiones\\Toma 02.wav", ""});
+  zoom.ListFilesZoom.set_current(1);
+  zoom.Files.set_caption("Cargados: 2 archivos de audio");
+  show();
+  zoom.show();
+  player.Control[audio::kPause].hide();
+  player.Control[audio::kPlay].show();
+  player.LabelAviso.set_caption("El sistema tarda en abrir este archivo.");
+  take({L"Player", L"SA", L"Zoom"}, "player-docked");
+  RECT above{};
+  RECT below{};
+  GetWindowRect(top_level(L"SA"), &above);
+  GetWindowRect(top_level(L"Player"), &below);
+  EXPECT_LE(above.bottom, below.top) << "they do not overlap";
+}
+
+// What is known of the file stands beside the frame of its title.
+TEST_F(LookOfSound, with_what_is_known_of_the_file) {
+  disk.write("Toma 01.wav", std::string(3'000'000, 'x'));
+  show();
+  player.MostrarInfoArchivo(player.PictureLD, disk.path("Toma 01.wav"), "Toma 01.wav");
+  ASSERT_TRUE(player.Bal.exists());
+  take({L"Player", L"Form1"}, "player-info");
 }
 
 TEST_F(LookOfSound, in_the_main_window) {
@@ -360,7 +395,7 @@ TEST_F(LookOfSound, in_the_main_window) {
   form.strip.notice_decoding();
   form.clocks.iniciarCrono();
   form.clocks.ShowLapsoDeco();
-  take(L"Form1", "sound-in-main");
+  take({L"Form1"}, "sound-in-main");
   for (const char* const caption : {"-90 dB", "10 dB"}) {
     EXPECT_LE(win32::to_units(ui::MedirTexto(form.play.LabelVol, caption), win32::system_dpi()),
               form.play.LabelVol.bounds().width);

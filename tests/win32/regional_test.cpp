@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 #include "win32/ansi_text.h"
@@ -60,6 +61,16 @@ TEST(Regional, dates_are_in_the_users_short_format) {
         return std::to_string(t.wYear) + "." + two_digits(t.wMonth) + "." + two_digits(t.wDay);
       },
       [&] { return regional.short_date(); });
+}
+
+TEST(Regional, a_moment_is_written_with_its_date_and_its_time) {
+  win32::Win32Regional regional;
+  const Setting date(LOCALE_SSHORTDATE, L"yyyy.MM.dd");
+  const Setting time(LOCALE_STIMEFORMAT, L"HH-mm-ss");
+  EXPECT_EQ(regional.date_and_time(45658.5 + 7.0 / 86400), "2025.01.01 12-00-07");
+  EXPECT_EQ(regional.date_and_time(1), "1899.12.31 00-00-00");
+  EXPECT_EQ(regional.date_and_time(std::nan("")), "");
+  EXPECT_EQ(regional.date_and_time(1e9), "");
 }
 
 TEST(Regional, times_are_in_the_users_short_format_whatever_the_long_one_is) {

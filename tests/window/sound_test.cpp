@@ -6,10 +6,14 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <random>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "sound_recorder.h"
@@ -85,6 +89,55 @@ class SoundOfProgram : public OrdelanTest {
         "RIFF\xFF\xFF\xFF\xFFWAVEfmt \x10\0\0\0\x01\0\x02\0\x44\xAC\0\0\x10\xB1\x02\0\x04\0\x10\0",
         36);
     return head + "data\xDB\xFF\xFF\xFF";
+  }
+
+  // Whether the program answers each message within five seconds, for that long.
+  bool answers_for(std::chrono::milliseconds time) const {
+    const auto until = std::chrono::steady_clock::now() + time;
+    DWORD_PTR answer = 0;
+    while (std::chrono::steady_clock::now() < until) {
+      if (!SendMessageTimeoutW(program->window(), WM_NULL, 0, 0, SMTO_NORMAL, 5000, &answer)) {
+        return false;
+      }
+      Sleep(20);
+    }
+    return true;
+  }
+  // The buttons change their pictures, whatever the engine makes of the file.
+  void expect_transport() {
+    EXPECT_TRUE(answers_for(std::chrono::seconds(2)));
+    program->click("Control(2)");
+    program->wait_until("the button for play", [&] { return program->visible("Control(0)"); });
+    program->click("Control(0)");
+    program->wait_until("the button for a pause", [&] { return program->visible("Control(1)"); });
+    EXPECT_TRUE(answers_for(std::chrono::seconds(1)));
+    const std::string time = program->text("LabelTime");
+    EXPECT_EQ(time.size(), 5u) << time;
+    program->click("Control(2)");
+    program->wait_until("the button for play", [&] { return program->visible("Control(0)"); });
+  }
+
+  // Programs of the system below Wine, which knows neither open files nor drives of Windows.
+  using NativeName = char*(CDECL*)(const wchar_t*);
+  static NativeName native_name() {
+    return reinterpret_cast<NativeName>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
+  }
+  static bool can_run_native() { return native_name() != nullptr; }
+  static void run_native(const std::wstring& tool, const std::wstring& words,
+                         const std::string& file) {
+    char* const name = native_name()(std::filesystem::path(file).c_str());
+    std::wstring command = L"Z:\\usr\\bin\\" + tool + L" " + words + L" \"";
+    command += std::filesystem::path(name).wstring() + L"\"";
+    HeapFree(GetProcessHeap(), 0, name);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               nullptr, &start, &process));
+    WaitForSingleObject(process.hProcess, 10'000);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
   }
 
   static constexpr int kBars = 30;
@@ -230,6 +283,62 @@ TEST_F(SoundOfProgram, what_cannot_be_played_says_why_and_the_next_file_sounds) 
   program->wait_until("the reason", [&] { return !program->text("LabelAviso").empty(); });
   EXPECT_EQ(program->text("LabelTime"), "00:00");
   program->picture_now("sound-notice");
+  open("tono1000.wav");
+  play();
+  EXPECT_TRUE(sounds_at(1000));
+}
+
+// What the labels show of such a file is what the engine says of it, and nothing waits for it.
+TEST_F(SoundOfProgram, a_huge_file_and_an_empty_one_hold_up_nothing) {
+  write("largo.wav", wav_head());
+  lengthen(folder() / L"largo.wav", std::uint64_t{5} << 30);
+  write("vacio.wav", "");
+  for (const char* const name : {"largo", "vacio"}) {
+    SCOPED_TRACE(name);
+    open_path(path(name + std::string(".wav")));
+    program->click("Control(0)");
+    program->wait_until("the button for a pause", [&] { return program->visible("Control(1)"); });
+    EXPECT_TRUE(answers_for(std::chrono::seconds(2)));
+    program->wait_until(
+        "the title", [&] { return program->text("LabelDisplay").find(name) != std::string::npos; });
+    if (name == std::string("vacio")) {
+      EXPECT_EQ(program->text("LabelTime"), "00:00");
+      program->wait_until("the reason", [&] { return !program->text("LabelAviso").empty(); });
+    }
+    program->click("Control(2)");
+    program->wait_until("the button for play", [&] { return program->visible("Control(0)"); });
+  }
+  open("tono1000.wav");
+  play();
+  EXPECT_TRUE(sounds_at(1000));
+}
+
+// The disk lets nobody remove a file that is open, but a shared folder or a drive can lose it.
+TEST_F(SoundOfProgram, a_file_or_drive_that_goes_while_it_plays_holds_up_nothing) {
+  if (!can_run_native()) GTEST_SKIP() << "only Wine can take an open file away";
+  const auto copy = [&](const char* name) {
+    std::filesystem::copy_file(sound("tono_largo.wav"), folder() / name);
+    return path(name);
+  };
+  const std::vector<std::pair<const char*, std::function<void(const std::string&)>>> ways = {
+      {"removed.wav", [&](const std::string& file) { run_native(L"rm", L"", file); }},
+      {"cut.wav", [&](const std::string& file) { run_native(L"truncate", L"-s 5000", file); }}};
+  for (const auto& [name, take_away] : ways) {
+    SCOPED_TRACE(name);
+    const std::string file = copy(name);
+    open_path(file);
+    play();
+    take_away(file);
+    expect_transport();
+  }
+  const std::wstring target = folder().wstring();
+  ASSERT_TRUE(DefineDosDeviceW(0, L"T:", target.c_str()));
+  copy("drive.wav");
+  open_path("T:\\drive.wav");
+  play();
+  ASSERT_TRUE(DefineDosDeviceW(DDD_REMOVE_DEFINITION, L"T:", nullptr));
+  ASSERT_FALSE(std::filesystem::exists("T:\\drive.wav"));
+  expect_transport();
   open("tono1000.wav");
   play();
   EXPECT_TRUE(sounds_at(1000));

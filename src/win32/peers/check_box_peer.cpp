@@ -11,7 +11,7 @@ namespace ordelan::win32 {
 namespace {
 
 // At 96 dots per inch.
-constexpr int kGap = 8;
+constexpr int kGapBeforeWords = 8;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ void CheckBoxPeer::paint(HDC context, const RECT& area) {
   const RECT box{1, (area.bottom - side) / 2, 1 + side, (area.bottom - side) / 2 + side};
   const bool enabled = box_.enabled();
   tick_box(context, box, {box_.checked(), enabled, has_focus() || (over_ && enabled)}, dpi());
-  RECT room{box.right + to_pixels(kGap, dpi()), 0, area.right, area.bottom};
+  RECT room{box.right + to_pixels(kGapBeforeWords, dpi()), 0, area.right, area.bottom};
   SetBkMode(context, TRANSPARENT);
   if (!enabled) SetTextColor(context, color_of(colors_in_force.text_off));
   const HGDIOBJ old = SelectObject(context, font());

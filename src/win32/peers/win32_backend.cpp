@@ -31,6 +31,22 @@ bool is_dialog(HWND window) {
   return GetClassNameW(window, name, 8) > 0 && std::wstring_view(name) == L"#32770";
 }
 
+bool is_press(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:
+    case WM_NCLBUTTONDOWN:
+    case WM_NCRBUTTONDOWN:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 Win32Backend::Win32Backend(HINSTANCE instance) : registry_(instance) {
@@ -185,6 +201,10 @@ void Win32Backend::dispatch(MSG& message) {
       if (!IsWindow(message.hwnd)) return;  // unloaded by the key
       ControlPeer* const focused = registry_.control(message.hwnd);
       if (message.wParam == VK_RETURN && focused && focused->press()) return;
+    }
+    if (is_press(message.message)) {
+      if (WindowPeer* const window = registry_.window(root)) window->preview_press();
+      if (!IsWindow(message.hwnd)) return;
     }
     // Only windows that hold controls: a dialog may be up while a job of ours pumps.
     if ((registry_.window(root) || is_dialog(root)) && IsDialogMessageW(root, &message)) return;

@@ -209,6 +209,13 @@ bool WindowPeer::preview(const MSG& key) {
   return pressed.swallowed;
 }
 
+void WindowPeer::preview_press() {
+  guarded([&]() -> LRESULT {
+    raise(window_.on_mouse_down);
+    return 0;
+  });
+}
+
 void WindowPeer::forget(ControlPeer& control) {
   tips_->set(control.handle(), L"");
   if (last_focus_ == control.handle()) last_focus_ = nullptr;
@@ -266,6 +273,10 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
       return 0;
     case WM_LBUTTONDBLCLK:
       raise(window_.on_double_click);
+      return 0;
+    case WM_CONTEXTMENU:
+      if (!window_.on_context_menu) break;
+      raise(window_.on_context_menu, l == -1);
       return 0;
     case WM_DROPFILES:
       dropped(reinterpret_cast<HDROP>(w));

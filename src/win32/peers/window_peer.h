@@ -37,6 +37,8 @@ class WindowPeer final : public ui::Peer {
   // Shows a key to the window before the control that has the focus sees it. True when it was
   // kept from it; the window may be gone then or not.
   bool preview(const MSG& key);
+  // Raises the event of a button of the mouse that is pressed anywhere on the window.
+  void preview_press();
 
   // Paints over `area` what the window shows at `place`, in its own pixels, where no control is.
   void paint_ground(HDC context, const RECT& area, POINT place);

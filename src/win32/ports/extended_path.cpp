@@ -78,4 +78,10 @@ bool is_root(std::wstring_view extended) {
   return names.size() == (share ? 2u : 1u);
 }
 
+std::wstring plain_path(std::wstring_view extended) {
+  if (extended.starts_with(kShare)) return L"\\\\" + std::wstring(extended.substr(kShare.size()));
+  if (extended.starts_with(kLiteral)) extended.remove_prefix(kLiteral.size());
+  return std::wstring(extended);
+}
+
 }  // namespace ordelan::win32

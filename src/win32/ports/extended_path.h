@@ -17,6 +17,9 @@ std::optional<std::wstring> extended_path(std::string_view path);
 // The same for something that is a file by its form: nothing with a backslash at the end.
 std::optional<std::wstring> file_path(std::string_view path);
 
+// An extended path as it is usually spelt.
+std::wstring plain_path(std::wstring_view extended);
+
 // Whether an extended path is that of a drive or of a share itself, with or without the backslash.
 bool is_root(std::wstring_view extended);
 

@@ -19,14 +19,6 @@ using system::Confirm;
 using system::Reason;
 using system::Status;
 
-// An extended path as the shell takes it.
-std::wstring plain(const std::wstring& extended) {
-  constexpr std::wstring_view kShare = L"\\\\?\\UNC\\";
-  constexpr std::wstring_view kLiteral = L"\\\\?\\";
-  if (extended.starts_with(kShare)) return L"\\\\" + extended.substr(kShare.size());
-  return extended.substr(kLiteral.size());
-}
-
 // Whether Windows takes a plain path just as it is spelt. It drops blanks and dots from the end of
 // names, and takes some names for devices: the shell would remove another file.
 bool is_taken_literally(const std::wstring& path) {
@@ -118,7 +110,7 @@ Status Win32Shell::recycle(const std::string& path, Confirm confirm) {
   const DWORD attributes = GetFileAttributesW(extended->c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return reason_at(GetLastError(), *extended);
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return Reason::not_a_file;
-  std::wstring from = plain(*extended);
+  std::wstring from = plain_path(*extended);
   if (from.size() >= MAX_PATH) return Reason::too_long;
   if (!is_taken_literally(from)) return Reason::not_supported;
   if (const Status bin = recycles(root_of(narrow(from).value_or(""))); !bin) return bin;
@@ -159,8 +151,8 @@ Status Win32Shell::copy_into(const std::string& from, const std::string& folder)
                                                                        : reason_at(error, *source);
   }
 
-  std::wstring what = plain(*source);
-  std::wstring where = plain(*target);
+  std::wstring what = plain_path(*source);
+  std::wstring where = plain_path(*target);
   if (where.size() > 3) where.pop_back();
   const std::size_t longest =
       std::max(what.size(), where.size() + 1 + what.size() - what.rfind(L'\\'));

@@ -13,6 +13,7 @@
 #include "win32/com_ptr.h"
 #include "win32/ports/extended_path.h"
 #include "win32/ports/sample_tap.h"
+#include "win32/ports/sound_devices.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -26,8 +27,6 @@ constexpr double kOnTheWay = 0.1;
 constexpr double kLongestWay = 0.5;
 // How long a playing graph may go without new samples. Renderers keep no more than two seconds.
 constexpr double kStarved = 5;
-constexpr auto kLiteral = std::wstring_view(L"\\\\?\\");
-constexpr auto kLiteralShare = std::wstring_view(L"\\\\?\\UNC\\");
 
 // An existing path in the form that has no name of more than twelve characters; nothing where the
 // volume keeps none.
@@ -38,11 +37,6 @@ std::optional<std::wstring> short_path(const std::wstring& path) {
   if (length == 0 || length >= needed) return std::nullopt;
   result.resize(length);
   return result;
-}
-
-std::wstring without_prefix(const std::wstring& extended) {
-  if (extended.starts_with(kLiteralShare)) return L"\\\\" + extended.substr(kLiteralShare.size());
-  return extended.starts_with(kLiteral) ? extended.substr(kLiteral.size()) : extended;
 }
 
 bool is_wine() {
@@ -83,6 +77,8 @@ class FilterGraph final : public MediaGraph {
 
   ~FilterGraph() override { take_apart(); }
 
+  void set_device(const std::string& id) override { device_ = id; }
+
   Opening open(const std::string& path) override {
     const auto extended = extended_path(path);
     const DWORD found = extended ? GetFileAttributesW(extended->c_str()) : INVALID_FILE_ATTRIBUTES;
@@ -91,7 +87,13 @@ class FilterGraph final : public MediaGraph {
     }
     const auto name = graph_path(path);
     if (!name) return Opening::missing;
-    const Opening built = build(*name);
+    Opening built = build(*name);
+    if (built != Opening::ok && !device_.empty()) {
+      // The device may be busy or going away: what the system chooses is better than silence.
+      device_.clear();
+      take_apart();
+      built = build(*name);
+    }
     if (built != Opening::ok) return built;
     tap_.emplace(samples_);
     Opening opening = Opening::ok;
@@ -201,6 +203,12 @@ class FilterGraph final : public MediaGraph {
                                 graph_.out_void()))) {
       return Opening::no_engine;
     }
+    // What renders sound and is in the graph already is what the system connects first.
+    if (!device_.empty()) {
+      if (const auto renderer = renderer_on(device_)) {
+        graph_->AddFilter(renderer.get(), L"Audio Renderer");
+      }
+    }
     const HRESULT rendered = graph_->RenderFile(path.c_str(), nullptr);
     // A file may hold a picture of its cover, which is not to be shown in a window of its own.
     if (const auto video = graph_.as<IVideoWindow>(IID_IVideoWindow)) {
@@ -226,6 +234,7 @@ class FilterGraph final : public MediaGraph {
   }
 
   std::shared_ptr<SampleRing> samples_;
+  std::string device_;
   ComPtr<IGraphBuilder> graph_;
   ComPtr<IMediaControl> control_;
   ComPtr<IMediaSeeking> seeking_;
@@ -245,14 +254,14 @@ class FilterGraph final : public MediaGraph {
 std::optional<std::wstring> graph_path(const std::string& path) {
   const auto extended = file_path(path);
   if (!extended) return std::nullopt;
-  std::wstring plain = without_prefix(*extended);
+  std::wstring plain = plain_path(*extended);
   // Windows drops dots and blanks from the end of a plain path, and would open another file.
   const bool literal_only = plain.size() >= MAX_PATH || plain.ends_with(L'.') ||
                             plain.ends_with(L' ') || plain.find(L" \\") != std::wstring::npos ||
                             plain.find(L".\\") != std::wstring::npos;
   if (!literal_only) return plain;
   const auto shorter = short_path(*extended);
-  return shorter ? without_prefix(*shorter) : *extended;
+  return shorter ? plain_path(*shorter) : *extended;
 }
 
 std::unique_ptr<MediaGraph> make_filter_graph(std::shared_ptr<SampleRing> samples) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "win32/ports/filter_graph.h"
+#include "win32/ports/sound_devices.h"
 
 namespace ordelan::win32 {
 namespace {
@@ -166,6 +167,20 @@ void GraphMedia::set_balance(int balance) {
   tell_loudness();
 }
 
+std::vector<system::SoundDevice> GraphMedia::devices() {
+  return sound_devices();
+}
+
+void GraphMedia::set_device(const std::string& id) {
+  if (id == device_) return;
+  device_ = id;
+  if (!board_) return;
+  const std::scoped_lock lock(board_->mutex);
+  board_->device = id;
+  add(*board_, {.kind = GraphOrder::device});
+  board_->changed.notify_all();
+}
+
 std::string GraphMedia::status() const {
   const GraphView now = view();
   return system::status_text(now.state, now.kilobits);
@@ -201,6 +216,7 @@ void GraphMedia::end() {
   given_up_.reset();
   volume_ = 50;
   balance_ = 0;
+  device_.clear();
   const auto board = std::exchange(board_, nullptr);
   if (!board) return;
   std::unique_lock lock(board->mutex);
@@ -220,13 +236,14 @@ std::size_t GraphMedia::abandoned() const {
 GraphView GraphMedia::view() const {
   if (given_up_) return *given_up_;
   if (!board_ || url_.empty()) return {};
-  const bool room = abandoned() < kMostLeft;
   bool stuck_before = false;
   bool once_more = false;
+  bool room = false;
   {
     const std::scoped_lock lock(board_->mutex);
     const GraphView& shown = board_->view;
     if (shown.state != kOpening) return shown;
+    room = abandoned() < kMostLeft;
     const auto waited = Clock::now() - tried_at_;
     const bool stuck = is_stuck(*board_);
     stuck_before = stuck && !board_->opens;
@@ -273,6 +290,7 @@ void GraphMedia::begin_worker() const {
   board_ = std::make_shared<GraphBoard>();
   board_->volume = volume_;
   board_->balance = balance_;
+  board_->device = device_;
   start_graph_worker(board_, make_graph_, facts_);
 }
 

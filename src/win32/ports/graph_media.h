@@ -34,6 +34,9 @@ class GraphMedia final : public system::Media {
   void set_volume(int volume) override;
   int balance() const override { return balance_; }
   void set_balance(int balance) override;
+  std::vector<system::SoundDevice> devices() override;
+  std::string device() const override { return device_; }
+  void set_device(const std::string& id) override;
   std::string status() const override;
   int playState() const override;
   system::Heard heard(std::size_t samples) const override;
@@ -81,6 +84,7 @@ class GraphMedia final : public system::Media {
   std::string url_;
   int volume_ = 50;
   int balance_ = 0;
+  std::string device_;
   // All this only changes on the program's thread; reading may give up a file.
   mutable std::shared_ptr<GraphBoard> board_;
   mutable std::vector<Left> left_;

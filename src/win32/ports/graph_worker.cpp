@@ -144,6 +144,9 @@ class Worker {
       case GraphOrder::loudness:
         if (is_open()) set_loudness();
         break;
+      case GraphOrder::device:
+        if (is_open()) change_device();
+        break;
       case GraphOrder::close:
         graph_.reset();
         state_ = Media::kUndefined;
@@ -166,12 +169,14 @@ class Worker {
     find_title();
   }
 
-  // Makes the graph of the file and lets it play at that place.
-  MediaGraph::Opening open_at(double seconds, bool anew) {
+  // Makes the graph of the file, at that place, and brings it to that state: it plays, is paused or
+  // is stopped.
+  MediaGraph::Opening open_at(double seconds, bool anew, int state = Media::kPlaying) {
     state_ = Media::kUndefined;
     lost_ = false;
     graph_ = make_graph_(board_->samples);
     if (!graph_) return MediaGraph::Opening::no_engine;
+    graph_->set_device(device());
     const auto opening = graph_->open(path_);
     if (opening != MediaGraph::Opening::ok) {
       graph_.reset();
@@ -187,14 +192,47 @@ class Worker {
       graph_.reset();
       return opening;
     }
-    if (!graph_->run()) {
+    if (!bring_to(state)) {
       graph_.reset();
       return MediaGraph::Opening::no_device;
     }
     // The program may have given it up meanwhile, and play the same file elsewhere.
     if (is_retired(*board_)) graph_->stop();
-    state_ = Media::kPlaying;
+    state_ = state;
     return opening;
+  }
+
+  bool bring_to(int state) {
+    if (state == Media::kPlaying) return graph_->run();
+    return state != Media::kPaused || graph_->pause();
+  }
+
+  std::string device() const {
+    const std::scoped_lock lock(board_->mutex);
+    return board_->device;
+  }
+
+  // A graph keeps the device that it was built with.
+  void change_device() {
+    const double position = state_ == Media::kStopped ? 0 : graph_->position();
+    const auto opening = build_again(position, state_);
+    if (opening != MediaGraph::Opening::ok) fail_later(notice_of(opening));
+  }
+
+  // The same file on a new graph.
+  MediaGraph::Opening build_again(double position, int state) {
+    const GraphView facts = facts_view_;
+    graph_.reset();
+    const auto opening = open_at(position, false, state);
+    facts_view_ = facts;
+    return opening;
+  }
+
+  // What has been open keeps its name.
+  void fail_later(std::string notice) {
+    std::string name = std::move(facts_view_.name);
+    fail(std::move(notice));
+    facts_view_.name = std::move(name);
   }
 
   void fail(std::string notice) {
@@ -275,17 +313,11 @@ class Worker {
 
   // The default device may be another one by now. Not again soon: it would be lost again.
   void rebuild(double position) {
-    const GraphView facts = facts_view_;
-    graph_.reset();
     const Moment now = Clock::now();
     const bool again = !rebuilt_at_ || now - *rebuilt_at_ >= kGoodTime;
     rebuilt_at_ = now;
-    if (again && open_at(position, false) == MediaGraph::Opening::ok) {
-      facts_view_ = facts;
-    } else {
-      fail("Se ha perdido el dispositivo de sonido: el archivo no suena.");
-      facts_view_.name = facts.name;
-    }
+    if (again && build_again(position, Media::kPlaying) == MediaGraph::Opening::ok) return;
+    fail_later("Se ha perdido el dispositivo de sonido: el archivo no suena.");
   }
 
   // What is to be shown now.
@@ -315,22 +347,6 @@ class Worker {
 };
 
 }  // namespace
-
-std::string notice_of(MediaGraph::Opening opening) {
-  switch (opening) {
-    case MediaGraph::Opening::ok:
-      return "";
-    case MediaGraph::Opening::missing:
-      return "No suena: el archivo no existe.";
-    case MediaGraph::Opening::unplayable:
-      return "No suena: el sistema no puede reproducir este archivo.";
-    case MediaGraph::Opening::no_device:
-      return "No suena: no hay ningún dispositivo de sonido.";
-    case MediaGraph::Opening::no_engine:
-      return "No suena: este Windows no tiene con qué reproducir audio.";
-  }
-  return "";
-}
 
 void start_graph_worker(std::shared_ptr<GraphBoard> board, MakeGraph make_graph,
                         system::MediaFacts facts) {

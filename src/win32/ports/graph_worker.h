@@ -20,7 +20,7 @@ using Moment = std::chrono::steady_clock::time_point;
 constexpr auto kStuckCall = std::chrono::milliseconds(800);
 
 struct GraphOrder {
-  enum Kind { open, play, pause, stop, seek, loudness, close };
+  enum Kind { open, play, pause, stop, seek, loudness, device, close };
   Kind kind = close;
   std::string path = {};  // of `open`
   double seconds = 0;     // of `seek`
@@ -51,6 +51,7 @@ struct GraphBoard {
   GraphView view;
   int volume = 50;
   int balance = 0;
+  std::string device;  // empty for the default one
   bool busy = false;   // the thread is in a call that may take any time, since `since`
   bool opens = false;  // and this call opens a file
   Moment since;
@@ -60,9 +61,6 @@ struct GraphBoard {
   bool ended = false;        // the thread has let go of everything
   const std::shared_ptr<SampleRing> samples = std::make_shared<SampleRing>();
 };
-
-// Why a file does not sound, in Spanish; "" for `ok`.
-std::string notice_of(MediaGraph::Opening opening);
 
 // Starts a thread that serves the board until the board is retired. It runs on its own: a call of
 // the system that never returns keeps only the thread and the board.

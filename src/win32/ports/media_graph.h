@@ -24,6 +24,10 @@ class MediaGraph {
 
   virtual ~MediaGraph() = default;
 
+  // The device that the file will be heard on; empty for the default one, which is also taken where
+  // this one is missing. To be called before `open`.
+  virtual void set_device(const std::string& id) = 0;
+
   // Opens the file, silent and at its beginning. After anything but ok the graph is only good for
   // destroying.
   virtual Opening open(const std::string& path) = 0;
@@ -46,6 +50,9 @@ class MediaGraph {
   // What has happened since the call before.
   virtual Event event() = 0;
 };
+
+// Why a file does not sound, in Spanish; "" for `ok`.
+std::string notice_of(MediaGraph::Opening opening);
 
 // Makes a graph that leaves its samples in the ring; null where it cannot be made.
 using MakeGraph = std::function<std::unique_ptr<MediaGraph>(std::shared_ptr<SampleRing> samples)>;

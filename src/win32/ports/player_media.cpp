@@ -31,7 +31,7 @@ ComPtr<IDispatch> systems_player() {
 }
 
 // How long the program's thread waits for a file to be let go.
-constexpr auto kLetGo = std::chrono::milliseconds(250);
+constexpr auto kLongestClose = std::chrono::milliseconds(250);
 
 bool is_whole_path(std::string_view text) {
   return text.starts_with("\\\\") || (text.size() > 2 && text[1] == ':' && text[2] == '\\');
@@ -106,7 +106,7 @@ void PlayerMedia::close() {
   controls().call(L"stop");
   player_.call(L"close");
   player_.set(L"URL", std::wstring_view());
-  if (!path.empty() && !wait_until_free(path, kLetGo)) leave(path);
+  if (!path.empty() && !wait_until_free(path, kLongestClose)) leave(path);
 }
 
 void PlayerMedia::leave(const std::string& path) {

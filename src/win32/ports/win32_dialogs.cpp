@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <type_traits>
 
 #include "win32/ansi_text.h"
 #include "win32/ports/message_room.h"
@@ -107,6 +108,40 @@ system::Answer careful_answer(system::Buttons buttons) {
   return system::Answer::ok;
 }
 
+struct MenuEnd {
+  void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+using Menu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuEnd>;
+
+// Items have the numbers from 1 on.
+Menu menu_of(const std::vector<system::MenuItem>& items) {
+  Menu menu(CreatePopupMenu());
+  UINT_PTR number = 0;
+  for (const system::MenuItem& item : items) {
+    ++number;
+    if (item.text.empty()) {
+      AppendMenuW(menu.get(), MF_SEPARATOR, number, nullptr);
+      continue;
+    }
+    std::wstring text;
+    for (const wchar_t letter : widen(item.text)) text.append(letter == L'&' ? 2 : 1, letter);
+    AppendMenuW(menu.get(),
+                MF_STRING | (item.ticked ? MF_CHECKED : 0u) | (item.enabled ? 0u : MF_GRAYED),
+                number, text.c_str());
+  }
+  return menu;
+}
+
+POINT menu_place(system::MenuPlace place, HWND owner) {
+  POINT point{};
+  GetCursorPos(&point);
+  if (place == system::MenuPlace::pointer) return point;
+  const HWND focus = GetFocus() ? GetFocus() : owner;
+  RECT area{};
+  if (focus == nullptr || !GetWindowRect(focus, &area)) return point;
+  return {area.left, area.bottom};
+}
+
 }  // namespace
 
 std::vector<std::string> Win32Dialogs::open_files(const system::OpenRequest& request) {
@@ -163,6 +198,17 @@ system::Answer Win32Dialogs::message(const system::Message& message) {
     default:  // closed
       return careful_answer(message.buttons);
   }
+}
+
+std::optional<std::size_t> Win32Dialogs::menu(const std::vector<system::MenuItem>& items,
+                                              system::MenuPlace place) {
+  const HWND owner = owner_();
+  const POINT at = menu_place(place, owner);
+  const Menu menu = menu_of(items);
+  const int chosen =
+      TrackPopupMenuEx(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_LEFTALIGN | TPM_TOPALIGN,
+                       at.x, at.y, owner, nullptr);
+  return chosen > 0 ? std::optional(static_cast<std::size_t>(chosen) - 1) : std::nullopt;
 }
 
 }  // namespace ordelan::win32

@@ -23,6 +23,8 @@ class Win32Dialogs final : public system::Dialogs {
   std::string save_file(const system::SaveRequest& request) override;
   std::string pick_folder(const std::string& title) override;
   system::Answer message(const system::Message& message) override;
+  std::optional<std::size_t> menu(const std::vector<system::MenuItem>& items,
+                                  system::MenuPlace place) override;
 
  private:
   std::function<HWND()> owner_;

@@ -53,7 +53,7 @@ void Win32Media::set_URL(const std::string& path) {
     return;
   }
   url_ = path;
-  const bool player = motor_ != Motor::graph && player_.begin();
+  const bool player = is_for_player() && player_.begin();
   system::Media* next = player ? static_cast<system::Media*>(&player_) : &graph_;
   if (engine_ && engine_ != next) engine_->close();
   engine_ = next;
@@ -121,6 +121,28 @@ void Win32Media::set_balance(int balance) {
   if (engine_) engine_->set_balance(balance_);
 }
 
+std::vector<system::SoundDevice> Win32Media::devices() {
+  return motor_ == Motor::player ? std::vector<system::SoundDevice>() : graph_.devices();
+}
+
+void Win32Media::set_device(const std::string& id) {
+  if (motor_ == Motor::player) return;
+  device_ = id;
+  graph_.set_device(id);
+  if (engine_ != &player_ || url_.empty() || is_for_player()) return;
+  const int state = player_.playState();
+  const Rest rest = rest_;
+  const auto place = asked_ ? place_ : std::optional(player_.currentPosition());
+  const bool waits = asked_.has_value();
+  wait_no_more();
+  hand_to_graphs(place);
+  if (waits ? rest == Rest::paused : state == kPaused) {
+    graph_.pause();
+  } else if (waits ? rest == Rest::stopped : state != kPlaying) {
+    graph_.stop();
+  }
+}
+
 std::string Win32Media::status() const {
   return url_.empty() ? "" : engine().status();
 }
@@ -153,6 +175,7 @@ void Win32Media::end() {
   engine_ = nullptr;
   volume_ = 50;
   balance_ = 0;
+  device_.clear();
 }
 
 void Win32Media::look() {
@@ -174,6 +197,14 @@ void Win32Media::look() {
     return;
   }
   if (motor_ == Motor::player || rest != Rest::none) return;
+  hand_to_graphs(place);
+}
+
+bool Win32Media::is_for_player() const {
+  return motor_ == Motor::player || (motor_ == Motor::automatic && device_.empty());
+}
+
+void Win32Media::hand_to_graphs(std::optional<double> place) {
   player_.close();
   engine_ = &graph_;
   graph_.set_volume(volume_);

@@ -25,7 +25,9 @@ Motor motor_named(std::string_view name);
 
 // Chooses at the first path. A file that the player does not bring to playing within three seconds
 // after that was asked for is played by the graphs instead, until the next path. Orders of these
-// seconds are given again when the file is open. Volume and balance hold for both. To be used on
+// seconds are given again when the file is open. Volume and balance hold for both. The player plays
+// on the default device alone: another one that is chosen belongs to the graphs, and is not offered
+// where the configuration wants the player. To be used on
 // the program's thread, which must handle messages.
 class Win32Media final : public system::Media {
  public:
@@ -53,6 +55,9 @@ class Win32Media final : public system::Media {
   void set_volume(int volume) override;
   int balance() const override;
   void set_balance(int balance) override;
+  std::vector<system::SoundDevice> devices() override;
+  std::string device() const override { return device_; }
+  void set_device(const std::string& id) override;
   std::string status() const override;
   int playState() const override;
   system::Heard heard(std::size_t samples) const override;
@@ -68,6 +73,9 @@ class Win32Media final : public system::Media {
  private:
   static void CALLBACK on_timer(HWND, UINT, UINT_PTR timer, DWORD);
   system::Media& engine() const;
+  bool is_for_player() const;
+  // The graphs go on with the file, from a place if there is one.
+  void hand_to_graphs(std::optional<double> place);
   void wait_for_sound();
   void wait_no_more();
 
@@ -83,6 +91,7 @@ class Win32Media final : public system::Media {
   UINT_PTR timer_ = 0;
   int volume_ = 50;
   int balance_ = 0;
+  std::string device_;
 };
 
 }  // namespace ordelan::win32

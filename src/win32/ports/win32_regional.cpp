@@ -2,9 +2,44 @@
 
 #include <windows.h>
 
+#include <cmath>
+#include <optional>
+
 #include "win32/ansi_text.h"
 
 namespace ordelan::win32 {
+namespace {
+
+// Null for a moment means now.
+std::string short_date_of(const SYSTEMTIME* moment) {
+  wchar_t date[128] = {};
+  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, moment, nullptr, date, 128, nullptr);
+  return narrow_with_marks(date);
+}
+
+std::string long_time_of(const SYSTEMTIME* moment) {
+  wchar_t time[128] = {};
+  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, moment, nullptr, time, 128);
+  return narrow_with_marks(time);
+}
+
+std::optional<SYSTEMTIME> system_time(double moment) {
+  constexpr double kFirstDay = 109205;  // from the first day of file times to the first of moments
+  constexpr double kSecondsOfDay = 86400;
+  constexpr std::uint64_t kUnitsOfSecond = 10'000'000;
+  constexpr double kMost = 3e6;  // days; file times go no farther than some millions
+  if (!(moment > -kFirstDay && moment < kMost)) return std::nullopt;
+  const auto seconds =
+      static_cast<std::uint64_t>(std::llround((moment + kFirstDay) * kSecondsOfDay));
+  ULARGE_INTEGER units{};
+  units.QuadPart = seconds * kUnitsOfSecond;
+  const FILETIME time{units.LowPart, units.HighPart};
+  SYSTEMTIME parts{};
+  if (!FileTimeToSystemTime(&time, &parts)) return std::nullopt;
+  return parts;
+}
+
+}  // namespace
 
 char Win32Regional::decimal_mark() {
   wchar_t mark[8] = {};
@@ -13,9 +48,7 @@ char Win32Regional::decimal_mark() {
 }
 
 std::string Win32Regional::short_date() {
-  wchar_t date[128] = {};
-  GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, DATE_SHORTDATE, nullptr, nullptr, date, 128, nullptr);
-  return narrow_with_marks(date);
+  return short_date_of(nullptr);
 }
 
 std::string Win32Regional::short_time() {
@@ -29,9 +62,12 @@ std::string Win32Regional::short_time() {
 }
 
 std::string Win32Regional::long_time() {
-  wchar_t time[128] = {};
-  GetTimeFormatEx(LOCALE_NAME_USER_DEFAULT, 0, nullptr, nullptr, time, 128);
-  return narrow_with_marks(time);
+  return long_time_of(nullptr);
+}
+
+std::string Win32Regional::date_and_time(double moment) {
+  const auto parts = system_time(moment);
+  return parts ? short_date_of(&*parts) + " " + long_time_of(&*parts) : "";
 }
 
 }  // namespace ordelan::win32

@@ -12,6 +12,7 @@ class Win32Regional final : public system::Regional {
   std::string short_date() override;
   std::string short_time() override;
   std::string long_time() override;
+  std::string date_and_time(double moment) override;
 };
 
 }  // namespace ordelan::win32
