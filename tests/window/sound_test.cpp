@@ -124,18 +124,24 @@ class SoundOfProgram : public OrdelanTest {
         GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
   }
   static bool can_run_native() { return native_name() != nullptr; }
-  static void run_native(const std::wstring& tool, const std::wstring& words,
-                         const std::string& file) {
-    char* const name = native_name()(std::filesystem::path(file).c_str());
-    std::wstring command = L"Z:\\usr\\bin\\" + tool + L" " + words + L" \"";
-    command += std::filesystem::path(name).wstring() + L"\"";
-    HeapFree(GetProcessHeap(), 0, name);
+  static std::wstring widen(const std::string& text) {
+    return std::filesystem::path(text).wstring();
+  }
+  // A file's name there.
+  static std::wstring native(const std::filesystem::path& file) {
+    char* const name = native_name()(file.c_str());
+    std::wstring wide = name != nullptr ? widen(name) : L"";
+    if (name != nullptr) HeapFree(GetProcessHeap(), 0, name);
+    return L'"' + wide + L'"';
+  }
+  // Nothing says when such a program has ended: what it does is waited for.
+  static void run_native(const std::wstring& tool, const std::wstring& words) {
+    std::wstring command = L"Z:\\usr\\bin\\" + tool + L" " + words;
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
     ASSERT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
                                nullptr, &start, &process));
-    WaitForSingleObject(process.hProcess, 10'000);
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
   }
@@ -321,23 +327,33 @@ TEST_F(SoundOfProgram, a_file_or_drive_that_goes_while_it_plays_holds_up_nothing
     return path(name);
   };
   const std::vector<std::pair<const char*, std::function<void(const std::string&)>>> ways = {
-      {"removed.wav", [&](const std::string& file) { run_native(L"rm", L"", file); }},
-      {"cut.wav", [&](const std::string& file) { run_native(L"truncate", L"-s 5000", file); }}};
+      {"removed.wav", [](const std::string& file) { run_native(L"rm", native(file)); }},
+      {"cut.wav",
+       [](const std::string& file) { run_native(L"truncate", L"-s 5000 " + native(file)); }}};
   for (const auto& [name, take_away] : ways) {
     SCOPED_TRACE(name);
     const std::string file = copy(name);
     open_path(file);
     play();
     take_away(file);
+    ASSERT_TRUE(wait_for([&] {
+      std::error_code error;
+      const auto size = std::filesystem::file_size(file, error);
+      return error || size == 5000;
+    }));
     expect_transport();
   }
-  const std::wstring target = folder().wstring();
-  ASSERT_TRUE(DefineDosDeviceW(0, L"T:", target.c_str()));
+  // A drive of Wine is a link to a folder.
+  const char* const prefix = std::getenv("WINEPREFIX");
+  ASSERT_NE(prefix, nullptr);
+  const std::wstring drive = widen(prefix) + L"/dosdevices/t:";
+  run_native(L"ln", L"-sfn " + native(folder()) + L" " + drive);
   copy("drive.wav");
+  ASSERT_TRUE(wait_for([] { return std::filesystem::exists("T:\\drive.wav"); }));
   open_path("T:\\drive.wav");
   play();
-  ASSERT_TRUE(DefineDosDeviceW(DDD_REMOVE_DEFINITION, L"T:", nullptr));
-  ASSERT_FALSE(std::filesystem::exists("T:\\drive.wav"));
+  run_native(L"rm", drive);
+  ASSERT_TRUE(wait_for([] { return !std::filesystem::exists("T:\\drive.wav"); }));
   expect_transport();
   open("tono1000.wav");
   play();

@@ -65,10 +65,18 @@ void each_device(const std::function<bool(IMoniker& device, const std::string& i
   }
 }
 
+// Wine's renderer plays on the default device whatever it was made for.
+bool renderer_takes_a_device() {
+  ComPtr<IPersistPropertyBag> bag;
+  return SUCCEEDED(CoCreateInstance(CLSID_DSoundRender, nullptr, CLSCTX_INPROC_SERVER,
+                                    IID_IPersistPropertyBag, bag.out_void()));
+}
+
 }  // namespace
 
 std::vector<system::SoundDevice> sound_devices() {
   std::vector<system::SoundDevice> devices;
+  if (!renderer_takes_a_device()) return devices;
   each_device([&](IMoniker& device, const std::string& id) {
     constexpr std::string_view kKind = "DirectSound: ";
     auto name = property(device, L"FriendlyName");

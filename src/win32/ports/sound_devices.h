@@ -14,7 +14,8 @@
 namespace ordelan::win32 {
 
 // Those of DirectSound without the default one, in the system's order; a device whose name the code
-// page cannot hold is left out. The calling thread must have set up the system's objects.
+// page cannot hold is left out. None where the system does not let a graph choose. The calling
+// thread must have set up the system's objects.
 std::vector<system::SoundDevice> sound_devices();
 
 // A filter that plays on that device; null where it is missing. On a thread as above.
