@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kVolumen = "Volumen";
 constexpr std::string_view kSalida = "Salida";
+constexpr int kSpace = 32;
 
 }  // namespace
 
@@ -74,7 +75,6 @@ void Sound::stop_and_empty() {
 }
 
 bool Sound::Form_KeyDown(const ui::Key& key) {
-  constexpr int kSpace = 32;
   constexpr int kEnd = 35;
   constexpr int kAdd = 107;
   constexpr int kSubtract = 109;
@@ -110,6 +110,10 @@ bool Sound::Form_KeyDown(const ui::Key& key) {
     default:
       return false;
   }
+}
+
+void Sound::list_window_KeyDown(ui::Key& key) {
+  if (Form_KeyDown(key)) key.swallowed = key.code == kSpace;
 }
 
 void Sound::hide_AvisoPL() const {

@@ -88,6 +88,9 @@ class Sound {
   // The keys that every window of the sound has: Space plays and pauses, End stops, the plus and
   // minus of the keypad set the volume. True for one of them that meant something.
   bool Form_KeyDown(const ui::Key& key);
+  // The same in a window of lists: of these keys only Space, which would press a button that has
+  // the focus too, is kept from the control.
+  void list_window_KeyDown(ui::Key& key);
   // Puts the notice of the player away, if there is one.
   void hide_AvisoPL() const;
   // A file was opened, and waits: the windows that show how the transport stands say so.

@@ -57,11 +57,7 @@ Zoom::Zoom(const work::Context& context, Sound& sound)
     work::write_box(this->context().settings, CheckAutoPlay);
     sound_.store_volume();
   };
-  on_key_down = [this](ui::Key& key) {
-    constexpr int kSpace = 32;
-    // Space would press the button that has the focus too; the other keys go on to the list.
-    if (sound_.Form_KeyDown(key)) key.swallowed = key.code == kSpace;
-  };
+  on_key_down = [this](ui::Key& key) { sound_.list_window_KeyDown(key); };
   Play.on_click = [this] { Play_Click(); };
   Pause.on_click = [this] { Pause_Click(); };
   PlayerMaster.on_click = [this] { PlayerMaster_Click(); };

@@ -144,7 +144,7 @@ void Form1::name_controls() {
 
 void Form1::wire() {
   on_close = [this] { Salir_Click(); };
-  on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
+  on_key_down = [this](ui::Key& key) { sound_.list_window_KeyDown(key); };
   AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
   cmdReset.on_click = [this] { cmdReset_Click(); };
   cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
@@ -271,12 +271,6 @@ void Form1::cmdPlayer_Click() {
   if (sound_.media().URL().empty()) return;
   player->place_title(audio::Player::kTitleStart);
   player->show_title();
-}
-
-void Form1::Form_KeyDown(ui::Key& key) {
-  constexpr int kSpace = 32;
-  // Space would press the button that has the focus too; the other keys go on to the lists.
-  if (sound_.Form_KeyDown(key)) key.swallowed = key.code == kSpace;
 }
 
 void Form1::close_windows(std::initializer_list<const char*> names) {

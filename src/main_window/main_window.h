@@ -146,7 +146,6 @@ class Form1 final : public work::ProgramWindow {
  private:
   void Form_Load() override;
   void CheckLogo_Click();
-  void Form_KeyDown(ui::Key& key);
   void warn_of_no_drive();
   void wire();
   void name_controls();

@@ -1,7 +1,6 @@
 #include "removal/removal_review_window.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <string_view>
 

@@ -1,5 +1,5 @@
-// Windows that other rooms close or ask for by name alone, as their own rooms lie above or are not
-// built yet.
+// Windows that other rooms close or ask for by name alone: their own rooms lie above, or nothing
+// more of them is needed.
 #pragma once
 
 namespace ordelan::work::window_name {

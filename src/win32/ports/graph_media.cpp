@@ -77,9 +77,7 @@ void GraphMedia::set_URL(const std::string& path) {
   }
   url_ = path;
   given_up_.reset();
-  opened_at_ = Clock::now();
-  opened_again_ = false;
-  tried_at_ = opened_at_;
+  opened_at_ = tried_at_ = Clock::now();
   if (gave_up(path) || abandoned() >= kMostLeft) {
     let_go();
     given_up_ = view_of_failed(path, kNeverOpens);
@@ -107,9 +105,7 @@ void GraphMedia::play() {
       view.state = kPlaying;
     } else if (view.state == kReady) {
       view.state = kOpening;
-      opened_at_ = Clock::now();
-      opened_again_ = false;
-      tried_at_ = opened_at_;
+      opened_at_ = tried_at_ = Clock::now();
     }
   });
 }
@@ -247,7 +243,7 @@ GraphView GraphMedia::view() const {
     const auto waited = Clock::now() - tried_at_;
     const bool stuck = is_stuck(*board_);
     stuck_before = stuck && !board_->opens;
-    once_more = stuck && board_->opens && room && !opened_again_ &&
+    once_more = stuck && board_->opens && room && tried_at_ == opened_at_ &&
                 Clock::now() - board_->since >= again && waited < hopeless;
     if (!stuck_before && !once_more && waited < hopeless) return shown;
   }
@@ -323,10 +319,7 @@ void GraphMedia::move_to_another_worker(bool open_again) const {
       orders.push_front({.kind = GraphOrder::open, .path = url_});
     }
   }
-  if (open_again) {
-    opened_again_ = true;
-    tried_at_ = Clock::now();
-  }
+  if (open_again) tried_at_ = Clock::now();
   leave(false);
   begin_worker();
   const std::scoped_lock lock(board_->mutex);

@@ -90,7 +90,6 @@ class GraphMedia final : public system::Media {
   mutable std::vector<Left> left_;
   mutable std::optional<GraphView> given_up_;  // what is shown of a file without a thread
   Moment opened_at_;
-  mutable bool opened_again_ = false;
   mutable Moment tried_at_;  // when the try that counts began: each has its whole time
 };
 
