@@ -129,7 +129,6 @@ ui::Point Player::place_of_SA() const {
   return {position().x + skin::kSpectrumRight, above < 0 ? position().y + size().height : above};
 }
 
-// The sliders and buttons of this window have no use for these keys that would be worth more.
 void Player::Form_KeyDown(ui::Key& key) {
   constexpr int kHome = 36;
   constexpr int kLeft = 37;
@@ -137,10 +136,11 @@ void Player::Form_KeyDown(ui::Key& key) {
   constexpr double kStep = 5;  // seconds
   Bal.Destroy();
   if (sound_.Form_KeyDown(key)) {
-    key.swallowed = true;
+    key.swallowed = true;  // sliders and buttons have no use for these that would be worth more
     return;
   }
-  if (key.shift || key.control) return;
+  // The volume has a use of its own for them.
+  if (key.shift || key.control || key.focus == &SliderVol) return;
   switch (key.code) {
     case kHome:
       show_place(sound_.seek_by(-sound_.media().currentPosition()));

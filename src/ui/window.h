@@ -19,6 +19,7 @@ struct Key {
   int code = 0;  // the system's virtual key code
   bool shift = false;
   bool control = false;
+  const Control* focus = nullptr;  // what has the focus; null for none
   bool swallowed = false;
 };
 

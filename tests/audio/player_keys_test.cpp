@@ -94,6 +94,21 @@ TEST_F(PlayerKeys, without_a_file_that_plays_the_keys_move_nothing) {
   EXPECT_THAT(media.orders, testing::Not(testing::Contains(testing::StartsWith("position"))));
 }
 
+TEST_F(PlayerKeys, the_slider_of_the_volume_has_them_for_itself) {
+  start();
+  play(100, 30);
+  for (const int code : {kHome, kLeft, kRight}) {
+    ui::Key key{.code = code, .focus = &player().SliderVol};
+    player().on_key_down(key);
+    EXPECT_FALSE(key.swallowed);
+    EXPECT_EQ(media.currentPosition(), 30);
+  }
+  ui::Key key{.code = kLeft, .focus = &player().SliderTime};
+  player().on_key_down(key);
+  EXPECT_TRUE(key.swallowed);
+  EXPECT_EQ(media.currentPosition(), 25);
+}
+
 TEST_F(PlayerKeys, with_shift_or_control_they_are_left_to_the_control) {
   start();
   play(100, 30);

@@ -378,6 +378,11 @@ TEST_F(LookOfSound, docked_with_a_notice_while_it_is_paused) {
   GetWindowRect(top_level(L"SA"), &above);
   GetWindowRect(top_level(L"Player"), &below);
   EXPECT_LE(above.bottom, below.top) << "they do not overlap";
+  // Neither belongs to another window, and their size is fixed.
+  for (const wchar_t* const name : {L"Player", L"SA"}) {
+    EXPECT_EQ(GetWindow(top_level(name), GW_OWNER), nullptr);
+    EXPECT_EQ(GetWindowLongPtrW(top_level(name), GWL_STYLE) & WS_THICKFRAME, 0);
+  }
 }
 
 // What is known of the file stands beside the frame of its title.
@@ -425,6 +430,11 @@ TEST_F(LookOfSound, has_room_for_its_words) {
   for (const char* const caption : {"120:00", "00:00"}) {
     look_at(player.LabelTime, caption, 0);
     look_at(spectrum.LabelTime, caption, 0);
+  }
+  // The time does not jump from side to side as its figures change.
+  for (const char figure : std::string("123456789")) {
+    EXPECT_EQ(ui::MedirTexto(player.LabelTime, std::string(1, figure)),
+              ui::MedirTexto(player.LabelTime, "0"));
   }
   look_at(player.LabelVol, "-90 dB", 0);
   look_at(player.mp3Baud, " 320 Kbaud ", 0);

@@ -243,6 +243,37 @@ TEST_F(RealWindow, every_key_is_shown_to_the_window_first_and_can_be_kept) {
   EXPECT_THAT(arrived, testing::ElementsAre(VK_INSERT));
 }
 
+TEST_F(RealWindow, a_key_comes_with_what_has_the_focus) {
+  std::vector<const ui::Control*> had;
+  window.on_key_down = [&](ui::Key& key) { had.push_back(key.focus); };
+  show();
+  type(real(L"Ordelan.ListVip"), VK_INSERT);
+  type(real_window(), VK_INSERT);
+  EXPECT_THAT(had, testing::ElementsAre(&list, nullptr));
+}
+
+TEST_F(RealWindow, a_button_of_the_mouse_is_reported_before_what_is_there_handles_it) {
+  std::string seen;
+  window.on_mouse_down = [&] { seen += "w"; };
+  list.on_click = [&] { seen += "l"; };
+  list.add("row");
+  show();
+  const HWND real_list = real(L"Ordelan.ListVip");
+  for (const UINT message : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_RBUTTONDOWN, WM_RBUTTONUP}) {
+    PostMessageW(real_list, message, 0, MAKELPARAM(3, 3));
+  }
+  backend.pump();
+  EXPECT_EQ(seen, "wlw");
+}
+
+TEST_F(RealWindow, a_press_may_unload_the_window) {
+  window.on_mouse_down = [&] { window.unload(); };
+  show();
+  PostMessageW(real(L"Ordelan.ListVip"), WM_LBUTTONDOWN, 0, MAKELPARAM(3, 3));
+  backend.pump();
+  EXPECT_FALSE(real_window());
+}
+
 TEST_F(RealWindow, a_key_may_unload_the_window) {
   window.on_key_down = [&](ui::Key&) { window.unload(); };
   show();

@@ -1,6 +1,7 @@
 // The sound of the real program, by clicks, as a recorder hears it.
 #include <windows.h>
 
+#include <commctrl.h>
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -292,6 +293,26 @@ TEST_F(SoundOfProgram, what_cannot_be_played_says_why_and_the_next_file_sounds) 
   open("tono1000.wav");
   play();
   EXPECT_TRUE(sounds_at(1000));
+}
+
+TEST_F(SoundOfProgram, its_menu_shows_what_is_known_of_the_file) {
+  open("tono1000.mp3");
+  program->key(VK_APPS);
+  const auto shown = [](const wchar_t* kind) {
+    for (HWND one = FindWindowExW(nullptr, nullptr, kind, nullptr); one != nullptr;
+         one = FindWindowExW(nullptr, one, kind, nullptr)) {
+      if (IsWindowVisible(one)) return true;
+    }
+    return false;
+  };
+  program->wait_until("the menu", [&] { return shown(L"#32768"); });
+  program->picture_now("sound-menu");
+  program->key(VK_DOWN);
+  program->key(VK_RETURN);
+  program->wait_until("the balloon", [&] { return shown(TOOLTIPS_CLASSW); });
+  program->picture_now("sound-info");
+  program->key(VK_HOME);
+  program->wait_until("its end", [&] { return !shown(TOOLTIPS_CLASSW); });
 }
 
 // What the labels show of such a file is what the engine says of it, and nothing waits for it.

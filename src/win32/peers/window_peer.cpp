@@ -202,6 +202,9 @@ bool WindowPeer::preview(const MSG& key) {
   pressed.code = static_cast<int>(key.wParam);
   pressed.shift = GetKeyState(VK_SHIFT) < 0;
   pressed.control = GetKeyState(VK_CONTROL) < 0;
+  if (const ControlPeer* const focused = registry_.control(key.hwnd)) {
+    pressed.focus = &focused->control();
+  }
   guarded([&]() -> LRESULT {
     raise(window_.on_key_down, pressed);
     return 0;
