@@ -297,6 +297,7 @@ TEST_F(SoundOfProgram, what_cannot_be_played_says_why_and_the_next_file_sounds) 
 
 TEST_F(SoundOfProgram, its_menu_shows_what_is_known_of_the_file) {
   open("tono1000.mp3");
+  program->wait_until("the volume", [&] { return program->text("LabelVol") == "-50 dB"; });
   program->key(VK_APPS);
   const auto shown = [](const wchar_t* kind) {
     for (HWND one = FindWindowExW(nullptr, nullptr, kind, nullptr); one != nullptr;
@@ -306,10 +307,12 @@ TEST_F(SoundOfProgram, its_menu_shows_what_is_known_of_the_file) {
     return false;
   };
   program->wait_until("the menu", [&] { return shown(L"#32768"); });
-  program->picture_now("sound-menu");
   program->key(VK_DOWN);
+  recorder->record(0.2);  // time to be painted
+  program->picture_now("sound-menu");
   program->key(VK_RETURN);
   program->wait_until("the balloon", [&] { return shown(TOOLTIPS_CLASSW); });
+  recorder->record(0.2);
   program->picture_now("sound-info");
   program->key(VK_HOME);
   program->wait_until("its end", [&] { return !shown(TOOLTIPS_CLASSW); });
