@@ -361,6 +361,7 @@ TEST_F(LookOfSound, with_the_playlist) {
 TEST_F(LookOfSound, docked_with_a_notice_while_it_is_paused) {
   audio::Zoom& zoom = *program->windows.touch<audio::Zoom>();
   program->form.hide();
+  player.Vol(40);
   player.set_position({600, 420});
   spectrum.set_position(player.place_of_SA());
   zoom.set_position({20, 200});
