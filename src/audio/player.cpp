@@ -82,7 +82,11 @@ void Player::wire() {
   PL.on_click = [this] { PL_Click(); };
   SAtoggle1.on_click = [this] { SAtoggle1_Click(); };
   CheckToolTip.on_click = [this] { CheckToolTip_Click(); };
-  CheckSeguir.on_click = [this] { AvisoPL.hide(); };
+  // Kept at once: most ways out of the program do not pass by the button that stores the rest.
+  CheckSeguir.on_click = [this] {
+    AvisoPL.hide();
+    work::write_box(context().settings, CheckSeguir);
+  };
   on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
   on_mouse_down = [this] {
     AvisoPL.hide();
@@ -100,7 +104,7 @@ void Player::wire() {
   ImageOnda.on_press = [this](ui::Point at) { ImageOnda_Press(at); };
   on_visible = [this] { follow_file(); };
   SliderTime.on_change = [this](std::int32_t value) { sound_.SliderTime_Change(value); };
-  SliderTime.on_mouse_up = [this](const ui::Mouse& mouse) { sound_.seek_to_unit(mouse.at.x); };
+  SliderTime.on_mouse_up = [this](const ui::Mouse& mouse) { sound_.SliderTime_MouseUp(mouse); };
   SliderVol.on_change = [this](std::int32_t value) { SliderVol_Change(value); };
 }
 
@@ -111,6 +115,7 @@ void Player::Form_Load() {
   MostrarToolTips(!CheckToolTip.checked());
   Control[kPause].hide();
   Control[kPlay].show();
+  SliderVol.set_value(Sound::kFirstVolume);  // it stays where the stored one is none
   SliderVol.set_value(sound_.stored_volume());
   Vol(SliderVol.value());
 }
@@ -119,7 +124,6 @@ void Player::CloseW_Click() {
   store_place();
   sound_.store_volume(SliderVol.value());
   work::write_box(context().settings, CheckToolTip);
-  work::write_box(context().settings, CheckSeguir);
   context().windows.close<Player>();
 }
 
@@ -140,7 +144,7 @@ void Player::Form_KeyDown(ui::Key& key) {
     return;
   }
   // The volume has a use of its own for them.
-  if (key.shift || key.control || key.focus == &SliderVol) return;
+  if (key.shift || key.control || key.alt || key.focus == &SliderVol) return;
   switch (key.code) {
     case kHome:
       show_place(sound_.seek_by(-sound_.media().currentPosition()));

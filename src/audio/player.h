@@ -121,7 +121,7 @@ class Player final : public work::ProgramWindow {
   void MostrarToolTips(bool Activo);
   void drag_ended();
   bool has_ended_by_itself() const;
-  void play_next();
+  bool play_next();
   void show_action(int Index);
 
   Sound& sound_;

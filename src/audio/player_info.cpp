@@ -1,4 +1,5 @@
 // What the player says of a file beside its sound, and its menu.
+#include <algorithm>
 #include <cmath>
 
 #include "audio/player.h"
@@ -49,8 +50,12 @@ void Player::show_menu(bool by_key) {
   using system::MenuItem;
   AvisoPL.hide();
   system::Media& engine = sound_.media();
-  const std::string chosen = sound_.stored_device();
   const auto devices = engine.devices();
+  std::string chosen = sound_.stored_device();
+  const bool is_there =
+      std::any_of(devices.begin(), devices.end(),
+                  [&](const system::SoundDevice& device) { return device.id == chosen; });
+  if (!is_there) chosen.clear();  // the default one plays
   std::vector<MenuItem> items{{.text = "Información del archivo", .enabled = !engine.URL().empty()},
                               {},
                               {.text = "Salida: la del sistema", .ticked = chosen.empty()}};
@@ -62,7 +67,7 @@ void Player::show_menu(bool by_key) {
       items, by_key ? system::MenuPlace::focus : system::MenuPlace::pointer);
   if (!picked || context().windows.find<Player>() != this) return;
   if (*picked == 0) {
-    if (engine.URL().empty()) return;  // it was let go meanwhile
+    // It may have been let go meanwhile: of no file nothing is shown.
     MostrarInfoArchivo(PictureLD, engine.URL(), text::Obtener_Nombre_Archivo(engine.URL()));
   } else {
     sound_.set_device(*picked < first_device ? "" : devices[*picked - first_device].id);

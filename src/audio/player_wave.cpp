@@ -14,6 +14,7 @@ constexpr auto kBudget = std::chrono::milliseconds(8);
 }  // namespace
 
 void Player::file_changed() {
+  LabelAviso.set_caption(sound_.media().notice());
   wave_path_ = sound_.media().URL();
   wave_.reset();
   if (!wave_path_.empty()) {

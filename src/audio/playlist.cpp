@@ -11,13 +11,17 @@ namespace ordelan::audio {
 
 void Player::OpenFile_Click() {
   AvisoPL.hide();
+  if (sound_.choosing_) return;  // the dialog is up already
   sound_.media().close();
   sound_.ListaPlay.assign(1, "");
   context().windows.hide<Zoom>();
   hide();
+  Sound& sound = sound_;  // the window may be closed while the dialog is up
+  sound.choosing_ = true;
   const auto files = context().platform.dialogs.open_files(
       {.filter = "Archivos (*.wav, *.aif, *.mp3, *.wma, *.m4a)|*.wav;*.aif;*.mp3;*.wma;*.m4a",
        .several = true});
+  sound.choosing_ = false;
   // A cancel leaves the window hidden: it is opened again from the main window. While the dialog
   // was up, the window may have been closed.
   if (files.empty()) {
@@ -113,15 +117,20 @@ bool Player::has_ended_by_itself() const {
   return heard_path_ == engine.URL() && engine.duration() - heard_to_ <= kNearEnd;
 }
 
-// The one after what is loaded, if that is in the playlist and not its last.
-void Player::play_next() {
+// The one after what is loaded, if that is in the playlist and not its last. Whether there is one.
+bool Player::play_next() {
   const std::vector<std::string>& playlist = sound_.ListaPlay;
   const auto loaded = std::find(playlist.begin(), playlist.end(), sound_.media().URL());
-  if (loaded == playlist.end() || loaded + 1 == playlist.end() || (loaded + 1)->empty()) return;
-  const std::string next = *(loaded + 1);
-  sound_.set_URL(next);
+  if (loaded == playlist.end() || loaded + 1 == playlist.end() || (loaded + 1)->empty()) {
+    return false;
+  }
+  heard_path_ = *(loaded + 1);
+  heard_to_ = 0;  // a short one may have ended before the next tick
+  mp3Baud.hide();
+  sound_.set_URL(heard_path_);
   show_title();
   Control_Click(kPlay);
+  return true;
 }
 
 bool Player::BuscarAudio(const std::string& Path, const ui::ListBox& Lista, int Indice, bool Avisar,
@@ -130,7 +139,7 @@ bool Player::BuscarAudio(const std::string& Path, const ui::ListBox& Lista, int 
   const std::string rest = Path.size() > 3 ? Path.substr(3) : "";
   bool found = false;
   for (const std::string& drive : finder.pvGetDrives()) {
-    if (!finder.FileExist(drive + rest)) continue;
+    if (rest.empty() || !finder.FileExist(drive + rest)) continue;
     found = true;
     Resultado = drive + rest;
     context().work.ArchivoActual = Resultado;

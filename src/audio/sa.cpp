@@ -47,6 +47,7 @@ SA::SA(const work::Context& context, Sound& sound)
   on_unload = [this] {
     sound_.store_volume();
     sound_.media().end();
+    if (Player* const player = this->context().windows.find<Player>()) player->file_changed();
   };
   Close.on_click = [this] { Close_Click(); };
   TimerEspectro.on_tick = [this] { TimerEspectro_Tick(); };

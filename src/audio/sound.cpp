@@ -75,6 +75,7 @@ void Sound::stop_and_empty() {
 }
 
 bool Sound::Form_KeyDown(const ui::Key& key) {
+  if (key.alt) return false;  // the system's own: its menu, the next window
   constexpr int kEnd = 35;
   constexpr int kAdd = 107;
   constexpr int kSubtract = 109;
@@ -120,6 +121,10 @@ void Sound::hide_AvisoPL() const {
   if (Player* const window = context_.windows.find<Player>()) window->AvisoPL.hide();
 }
 
+void Sound::hide_Bal() const {
+  if (Player* const window = context_.windows.find<Player>()) window->Bal.Destroy();
+}
+
 std::int32_t Sound::stored_volume(std::int32_t now) const {
   const double stored = context_.settings.number(kVolumen, now);
   return static_cast<std::int32_t>(std::clamp(stored, -1.0e9, 1.0e9));
@@ -140,6 +145,10 @@ std::optional<double> Sound::seek_to_unit(int x) {
   const double seconds = media_.duration() / kSliderUnits * x;
   go_to(seconds);
   return seconds;
+}
+
+void Sound::SliderTime_MouseUp(const ui::Mouse& mouse) {
+  if (mouse.button == ui::kLeftButton) seek_to_unit(mouse.at.x);
 }
 
 std::optional<double> Sound::seek_by(double seconds) {

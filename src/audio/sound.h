@@ -91,8 +91,11 @@ class Sound {
   // The same in a window of lists: of these keys only Space, which would press a button that has
   // the focus too, is kept from the control.
   void list_window_KeyDown(ui::Key& key);
-  // Puts the notice of the player away, if there is one.
+  // A click on a position slider has ended; only one by the left button seeks.
+  void SliderTime_MouseUp(const ui::Mouse& mouse);
+  // Puts the notice of the player away, if there is one, or its balloon.
   void hide_AvisoPL() const;
+  void hide_Bal() const;
   // A file was opened, and waits: the windows that show how the transport stands say so.
   void show_loaded();
   // Shows the player at its stored place, or hides it. Where it was hidden, or is to be, and
@@ -142,6 +145,7 @@ class Sound {
   work::Context context_;
   system::Media& media_;
   std::vector<Mirror*> mirrors_;
+  bool choosing_ = false;  // files are being picked for the player
 };
 
 }  // namespace ordelan::audio

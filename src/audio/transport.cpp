@@ -80,7 +80,11 @@ void Player::ImageOnda_Press(ui::Point at) {
 // A place that was gone to by other means than the slider, which follows.
 void Player::show_place(std::optional<double> seconds) {
   if (!seconds) return;
-  if (const auto position = whole(*seconds)) SliderTime.set_value(*position);
+  const auto position = whole(*seconds);
+  if (!position) return;
+  SliderTime.set_value(*position);
+  sound_.each_mirror([&](Mirror& mirror) { mirror.show_position(*position); });
+  if (const auto elapsed = label_seconds(*seconds)) LabelTime.set_caption(elapsed_text(*elapsed));
 }
 
 // Whatever the engine cannot answer ends a tick; the next one runs.
@@ -97,6 +101,9 @@ void Player::TimerTime_Tick() {
   if (!position) return;
   sound_.each_mirror([&](Mirror& mirror) { mirror.show_position(*position); });
   LabelAviso.set_caption(engine.notice());
+  // What cannot be played has no end at which the next one could follow.
+  const bool silent = engine.playState() == system::Media::kReady && !engine.notice().empty();
+  if (silent && CheckSeguir.checked() && play_next()) return;
   if (engine.URL().empty()) return;  // nothing is loaded any more that could have a duration
   const auto length = slider_seconds(engine.duration());
   if (!length) return;

@@ -57,7 +57,10 @@ Zoom::Zoom(const work::Context& context, Sound& sound)
     work::write_box(this->context().settings, CheckAutoPlay);
     sound_.store_volume();
   };
-  on_key_down = [this](ui::Key& key) { sound_.list_window_KeyDown(key); };
+  on_key_down = [this](ui::Key& key) {
+    sound_.hide_Bal();
+    sound_.list_window_KeyDown(key);
+  };
   Play.on_click = [this] { Play_Click(); };
   Pause.on_click = [this] { Pause_Click(); };
   PlayerMaster.on_click = [this] { PlayerMaster_Click(); };
@@ -65,7 +68,9 @@ Zoom::Zoom(const work::Context& context, Sound& sound)
   CheckAutoPlay.on_click = [this] { CheckAutoPlay_Click(); };
   SliderVol.on_change = [this](std::int32_t value) { SliderVol_Change(value); };
   SliderTime.on_change = [this](std::int32_t value) { sound_.SliderTime_Change(value); };
-  SliderTime.on_mouse_up = [this](const ui::Mouse& mouse) { sound_.seek_to_unit(mouse.at.x); };
+  SliderTime.on_mouse_up = [this](const ui::Mouse& mouse) { sound_.SliderTime_MouseUp(mouse); };
+  on_mouse_down = [this] { sound_.hide_Bal(); };
+  on_visible = [this] { sound_.hide_Bal(); };
 }
 
 void Zoom::name_controls() {
@@ -91,6 +96,7 @@ void Zoom::name_controls() {
 
 void Zoom::Form_Load() {
   work::read_box(context().settings, CheckAutoPlay);
+  SliderVol.set_value(Sound::kFirstVolume);
   SliderVol.set_value(sound_.stored_volume());
   LabelVol.set_caption(volume_caption(SliderVol.value()));
 }

@@ -57,8 +57,9 @@ system::Answer ScriptedDialogs::message(const system::Message& message) {
 }
 
 std::optional<std::size_t> ScriptedDialogs::menu(const std::vector<system::MenuItem>& items,
-                                                 system::MenuPlace) {
+                                                 system::MenuPlace place) {
   menus.push_back(items);
+  menu_places.push_back(place);
   if (on_dialog) on_dialog();
   const std::string choice = next(choices);
   for (std::size_t i = 0; i < items.size() && !choice.empty(); ++i) {

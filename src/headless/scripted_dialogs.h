@@ -30,6 +30,7 @@ class ScriptedDialogs final : public system::Dialogs {
   std::vector<std::string> folder_titles;
   std::vector<system::Message> messages;
   std::vector<std::vector<system::MenuItem>> menus;
+  std::vector<system::MenuPlace> menu_places;
 
   std::vector<std::string> open_files(const system::OpenRequest& request) override;
   std::string save_file(const system::SaveRequest& request) override;

@@ -19,6 +19,7 @@ struct Key {
   int code = 0;  // the system's virtual key code
   bool shift = false;
   bool control = false;
+  bool alt = false;
   const Control* focus = nullptr;  // what has the focus; null for none
   bool swallowed = false;
 };
@@ -125,6 +126,8 @@ class Window {
   bool waiting() const { return waiting_; }
   void set_waiting(bool waiting);
 
+  // Puts it before the others, unless it is minimised. One that stays on top does not take the keys
+  // from the window that has them.
   void bring_to_front() { notify(Aspect::order); }
 
   std::function<void()> on_load;

@@ -144,6 +144,19 @@ TEST_F(PlayerKeys, its_menu_offers_the_devices_and_marks_the_chosen_one) {
   EXPECT_EQ(settings.LeerIni(settings.RutaConfig, "Salida", "none"), "");
 }
 
+TEST_F(PlayerKeys, its_menu_comes_where_it_was_asked_for_and_puts_the_notice_away) {
+  start();
+  disk.write("a.wav", "x");
+  play(100, 30);
+  player().AvisoPL.show();
+  player().on_context_menu(false);
+  player().on_context_menu(true);
+  EXPECT_THAT(dialogs.menu_places,
+              ElementsAre(system::MenuPlace::pointer, system::MenuPlace::focus));
+  EXPECT_FALSE(player().AvisoPL.visible());
+  EXPECT_FALSE(player().Bal.exists()) << "nothing was chosen";
+}
+
 TEST_F(PlayerKeys, the_choice_of_a_device_leaves_volume_and_place) {
   media.plugged_in = {{"id-a", "Altavoces"}};
   start("Volumen=35\r\n");
@@ -283,10 +296,18 @@ TEST_F(PlayerKeys, windows_that_go_while_a_file_is_read_leave_no_balloon) {
   start();
   disk.write("a.wav", std::string(300, 'x'));
   zoom().show();
-  backend.on_pump = [&] { program.windows.close<audio::Zoom>(); };
-  player().MostrarInfoArchivo(zoom().ListFilesZoom, disk.path("a.wav"), "");
-  backend.on_pump = {};
-  EXPECT_FALSE(player().Bal.exists());
+  const std::vector<std::function<void()>> closings = {
+      [&] { program.windows.close<audio::Zoom>(); }, [&] { player().CloseW.on_click(); }};
+  for (const auto& close : closings) {
+    ui::ListBox& list = zoom().ListFilesZoom;
+    audio::Player& shown_by = player();
+    backend.on_pump = close;
+    shown_by.MostrarInfoArchivo(list, disk.path("a.wav"), "");
+    backend.on_pump = {};
+    EXPECT_FALSE(player().Bal.exists());
+    EXPECT_THAT(sound().info.TextoToolTip, testing::Not(testing::HasSubstr("Tama")));
+    program.windows.free_closed();
+  }
 }
 
 }  // namespace

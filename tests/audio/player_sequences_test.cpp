@@ -114,7 +114,7 @@ struct PlayerSequences : testing::Test, SoundProgram {
         both(
             "click at " + std::to_string(x),
             [&] {
-              player().SliderTime.on_mouse_up({.at = {x, 3}});
+              player().SliderTime.on_mouse_up({.at = {x, 3}, .button = ui::kLeftButton});
             },
             [&] { model.SliderTime_MouseUp(x); });
         break;

@@ -210,7 +210,7 @@ TEST_F(PlayerWave, the_cursor_goes_with_the_time) {
   EXPECT_NEAR(wave().cursor(), 0.25, 0.001);
   player().SliderTime.on_change(75);
   EXPECT_NEAR(wave().cursor(), 0.75, 0.001) << "also in a pause";
-  player().SliderTime.on_mouse_up({.at = {20, 3}});
+  player().SliderTime.on_mouse_up({.at = {20, 3}, .button = ui::kLeftButton});
   EXPECT_NEAR(wave().cursor(), 0.1, 0.001);
 }
 

@@ -488,6 +488,22 @@ TEST(WaveformHostile, any_bytes_end_soon_with_peaks_in_range) {
 }
 
 // A chunk of sound that fills the range of a number of 64 bits.
+TEST(WaveformHostile, an_aif_whose_head_is_short_or_lies_has_none) {
+  const auto file = [](const std::string& common, const std::string& sound) {
+    return "FORM" + big_endian(100, 4) + "AIFF" + chunk("COMM", common, true) +
+           chunk("SSND", sound, true);
+  };
+  const std::string common =
+      big_endian(1, 2) + big_endian(8, 4) + big_endian(8, 2) + std::string(10, '\0');
+  const std::string samples = "12345678";
+  EXPECT_THAT(overview(file(common, std::string(8, '\0') + samples), 8), SizeIs(8));
+  // The samples begin after their end, or there is no place for what says where they begin.
+  EXPECT_THAT(overview(file(common, big_endian(0xFFFFFFF0, 4) + std::string(4, '\0') + samples), 8),
+              IsEmpty());
+  EXPECT_THAT(overview(file(common, "1234"), 8), IsEmpty());
+  EXPECT_THAT(overview(file(common.substr(0, 6), std::string(8, '\0') + samples), 8), IsEmpty());
+}
+
 TEST(WaveformHostile, a_file_without_end_is_read_in_bounded_steps) {
   struct Endless final : NoFiles {
     struct Input final : system::InputFile {

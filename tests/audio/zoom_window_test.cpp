@@ -126,6 +126,13 @@ TEST_F(ZoomWindow, a_file_that_is_opened_waits_whatever_played_before) {
   pass(3);
   EXPECT_EQ(media.URL(), disk.path("c.wav"));
   EXPECT_EQ(media.playState(), system::Media::kStopped);
+  // The same file once more, which was near its end.
+  pick({song("a.wav", 2), song("b.wav", 2)});
+  player().Control[audio::kPlay].on_click();
+  pass(1.5);
+  pick({song("a.wav", 2), song("b.wav", 2)});
+  pass(3);
+  EXPECT_EQ(media.URL(), disk.path("a.wav"));
 }
 
 TEST_F(ZoomWindow, nothing_follows_a_file_that_another_window_has_stopped) {
@@ -158,7 +165,7 @@ TEST_F(ZoomWindow, nothing_follows_a_file_that_is_not_in_the_playlist) {
 TEST_F(ZoomWindow, the_box_for_the_next_file_is_kept) {
   start("Seguir con el siguiente=1\r\n");
   EXPECT_TRUE(player().CheckSeguir.checked());
-  player().CheckSeguir.set_checked(false);
+  player().CheckSeguir.toggle();
   player().CloseW.on_click();
   EXPECT_FALSE(player().CheckSeguir.checked());
 }
@@ -239,7 +246,7 @@ TEST_F(ZoomWindow, its_sliders_show_and_set_place_and_volume) {
   pass(2);
   EXPECT_EQ(zoom().SliderTime.max(), 100);
   EXPECT_EQ(zoom().SliderTime.value(), 2);
-  zoom().SliderTime.on_mouse_up({.at = {100, 5}});
+  zoom().SliderTime.on_mouse_up({.at = {100, 5}, .button = ui::kLeftButton});
   EXPECT_DOUBLE_EQ(media.currentPosition(), 50);
   player().AvisoPL.show();
   zoom().SliderTime.on_change(30);

@@ -128,7 +128,9 @@ void WindowPeer::show() {
     return;
   }
   update_kind();
-  ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : SW_SHOW);
+  // One that was hidden as an icon and is none any more would come back as one.
+  const int open = IsIconic(handle_) ? SW_RESTORE : SW_SHOW;
+  ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : open);
   // At once: the caller may be busy for a while, and the controls would be holes in it.
   registry_.flush();
   RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -139,12 +141,13 @@ void WindowPeer::update_order() {
     SetWindowPos(handle_, topmost_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     update_kind();
-  } else if (IsWindowVisible(handle_)) {
-    // Before the other windows that stay on top: to be in front alone does not do that everywhere.
+  } else if (IsWindowVisible(handle_) && !IsIconic(handle_)) {
+    // One that stays on top comes before the others of them, and leaves the keys where they are.
     if (topmost_) {
       SetWindowPos(handle_, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    } else {
+      SetForegroundWindow(handle_);
     }
-    SetForegroundWindow(handle_);
   }
 }
 
@@ -202,6 +205,8 @@ bool WindowPeer::preview(const MSG& key) {
   pressed.code = static_cast<int>(key.wParam);
   pressed.shift = GetKeyState(VK_SHIFT) < 0;
   pressed.control = GetKeyState(VK_CONTROL) < 0;
+  constexpr LPARAM kAlt = 1 << 29;
+  pressed.alt = key.message == WM_SYSKEYDOWN && (key.lParam & kAlt) != 0;
   if (const ControlPeer* const focused = registry_.control(key.hwnd)) {
     pressed.focus = &focused->control();
   }

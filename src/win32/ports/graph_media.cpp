@@ -168,7 +168,8 @@ std::vector<system::SoundDevice> GraphMedia::devices() {
 }
 
 void GraphMedia::set_device(const std::string& id) {
-  if (id == device_) return;
+  // The same one once more may be there again by now.
+  if (id.empty() && device_.empty()) return;
   device_ = id;
   if (!board_) return;
   const std::scoped_lock lock(board_->mutex);
