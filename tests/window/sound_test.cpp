@@ -1,7 +1,6 @@
 // The sound of the real program, by clicks, as a recorder hears it.
 #include <windows.h>
 
-#include <commctrl.h>
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -295,29 +294,6 @@ TEST_F(SoundOfProgram, what_cannot_be_played_says_why_and_the_next_file_sounds) 
   EXPECT_TRUE(sounds_at(1000));
 }
 
-TEST_F(SoundOfProgram, its_menu_shows_what_is_known_of_the_file) {
-  open("tono1000.mp3");
-  program->wait_until("the volume", [&] { return program->text("LabelVol") == "-50 dB"; });
-  program->key(VK_APPS);
-  const auto shown = [](const wchar_t* kind) {
-    for (HWND one = FindWindowExW(nullptr, nullptr, kind, nullptr); one != nullptr;
-         one = FindWindowExW(nullptr, one, kind, nullptr)) {
-      if (IsWindowVisible(one)) return true;
-    }
-    return false;
-  };
-  program->wait_until("the menu", [&] { return shown(L"#32768"); });
-  program->key(VK_DOWN);
-  recorder->record(0.2);  // time to be painted
-  program->picture_now("sound-menu");
-  program->key(VK_RETURN);
-  program->wait_until("the balloon", [&] { return shown(TOOLTIPS_CLASSW); });
-  recorder->record(0.2);
-  program->picture_now("sound-info");
-  program->key(VK_HOME);
-  program->wait_until("its end", [&] { return !shown(TOOLTIPS_CLASSW); });
-}
-
 // What the labels show of such a file is what the engine says of it, and nothing waits for it.
 TEST_F(SoundOfProgram, a_huge_file_and_an_empty_one_hold_up_nothing) {
   write("largo.wav", wav_head());
@@ -343,7 +319,7 @@ TEST_F(SoundOfProgram, a_huge_file_and_an_empty_one_hold_up_nothing) {
   EXPECT_TRUE(sounds_at(1000));
 }
 
-// The disk lets nobody remove a file that is open, but a shared folder or a drive can lose it.
+// A file that is open cannot be removed, but a shared folder or a drive can lose it.
 TEST_F(SoundOfProgram, a_file_or_drive_that_goes_while_it_plays_holds_up_nothing) {
   if (!can_run_native()) GTEST_SKIP() << "only Wine can take an open file away";
   const auto copy = [&](const char* name) {
