@@ -1,6 +1,7 @@
 // The sound of the real program, by clicks, as a recorder hears it.
 #include <windows.h>
 
+#include <commctrl.h>
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -292,6 +293,42 @@ TEST_F(SoundOfProgram, what_cannot_be_played_says_why_and_the_next_file_sounds) 
   open("tono1000.wav");
   play();
   EXPECT_TRUE(sounds_at(1000));
+}
+
+TEST_F(SoundOfProgram, its_menu_shows_what_is_known_of_the_file) {
+  open("tono1000.mp3");
+  program->wait_until("the volume", [&] { return program->text("LabelVol") == "-50 dB"; });
+  const auto shown = [](const wchar_t* kind, int height) {
+    for (HWND one = FindWindowExW(nullptr, nullptr, kind, nullptr); one != nullptr;
+         one = FindWindowExW(nullptr, one, kind, nullptr)) {
+      RECT area{};
+      GetWindowRect(one, &area);
+      if (IsWindowVisible(one) && area.bottom - area.top >= height) return true;
+    }
+    return false;
+  };
+  const auto menu = [&] { return shown(L"#32768", 1); };
+  // The tooltip of the button under the pointer is one line.
+  const auto balloon = [&] { return shown(TOOLTIPS_CLASSW, 60); };
+  // The screen's news of the file dialog's end come late here, and cancel a menu that is open by
+  // then: only one that stays is used.
+  program->wait_until("a menu that stays", [&] {
+    program->key(VK_APPS);
+    if (!wait_for(menu)) return false;
+    recorder->record(0.5);
+    return menu();
+  });
+  program->key(VK_DOWN);
+  recorder->record(0.2);  // time to be painted
+  program->picture_now("sound-menu");
+  ASSERT_TRUE(menu());
+  ASSERT_FALSE(balloon());
+  program->key(VK_RETURN);
+  program->wait_until("the balloon", balloon);
+  recorder->record(0.2);
+  program->picture_now("sound-info");
+  program->key(VK_HOME);
+  program->wait_until("its end", [&] { return !balloon(); });
 }
 
 // What the labels show of such a file is what the engine says of it, and nothing waits for it.
