@@ -56,6 +56,10 @@ class Backend {
   // How many lines the box's text takes in the width that the box has; at least 1.
   virtual int line_count(const TextBox& box) = 0;
 
+  // The row of a list at a place of the list's, -1 where there is none. Nothing for a list that is
+  // not shown.
+  virtual std::optional<int> row_at(const ListBox&, Point) { return std::nullopt; }
+
   virtual CharacterWidths character_widths(const Font& font) = 0;
   // The dots per inch at which they are measured.
   virtual int measure_dpi() const { return kUnitsPerInch; }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ui/backend.h"
+#include "ui/window.h"
 
 namespace ordelan::ui {
 namespace {
@@ -97,7 +98,15 @@ void ListBox::replace(std::size_t index, std::string_view row) {
 
 void ListBox::set_current(int index) {
   const bool there = index >= 0 && static_cast<std::size_t>(index) < count();
+  anchor_ = reach_ = -1;
   assign(current_, there ? index : -1, Aspect::current_row);
+}
+
+int ListBox::row_at(Point place) const {
+  if (const auto shown = window().backend().row_at(*this, place)) return *shown;
+  if (place.y < 0) return -1;
+  const std::size_t row = top_ + static_cast<std::size_t>(place.y / row_height_);
+  return row < count() ? static_cast<int>(row) : -1;
 }
 
 void ListBox::set_top(std::size_t index) {
@@ -116,6 +125,8 @@ ListBox::Rows& ListBox::own_rows() {
 void ListBox::changed() {
   if (current_ >= static_cast<int>(count())) current_ = -1;
   top_ = std::min(top_, empty() ? 0 : count() - 1);
+  marks_.clear();
+  anchor_ = reach_ = -1;
   notify(Aspect::rows);
 }
 
