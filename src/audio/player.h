@@ -91,6 +91,11 @@ class Player final : public work::ProgramWindow {
   // window is shown.
   void file_changed();
 
+  // What was written to the engine plays by itself: the pair shows pause, and the time runs.
+  void show_started();
+  // What was loaded was let go: the pair shows play.
+  void show_emptied();
+
   // Moves the cursor of the waveform to that time.
   void show_cursor(double seconds);
 
@@ -122,6 +127,7 @@ class Player final : public work::ProgramWindow {
   void drag_ended();
   bool has_ended_by_itself() const;
   bool play_next();
+  void show_pair(bool playing);
   void show_action(int Index);
 
   Sound& sound_;

@@ -13,6 +13,7 @@ namespace {
 constexpr std::string_view kVolumen = "Volumen";
 constexpr std::string_view kSalida = "Salida";
 constexpr int kSpace = 32;
+constexpr int kEnd = 35;
 
 }  // namespace
 
@@ -30,6 +31,7 @@ Sound::Sound(const work::Context& context)
             .hide_SA = [&windows = context.windows] { windows.hide<SA>(); },
             .Player_visible = [&windows =
                                    context.windows] { return windows.visible(Player::kName); }}),
+      rows(context, info),
       context_(context),
       media_(context.platform.media) {
   context.windows.add<Player>([this] { return std::make_unique<Player>(context_, *this); });
@@ -76,7 +78,6 @@ void Sound::stop_and_empty() {
 
 bool Sound::Form_KeyDown(const ui::Key& key) {
   if (key.alt) return false;  // the system's own: its menu, the next window
-  constexpr int kEnd = 35;
   constexpr int kAdd = 107;
   constexpr int kSubtract = 109;
   const auto change_volume = [this](int step) {
@@ -113,16 +114,35 @@ bool Sound::Form_KeyDown(const ui::Key& key) {
   }
 }
 
-void Sound::list_window_KeyDown(ui::Key& key) {
-  if (Form_KeyDown(key)) key.swallowed = key.code == kSpace;
+void Sound::list_window_KeyDown(ui::Key& key, const work::RowCommands* commands) {
+  constexpr int kApps = 93;
+  constexpr int kF10 = 121;
+  hide_balloons();
+  if (commands != nullptr && key.focus == &commands->list() && !key.alt) {
+    if (key.code == kApps || (key.code == kF10 && key.shift)) {
+      key.swallowed = true;
+      commands->show_menu(true);
+      return;
+    }
+    if (key.control && key.code == 'C') {
+      key.swallowed = true;
+      commands->copy_path();
+      return;
+    }
+  }
+  if (!Form_KeyDown(key)) return;
+  // A list goes to its last row by the same key; a slider would jump to its end.
+  const bool slider = dynamic_cast<const ui::Slider*>(key.focus) != nullptr;
+  key.swallowed = key.code == kSpace || (slider && key.code == kEnd);
 }
 
 void Sound::hide_AvisoPL() const {
   if (Player* const window = context_.windows.find<Player>()) window->AvisoPL.hide();
 }
 
-void Sound::hide_Bal() const {
+void Sound::hide_balloons() {
   if (Player* const window = context_.windows.find<Player>()) window->Bal.Destroy();
+  rows.hide();
 }
 
 std::int32_t Sound::stored_volume(std::int32_t now) const {
@@ -185,6 +205,16 @@ std::string Sound::stored_device() const {
 
 void Sound::show_loaded() {
   each_mirror([](Mirror& mirror) { mirror.show_loaded(); });
+}
+
+void Sound::show_started() {
+  if (Player* const window = context_.windows.find<Player>()) window->show_started();
+  each_mirror([](Mirror& mirror) { mirror.show_action(kPlay); });
+}
+
+void Sound::show_emptied() {
+  if (Player* const window = context_.windows.find<Player>()) window->show_emptied();
+  each_mirror([](Mirror& mirror) { mirror.show_emptied(); });
 }
 
 void Sound::SituarPlayer(bool Mostrar) {

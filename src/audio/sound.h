@@ -10,9 +10,11 @@
 #include <vector>
 
 #include "audio/file_info.h"
+#include "audio/row_view.h"
 #include "system/media.h"
 #include "ui/window.h"
 #include "work/context.h"
+#include "work/row_commands.h"
 
 namespace ordelan::audio {
 
@@ -41,6 +43,8 @@ class Mirror {
   virtual void show_volume(std::int32_t Level, const std::string& caption) = 0;
   // A file was opened, and waits.
   virtual void show_loaded() {}
+  // What was loaded was let go by a click.
+  virtual void show_emptied() {}
   // The position in seconds, and the end of the slider that shows it.
   virtual void show_position(std::int32_t /*seconds*/) {}
   virtual void show_duration(std::int32_t /*seconds*/) {}
@@ -89,15 +93,20 @@ class Sound {
   // minus of the keypad set the volume. True for one of them that meant something.
   bool Form_KeyDown(const ui::Key& key);
   // The same in a window of lists: of these keys only Space, which would press a button that has
-  // the focus too, is kept from the control.
-  void list_window_KeyDown(ui::Key& key);
+  // the focus too, is kept from the control. Ctrl and C copy the paths of the list that has the
+  // focus, where `commands` are those of its rows; null for none. Puts the balloons away.
+  void list_window_KeyDown(ui::Key& key, const work::RowCommands* commands);
   // A click on a position slider has ended; only one by the left button seeks.
   void SliderTime_MouseUp(const ui::Mouse& mouse);
-  // Puts the notice of the player away, if there is one, or its balloon.
+  // Puts the notice of the player away, if there is one; every balloon of a file.
   void hide_AvisoPL() const;
-  void hide_Bal() const;
+  void hide_balloons();
   // A file was opened, and waits: the windows that show how the transport stands say so.
   void show_loaded();
+  // A file was written to the engine, which plays it by itself: they say so, and the time runs.
+  void show_started();
+  // What was loaded was let go, as by stop.
+  void show_emptied();
   // Shows the player at its stored place, or hides it. Where it was hidden, or is to be, and
   // nothing is loaded, the first row of the detail window is, and waits.
   void SituarPlayer(bool Mostrar);
@@ -113,6 +122,9 @@ class Sound {
   void store_volume();
   void store_volume(std::int32_t Level);
 
+  // What is shown of the rows of lists: their number and their balloons.
+  RowView rows;
+
   // The playlist: full paths in their order. After a choice of several files one more entry, which
   // is empty.
   std::vector<std::string> ListaPlay{""};
@@ -121,6 +133,15 @@ class Sound {
 
   // Set by the main window: brings it back if it is minimised.
   std::function<void()> restore_main_window = [] {};
+
+  // Set by the main window: searches the ticked drives for a lost file whose row is the current one
+  // of a list, and lets the user end the search. Whether it was found: ArchivoActual is then its
+  // path.
+  std::function<bool(const std::string& file, ui::ListBox& list)> find_lost =
+      [](const std::string&, ui::ListBox&) { return false; };
+  // How many clicks on rows there have been: one that has waited for a search goes on only if no
+  // other has come meanwhile.
+  std::uint64_t clicks = 0;
 
   // Has all sound come out of that device, empty for the system's default, and stores it. The
   // volume stays.

@@ -52,9 +52,23 @@ void Player::Control_Click(int Index) {
   show_action(Index);
 }
 
+void Player::show_started() {
+  show_pair(true);
+  TimerTime.start();
+  TimerDisplay.start();
+}
+
+void Player::show_emptied() {
+  show_pair(false);
+}
+
+void Player::show_pair(bool playing) {
+  Control[kPlay].set_visible(!playing);
+  Control[kPause].set_visible(playing);
+}
+
 void Player::show_action(int Index) {
-  Control[kPlay].set_visible(Index != kPlay);
-  Control[kPause].set_visible(Index == kPlay);
+  show_pair(Index == kPlay);
   sound_.each_mirror([Index](Mirror& mirror) { mirror.show_action(Index); });
 }
 

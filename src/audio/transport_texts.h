@@ -37,6 +37,9 @@ std::string title_caption(std::string_view name, std::string_view duration);
 // The same with nothing loaded.
 inline constexpr std::string_view kNoTitle = "  >>>> --------------- <<<< ";
 
+// What the strip says of a row that is listed and does not play. "ogg" and "flac" are such.
+inline constexpr std::string_view kNotPlayable = " >>> AVISO <<<   Este archivo no es reproducible";
+
 // Whether that extension, in lower case and without the dot, is one of the five that play. "ogg"
 // and "flac" are not, whatever the engine could do.
 bool is_played(std::string_view extension);

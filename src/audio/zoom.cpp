@@ -1,7 +1,9 @@
 #include "audio/zoom.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string_view>
+#include <utility>
 
 #include "audio/player.h"
 #include "audio/sa.h"
@@ -15,6 +17,8 @@
 
 namespace ordelan::audio {
 namespace {
+
+constexpr auto kBlink = std::chrono::milliseconds(330);
 
 std::size_t count_rows(const ui::ListBox& list, bool (*counts)(std::string_view)) {
   return static_cast<std::size_t>(std::count_if(list.rows().begin(), list.rows().end(), counts));
@@ -46,8 +50,17 @@ Zoom::Zoom(const work::Context& context, Sound& sound)
       cmdMinimizar(*this, "cmdMinimizar"),
       Close(*this, "Close"),
       CheckAutoPlay(*this, "CheckAutoPlay"),
+      CheckToolTips(*this, "CheckToolTips"),
       TextInfo(*this, "TextInfo"),
-      sound_(sound) {
+      ZoomLabelIndice(*this, "ZoomLabelIndice"),
+      ImageIcono(*this, "ImageIcono"),
+      ShapeVip(*this, "ShapeVip"),
+      LabelVip(*this, "LabelVip"),
+      TimerVip(*this, "TimerVip", kBlink),
+      cmdFilas(*this, "cmdFilas"),
+      List1(*this, "List1"),
+      sound_(sound),
+      commands_(context.platform, ListFilesZoom, cmdFilas) {
   name_controls();
   set_up();
   on_close = [this] { Close_Click(); };
@@ -55,27 +68,33 @@ Zoom::Zoom(const work::Context& context, Sound& sound)
   on_unload = [this] {
     store_place();
     work::write_box(this->context().settings, CheckAutoPlay);
+    work::write_box(this->context().settings, CheckToolTips);
     sound_.store_volume();
   };
-  on_key_down = [this](ui::Key& key) {
-    sound_.hide_Bal();
-    sound_.list_window_KeyDown(key);
-  };
+  on_key_down = [this](ui::Key& key) { sound_.list_window_KeyDown(key, &commands_); };
   Play.on_click = [this] { Play_Click(); };
   Pause.on_click = [this] { Pause_Click(); };
   PlayerMaster.on_click = [this] { PlayerMaster_Click(); };
   ListFilesZoom.on_click = [this] { ListFilesZoom_Click(); };
+  ListFilesZoom.on_enter = [this] { ListFilesZoom_Click(); };
+  ListFilesZoom.on_scroll = [this] { sound_.hide_balloons(); };
+  ListFilesZoom.on_mouse_move = [this](const ui::Mouse& mouse) {
+    sound_.rows.ViewItem(ListFilesZoom, mouse.at, ZoomLabelIndice);
+  };
+  CheckToolTips.on_click = [this] { CheckToolTips_Click(); };
+  TimerVip.on_tick = [this] { TimerVip_Tick(); };
   CheckAutoPlay.on_click = [this] { CheckAutoPlay_Click(); };
   SliderVol.on_change = [this](std::int32_t value) { SliderVol_Change(value); };
   SliderTime.on_change = [this](std::int32_t value) { sound_.SliderTime_Change(value); };
   SliderTime.on_mouse_up = [this](const ui::Mouse& mouse) { sound_.SliderTime_MouseUp(mouse); };
-  on_mouse_down = [this] { sound_.hide_Bal(); };
-  on_visible = [this] { sound_.hide_Bal(); };
+  on_mouse_down = [this] { sound_.hide_balloons(); };
+  on_visible = [this] { sound_.hide_balloons(); };
 }
 
 void Zoom::name_controls() {
   ListFilesZoom.set_description("Archivos");
-  ListFilesZoom.set_tip("Clic botón izq. en item reproduce audio si esta activo AutoPl");
+  make_list_keys(ListFilesZoom);
+  List1.hide();
   LabelNvip.set_font({.points = 10, .bold = true});
   Play.set_description("Play");
   Play.set_tip("Play/Pausa");
@@ -88,6 +107,13 @@ void Zoom::name_controls() {
   PlayerMaster.set_tip("Abrir Player");
   // The caption is also the key under which the box is remembered.
   CheckAutoPlay.set_caption("Auto Play");
+  // The same key as in the enlarged list: the two boxes are one setting.
+  CheckToolTips.set_caption("ToolTip lista.");
+  CheckToolTips.set_checked(true);
+  ZoomLabelIndice.hide();
+  LabelVip.set_caption("Proyecto Vip");
+  ImageIcono.set_description("Proyecto");
+  show_project(false);
   TextInfo.set_multiline(true);
   TextInfo.set_description("Información");
   make_minimize_button(cmdMinimizar);
@@ -96,15 +122,58 @@ void Zoom::name_controls() {
 
 void Zoom::Form_Load() {
   work::read_box(context().settings, CheckAutoPlay);
+  work::read_box(context().settings, CheckToolTips);
+  CheckToolTips_Click();
   SliderVol.set_value(Sound::kFirstVolume);
   SliderVol.set_value(sound_.stored_volume());
   LabelVol.set_caption(volume_caption(SliderVol.value()));
 }
 
 void Zoom::fill(const std::vector<std::string>& rows) {
+  list_mode_ = false;
+  context().work.ZoomConHallados = false;
   ListFilesZoom.clear();
   ListFilesZoom.add(rows);
   ui::ListaAncho(ListFilesZoom);
+}
+
+void Zoom::fill_from(ui::ListBox& list) {
+  // "flac" is shown and does not play. It is more than what a click plays.
+  std::vector<std::string> rows;
+  rows.reserve(list.count());
+  for (const std::string& row : list.rows()) {
+    const std::string extension = text::lower(text::Obtener_Extension(row));
+    if (is_played(extension) || extension == "vip" || extension == "flac") rows.push_back(row);
+  }
+  ListFilesZoom.clear();
+  ListFilesZoom.add(std::move(rows));
+  List1.share(ListFilesZoom);
+  ui::ListaAncho(ListFilesZoom);
+  list_mode_ = true;
+  context().work.ZoomConHallados = false;
+  context().work.ListaActual = &list;
+}
+
+void Zoom::fill_with_hits(const std::vector<std::string>& hits) {
+  fill(hits);
+  LabelNvip.set_caption("");
+  Files.set_caption("Hay " + std::to_string(hits.size()) + " archivos con el mismo nombre");
+  Files.show();
+  context().work.ZoomConHallados = true;
+  show();
+}
+
+void Zoom::follow_click(int index, const std::string& row) {
+  const ui::ListBox* const list = context().work.ListaActual;
+  if (list_mode_ && list != nullptr && list->current_row() != row) return;
+  follow_lost(index, row);
+}
+
+void Zoom::follow_lost(int index, const std::string& row) {
+  if (!list_mode_) return fill({row});
+  if (index >= 0 && static_cast<std::size_t>(index) < ListFilesZoom.count()) {
+    ListFilesZoom.set_current(index);
+  }
 }
 
 void Zoom::ContarFiles() {
@@ -171,35 +240,124 @@ void Zoom::CheckAutoPlay_Click() {
   }
 }
 
-// A row that can be played is loaded; it plays at once if the box says so.
+void Zoom::CheckToolTips_Click() {
+  ListFilesZoom.set_tip(CheckToolTips.checked()
+                            ? "Clic botón izq. en item reproduce audio si esta activo AutoPl"
+                            : "");
+}
+
+// The marker blinks.
+void Zoom::TimerVip_Tick() {
+  show_project(!LabelVip.visible());
+}
+
+void Zoom::show_project(bool shown) {
+  ImageIcono.set_visible(shown);
+  ShapeVip.set_visible(shown);
+  LabelVip.set_visible(shown);
+}
+
+// The rows of the list that was clicked in the main window follow this one, so that a click here is
+// a choice there too; hits of a search are no rows of it.
 void Zoom::ListFilesZoom_Click() {
+  work::WorkInHand& work = context().work;
+  if (work.Borrando || ListFilesZoom.current() < 0) return;
   context().strip.TextDecode.hide();
+  TimerVip.stop();
+  show_project(false);
   Player* player = sound_.player();
   if (player == nullptr) return;
   player->TimerDisplay.stop();
   player->LabelDisplay.set_caption("");
   sound_.Control_Click(kStop);
+  if (!work.ZoomConHallados && work.ListaActual != nullptr) {
+    work.ListaActual->set_current(ListFilesZoom.current());
+  }
   const std::string row = ListFilesZoom.current_row();
   const std::string extension = text::lower(text::Obtener_Extension(row));
-  if (!is_played(extension) || !context().platform.files.look_up(row)) return;
-  context().work.ArchivoActual = row;
-  // It lets events run: another row may be in hand by then, or no window.
-  sound_.info.InfoAudio(extension, row);
-  if (context().windows.find<Zoom>() != this || ListFilesZoom.current_row() != row) return;
-  player = sound_.player();
-  if (player != nullptr) {
-    player->show_info(ListFilesZoom, row, text::Obtener_Nombre_Archivo(row));
+  // Events run in what follows: another row may be in hand by then, or no window.
+  const auto still = [&sound = sound_, &windows = context().windows, this,
+                      click = ++sound_.clicks] {
+    return windows.find<Zoom>() == this && sound.clicks == click;
+  };
+  const auto inform = [&](const std::string& path) {
+    sound_.info.InfoAudio(extension, path);
+    if (!still()) return false;
+    sound_.rows.ShowToolTip("ListFilesZoom", ListFilesZoom, path);
+    TextInfo.set_text(sound_.info.TextoToolTip);
+    return true;
+  };
+  bool found = false;
+  if (is_played(extension)) {
+    work.ArchivoActual = row;
+    found = context().platform.files.look_up(row).has_value();
+    if (found) {
+      if (!inform(row)) return;
+      sound_.set_URL(row);
+      // A click on a list of the main window has just chosen it: it waits, unless the box says
+      // that it plays.
+      if (work.ClickEnLista) {
+        sound_.Control_Click(kStop);
+        sound_.show_loaded();
+      } else {
+        sound_.show_started();
+        Play_Click();
+      }
+    }
+  } else if (extension == "vip") {
+    show_project(true);
+    TimerVip.start();
+  } else if (!work.ZoomConHallados) {
+    context().strip.Alerta(work::kWarning, std::string(kNotPlayable), true);
   }
-  TextInfo.set_text(sound_.info.TextoToolTip);
-  sound_.set_URL(row);
-  sound_.Control_Click(kStop);
-  sound_.show_loaded();
-  if (player != nullptr && CheckAutoPlay.checked()) {
-    player->show_title();
+  if (extension == "vip") {
+    const std::string folder = text::Obtener_Nombre_Path(row, true);
+    sound_.rows.show_text(ListFilesZoom, text::Obtener_Nombre_Archivo(row), folder);
+    TextInfo.set_text(text::Obtener_Nombre_Archivo(row) + "\r\n" + folder);
+  }
+  if (extension == "vip" || extension.empty() || extension.find("---") != extension.npos) return;
+  if (!found) {
+    // Also a kind that does not play goes on, after its warning: the engine may know better.
+    std::string path = text::Obtener_VipPath(row);
+    const bool lost = !context().platform.files.look_up(path) && !find_lost(row, path);
+    if (!still()) return;
+    if (lost) {
+      sound_.set_URL("");
+      if (Player* const shown = sound_.player()) {
+        shown->LabelDisplay.set_caption(std::string(kNoTitle));
+      }
+      bring_to_front();
+      sound_.HacerVisibles();
+      return;
+    }
+    work.ArchivoActual = path;
+    if ((extension == "wav" || extension == "mp3") && !inform(path)) return;
+    load(path);
+  }
+  if (CheckAutoPlay.checked()) {
+    if (Player* const shown = sound_.player()) shown->show_title();
+    sound_.Control_Click(kPlay);
     Play_Click();
   }
   bring_to_front();
   sound_.HacerVisibles();
+}
+
+// Searches the ticked drives for the file of a row. Whether it was found: `path` is then where.
+bool Zoom::find_lost(const std::string& row, std::string& path) {
+  const work::WorkInHand& work = context().work;
+  if (work.Descodificando || work.Actualizando) return false;  // theirs is the search
+  if (!sound_.find_lost(row, ListFilesZoom)) return false;
+  path = work.ArchivoActual;
+  return true;
+}
+
+// Writing a path plays it: it waits, unless the box says that it plays.
+void Zoom::load(const std::string& path) {
+  sound_.set_URL("");
+  sound_.set_URL(path);
+  sound_.Control_Click(kStop);
+  if (CheckAutoPlay.checked()) sound_.set_URL(path);
 }
 
 // The pictures of a hidden window stay as they are: they are set when it is filled.

@@ -14,7 +14,8 @@ Location::Location(const work::Context& context, project::VipReader& reader,
     : lost_files(context), context_(context) {
   work::WindowDirectory& windows = context.windows;
   windows.add<Buscar>([context, &reader, &left_out, listener] {
-    return std::make_unique<Buscar>(context, reader, left_out, listener.cmdReset_Click);
+    return std::make_unique<Buscar>(context, reader, left_out, listener.cmdReset_Click,
+                                    listener.hits);
   });
   windows.add<UnidadesBuscar>([context, listener] {
     return std::make_unique<UnidadesBuscar>(

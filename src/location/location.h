@@ -5,6 +5,7 @@
 #include <string>
 
 #include "location/lost_files.h"
+#include "location/search_window.h"
 #include "project/left_out.h"
 #include "project/vip_reader.h"
 #include "work/context.h"
@@ -15,6 +16,7 @@ namespace ordelan::location {
 struct Listener {
   std::function<void()> cmdReset_Click;       // a cancelled search empties the window
   std::function<void(int)> on_drives_chosen;  // how many drives the user has left ticked
+  HitListener hits;
 };
 
 class Location {

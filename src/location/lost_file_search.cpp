@@ -48,9 +48,12 @@ bool Buscar::try_other_letters(const std::string& Ruta) {
   return found;
 }
 
-bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
+bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox& Lista) {
   if (searching_) return false;
   const UnderWay under_way(searching_);
+  stopped_ = false;
+  std::optional<UnderWay> of_the_user;
+  if (!context_.work.ModoPosiciones) of_the_user.emplace(context_.work.Buscando);
   // A search of the user's own begins here: a stop that was asked of an earlier job is over. While
   // projects are updated it belongs to that job.
   if (!context_.work.ModoPosiciones && !context_.work.Descodificando) {
@@ -60,13 +63,13 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
     context_.strip.LabelAviso.hide();
   }
   work::Job job = work::Job::join(context_.work, context_.platform);
-  const bool found = search(std::string(Archivo), job);
+  const bool found = search(std::string(Archivo), Lista, job);
   asked_.clear();
   announced_.reset();
   return found && !job.superseded();
 }
 
-bool Buscar::search(const std::string& file, work::Job& job) {
+bool Buscar::search(const std::string& file, const ui::ListBox& list, work::Job& job) {
   const bool is_path = file.find(':') != std::string::npos;
   const std::string name = is_path ? Obtener_Nombre_Archivo(file) : file;
   if (name.empty()) return false;
@@ -102,10 +105,10 @@ bool Buscar::search(const std::string& file, work::Job& job) {
     }
     found = find_everywhere(name, job);
     if (job.superseded()) return false;
-    if (context_.work.Cancelar) {
+    if (context_.work.Cancelar || stopped_) {
       context_.strip.Alerta(work::kProgress, ": ", false);
       found = false;
-    } else if (found = tell(file); found && silent && List2.count() > 1) {
+    } else if (found = tell(file, list); found && silent && List2.count() > 1) {
       found = choose(job);
       if (job.superseded()) return false;
     }
@@ -129,7 +132,7 @@ bool Buscar::find_everywhere(const std::string& name, work::Job& job) {
       const std::string root = box.tag();
       update_ != nullptr ? find_in_index(root, what, job) : run(root, what, job);
     }
-    if (job.must_stop()) return false;
+    if (must_stop(job)) return false;
   }
   return true;
 }
@@ -158,7 +161,7 @@ void Buscar::show_announced() {
 }
 
 // Says what was found. Whether anything was.
-bool Buscar::tell(const std::string& file) {
+bool Buscar::tell(const std::string& file, const ui::ListBox& list) {
   context_.lists.ListProyectos.window().set_waiting(false);
   const std::string head = "El archivo: ";
   const std::size_t count = List2.count();
@@ -174,15 +177,19 @@ bool Buscar::tell(const std::string& file) {
     return true;
   }
   if (count == 1) {
-    context_.strip.Alerta(work::kResult,
-                          head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0),
-                          true);
+    const std::string text = head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0);
+    context_.strip.Alerta(work::kResult, text, true);
+    if (hits_.one(list, List2.row(0))) {
+      context_.strip.Alerta(work::kResult,
+                            text + kLine + "La ruta del PlayList ha sido actualizada", true);
+    }
     return true;
   }
   std::string text =
       head + file + kLine + "Ha sido encontrado en " + std::to_string(count) + " unidades";
   for (const std::string& row : List2.rows()) text.append(kLine).append(row);
   context_.strip.Alerta(work::kResult, text, true);
+  hits_.several(List2.rows());
   return true;
 }
 

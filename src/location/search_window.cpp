@@ -9,7 +9,7 @@
 namespace ordelan::location {
 
 Buscar::Buscar(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
-               std::function<void()> cmdReset_Click)
+               std::function<void()> cmdReset_Click, HitListener hits)
     : ui::Window(context.backend, kName),
       List1(*this, "List1"),
       List2(*this, "List2"),
@@ -17,6 +17,7 @@ Buscar::Buscar(const work::Context& context, project::VipReader& reader, project
       context_(context),
       left_out_(left_out),
       cmdReset_Click_(std::move(cmdReset_Click)),
+      hits_(std::move(hits)),
       gate_(context.platform.files, reader) {
   on_load = [this] { cFind_ = new_finder(); };
 }
@@ -59,7 +60,7 @@ bool Buscar::Valido(const std::string& Ruta) {
 void Buscar::run(const std::string& folder, const std::string& what, work::Job& job) {
   const std::shared_ptr<cFindFiles> finder = cFind_;
   finder->on_turn = [this, it = finder.get(), number = job.number()] {
-    if (context_.work.must_stop(number)) it->StopSearch();
+    if (stopped_ || context_.work.must_stop(number)) it->StopSearch();
   };
   finder->Find(folder, what, "", 1);
 }

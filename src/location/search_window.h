@@ -2,6 +2,7 @@
 // lists keep what was found.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +20,18 @@
 
 namespace ordelan::location {
 
+// Where the hits of a search of the user's own go besides the strip. Not called while projects are
+// updated.
+struct HitListener {
+  // The one hit of a search for the current row of `Lista`. Whether a list that the user sees has
+  // taken it in place of that row.
+  std::function<bool(const ui::ListBox& Lista, const std::string& hit)> one =
+      [](const ui::ListBox&, const std::string&) { return false; };
+  // Several hits: the user is to choose.
+  std::function<void(const std::vector<std::string>& hits)> several =
+      [](const std::vector<std::string>&) {};
+};
+
 class Buscar final : public ui::Window {
  public:
   static constexpr const char* kName = "Buscar";
@@ -26,7 +39,7 @@ class Buscar final : public ui::Window {
   // The arguments must outlive the window. `cmdReset_Click` empties the main window: a cancelled
   // search asks for it.
   Buscar(const work::Context& context, project::VipReader& reader, project::LeftOut& left_out,
-         std::function<void()> cmdReset_Click);
+         std::function<void()> cmdReset_Click, HitListener hits = {});
 
   ui::ListBox List1;  // scratch
   ui::ListBox List2;  // the hits of a search, a full path a row
@@ -54,6 +67,9 @@ class Buscar final : public ui::Window {
   // one that the user chooses. `Lista` is the list that the name was clicked in. Gives false at
   // once while another search runs.
   bool BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox& Lista);
+  // Ends the search that runs as one that has found nothing. What is on screen stays, other than
+  // with `Cancelar`, which empties the window.
+  void stop_search() { stopped_ = searching_; }
 
   // Looks for the same path on every ticked drive. Whether one has it: ArchivoActual is then the
   // path on the last of them. Finds nothing for a path that does not begin with a drive.
@@ -70,10 +86,11 @@ class Buscar final : public ui::Window {
  private:
   std::shared_ptr<cFindFiles> new_finder();
   UnidadesBuscar* boxes();
-  bool search(const std::string& file, work::Job& job);
+  bool search(const std::string& file, const ui::ListBox& list, work::Job& job);
+  bool must_stop(const work::Job& job) const { return stopped_ || job.must_stop(); }
   bool try_other_letters(const std::string& path);
   bool find_everywhere(const std::string& file, work::Job& job);
-  bool tell(const std::string& file);
+  bool tell(const std::string& file, const ui::ListBox& list);
   bool choose(work::Job& job);
   bool choose_by_folder();
   void announce(std::string text);
@@ -87,10 +104,12 @@ class Buscar final : public ui::Window {
   work::Context context_;
   project::LeftOut& left_out_;
   std::function<void()> cmdReset_Click_;
+  HitListener hits_;
   project::ProjectGate gate_;
   std::shared_ptr<cFindFiles> cFind_;
   std::string asked_;  // the name that hits must have; empty for any
   bool searching_ = false;
+  bool stopped_ = false;
   UpdateSearch* update_ = nullptr;
   std::optional<std::string> announced_;  // a text of the strip that was not due yet
 };

@@ -14,6 +14,7 @@ namespace ordelan::main_window {
 void Form1::ListProyectos_Drop(const std::vector<std::string>& dropped) {
   if (work_.Borrando || work_.Descodificando) return;
   auto job = work::Job::begin(work_, platform_);
+  dropped_ = dropped;
   work_.ListaBorrarCompleta = false;
   left_out_.clear();
   show_ProyectosFuera();

@@ -1,5 +1,6 @@
 #include "main_window/main_window.h"
 
+#include "audio/lists_zoom.h"
 #include "audio/player.h"
 #include "location/drive_window.h"
 #include "main_window/about_window.h"
@@ -51,6 +52,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
       ListProyectosInfo(*this, "ListProyectosInfo"),
       ShowIco(*this, "ShowIco"),
       cmdPlayer(*this, "cmdPlayer"),
+      clicks(*this, context(), sound_, {path_strip, ZoomListas, CheckPlayer}),
       reader(platform, work, strip.XP_ProgressBar1),
       platform_(platform),
       work_(work),
@@ -66,7 +68,11 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
                  [this](int ticked) {
                    removal_.drives_chosen();
                    ActualizarVip.set_visible(ticked > 0);
-                 }}),
+                 },
+                 {[this](const ui::ListBox& list, const std::string& hit) {
+                    return clicks.take_hit(list, hit);
+                  },
+                  [this](const std::vector<std::string>& hits) { clicks.offer_hits(hits); }}}),
       removal_(context(), sound_,
                {[this] { path_strip.ListPath.hide(); },
                 [this](const std::vector<std::string>& rows) { path_strip.show_rows(rows); }}),
@@ -81,6 +87,10 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
   set_up();
   wire();
   windows_.add<Fuera>([this] { return std::make_unique<Fuera>(context()); });
+  windows_.add<audio::ListasZoom>([this] {
+    return std::make_unique<audio::ListasZoom>(context(), sound_,
+                                               [this](int row) { decode_row(row); });
+  });
   windows_.add<Acerca>([this] { return std::make_unique<Acerca>(context()); });
 }
 
@@ -113,8 +123,7 @@ void Form1::name_controls() {
   cmdSalir.set_tip(Salir.tip());
   LabelFuera.set_tip("Ver qué proyectos no cuentan y por qué");
   ZoomListas.set_caption("Ampliar listas");
-  // What it leads to is not there yet: it stands in its place and cannot be pressed.
-  ZoomListas.set_enabled(false);
+  ZoomListas.set_tip("Un clic en una lista la muestra ampliada");
 
   // These captions are also the keys under which the boxes are remembered.
   CheckSubPath.set_caption("Incluir subcarpetas");
@@ -138,13 +147,20 @@ void Form1::name_controls() {
     ImagePaso[i].set_description("Paso " + std::to_string(i + 1));
   }
   ShowIco.set_description("Ordelan");
+  for (ui::ListBox* list :
+       {&lists.ListProyectos, &lists.ListVip, &lists.ListUtilizados, &lists.ListBorrar}) {
+    make_list_keys(*list);
+  }
   cmdPlayer.set_description("Player");
   cmdPlayer.set_tip("Ver u ocultar el Player");
 }
 
 void Form1::wire() {
   on_close = [this] { Salir_Click(); };
-  on_key_down = [this](ui::Key& key) { sound_.list_window_KeyDown(key); };
+  on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
+  on_escape = [this] { Form_Escape(); };
+  on_deactivate = [this] { sound_.hide_balloons(); };
+  CheckToolTips.on_click = [this] { CheckToolTips_Click(); };
   AbrirFichero.on_click = [this] { AbrirFichero_Click(); };
   cmdReset.on_click = [this] { cmdReset_Click(); };
   cmdCancelar.on_click = [this] { cmdCancelar_Click(); };
@@ -153,6 +169,7 @@ void Form1::wire() {
   DeshacerActualizacion.on_click = [this] { relink_.DeshacerActualizacion_Click(); };
   lists.ListProyectos.on_drop = [this](const auto& items) { ListProyectos_Drop(items); };
   lists.ListProyectos.on_double_click = [this] { ListProyectos_DblClick(); };
+  lists.ListProyectos.on_enter = [this] { ListProyectos_DblClick(); };
   lists.ListProyectos.on_click = [this] { ListProyectos_Click(); };
   CommandBorrado.on_click = [this] { removal_.CommandBorrado_Click(); };
   RecuperaBorrados.on_click = [this] { removal_.RecuperaBorrados_Click(); };
@@ -186,6 +203,7 @@ void Form1::Form_Load() {
        {&CheckToolTips, &CheckPlayer, &CheckSubPath, &CheckBAK, &CheckDragDrop, &CheckLogo}) {
     work::read_box(settings_, *box);
   }
+  CheckToolTips_Click();
   cmdReset_Click();
   show();
   sound_.begin();  // two more windows, for which the first need not wait
@@ -228,6 +246,9 @@ void Form1::cmdReset_Click() {
   }
   work_.Descodificando = false;
   work_.ModoPosiciones = false;
+  work_.ZoomConHallados = false;
+  sound_.hide_AvisoPL();
+  sound_.hide_balloons();
   show_empty();
 }
 
@@ -271,6 +292,43 @@ void Form1::cmdPlayer_Click() {
   if (sound_.media().URL().empty()) return;
   player->place_title(audio::Player::kTitleStart);
   player->show_title();
+}
+
+// The keys of the window, beside those that every window of the sound has.
+void Form1::Form_KeyDown(ui::Key& key) {
+  constexpr int kF5 = 116;
+  const bool plain = !key.shift && !key.control && !key.alt;
+  if (key.code == kF5 && plain) {
+    key.swallowed = true;
+    open_again();
+  } else if (key.code == 'O' && key.control && !key.shift && !key.alt) {
+    key.swallowed = true;
+    AbrirFichero_Click();
+  } else {
+    sound_.list_window_KeyDown(key, clicks.commands_of(key.focus));
+  }
+}
+
+// The way out of what runs; never out of the program.
+void Form1::Form_Escape() {
+  if (work_.Buscando) {
+    clicks.cmdPararBusqueda_Click();
+  } else if (cmdCancelar.visible()) {
+    cmdCancelar_Click();
+  }
+}
+
+void Form1::CheckToolTips_Click() {
+  constexpr const char* kFiles =
+      "Clic bot.iqz. reproduce archivo clicado. Clic bot.dcho. carga todos los archivos en "
+      "PlayList";
+  const bool shown = CheckToolTips.checked();
+  for (ui::ListBox* list : {&lists.ListVip, &lists.ListUtilizados, &lists.ListBorrar}) {
+    list->set_tip(shown ? kFiles : "");
+  }
+  lists.ListProyectos.set_tip(
+      shown ? "Lista de proyectos en la Carpeta, doble clic en un item, descodifica ese proyecto"
+            : "");
 }
 
 void Form1::close_windows(std::initializer_list<const char*> names) {

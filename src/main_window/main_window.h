@@ -8,6 +8,7 @@
 
 #include "audio/sound.h"
 #include "location/location.h"
+#include "main_window/list_clicks.h"
 #include "main_window/play_marks.h"
 #include "project/project_decoding.h"
 #include "project/project_gate.h"
@@ -82,6 +83,8 @@ class Form1 final : public work::ProgramWindow {
   void show_ProyectosFuera();
   // Opens the window that lists those projects, or closes it.
   void LabelFuera_Click();
+  // Opens or sweeps once more what was opened or dropped last.
+  void open_again();
   // Copies list 4 to the review of what will be removed.
   void CopiarListBorrados() { removal_.CopiarListBorrados(); }
 
@@ -123,6 +126,7 @@ class Form1 final : public work::ProgramWindow {
   ui::Label ListProyectosInfo;
   ui::Image ShowIco;
   ui::Button cmdPlayer;  // shows the player, or hides it
+  ListClicks clicks;     // what the lists do under the mouse
 
   // Whether files may be removed by what a sweep finds: then it notes how each stands on the disk.
   // A program that only prints lists saves the time; no run begins there.
@@ -149,6 +153,10 @@ class Form1 final : public work::ProgramWindow {
   void warn_of_no_drive();
   void wire();
   void name_controls();
+  void Form_KeyDown(ui::Key& key);
+  void Form_Escape();
+  void CheckToolTips_Click();
+  bool decode_row(int row);
 
   // The states of the window, each in one place: view_states.cpp.
   void hide_headings();
@@ -229,7 +237,8 @@ class Form1 final : public work::ProgramWindow {
   removal::Removal removal_;
   relink::Relink relink_;
   std::optional<ShownProject> shown_before_reports_;  // while reports are saved
-  std::vector<std::string> kept_side_files_;          // of this drop, to be named at its end
+  std::vector<std::string> dropped_;          // last; empty where a project was picked since
+  std::vector<std::string> kept_side_files_;  // of this drop, to be named at its end
 };
 
 }  // namespace ordelan::main_window

@@ -27,7 +27,21 @@ void Form1::AbrirFichero_Click() {
   open_project(path);
 }
 
+// The same once more, as the disk has it now.
+void Form1::open_again() {
+  if (work_.Borrando || work_.Descodificando || work_.Actualizando) return;
+  if (!dropped_.empty()) {
+    ListProyectos_Drop(std::vector(dropped_));
+  } else if (!work_.RutaVip.empty()) {
+    sound_.hide_AvisoPL();
+    close_windows({kZoom, kSA, kPlayer});
+    show_choosing();
+    open_project(std::string(work_.RutaVip));
+  }
+}
+
 void Form1::open_project(const std::string& path) {
+  dropped_.clear();
   cmdReset_Click();
   // A stop that was asked of an earlier job must not make the gate refuse this project.
   work_.Cancelar = false;

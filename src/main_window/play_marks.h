@@ -29,6 +29,7 @@ class PlayMarks final : private audio::Mirror {
  private:
   void show_action(int Index) override;
   void show_loaded() override { ImagePlayPauSt[0].show(); }
+  void show_emptied() override { show_action(audio::kPause); }
   void show_volume(std::int32_t Level, const std::string& caption) override;
 };
 

@@ -90,24 +90,35 @@ void Form1::ListProyectos_Decode(work::Job& job, std::size_t Indice) {
 }
 
 void Form1::ListProyectos_DblClick() {
+  ui::ListBox& list = lists.ListProyectos;
+  if (!decode_row(list.current())) return;
+  path_strip.ListPath.hide();
+  sound_.rows.ToolTipShow("ListProyectos", list, list.current_row());
+}
+
+// Decodes that row of ListProyectos into ListVip. False where it may not be, or a newer job has
+// taken its place.
+bool Form1::decode_row(int row) {
   // While projects are updated the reader gives no rows: the list would only be emptied.
-  if (work_.Borrando || work_.Descodificando || work_.Actualizando) return;
-  if (lists.ListProyectos.current() < 0) return;
+  if (work_.Borrando || work_.Descodificando || work_.Actualizando) return false;
+  // The enlarged list may have more rows than there are projects.
+  if (row < 0 || static_cast<std::size_t>(row) >= lists.ListProyectos.count()) return false;
   auto job = work::Job::begin(work_, platform_);
   shown_before_reports_.reset();
   work_.Cancelar = false;   // a stop asked of an earlier job
   strip.LabelAviso.hide();  // the notice of that job
   sound_.set_URL("");
+  sound_.hide_balloons();
   path_strip.ImageIcon.hide();
   job.set_busy();
   show_progress();
-  ListProyectos_Decode(job, static_cast<std::size_t>(lists.ListProyectos.current()));
-  if (job.superseded()) return;
+  ListProyectos_Decode(job, static_cast<std::size_t>(row));
+  if (job.superseded()) return false;
   // What has not been read to its end says too little about what is used.
   if (job.cancelled()) work_.ListaBorrarCompleta = false;
   hide_progress();
   job.set_idle();
-  path_strip.ListPath.hide();
+  return true;
 }
 
 void Form1::ListProyectos_Click() {
@@ -115,8 +126,15 @@ void Form1::ListProyectos_Click() {
   sound_.hide_AvisoPL();
   work_.ClickEnLista = true;
   if (work_.Descodificando) return;
-  path_strip.MostrarPath(lists.ListProyectos.current_row());
+  ui::ListBox& list = lists.ListProyectos;
+  path_strip.MostrarPath(list.current_row());
   sound_.media().stop();
+  if (ZoomListas.checked()) {
+    clicks.enlarge_projects();
+  } else {
+    sound_.rows.ToolTipShow("ListProyectos", list, list.current_row());
+    sound_.HacerVisibles();
+  }
 }
 
 }  // namespace ordelan::main_window

@@ -23,13 +23,15 @@ void Form1::hide_headings() {
        {&lists.LabelCount, &lists.LabelAdd, &lists.LabelCheck, &lists.LabelErase}) {
     headings->set_visible(false);
   }
+  clicks.cmdFilas.set_visible(false);
 }
 
 // Nothing is open: the lists are empty, and their places say what they are for.
 void Form1::show_empty() {
   hide_these({&strip.XP_ProgressBar1, &strip.TextDecode, &strip.LabelAviso, &lists.ListVip,
               &lists.ListUtilizados, &lists.ListBorrar, &cmdCancelar, &cmdPerdidos, &CommandBorrado,
-              &SalvaListados, &ActualizarVip, &DeshacerActualizacion, &ZoomListas});
+              &SalvaListados, &ActualizarVip, &DeshacerActualizacion, &ZoomListas,
+              &clicks.LabelIndice});
   hide_headings();
   path_strip.hide();
   play.hide();
@@ -43,7 +45,7 @@ void Form1::show_empty() {
 // A project is being picked in the file dialog.
 void Form1::show_choosing() {
   hide_these({&ZoomListas, &clocks.LabelD, &strip.TextDecode, &SalvaListados, &ActualizarVip,
-              &DeshacerActualizacion});
+              &DeshacerActualizacion, &clicks.LabelIndice});
 }
 
 // The picked project is being opened.
@@ -58,7 +60,7 @@ void Form1::show_opening() {
 // Projects and folders have been dropped, and are being looked at. Follows `show_sweeping`.
 void Form1::show_dropping() {
   hide_these({&ListProyectosInfo, &strip.TextDecode, &ZoomListas, &ShowIco, &SalvaListados,
-              &ActualizarVip, &DeshacerActualizacion});
+              &ActualizarVip, &DeshacerActualizacion, &clicks.LabelIndice});
   strip.notice_decoding();
 }
 
@@ -95,6 +97,7 @@ void Form1::show_opened() {
   hide_progress();
   hide_these({&strip.TextDecode, &strip.LabelAviso, &cmdCancelar});
   show_these({&SalvaListados, &ActualizarVip});
+  clicks.cmdFilas.set_visible(true);
   play.show();
   relink_.look_for_undo(work_.RutaProyectos);
   if (removes_side_files() || lists.ListBorrar.count() > 1) show_these({&CommandBorrado});
@@ -105,6 +108,7 @@ void Form1::show_swept() {
   hide_progress();
   hide_these({&cmdCancelar, &strip.LabelAviso});
   show_these({&lists.ListBorrar, &cmdPerdidos});
+  clicks.cmdFilas.set_visible(true);
   play.show();
 }
 

@@ -53,7 +53,9 @@ Relink::Relink(const work::Context& context, project::VipReader& reader,
     : context_(context), reader_(reader), lost_files_(lost_files), listener_(std::move(listener)) {}
 
 bool Relink::is_busy() const {
-  return context_.work.Borrando || context_.work.Actualizando || context_.work.Descodificando;
+  // The one search of the program at a time: inside another, all files would seem lost.
+  return context_.work.Borrando || context_.work.Actualizando || context_.work.Descodificando ||
+         context_.work.Buscando;
 }
 
 int Relink::ticked_drives() {

@@ -45,6 +45,9 @@ BacUp::BacUp(const RemovalContext& removal)
   name_controls();
   set_up();
   on_close = [this] { Salir_Click(); };
+  on_escape = [this] {
+    if (!this->context().work.Borrando) Salir_Click();
+  };
   cmdBorrar.on_click = [this] { cmdBorrar_Click(); };
   CommandProtegidas.on_click = [this] { show_protected_folders(context()); };
   cmdParar.on_click = [this] { CancelarBorrado = true; };

@@ -61,6 +61,9 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
   set_up();
   ListStatus.stand_beside(ListBorrar);
   on_close = [this] { cmdSalir_Click(); };
+  on_escape = [this] {
+    if (!this->context().work.Borrando) cmdSalir_Click();
+  };
   on_key_down = [this](ui::Key& key) { Form_KeyDown(key); };
   cmdHecho.on_click = [this] { cmdHecho_Click(); };
   Cancela.on_click = [this] { Cancela_Click(); };

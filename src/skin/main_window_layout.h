@@ -31,6 +31,8 @@ inline constexpr std::array kMainWindowPlaces = {
     Place{"Salir", -1, 1052, 10, 36, 32},
     Place{"cmdPlayer", -1, 1052, 57, 36, 28},
 
+    // A search runs when nothing is decoded: the notice is away then.
+    Place{"cmdPararBusqueda", -1, 12, 54, 146, 32},
     Place{"LabelAviso", -1, 12, 58, 640, 36},
     Place{"LabelD", -1, 656, 54, 98, 34},  // two lines
     Place{"TimeDeco", -1, 758, 58, 100, 24},
@@ -48,21 +50,27 @@ inline constexpr std::array kMainWindowPlaces = {
 
     Place{"ImagePaso", 0, 12, 167, 24, 24},
     Place{"LabelCheck", 0, 44, 160, 320, 18},
-    Place{"LabelCheck", 1, 44, 178, 500, 18},
+    Place{"LabelCheck", 1, 44, 178, 388, 18},
     Place{"LabelFuera", -1, 372, 160, 172, 18},
     Place{"ListProyectosInfo", -1, 152, 236, 252, 136},
     Place{"ListProyectos", -1, 12, 204, 532, 200},
     Place{"ImagePaso", 1, 556, 167, 24, 24},
     Place{"LabelCount", 0, 588, 160, 500, 18},
-    Place{"LabelCount", 1, 588, 178, 500, 18},
+    Place{"LabelCount", 1, 588, 178, 388, 18},
     Place{"ListVip", -1, 556, 204, 532, 200},
     Place{"ImagePaso", 2, 12, 423, 24, 24},
     Place{"LabelAdd", 0, 44, 416, 500, 18},
-    Place{"LabelAdd", 1, 44, 434, 500, 18},
+    Place{"LabelAdd", 1, 44, 434, 388, 18},
     Place{"ListUtilizados", -1, 12, 460, 532, 216},
     Place{"ImagePaso", 3, 556, 423, 24, 24},
-    Place{"LabelErase", 0, 588, 426, 500, 18},
-    Place{"LabelErase", 1, 588, 426, 500, 18},
+    Place{"LabelErase", 0, 588, 416, 500, 18},
+    Place{"LabelErase", 1, 588, 416, 500, 18},
+    // Above the list under the pointer, left of its button.
+    Place{"LabelIndice", -1, 978, 434, 80, 18},
+    Place{"cmdFilas", 0, 520, 178, 24, 22},
+    Place{"cmdFilas", 1, 1064, 178, 24, 22},
+    Place{"cmdFilas", 2, 520, 434, 24, 22},
+    Place{"cmdFilas", 3, 1064, 434, 24, 22},
     Place{"ListBorrar", -1, 556, 460, 532, 216},
     // It grows upwards from 695 with the volume, to this height at its most.
     Place{"ShapeVol", -1, 546, 375, 8, 320},

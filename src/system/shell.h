@@ -30,6 +30,14 @@ class Shell {
   // Opens a web page or a file with the program that the user has for it. False when nothing could.
   virtual bool open(const std::string& target) = 0;
 
+  // Puts a text on the clipboard in place of what is there. False where that could not be done.
+  virtual bool copy_text(const std::string& /*text*/) { return false; }
+
+  // Opens the folder of a file with that file chosen, or the folder alone where the file is
+  // missing; the system's sheet on a file. False where there is no such thing, or no desktop.
+  virtual bool show_in_folder(const std::string& /*path*/) { return false; }
+  virtual bool show_properties(const std::string& /*path*/) { return false; }
+
   // What the system calls files of this kind ("Archivo WAV"); empty if the file is missing.
   virtual std::string file_type(const std::string& path) = 0;
 

@@ -139,6 +139,10 @@ class Window {
   std::function<void()> on_mouse_down;
   // The user asks for a menu: by its key, or by the right button of the mouse.
   std::function<void(bool by_key)> on_context_menu;
+  // The Escape key, alone, where `on_key_down` has not kept it.
+  std::function<void()> on_escape;
+  // A window of another program has taken the place of this program's.
+  std::function<void()> on_deactivate;
   std::function<void()> on_drag_end;  // once after each drag, by the title or the background
   std::function<void()> on_double_click;
   std::function<void()> on_visible;  // it is now shown, or hidden; not raised by `unload`

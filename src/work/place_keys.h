@@ -15,6 +15,7 @@ inline constexpr const char* kCarpetaBack = "CarpetaBack";
 inline constexpr const char* kRecuperar = "Recuperar";
 inline constexpr const char* kPlayer = "Player";
 inline constexpr const char* kZoom = "Zoom";
+inline constexpr const char* kListasZoom = "ListasZoom";
 // That of the main window: each puts the other where it was closed last.
 inline constexpr const char* kFormNoBorrar = kForm1;
 

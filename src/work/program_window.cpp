@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "ui/raise_event.h"
 #include "work/arrange.h"
 #include "work/dress.h"
 #include "work/stored_state.h"
@@ -17,6 +18,7 @@ ProgramWindow::ProgramWindow(const Context& context, const WindowKind& kind)
   set_minimizable(kind.minimizable);
   set_drag_by_background(true);
   if (kind.resizable) set_resizable(kind.smallest);
+  on_escape = [this] { ui::raise_event(on_close); };
 }
 
 void ProgramWindow::set_up() {
@@ -53,6 +55,12 @@ void ProgramWindow::make_minimize_button(ui::Button& button) {
   button.set_description("Minimizar");
   button.set_tip("Minimizar a barra de tareas");
   button.on_click = [this] { set_minimized(true); };
+}
+
+void ProgramWindow::make_list_keys(ui::ListBox& list) {
+  list.set_keys_move(true);
+  list.set_markable(true);
+  list.set_right_click_moves(false);
 }
 
 void ProgramWindow::make_close_button(ui::Button& button) {

@@ -3,6 +3,7 @@
 
 #include "skin/place.h"
 #include "ui/button.h"
+#include "ui/list_box.h"
 #include "ui/window.h"
 #include "work/context.h"
 
@@ -46,6 +47,9 @@ class ProgramWindow : public ui::Window {
   // Buttons of the title line: their pictures have no words, so that they are described.
   void make_minimize_button(ui::Button& button);
   void make_close_button(ui::Button& button);
+  // A list whose click does something with the row: keys only move the choice or mark rows, and a
+  // press of the right button leaves the choice where it is.
+  static void make_list_keys(ui::ListBox& list);
 
   const Context& context() const { return context_; }
 

@@ -38,16 +38,19 @@ struct WorkInHand {
   std::string RutaVip;        // full path of the project picked in the file dialog
   std::string
       CabeceraVip;  // header text of that project; kept beside the project; no code reads it
-  std::string PrimerProyecto;          // the project that a sweep by drop decodes first
-  std::string NombreProyecto;          // full path of the decoded project
-  std::string ArchivoActual;           // audio file of the moment
-  bool Cancelar = false;               // stop request, looked at by every long loop
-  bool Descodificando = false;         // a decode runs
-  bool ModoPosiciones = false;         // relinking runs: the reader writes positions, adds no rows
-  bool ClickEnLista = false;           // a click on a list is being handled
-  bool Borrando = false;               // a removal runs: no decode, no reset, no cancel
-  bool Actualizando = false;           // projects are updated, or an update is undone
-  ui::ListBox* ListaActual = nullptr;  // the list last clicked
+  std::string PrimerProyecto;    // the project that a sweep by drop decodes first
+  std::string NombreProyecto;    // full path of the decoded project
+  std::string ArchivoActual;     // audio file of the moment
+  bool Cancelar = false;         // stop request, looked at by every long loop
+  bool Descodificando = false;   // a decode runs
+  bool ModoPosiciones = false;   // relinking runs: the reader writes positions, adds no rows
+  bool ClickEnLista = false;     // a click on a list is being handled
+  bool Borrando = false;         // a removal runs: no decode, no reset, no cancel
+  bool Actualizando = false;     // projects are updated, or an update is undone
+  bool ZoomConHallados = false;  // the detail window lists the hits of a search
+  bool Buscando = false;         // a search of the user's own runs
+  // The list that fills the detail window: always one of the main window, which outlives the work.
+  ui::ListBox* ListaActual = nullptr;
   std::vector<ProyectoFuera> ProyectosFuera;  // in the order in which they were met
 
   // Whether ListBorrar is what a whole sweep has found: nothing may be removed by a list that a

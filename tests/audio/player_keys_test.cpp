@@ -277,19 +277,18 @@ TEST_F(PlayerKeys, a_click_or_a_key_puts_balloon_and_notice_away) {
   EXPECT_FALSE(player().AvisoPL.visible());
 }
 
-TEST_F(PlayerKeys, a_click_on_a_row_of_the_playlist_shows_the_balloon_at_its_list) {
+TEST_F(PlayerKeys, a_click_on_a_row_of_the_playlist_shows_what_is_known_of_its_file) {
   start();
-  disk.write("a.WAV", std::string(1 << 20, 'x'));
+  disk.write("a.WAV", std::string((1 << 20) + (1 << 18), 'x'));
   zoom().show();
   zoom().fill({song("a.WAV", 100)});
   zoom().ListFilesZoom.set_current(0);
   zoom().ListFilesZoom.on_click();
-  ASSERT_TRUE(player().Bal.shown());
-  EXPECT_EQ(player().Bal.shown()->window, &zoom());
-  EXPECT_EQ(player().Bal.title(), "a.WAV");
-  EXPECT_THAT(player().Bal.tip_text(), testing::StartsWith(" Tamaño: 1 Mb\r\n Fecha: "));
-  EXPECT_THAT(player().Bal.tip_text(), testing::HasSubstr(" Tipo: Wav"));
-  EXPECT_EQ(zoom().TextInfo.text(), player().Bal.tip_text());
+  const std::string text = sound().rows.shown_text();
+  EXPECT_THAT(text, testing::StartsWith(" Tamaño: 1,25 Mb\r\n Fecha: "));
+  EXPECT_THAT(text, testing::HasSubstr("\r\n" + std::string(40, '-') + "\r\n"));
+  EXPECT_THAT(text, testing::HasSubstr(" Tipo: Wav"));
+  EXPECT_EQ(zoom().TextInfo.text(), text);
 }
 
 TEST_F(PlayerKeys, windows_that_go_while_a_file_is_read_leave_no_balloon) {

@@ -305,7 +305,7 @@ TEST_F(ZoomWindow, a_row_that_does_not_play_ends_the_sound_and_loads_nothing) {
   start();
   const std::string a = stored_song("a.wav", 100);
   disk.write("c.flac", "tono");
-  zoom().fill({a, disk.path("c.flac"), disk.path("falta.wav"), ""});
+  zoom().fill({a, disk.path("tema.vip"), "----------", ""});
   sound().set_URL(a);
   for (const int row : {1, 2, 3}) {
     sound().Control_Click(audio::kPlay);

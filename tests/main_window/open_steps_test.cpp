@@ -192,7 +192,7 @@ TEST_F(OpenSteps, every_button_and_label_leads_where_it_says) {
   EXPECT_TRUE(windows.find<removal::Recuperar>()->visible());
   form.ActualizarVip.on_click();
   EXPECT_EQ(dialogs.messages.back().title, "Leer con atención");
-  EXPECT_FALSE(form.ZoomListas.enabled());
+  EXPECT_TRUE(form.ZoomListas.enabled());
 }
 
 TEST_F(OpenSteps, every_heading_can_be_read_in_full) {

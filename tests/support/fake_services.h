@@ -107,6 +107,22 @@ class FakeShell final : public system::Shell {
   bool answers_yes = true;               // what the user answers to questions
   std::uint64_t largest_in_bin = std::numeric_limits<std::uint64_t>::max();
 
+  std::optional<std::string> clipboard;
+  std::vector<std::string> folders_shown;     // the paths of the files chosen in them
+  std::vector<std::string> properties_shown;  // of these paths
+  bool copy_text(const std::string& text) override {
+    clipboard = text;
+    return true;
+  }
+  bool show_in_folder(const std::string& path) override {
+    folders_shown.push_back(path);
+    return true;
+  }
+  bool show_properties(const std::string& path) override {
+    properties_shown.push_back(path);
+    return true;
+  }
+
   system::Status recycle(const std::string& path, system::Confirm confirm) override {
     if (!recycles(path.substr(0, 3))) return system::Reason::not_supported;
     const auto found = files ? files->info(path) : std::nullopt;

@@ -32,6 +32,9 @@ class FaultyShell final : public system::Shell {
   std::optional<system::Pixels> icon(const std::string& path) override {
     return begin(Call::icon, path) ? shell_.icon(path) : std::nullopt;
   }
+  bool copy_text(const std::string& text) override { return shell_.copy_text(text); }
+  bool show_in_folder(const std::string& path) override { return shell_.show_in_folder(path); }
+  bool show_properties(const std::string& path) override { return shell_.show_properties(path); }
   system::Status recycle(const std::string& path, system::Confirm confirm) override {
     const auto status = begin(Call::recycle, path);
     return status ? shell_.recycle(path, confirm) : status;

@@ -38,7 +38,7 @@ struct Dress : ::testing::Test {
     bench.start();
     for (const char* name :
          {"UnidadesBuscar", "ElegirRuta", "Perdidos", "Acerca", "Fuera", "BacUp", "ParaBorrar",
-          "CarpetaBack", "Recuperar", "FormNoBorrar", "Player", "SA", "Zoom"}) {
+          "CarpetaBack", "Recuperar", "FormNoBorrar", "Player", "SA", "Zoom", "ListasZoom"}) {
       windows.push_back(bench.windows.touch(name));
     }
     windows.push_back(&bench.form);
@@ -82,7 +82,7 @@ TEST_F(Dress, every_button_has_its_pictures_for_all_states) {
           << section_of(*control);
     }
   }
-  EXPECT_EQ(buttons, 54);
+  EXPECT_EQ(buttons, 63);
 }
 
 TEST_F(Dress, a_window_has_its_background_and_its_shape) {
@@ -106,8 +106,9 @@ TEST_F(Dress, controls_of_one_window_do_not_cover_each_other_unless_they_take_tu
       "AvisoAsociados", "TextAviso", "AvisoSound", "AvisoBack", "AvisoNoBorrados", "LabelEspera",
       "ListStatus", "ListNoRecuperados", "LabelCerrar", "ListConservados",
       // What the player says over its other controls, play and pause, the pictures of what it does,
-      // a title and a chart in their frames.
-      "AvisoPL", "Control", "ImagePlayPauSt", "LabelDisplay", "WindowsMediaPlayer", "Play"};
+      // a title, a chart and the word for a project in their frames.
+      "AvisoPL", "Control", "ImagePlayPauSt", "LabelDisplay", "WindowsMediaPlayer", "Play",
+      "LabelVip", "cmdPararBusqueda", "LabelIndice"};
   for (const ui::Window* const window : windows) {
     const auto& all = window->controls();
     for (std::size_t i = 0; i < all.size(); ++i) {

@@ -210,8 +210,13 @@ bool WindowPeer::preview(const MSG& key) {
   if (const ControlPeer* const focused = registry_.control(key.hwnd)) {
     pressed.focus = &focused->control();
   }
+  const std::weak_ptr<void> still = alive_;
   guarded([&]() -> LRESULT {
     raise(window_.on_key_down, pressed);
+    const bool alone = !pressed.shift && !pressed.control && !pressed.alt;
+    if (still.expired() || pressed.swallowed || pressed.code != VK_ESCAPE || !alone) return 0;
+    pressed.swallowed = true;
+    raise(window_.on_escape);
     return 0;
   });
   return pressed.swallowed;
@@ -282,6 +287,9 @@ LRESULT WindowPeer::process(UINT message, WPARAM w, LPARAM l) {
     case WM_LBUTTONDBLCLK:
       raise(window_.on_double_click);
       return 0;
+    case WM_ACTIVATEAPP:
+      if (w == FALSE) raise(window_.on_deactivate);
+      break;
     case WM_CONTEXTMENU:
       if (!window_.on_context_menu) break;
       raise(window_.on_context_menu, l == -1);

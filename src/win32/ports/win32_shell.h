@@ -15,6 +15,9 @@ class Win32Shell final : public system::Shell {
       : asks_(questions == Questions::asked) {}
 
   bool open(const std::string& target) override;
+  bool copy_text(const std::string& text) override;
+  bool show_in_folder(const std::string& path) override;
+  bool show_properties(const std::string& path) override;
   std::string file_type(const std::string& path) override;
   std::string executable(const std::string& path) override;
   // In the large size of the system, usually 32 by 32.
