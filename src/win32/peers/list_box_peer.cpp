@@ -19,6 +19,7 @@ constexpr DWORD kStyle = LBS_NODATA | LBS_OWNERDRAWFIXED | LBS_NOTIFY | LBS_NOIN
                          WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
 constexpr int kTextIndent = 4;  // at 96 dots per inch
 constexpr int kRowAir = 4;      // above and below the text together
+constexpr int kMarkWidth = 3;   // of the bar at the left of a marked row
 constexpr UINT kAnswerTimeout = 10000;
 
 // Characters that go to another process in one message.
@@ -43,6 +44,10 @@ void ListBoxPeer::update(const Marks& marks) {
   }
   if (marks.has(ui::Aspect::rows) || marks.has(ui::Aspect::current_row)) {
     show_rows(!marks.has(ui::Aspect::current_row));
+  }
+  if (marks.has(ui::Aspect::value)) {
+    NotifyWinEvent(EVENT_OBJECT_SELECTIONWITHIN, handle(), OBJID_CLIENT, CHILDID_SELF);
+    repaint();
   }
   if (marks.has(ui::Aspect::extent)) {
     // Measured at the program's one density, painted at this window's.
@@ -93,13 +98,17 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
   colors(context);
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
   const bool focused = GetFocus() == handle();
+  const bool is_row = item.itemID != static_cast<UINT>(-1);
+  const bool marked = is_row && list_.marked(item.itemID);
   if (selected) {
     SetTextColor(context, color_of(focused ? palette().chosen_text : palette().text));
     SetBkColor(context, color_of(focused ? palette().chosen : palette().raised));
   } else if (!list_.enabled()) {
     SetTextColor(context, color_of(palette().text_off));
+  } else if (marked) {
+    SetTextColor(context, color_of(palette().text));
+    SetBkColor(context, color_of(palette().line));
   }
-  const bool is_row = item.itemID != static_cast<UINT>(-1);
   const std::wstring text = is_row ? widen(list_.row(item.itemID)) : std::wstring();
   const HGDIOBJ old = SelectObject(context, font());
   // The item begins left of what is visible when the list is scrolled sideways.
@@ -108,6 +117,14 @@ void ListBoxPeer::draw(const DRAWITEMSTRUCT& item) {
               item.rcItem.top + to_pixels(kRowAir, dpi()) / 2, ETO_OPAQUE | ETO_CLIPPED, &visible,
               text.data(), static_cast<UINT>(text.size()), nullptr);
   SelectObject(context, old);
+  if (marked) {
+    // The ground of the current row says nothing of its mark.
+    RECT bar = visible;
+    bar.right = bar.left + to_pixels(kMarkWidth, dpi());
+    const bool on_chosen = selected && focused;
+    FillRect(context, &bar,
+             registry().tools().brush(on_chosen ? palette().chosen_text : palette().accent));
+  }
   if (focused && is_row && (item.itemState & ODS_FOCUS) != 0) {
     square_edge(context, visible, registry().tools().brush(palette().accent), line_width(dpi()));
   }
@@ -126,18 +143,31 @@ std::optional<LRESULT> ListBoxPeer::incoming(UINT message, WPARAM w, LPARAM l) {
       return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-      if (row_at(GET_Y_LPARAM(l)) >= 0) return std::nullopt;
-      press_below();
+      if (const int row = row_at(GET_Y_LPARAM(l)); row < 0) {
+        press_below();
+      } else if (!mark_press(row, w)) {
+        return std::nullopt;
+      }
       return 0;
     case WM_RBUTTONDOWN:
       right_button(GET_Y_LPARAM(l));
       return 0;
     case WM_KEYDOWN:
+      key_ = w;
       raise(list_.on_key, static_cast<int>(w));
       if (still.expired()) return 0;
-      return std::nullopt;
+      return key_down(w, l);
     case WM_CHAR:
+      letter(w);
       return 0;  // the real list would look for a row by letters that it does not have
+    case WM_MOUSEWHEEL:
+      if (!list_.keys_move() || (GET_KEYSTATE_WPARAM(w) & MK_SHIFT) == 0) return std::nullopt;
+      turn_sideways(GET_WHEEL_DELTA_WPARAM(w));
+      return 0;
+    case LB_GETSEL:
+      // The real list has no other selected row than the current one.
+      if (list_.marked(w)) return 1;
+      return std::nullopt;
     default:
       return ControlPeer::incoming(message, w, l);
   }
@@ -205,7 +235,13 @@ void ListBoxPeer::deliver() {
   const bool twice = std::exchange(double_clicked_, false);
   const bool by_key = !std::exchange(by_mouse_, false);
   if (!clicked && !twice) return;
+  const bool unmarked = list_.marked_count() > 0;
   list_.chosen(static_cast<int>(send(LB_GETCURSEL)), by_key);
+  if (unmarked) {
+    const std::weak_ptr<void> still = alive();
+    raise(list_.on_marked);
+    if (still.expired()) return;
+  }
   raise(twice ? list_.on_double_click : list_.on_click);
 }
 
@@ -239,18 +275,13 @@ void ListBoxPeer::paint_empty() {
   EndPaint(handle(), &painting);
 }
 
-int ListBoxPeer::row_at(int y) const {
-  // LB_ITEMFROMPOINT has only 16 bits for the row.
-  const LRESULT height = send(LB_GETITEMHEIGHT);
-  if (y < 0 || height <= 0) return -1;
-  const LRESULT row = send(LB_GETTOPINDEX) + y / height;
-  return row < static_cast<LRESULT>(list_.count()) ? static_cast<int>(row) : -1;
-}
-
 void ListBoxPeer::right_button(int y) {
+  const std::weak_ptr<void> still = alive();
   SetFocus(handle());
+  if (still.expired()) return;
   const int row = row_at(y);
-  if (row >= 0) {
+  list_.right_clicked_at(row);
+  if (row >= 0 && list_.right_click_moves()) {
     send(LB_SETCURSEL, static_cast<WPARAM>(row));
     list_.chosen(row);
   }

@@ -23,6 +23,10 @@ namespace ordelan::win32 {
 // together. Gives 1 once all have been taken, 0 when one was not.
 inline constexpr wchar_t kRowsMessage[] = L"Ordelan.Rows";
 
+// The row of a real list at a height of the list's, in pixels; -1 where none of its `count` rows
+// is.
+int row_of(HWND list, int y, std::size_t count);
+
 class ListBoxPeer final : public ControlPeer {
  public:
   ListBoxPeer(WindowPeer& parent, ui::ListBox& list);
@@ -44,10 +48,16 @@ class ListBoxPeer final : public ControlPeer {
   void note_scroll();
   void erase_below(HDC context);
   void paint_empty();
-  // The row at a height of the list's, -1 where there is none.
-  int row_at(int y) const;
+  int row_at(int y) const { return row_of(handle(), y, list_.count()); }
   void right_button(int y);
   void press_below();
+  bool mark_press(int row, WPARAM held);
+  std::optional<LRESULT> key_down(WPARAM key, LPARAM l);
+  void letter(WPARAM unit);
+  void bring_into_sight(int row);
+  void scroll_sideways(int pixels) const;
+  void turn_sideways(int delta) const;
+  int rows_in_sight() const;
   LRESULT answer_rows(WPARAM row, HWND asker);
   LRESULT shrink_client(WPARAM w, LPARAM l) const;
   void focus_changed(bool focused);
@@ -61,6 +71,7 @@ class ListBoxPeer final : public ControlPeer {
   bool chosen_ = false;  // the user has chosen a row
   bool by_mouse_ = false;
   bool double_clicked_ = false;
+  WPARAM key_ = 0;         // the last that went down
   bool scrolled_ = false;  // the first row in sight is another one
   ControlFrame frame_{0, 0};
   std::unique_ptr<ScrollBar> vertical_;  // made when they are first needed

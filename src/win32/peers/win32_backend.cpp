@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "win32/paint/screen_scale.h"
 #include "win32/peers/balloon_peer.h"
 #include "win32/peers/bar_chart_peer.h"
 #include "win32/peers/button_peer.h"
@@ -119,6 +120,12 @@ int Win32Backend::line_count(const ui::TextBox& box) {
   if (TextBoxPeer* const peer = registry_.text_box(box)) return peer->line_count();
   // Not on the screen: only its own breaks count.
   return 1 + static_cast<int>(std::count(box.text().begin(), box.text().end(), '\n'));
+}
+
+std::optional<int> Win32Backend::row_at(const ui::ListBox& list, ui::Point place) {
+  const ControlPeer* const peer = registry_.control(list);
+  if (!peer || !peer->handle()) return std::nullopt;
+  return row_of(peer->handle(), to_pixels(place.y, peer->parent().dpi()), list.count());
 }
 
 ui::CharacterWidths Win32Backend::character_widths(const ui::Font& font) {

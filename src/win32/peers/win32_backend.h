@@ -35,6 +35,8 @@ class Win32Backend final : public ui::Backend, public system::EventPump {
 
   int line_count(const ui::TextBox& box) override;
 
+  std::optional<int> row_at(const ui::ListBox& list, ui::Point place) override;
+
   // In pixels of the main screen, as rows are painted there. Bytes that the font has no picture for
   // are as wide as the mark it paints instead.
   ui::CharacterWidths character_widths(const ui::Font& font) override;
