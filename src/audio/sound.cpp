@@ -126,7 +126,7 @@ void Sound::list_window_KeyDown(ui::Key& key, const work::RowCommands* commands)
     }
     if (key.control && key.code == 'C') {
       key.swallowed = true;
-      commands->copy_path();
+      key.shift ? commands->copy_found() : commands->copy_path();
       return;
     }
   }

@@ -93,8 +93,9 @@ class Sound {
   // minus of the keypad set the volume. True for one of them that meant something.
   bool Form_KeyDown(const ui::Key& key);
   // The same in a window of lists: of these keys only Space, which would press a button that has
-  // the focus too, is kept from the control. Ctrl and C copy the paths of the list that has the
-  // focus, where `commands` are those of its rows; null for none. Puts the balloons away.
+  // the focus too, is kept from the control. Where the list of `commands` has the focus, Ctrl and C
+  // copy its paths, with Shift that which a search has found, and the menu key shows its commands;
+  // null for none. Puts the balloons away.
   void list_window_KeyDown(ui::Key& key, const work::RowCommands* commands);
   // A click on a position slider has ended; only one by the left button seeks.
   void SliderTime_MouseUp(const ui::Mouse& mouse);

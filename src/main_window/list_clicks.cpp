@@ -165,6 +165,7 @@ void ListClicks::play(List& clicked, const std::string& row) {
     return;
   }
   if (!find_lost(text::Obtener_Nombre_Archivo(row), clicked.list) || !may_go_on(click)) return;
+  clicked.commands.note_found(row, work.ArchivoActual);
   start(clicked, extension, click, true);
   // Where the player was hidden this stops what has just begun: the file waits in it.
   if (may_go_on(click) && with_player) sound_.SituarPlayer(true);
@@ -244,6 +245,12 @@ void ListClicks::right_click(List& clicked) {
   if (!sound_.media().URL().empty()) zoom->ListFilesZoom.set_current(IndiceActual);
   zoom->show();
   sound_.HacerVisibles();
+}
+
+void ListClicks::forget_found() {
+  for (List* const each : {&proyectos_, &vip_, &utilizados_, &borrar_}) {
+    each->commands.forget_found();
+  }
 }
 
 work::RowCommands* ListClicks::commands_of(const ui::Control* focus) {

@@ -59,6 +59,8 @@ class ListClicks {
   bool find_lost(const std::string& file, ui::ListBox& list);
   // Ends the search that runs. What is on screen stays.
   void cmdPararBusqueda_Click();
+  // What was found for rows that go now.
+  void forget_found();
   // The commands of the list that has the focus, null where none of the lists has it.
   work::RowCommands* commands_of(const ui::Control* focus);
 

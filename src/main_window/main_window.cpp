@@ -247,6 +247,7 @@ void Form1::cmdReset_Click() {
   work_.Descodificando = false;
   work_.ModoPosiciones = false;
   work_.ZoomConHallados = false;
+  clicks.forget_found();
   sound_.hide_AvisoPL();
   sound_.hide_balloons();
   show_empty();

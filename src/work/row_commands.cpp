@@ -17,14 +17,17 @@ RowCommands::RowCommands(const system::Platform& platform, ui::ListBox& list, ui
 }
 
 void RowCommands::show_menu(bool by_key) const {
-  const bool has_path = !path_of_row(list_.current_row()).empty();
+  const std::string& row = list_.current_row();
+  const bool has_path = !path_of_row(row).empty();
+  const bool was_found = found_.contains(row);
+  std::vector<system::MenuItem> items{{.text = "Copiar ruta\tCtrl+C", .enabled = has_path},
+                                      {.text = "Copiar todas", .enabled = !list_.empty()},
+                                      {},
+                                      {.text = "Abrir carpeta", .enabled = has_path},
+                                      {.text = "Propiedades", .enabled = has_path}};
+  if (was_found) items.push_back({.text = "Copiar ruta hallada\tCtrl+Mayús+C"});
   const auto picked =
-      platform_.dialogs.menu({{.text = "Copiar ruta\tCtrl+C", .enabled = has_path},
-                              {.text = "Copiar todas", .enabled = !list_.empty()},
-                              {},
-                              {.text = "Abrir carpeta", .enabled = has_path},
-                              {.text = "Propiedades", .enabled = has_path}},
-                             by_key ? system::MenuPlace::focus : system::MenuPlace::pointer);
+      platform_.dialogs.menu(items, by_key ? system::MenuPlace::focus : system::MenuPlace::pointer);
   if (!picked) return;
   switch (*picked) {
     case 0:
@@ -33,9 +36,16 @@ void RowCommands::show_menu(bool by_key) const {
       return copy_all();
     case 3:
       return open_folder();
-    default:
+    case 4:
       return show_properties();
+    default:
+      return copy_found();
   }
+}
+
+void RowCommands::copy_found() const {
+  const auto found = found_.find(list_.current_row());
+  if (found != found_.end()) platform_.shell.copy_text(found->second);
 }
 
 void RowCommands::copy_path() const {

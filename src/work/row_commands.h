@@ -2,7 +2,7 @@
 // text, their folder, their properties.
 #pragma once
 
-#include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -25,6 +25,11 @@ class RowCommands {
   // all rows. Rows that name no file are left out; without any the clipboard stays.
   void copy_path() const;
   void copy_all() const;
+  // Where the file of the current row was found by a search, to the clipboard.
+  void copy_found() const;
+  // A search has found the file of that row there. All of it is forgotten by `forget_found`.
+  void note_found(const std::string& row, const std::string& path) { found_[row] = path; }
+  void forget_found() { found_.clear(); }
   // Opens the folder of the current row with its file chosen; the system's own sheet on that file.
   void open_folder() const;
   void show_properties() const;
@@ -36,6 +41,7 @@ class RowCommands {
 
   const system::Platform& platform_;
   ui::ListBox& list_;
+  std::map<std::string, std::string> found_;  // by the row
 };
 
 // The path that a row of any list names: what follows the number of a project, or the row itself.

@@ -17,34 +17,22 @@
 #include <utility>
 #include <vector>
 
-#include "sound_recorder.h"
-#include "window/ordelan_fixture.h"
+#include "window/heard_fixture.h"
 #include "window/user_input.h"
 #include "window/wait.h"
 
 namespace ordelan::test {
 namespace {
 
-class SoundOfProgram : public OrdelanTest {
+class SoundOfProgram : public HeardTest {
  protected:
   void SetUp() override {
-    if (sounds().empty()) GTEST_SKIP() << "ORDELAN_SOUNDS names no folder";
-    if (waveInGetNumDevs() == 0) GTEST_SKIP() << "nothing can be recorded here";
-    recorder.emplace();
+    HeardTest::SetUp();
+    if (IsSkipped()) return;
     start();
     program->click("cmdPlayer");
     program->use_window("Player");
   }
-
-  // The folder of scripts/sample-sounds.
-  static std::string sounds() {
-    char named[MAX_PATH + 1] = {};
-    if (GetEnvironmentVariableA("ORDELAN_SOUNDS", named, MAX_PATH) == 0) return "";
-    std::string folder = named;
-    std::replace(folder.begin(), folder.end(), '/', '\\');
-    return folder.starts_with('\\') ? "Z:" + folder : folder;
-  }
-  static std::string sound(const std::string& name) { return sounds() + "\\" + name; }
 
   void open(const std::string& name) { open_path(sound(name)); }
   void open_path(const std::string& file) {
@@ -55,15 +43,6 @@ class SoundOfProgram : public OrdelanTest {
   void play() {
     program->click("Control(0)");
     wait_for([&] { return level(recorder->record(0.03)) > kHeard; });
-  }
-  // Whether that pitch comes to be heard, within 1 percent. A busy machine has gaps in between.
-  bool sounds_at(double pitch) {
-    return wait_for(
-        [&] {
-          const Samples heard = recorder->record(0.2);
-          return level(heard) > kHeard && std::abs(frequency(heard) - pitch) < pitch * 0.01;
-        },
-        std::chrono::seconds(5));
   }
   // The level, once it stays as it is.
   double steady_level() {
@@ -76,10 +55,6 @@ class SoundOfProgram : public OrdelanTest {
     });
     return now;
   }
-  bool falls_silent() {
-    return wait_for([&] { return level(recorder->record(0.1)) < kSilent; });
-  }
-
   static void click_on_screen(const RECT& place) {
     move_mouse({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
     click_mouse();
@@ -166,10 +141,6 @@ class SoundOfProgram : public OrdelanTest {
     }
     return best;
   }
-
-  static constexpr double kHeard = 0.003;
-  static constexpr double kSilent = 0.0005;
-  std::optional<SoundRecorder> recorder;
 };
 
 TEST_F(SoundOfProgram, every_kind_of_file_is_heard_with_its_pitch) {
