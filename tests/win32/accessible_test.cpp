@@ -232,6 +232,7 @@ TEST_F(AccessibleRows, rows_beyond_the_65535th_are_like_the_others) {
   EXPECT_EQ(view.selection(), 150000);
   const RECT place = view.place(150000);
   EXPECT_EQ(view.at({place.left + 3, place.top + 3}), 150000);
+  list.set_top(0);
   EXPECT_EQ(view.act(150001), S_OK);
   backend.pump();
   EXPECT_THAT(clicked, ElementsAre("canción 150000"));
@@ -538,6 +539,35 @@ TEST_F(AccessibleTest, a_slider_says_its_value_and_takes_one) {
   EXPECT_EQ(view.set_value(L""), E_INVALIDARG);
 }
 
+// Counts what the timers of a control send it.
+class TimerTicks {
+ public:
+  explicit TimerTicks(HWND control) {
+    control_ = control;
+    count_ = 0;
+    hook_ = SetWindowsHookExW(WH_GETMESSAGE, &taken, nullptr, GetCurrentThreadId());
+  }
+  ~TimerTicks() { UnhookWindowsHookEx(hook_); }
+  TimerTicks(const TimerTicks&) = delete;
+  TimerTicks& operator=(const TimerTicks&) = delete;
+
+  static int count() { return count_; }
+
+ private:
+  static LRESULT CALLBACK taken(int code, WPARAM removed, LPARAM l) {
+    const auto* message = reinterpret_cast<const MSG*>(l);
+    if (code == HC_ACTION && removed == PM_REMOVE && message->message == WM_TIMER &&
+        message->hwnd == control_) {
+      ++count_;
+    }
+    return CallNextHookEx(nullptr, code, removed, l);
+  }
+
+  inline static HWND control_ = nullptr;
+  inline static int count_ = 0;
+  HHOOK hook_ = nullptr;
+};
+
 class AccessibleNews : public AccessibleTest {
  protected:
   AccessibleNews() {
@@ -570,6 +600,7 @@ TEST_F(AccessibleNews, a_text_is_read_out_when_it_comes_to_be_shown_and_not_befo
   backend.pump();
   hear_all(events);
   EXPECT_FALSE(events.has(EventLog::kLiveRegionChanged));
+  EXPECT_FALSE(events.has(EVENT_OBJECT_NAMECHANGE));
   strip.show();
   EXPECT_TRUE(pump_until([&] { return events.has(EventLog::kLiveRegionChanged); }));
 }
@@ -592,6 +623,32 @@ TEST_F(AccessibleNews, a_flood_is_read_out_now_and_then_and_its_last_text_always
   strip.set_text("Terminado");
   const int before = events.count(EventLog::kLiveRegionChanged);
   EXPECT_TRUE(pump_until([&] { return events.count(EventLog::kLiveRegionChanged) > before; }));
+}
+
+TEST_F(AccessibleNews, a_text_after_a_while_of_silence_is_read_out_at_once) {
+  show();
+  EventLog events(real_strip());
+  const TimerTicks ticks(real_strip());
+  strip.set_text("Buscando");
+  ASSERT_TRUE(pump_until([&] { return events.has(EventLog::kLiveRegionChanged); }));
+  ASSERT_TRUE(pump_until([&] { return TimerTicks::count() > 0; })) << "the end of the pause";
+  strip.set_text("Terminado");
+  EXPECT_TRUE(pump_until([&] { return events.count(EventLog::kLiveRegionChanged) == 2; }));
+  EXPECT_EQ(TimerTicks::count(), 1);
+}
+
+TEST_F(AccessibleNews, a_text_that_waits_is_not_read_out_once_it_is_hidden) {
+  show();
+  EventLog events(real_strip());
+  const TimerTicks ticks(real_strip());
+  strip.set_text("Buscando");
+  backend.pump();
+  strip.set_text("Buscando más");
+  backend.pump();
+  strip.hide();
+  ASSERT_TRUE(pump_until([&] { return TimerTicks::count() > 0; }));
+  hear_all(events);
+  EXPECT_EQ(events.count(EventLog::kLiveRegionChanged), 1);
 }
 
 TEST_F(AccessibleTest, a_label_with_news_is_read_out_too) {

@@ -9,9 +9,9 @@ ComPtr<Accessible> ListBoxPeer::make_accessible() {
   return ComPtr<Accessible>(new AccessibleList(*this, list_));
 }
 
+// Another row is reported with the next message, the painting of the rows at the latest.
 void ListBoxPeer::report(const Marks& marks) {
   if (marks.has(ui::Aspect::rows)) ListEvents::rows_changed(handle());
-  events_.look(handle(), standard(LB_GETCURSEL, 0, 0));
 }
 
 // By the mouse's own way, in the middle of the row, which is scrolled into sight first.
