@@ -58,6 +58,8 @@ void Player::name_controls() {
   LabelTime.set_caption("00:00");
   LabelVol.set_caption("-90 dB");
   mp3Baud.hide();
+  LabelAviso.set_announced(true);
+  AvisoPL.set_announced(true);
   AvisoPL.set_multiline(true);
   AvisoPL.hide();
   ImageOnda.set_description("Forma de onda");

@@ -59,6 +59,11 @@ class Control {
   const std::string& description() const { return description_; }
   void set_description(std::string description);
 
+  // Whether the text is news to the user: a screen reader reads it out when it changes while it is
+  // shown, and when it comes to be shown, wherever the focus is.
+  bool announced() const { return announced_; }
+  void set_announced(bool announced) { announced_ = announced; }
+
   // What the program keeps with the control for itself; it is never shown.
   const std::string& tag() const { return tag_; }
   void set_tag(std::string tag) { tag_ = std::move(tag); }
@@ -103,6 +108,7 @@ class Control {
   int index_;
   bool visible_ = true;
   bool enabled_ = true;
+  bool announced_ = false;
   Rect bounds_;
   Color back_color_ = Color::button_face;
   Color fore_color_ = Color::button_text;

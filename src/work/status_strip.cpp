@@ -19,7 +19,9 @@ StatusStrip::StatusStrip(ui::Window& window)
   TextDecode.set_bordered(false);  // its height is that of its lines
   TextDecode.set_fore_color(ui::rgb(0, 0, 0));
   TextDecode.hide();
+  TextDecode.set_announced(true);
   LabelAviso.hide();
+  LabelAviso.set_announced(true);
   XP_ProgressBar1.hide();
   XP_ProgressBar1.set_description("Progreso");
 }

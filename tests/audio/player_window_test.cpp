@@ -69,6 +69,13 @@ TEST_F(PlayerWindow, an_opened_file_begins_softly_whatever_the_volume_was) {
   EXPECT_EQ(media.volume(), 41);
 }
 
+TEST_F(PlayerWindow, its_notices_are_read_out) {
+  start();
+  EXPECT_TRUE(player().AvisoPL.announced());
+  EXPECT_TRUE(player().LabelAviso.announced());
+  EXPECT_FALSE(player().LabelTime.announced());
+}
+
 TEST_F(PlayerWindow, while_files_are_picked_it_is_hidden_and_holds_no_file) {
   start();
   pick({song("a.wav", 100), song("b.wav", 100)});

@@ -26,6 +26,11 @@ TEST_F(StatusStripTest, nothing_is_shown_at_first) {
   EXPECT_FALSE(strip.XP_ProgressBar1.visible());
 }
 
+TEST_F(StatusStripTest, what_it_says_is_read_out_to_those_who_do_not_see_it) {
+  EXPECT_TRUE(strip.TextDecode.announced());
+  EXPECT_TRUE(strip.LabelAviso.announced());
+}
+
 TEST_F(StatusStripTest, each_code_has_its_colour) {
   EXPECT_EQ(color_after(1), 0xC0E0FFu);
   EXPECT_EQ(color_after(2), 0xFFFFC0u);

@@ -7,6 +7,7 @@
 
 #include "win32/paint/screen_scale.h"
 #include "win32/paint/tick_box.h"
+#include "win32/peers/accessible_list.h"
 #include "win32/peers/window_peer.h"
 
 namespace ordelan::win32 {
@@ -49,10 +50,29 @@ void CheckListBoxPeer::update(const Marks& marks) {
   if (marks.has(ui::Aspect::rows) && send(LB_GETCOUNT) != static_cast<LRESULT>(boxes_.count())) {
     send(LB_SETCOUNT, static_cast<WPARAM>(boxes_.count()));
   }
-  if (marks.has(ui::Aspect::value)) {
-    NotifyWinEvent(EVENT_OBJECT_SELECTIONWITHIN, handle(), OBJID_CLIENT, CHILDID_SELF);
-  }
   repaint();
+}
+
+ComPtr<Accessible> CheckListBoxPeer::make_accessible() {
+  return ComPtr<Accessible>(new AccessibleList(*this, boxes_));
+}
+
+void CheckListBoxPeer::report(const Marks& marks) {
+  if (marks.has(ui::Aspect::rows)) ListEvents::rows_changed(handle());
+  if (!marks.has(ui::Aspect::value)) return;
+  NotifyWinEvent(EVENT_OBJECT_SELECTIONWITHIN, handle(), OBJID_CLIENT, CHILDID_SELF);
+  // A key ticks the box of the row that is chosen in the list.
+  const int pressed = std::exchange(pressed_, -1);
+  const int chosen = boxes_.beside() ? boxes_.beside()->current() : -1;
+  report_tick(pressed);
+  if (chosen != pressed) report_tick(chosen);
+}
+
+void CheckListBoxPeer::report_tick(int row) const {
+  if (row < 0) return;
+  for (const HWND each : {handle(), list()}) {
+    if (each) NotifyWinEvent(EVENT_OBJECT_STATECHANGE, each, OBJID_CLIENT, row + 1);
+  }
 }
 
 int CheckListBoxPeer::row_height() const {
@@ -85,13 +105,13 @@ void CheckListBoxPeer::paint(HDC context, const RECT& area) {
 }
 
 // Two quick clicks are two clicks. The handlers come last: they may take the boxes away.
-void CheckListBoxPeer::press_at(int y) {
-  const int row = row_at(y);
+void CheckListBoxPeer::press_row(int row) {
   if (const HWND beside = list()) {
     const std::weak_ptr<void> still = alive();
     SetFocus(beside);
     if (still.expired()) return;
   }
+  pressed_ = row;
   if (row >= 0) boxes_.toggle(static_cast<std::size_t>(row));
 }
 
@@ -103,7 +123,7 @@ std::optional<LRESULT> CheckListBoxPeer::incoming(UINT message, WPARAM w, LPARAM
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-      press_at(GET_Y_LPARAM(l));
+      press_row(row_at(GET_Y_LPARAM(l)));
       return 0;
     case WM_LBUTTONUP:
     case WM_RBUTTONDOWN:

@@ -13,7 +13,11 @@ class CheckListBoxPeer final : public DressedPeer {
  public:
   CheckListBoxPeer(WindowPeer& parent, ui::CheckListBox& boxes);
 
+  void act(int row) override { press_row(row); }
+
  protected:
+  void report(const Marks& marks) override;
+  ComPtr<Accessible> make_accessible() override;
   RECT area() const override;
   void update(const Marks& marks) override;
   void paint(HDC context, const RECT& area) override;
@@ -26,12 +30,15 @@ class CheckListBoxPeer final : public DressedPeer {
   int row_height() const;
   // The row at a height of theirs, -1 where there is none.
   int row_at(int y) const;
-  void press_at(int y);
+  // Row -1 for a press below all rows. The boxes may be gone afterwards.
+  void press_row(int row);
+  void report_tick(int row) const;
   void point_at(int row);
   std::optional<LRESULT> answer(UINT message, WPARAM w) const;
 
   ui::CheckListBox& boxes_;
-  int over_ = -1;  // the row of the box under the pointer
+  int over_ = -1;     // the row of the box under the pointer
+  int pressed_ = -1;  // the row that the user has last clicked on
 };
 
 }  // namespace ordelan::win32

@@ -68,6 +68,7 @@ ControlPeer::ControlPeer(WindowPeer& parent, ui::Control& control, const wchar_t
       name_(property_name(control)) {}
 
 ControlPeer::~ControlPeer() {
+  if (accessible_) accessible_->disconnect();
   if (!handle_) return;
   parent_.forget(*this);
   registry().leave(*this);
@@ -119,6 +120,9 @@ void ControlPeer::flush() {
   }
   if (marks.has(ui::Aspect::visible)) show(control_.visible());
   flushing_ = false;
+  if (!appeared_) return;
+  if (control_.announced()) announce(marks);
+  report(marks);
 }
 
 void ControlPeer::rescale() {
@@ -179,7 +183,8 @@ LRESULT CALLBACK ControlPeer::procedure(HWND window, UINT message, WPARAM w, LPA
 LRESULT ControlPeer::process(UINT message, WPARAM w, LPARAM l) {
   const std::weak_ptr<void> still = alive_;
   // A caller that reads the control, or acts on it, finds it in the program's state.
-  if (!marks_.empty() && inside_ == 0) flush();
+  settle();
+  if (const auto result = access(message, w, l)) return *result;
   if (is_input(message)) parent_.tips().relay(handle_, message, w, l);
   if (const auto result = incoming(message, w, l)) return *result;
   if (still.expired()) return 0;
@@ -190,6 +195,33 @@ LRESULT ControlPeer::process(UINT message, WPARAM w, LPARAM l) {
   }
   if (!still.expired() && inside_ == 0) deliver();
   return result;
+}
+
+ComPtr<Accessible> ControlPeer::make_accessible() {
+  return face() ? ComPtr<Accessible>(new AccessibleControl(*this)) : ComPtr<Accessible>();
+}
+
+// What comes from screen readers and is for them.
+std::optional<LRESULT> ControlPeer::access(UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_GETOBJECT && static_cast<LONG>(l) == OBJID_CLIENT) {
+    if (!accessible_) accessible_ = make_accessible();
+    if (!accessible_) return std::nullopt;
+    return LresultFromObject(kAccessibleId, w, accessible_.get());
+  }
+  if (message == action_message()) {
+    if (accessible_) accessible_->act();
+    return 0;
+  }
+  if (message == WM_TIMER && live_text_.ticked(handle_, w)) return 0;
+  return std::nullopt;
+}
+
+// What comes to be shown has often got its text a moment before.
+void ControlPeer::announce(const Marks& marks) {
+  if (!marks.has(ui::Aspect::text) && !marks.has(ui::Aspect::visible)) return;
+  if (!IsWindowVisible(handle_)) return;
+  NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, handle_, OBJID_CLIENT, CHILDID_SELF);
+  if (!text().empty()) live_text_.changed(handle_);
 }
 
 LRESULT ControlPeer::standard_unpainted(UINT message, WPARAM w, LPARAM l) {

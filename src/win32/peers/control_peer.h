@@ -9,6 +9,9 @@
 
 #include "ui/control.h"
 #include "ui/peer.h"
+#include "win32/com_ptr.h"
+#include "win32/peers/accessible_control.h"
+#include "win32/peers/face.h"
 #include "win32/peers/peer_registry.h"
 
 namespace ordelan::win32 {
@@ -33,6 +36,11 @@ class ControlPeer : public ui::Peer {
   // Shows everything that changed since the last time.
   void flush();
 
+  // The same, unless the real control's own code is at work, which a reader of it may not disturb.
+  void settle() {
+    if (!marks_.empty() && inside_ == 0) flush();
+  }
+
   // The window has moved to a screen of another density.
   void rescale();
 
@@ -47,6 +55,13 @@ class ControlPeer : public ui::Peer {
 
   // The Enter key on a control that can be pressed. False where it means nothing.
   virtual bool press() { return false; }
+
+  // What the control is to a screen reader; nothing where the system says it well. What
+  // `Face::action` names is done by `act`, in a list to that row; the peer may be gone afterwards.
+  virtual std::optional<Face> face() const { return std::nullopt; }
+  virtual void act(int) {}
+  // Takes a value that a screen reader gives the control. False for one that means nothing.
+  virtual bool take_value(const std::wstring&) { return false; }
 
  protected:
   // A set of aspects.
@@ -94,6 +109,12 @@ class ControlPeer : public ui::Peer {
   // Shows what has changed beyond the things that all controls have.
   virtual void update(const Marks&) {}
 
+  // Reports to screen readers what is shown now.
+  virtual void report(const Marks&) {}
+
+  // The object that screen readers look at; null for the system's own.
+  virtual ComPtr<Accessible> make_accessible();
+
   // A message that may raise an event at once. A result ends it there; the peer may be gone after
   // any event, so that nothing of it may be touched then.
   virtual std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l);
@@ -120,6 +141,8 @@ class ControlPeer : public ui::Peer {
   void place();
   void show(bool visible);
   void leave_focus();
+  std::optional<LRESULT> access(UINT message, WPARAM w, LPARAM l);
+  void announce(const Marks& marks);
 
   WindowPeer& parent_;
   ui::Control& control_;
@@ -133,6 +156,8 @@ class ControlPeer : public ui::Peer {
   int inside_ = 0;  // how deep in the real control's code
   bool flushing_ = false;
   bool appeared_ = false;
+  ComPtr<Accessible> accessible_;  // made when it is first asked for
+  LiveText live_text_;
   std::shared_ptr<void> alive_ = std::make_shared<char>();
 };
 

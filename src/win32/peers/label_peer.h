@@ -18,6 +18,7 @@ class LabelPeer final : public PaintedPeer {
 
  protected:
   std::wstring text() const override;
+  LONG plain_role() const override { return ROLE_SYSTEM_STATICTEXT; }
   void update(const Marks& marks) override;
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
   void paint(HDC context, const RECT& area) override;

@@ -193,6 +193,7 @@ LRESULT ListBoxPeer::respond(UINT message, WPARAM w, LPARAM l) {
   const LRESULT result = standard(message, w, l);
   show_bars();
   note_scroll();
+  if (!flushing()) events_.look(handle(), standard(LB_GETCURSEL, 0, 0));
   switch (message) {
     case WM_SETFOCUS:
     case WM_KILLFOCUS:

@@ -10,14 +10,15 @@
 #include <memory>
 
 #include "ui/list_box.h"
+#include "win32/peers/accessible_list.h"
 #include "win32/peers/control_frame.h"
 #include "win32/peers/control_peer.h"
 #include "win32/peers/scroll_bar.h"
 
 namespace ordelan::win32 {
 
-// The message by which other processes read rows. The real list keeps no texts, so that assistive
-// tools and tests ask here: wParam is the number of a row, or -1 for all; lParam is a window of
+// The message by which other processes read rows. The real list keeps no texts, so that other
+// programs and tests ask here: wParam is the number of a row, or -1 for all; lParam is a window of
 // theirs, which gets WM_COPYDATA messages: dwData is how many rows the list has, the data a piece
 // of their texts in UTF-16, with a line feed between two rows. The pieces come in order and belong
 // together. Gives 1 once all have been taken, 0 when one was not.
@@ -36,7 +37,11 @@ class ListBoxPeer final : public ControlPeer {
   // Takes what was dropped on the list, and frees `drop`.
   void dropped(HDROP drop);
 
+  void act(int row) override;
+
  protected:
+  void report(const Marks& marks) override;
+  ComPtr<Accessible> make_accessible() override;
   void update(const Marks& marks) override;
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;
   LRESULT respond(UINT message, WPARAM w, LPARAM l) override;
@@ -81,6 +86,7 @@ class ListBoxPeer final : public ControlPeer {
   RECT right_cut_{};  // of the list's own area
   RECT bottom_cut_{};
   SIZE cut_from_{};
+  ListEvents events_;
 };
 
 }  // namespace ordelan::win32

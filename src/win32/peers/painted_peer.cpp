@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "win32/ansi_text.h"
 #include "win32/paint/canvas.h"
 #include "win32/peers/handlers.h"
 #include "win32/peers/window_peer.h"
@@ -17,6 +18,19 @@ PaintedPeer::PaintedPeer(WindowPeer& parent, ui::Control& control, bool can_be_p
 
 bool PaintedPeer::is_background() const {
   return !control().on_click && !control().on_double_click;
+}
+
+std::optional<Face> PaintedPeer::face() const {
+  const bool button = static_cast<bool>(control().on_click);
+  Face face{.role = button ? ROLE_SYSTEM_PUSHBUTTON : plain_role(), .name = text()};
+  if (face.name.empty()) face.name = widen(control().description());
+  if (face.name.empty()) face.name = widen(control().tip());
+  if (button) face.action = L"Pulsar";
+  return face;
+}
+
+void PaintedPeer::act(int) {
+  raise(control().on_click);
 }
 
 void PaintedPeer::update(const Marks& marks) {

@@ -9,6 +9,9 @@ class PaintedPeer : public ControlPeer {
  public:
   bool is_background() const override;
 
+  std::optional<Face> face() const override;
+  void act(int row) override;
+
  protected:
   // `can_be_pressed`: it is a button to the keys and to screen readers. `style` is added to its
   // own.
@@ -18,6 +21,9 @@ class PaintedPeer : public ControlPeer {
   // Paints all of `area`, which begins at the control's top left corner. The painting is shown at
   // once when it is done.
   virtual void paint(HDC context, const RECT& area) = 0;
+
+  // What it is to a screen reader where a click does nothing.
+  virtual LONG plain_role() const { return ROLE_SYSTEM_GRAPHIC; }
 
   void update(const Marks& marks) override;
   std::optional<LRESULT> incoming(UINT message, WPARAM w, LPARAM l) override;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "win32/paint/screen_scale.h"
 #include "win32/paint/shapes.h"
 
@@ -23,6 +25,23 @@ int progress_steps(std::int64_t minimum, std::int64_t maximum, std::int64_t valu
 
 ProgressBarPeer::ProgressBarPeer(WindowPeer& parent, ui::ProgressBar& bar)
     : DressedPeer(parent, bar, PROGRESS_CLASSW, 0), bar_(bar) {}
+
+int ProgressBarPeer::percent() const {
+  constexpr int kWhole = 100;
+  return progress_steps(bar_.minimum(), bar_.maximum(), bar_.value()) / (kProgressSteps / kWhole);
+}
+
+std::optional<Face> ProgressBarPeer::face() const {
+  return Face{.role = ROLE_SYSTEM_PROGRESSBAR,
+              .name = text(),
+              .value = std::to_wstring(percent()) + L"%",
+              .state = STATE_SYSTEM_READONLY};
+}
+
+void ProgressBarPeer::report(const Marks& marks) {
+  if (!marks.has(ui::Aspect::value) || std::exchange(reported_, percent()) == percent()) return;
+  NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, handle(), OBJID_CLIENT, CHILDID_SELF);
+}
 
 void ProgressBarPeer::update(const Marks& marks) {
   if (!marks.has(ui::Aspect::value)) return;

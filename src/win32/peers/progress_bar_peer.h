@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "ui/progress_bar.h"
 #include "win32/peers/dressed_peer.h"
@@ -19,12 +20,18 @@ class ProgressBarPeer final : public DressedPeer {
  public:
   ProgressBarPeer(WindowPeer& parent, ui::ProgressBar& bar);
 
+  std::optional<Face> face() const override;
+
  protected:
   void update(const Marks& marks) override;
   void paint(HDC context, const RECT& area) override;
+  void report(const Marks& marks) override;
 
  private:
+  int percent() const;
+
   ui::ProgressBar& bar_;
+  int reported_ = 0;  // the percentage that screen readers have heard of
 };
 
 }  // namespace ordelan::win32

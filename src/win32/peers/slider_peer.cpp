@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <cwchar>
+
 #include "win32/paint/mouse_pointers.h"
 #include "win32/paint/picture_store.h"
 #include "win32/paint/screen_scale.h"
@@ -34,6 +36,20 @@ RECT groove_of(RECT area, bool vertical) {
 SliderPeer::SliderPeer(WindowPeer& parent, ui::Slider& slider)
     : DressedPeer(parent, slider, TRACKBAR_CLASSW, TBS_NOTICKS | WS_TABSTOP), slider_(slider) {
   slider_.pointer_is_on_it = [this] { return pointer_is_on(handle()); };
+}
+
+// The system would name it by whatever label stands before it, and give its place in percent.
+std::optional<Face> SliderPeer::face() const {
+  return Face{
+      .role = ROLE_SYSTEM_SLIDER, .name = text(), .value = std::to_wstring(slider_.value())};
+}
+
+// Chosen by a message that comes after the reader's call, which must not run handlers.
+bool SliderPeer::take_value(const std::wstring& value) {
+  wchar_t* end = nullptr;
+  const long wanted = std::wcstol(value.c_str(), &end, 10);
+  if (value.empty() || *end != L'\0') return false;
+  return PostMessageW(handle(), TBM_SETPOS, TRUE, wanted) != FALSE;
 }
 
 // Which way it lies is read from the real slider's style.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "ui/slider.h"
 #include "win32/peers/dressed_peer.h"
@@ -13,6 +14,9 @@ namespace ordelan::win32 {
 class SliderPeer final : public DressedPeer {
  public:
   SliderPeer(WindowPeer& parent, ui::Slider& slider);
+
+  std::optional<Face> face() const override;
+  bool take_value(const std::wstring& value) override;
 
  protected:
   void update(const Marks& marks) override;

@@ -38,6 +38,19 @@ int TextBoxPeer::line_count() {
   return lines > 0 ? lines : 1;
 }
 
+// The system would take the label before a box for its name. A text that is read out as it changes
+// is its own name, as readers then say that; other boxes are left to the system where the user can
+// write, or where that label is right.
+std::optional<Face> TextBoxPeer::face() const {
+  Face face{.name = text(), .state = STATE_SYSTEM_READONLY};
+  face.role = ROLE_SYSTEM_STATICTEXT;
+  if (box_.announced()) return face;
+  if (!box_.read_only() || box_.description().empty()) return std::nullopt;
+  face.role = ROLE_SYSTEM_TEXT;
+  face.value = std::exchange(face.name, widen(box_.description()));
+  return face;
+}
+
 // Whether the object's bounds reach further down than the window.
 bool TextBoxPeer::is_cut() const {
   const ui::Rect& bounds = box_.bounds();

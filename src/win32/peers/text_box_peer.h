@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "ui/text_box.h"
@@ -21,6 +22,8 @@ class TextBoxPeer final : public ControlPeer {
 
   // How many lines the text takes in the box's width; at least 1.
   int line_count();
+
+  std::optional<Face> face() const override;
 
  protected:
   RECT area() const override;

@@ -10,7 +10,7 @@
 namespace ordelan::win32 {
 namespace {
 
-constexpr DWORD kTurn = 10;  // milliseconds
+constexpr DWORD kReleaseTurn = 10;  // milliseconds
 
 }  // namespace
 
@@ -31,9 +31,9 @@ bool wait_until_free(const std::string& path, std::chrono::milliseconds most) {
   while (!free && std::chrono::steady_clock::now() - begin < most) {
     HANDLE awaited = never;
     DWORD index = 0;
-    const HRESULT waited = CoWaitForMultipleHandles(0, kTurn, 1, &awaited, &index);
+    const HRESULT waited = CoWaitForMultipleHandles(0, kReleaseTurn, 1, &awaited, &index);
     // A thread without such objects does not wait there.
-    if (waited != RPC_S_CALLPENDING) Sleep(kTurn);
+    if (waited != RPC_S_CALLPENDING) Sleep(kReleaseTurn);
     free = !is_held(path);
   }
   if (never) CloseHandle(never);

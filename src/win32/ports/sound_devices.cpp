@@ -10,12 +10,12 @@
 namespace ordelan::win32 {
 namespace {
 
-class Variant {
+class PropertyValue {
  public:
-  Variant() { VariantInit(&value_); }
-  ~Variant() { VariantClear(&value_); }
-  Variant(const Variant&) = delete;
-  Variant& operator=(const Variant&) = delete;
+  PropertyValue() { VariantInit(&value_); }
+  ~PropertyValue() { VariantClear(&value_); }
+  PropertyValue(const PropertyValue&) = delete;
+  PropertyValue& operator=(const PropertyValue&) = delete;
 
   VARIANT* out() { return &value_; }
   // The text that it holds; null for anything else.
@@ -27,7 +27,7 @@ class Variant {
 
 std::optional<std::string> property(IMoniker& device, const wchar_t* name) {
   ComPtr<IPropertyBag> bag;
-  Variant value;
+  PropertyValue value;
   if (FAILED(device.BindToStorage(nullptr, nullptr, IID_IPropertyBag, bag.out_void())) ||
       FAILED(bag->Read(name, value.out(), nullptr)) || value.text() == nullptr) {
     return std::nullopt;
