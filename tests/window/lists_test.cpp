@@ -40,6 +40,7 @@ class ListsOfProgram : public HeardTest {
     std::filesystem::copy_file(sound(name), file);
   }
   ~ListsOfProgram() override {
+    program.reset();  // it has one of the files open
     std::error_code ignored;
     std::filesystem::remove_all(kElsewhere, ignored);
   }
