@@ -328,6 +328,10 @@ TEST_F(ListKeysTest, the_first_row_is_a_row_like_the_others) {
   EXPECT_EQ(after(kDownKey, kShiftKey), 2);
   EXPECT_THAT(marked(), ElementsAre(0, 1, 2));
   list.set_current(0);
+  list.clear_marks();
+  list.mark_click(3, kControlKey);
+  EXPECT_THAT(marked(), ElementsAre(0, 3));
+  list.set_current(0);
   list.mark_click(3, kShiftKey);
   list.mark_click(2, kShiftKey);
   EXPECT_THAT(marked(), ElementsAre(0, 1, 2));
