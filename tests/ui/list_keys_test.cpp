@@ -313,6 +313,43 @@ TEST_F(ListKeysTest, keys_with_Shift_go_on_from_the_click_with_Shift) {
   EXPECT_THAT(marked(), ElementsAre(4, 5, 6, 7, 8));
 }
 
+TEST_F(ListKeysTest, keys_with_Shift_go_on_from_each_other) {
+  list.set_current(4);
+  list.mark_click(7, kShiftKey);
+  key(kDownKey, kShiftKey);
+  EXPECT_EQ(after(kDownKey, kShiftKey), 9);
+  EXPECT_THAT(marked(), ElementsAre(4, 5, 6, 7, 8, 9));
+}
+
+TEST_F(ListKeysTest, the_first_row_is_a_row_like_the_others) {
+  list.set_current(0);
+  EXPECT_THAT(list.marked_rows(), ElementsAre("D:\\0"));
+  EXPECT_EQ(after(kDownKey, kShiftKey), 1);
+  EXPECT_EQ(after(kDownKey, kShiftKey), 2);
+  EXPECT_THAT(marked(), ElementsAre(0, 1, 2));
+  list.set_current(0);
+  list.clear_marks();
+  list.mark_click(3, kControlKey);
+  EXPECT_THAT(marked(), ElementsAre(0, 3));
+  list.set_current(0);
+  list.mark_click(3, kShiftKey);
+  list.mark_click(2, kShiftKey);
+  EXPECT_THAT(marked(), ElementsAre(0, 1, 2));
+  list.set_current(5);
+  list.mark_click(0, kControlKey);
+  EXPECT_THAT(marked(), ElementsAre(1, 2)) << "its mark is taken away";
+  list.mark_click(0, kShiftKey);
+  EXPECT_THAT(marked(), ElementsAre(0));
+  list.mark_click(3, kShiftKey);
+  EXPECT_THAT(marked(), ElementsAre(0, 1, 2, 3));
+  list.set_current(5);
+  list.mark_click(0, kShiftKey);
+  EXPECT_EQ(after(kDownKey, kShiftKey), 1);
+  EXPECT_THAT(marked(), ElementsAre(1, 2, 3, 4, 5));
+  list.typed('0', 1000);
+  EXPECT_EQ(list.current(), 0);
+}
+
 TEST_F(ListKeysTest, the_programs_choice_leaves_the_marks_but_ranges_begin_there) {
   list.set_current(4);
   list.mark_click(6, kShiftKey);
@@ -334,6 +371,8 @@ TEST_F(ListKeysTest, a_click_on_no_row_or_with_no_key_marks_nothing) {
 
 TEST_F(ListKeysTest, a_list_that_is_not_markable_has_no_marks) {
   list.mark_all();
+  list.set_markable(true);
+  EXPECT_EQ(list.marked_count(), 12u) << "it was markable before";
   list.set_markable(false);
   EXPECT_THAT(marked(), IsEmpty());
   list.set_current(3);

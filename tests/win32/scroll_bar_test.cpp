@@ -350,6 +350,35 @@ TEST_F(ListScrollBars, show_where_the_list_is) {
   EXPECT_EQ(pixel(found, middle, end), RGB(70, 80, 90));
 }
 
+TEST_F(ListScrollBars, follow_keys_that_scroll_sideways) {
+  ui::Palette palette;
+  palette.surface = ui::rgb(1, 2, 3);
+  palette.line = ui::rgb(40, 50, 60);
+  win32::use_palette(palette);
+  list.set_keys_move(true);
+  show();
+  list.add(std::string(500, 'W'));
+  ui::ListaAncho(list);
+  backend.pump();
+  const HWND found = horizontal();
+  const int middle = room_of(found).bottom / 2;
+  const int begin = px(12);
+  const int end = room_of(found).right - px(12);
+  ASSERT_EQ(pixel(found, begin, middle), RGB(40, 50, 60));
+  const auto go_on = [this](WPARAM key) {
+    int place = -1;
+    while (place != GetScrollPos(real_list(), SB_HORZ)) {
+      place = GetScrollPos(real_list(), SB_HORZ);
+      type(real_list(), key);
+    }
+  };
+  go_on(VK_RIGHT);
+  EXPECT_EQ(pixel(found, begin, middle), RGB(1, 2, 3));
+  EXPECT_EQ(pixel(found, end, middle), RGB(40, 50, 60));
+  go_on(VK_LEFT);
+  EXPECT_EQ(pixel(found, begin, middle), RGB(40, 50, 60));
+}
+
 TEST_F(ListScrollBars, are_seen_in_the_systems_own_colours_too) {
   show();
   fill(1000);
