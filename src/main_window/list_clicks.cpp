@@ -210,6 +210,7 @@ void ListClicks::offer_hits(const std::vector<std::string>& hits) {
 bool ListClicks::find_lost(const std::string& file, ui::ListBox& list) {
   auto* const buscar = context_.windows.touch<location::Buscar>();
   if (buscar == nullptr || context_.work.Buscando) return false;
+  controls_.path_strip.hide();  // the strip of a search stands there
   cmdPararBusqueda.show();
   const bool found = buscar->BuscarEnTodasUnidades(file, list);
   cmdPararBusqueda.hide();
