@@ -72,9 +72,9 @@ void ListBoxPeer::letter(WPARAM unit) {
 }
 
 // The current row may have been scrolled out of sight before it moved, or not have moved at all.
-void ListBoxPeer::bring_into_sight(int row) {
+// The one message that may raise an event comes last.
+void ListBoxPeer::bring_into_sight(int row) const {
   if (row < 0) return;
-  flush();
   const auto top = static_cast<int>(standard(LB_GETTOPINDEX, 0, 0));
   const int last = top + rows_in_sight() - 1;
   if (row < top) {

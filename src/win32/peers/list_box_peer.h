@@ -59,7 +59,7 @@ class ListBoxPeer final : public ControlPeer {
   bool mark_press(int row, WPARAM held);
   std::optional<LRESULT> key_down(WPARAM key, LPARAM l);
   void letter(WPARAM unit);
-  void bring_into_sight(int row);
+  void bring_into_sight(int row) const;
   void scroll_sideways(int pixels) const;
   void turn_sideways(int delta) const;
   int rows_in_sight() const;
