@@ -131,7 +131,6 @@ void Zoom::Form_Load() {
 
 void Zoom::fill(const std::vector<std::string>& rows) {
   list_mode_ = false;
-  context().work.ZoomConHallados = false;
   ListFilesZoom.clear();
   ListFilesZoom.add(rows);
   ui::ListaAncho(ListFilesZoom);

@@ -49,7 +49,7 @@ class Zoom final : public work::ProgramWindow, private Mirror {
   // Never shown: the paths as the list had them, while hits of a search replace rows of the other.
   ui::ListBox List1;
 
-  // Takes these rows in place of its own: no list of the main window, and no hits.
+  // Takes these rows in place of its own; they are no list of the main window.
   void fill(const std::vector<std::string>& rows);
   // Takes the rows of a list of the main window, row by row the ones that it can show; the list is
   // ListaActual then.

@@ -19,14 +19,17 @@
 namespace ordelan::removal {
 
 ParaBorrar::ParaBorrar(const RemovalContext& removal)
-    : ProgramWindow(removal.work, {.name = kName,
-                                   .title = "Archivos que se borraran",
-                                   .layout = skin::kRemovalReview,
-                                   .place = {90, 70},
-                                   .place_key = work::place_key::kParaBorrar,
-                                   .stores_after_drag = true,
-                                   .topmost = true,
-                                   .minimizable = true}),
+    : ProgramWindow(removal.work,
+                    {.name = kName,
+                     .title = "Archivos que se borraran",
+                     .layout = skin::kRemovalReview,
+                     .place = {90, 70},
+                     .place_key = work::place_key::kParaBorrar,
+                     .stores_after_drag = true,
+                     .topmost = true,
+                     .minimizable = true,
+                     .resizable = true,
+                     .smallest = {skin::kRemovalReview.width, skin::kRemovalReview.height}}),
       audio::Mirror(removal.sound),
       ListBorrar(*this, "ListBorrar"),
       ListStatus(*this, "ListStatus"),
@@ -59,6 +62,12 @@ ParaBorrar::ParaBorrar(const RemovalContext& removal)
   name_controls();
   show_tips();
   set_up();
+  on_resize = [this, arrange = on_resize] {
+    arrange();
+    show_kept_list();
+    if (const audio::Player* const player = removal_.sound.player())
+      VuMe(player->SliderVol.value());
+  };
   ListStatus.stand_beside(ListBorrar);
   on_close = [this] { cmdSalir_Click(); };
   on_escape = [this] {

@@ -77,12 +77,13 @@ void ParaBorrar::show_kept(const std::vector<Kept>& kept) {
 // The list of what is kept takes its room from the foot of the other.
 void ParaBorrar::show_kept_list() {
   const bool shown = !ListConservados.empty();
+  const int taller = size().height - skin::kRemovalReview.height;
   LabelConservados.set_caption("Se conservan: " + std::to_string(ListConservados.count()));
   LabelConservados.set_visible(shown);
   ListConservados.set_visible(shown);
   for (ui::ListBox* const list : {&ListBorrar, static_cast<ui::ListBox*>(&ListStatus)}) {
     ui::Rect place = list->bounds();
-    place.height = shown ? skin::kRemovalReviewShortList : skin::kRemovalReviewLongList;
+    place.height = taller + (shown ? skin::kRemovalReviewShortList : skin::kRemovalReviewLongList);
     list->set_bounds(place);
   }
 }

@@ -248,6 +248,27 @@ TEST_F(SecondReading, the_list_of_what_is_kept_takes_its_room_from_the_other) {
   EXPECT_EQ(review().ListStatus.bounds().height, before);
 }
 
+TEST_F(SecondReading, a_review_that_is_made_larger_gives_its_lists_the_room) {
+  mention("Mix\\Sub\\otro.vip", "Mix\\a.wav");
+  open_studio({"Mix\\a.wav"});
+  const ui::Size size = review().size();
+  ASSERT_TRUE(review().resizable());
+  const int alone = review().ListBorrar.bounds().height;
+  pump();
+  const int above = review().ListBorrar.bounds().height;
+  review().resized_to({size.width + 100, size.height + 50});
+  EXPECT_EQ(review().ListBorrar.bounds().height, above + 50);
+  EXPECT_EQ(review().ListStatus.bounds().height, above + 50);
+  EXPECT_EQ(review().ListBorrar.bounds().width, 600);
+  EXPECT_EQ(review().ListConservados.bounds().width, 880);
+  review().CopiarListBorrados();
+  EXPECT_EQ(review().ListBorrar.bounds().height, alone + 50);
+  const ui::Rect mark = review().ImageVol.bounds();
+  EXPECT_EQ(mark.top + mark.height, 460) << "the volume's mark stands where it stood";
+  review().resized_to(size);
+  EXPECT_EQ(review().ListBorrar.bounds().height, alone);
+}
+
 TEST_F(SecondReading, a_row_that_is_taken_out_leaves_the_list_of_what_is_kept_too) {
   mention("Mix\\Sub\\otro.vip", "Mix\\b.wav");
   open_studio({"Mix\\a.wav", "Mix\\b.wav"});

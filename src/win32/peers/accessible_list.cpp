@@ -50,6 +50,7 @@ LONG AccessibleList::state(LONG part) const {
     if (!boxes_) all |= STATE_SYSTEM_SELECTABLE;
   }
   if (part == current) all |= STATE_SYSTEM_SELECTED | (focused ? STATE_SYSTEM_FOCUSED : 0);
+  if (list_.marked(static_cast<std::size_t>(part) - 1)) all |= STATE_SYSTEM_SELECTED;
   if (ticked(part)) all |= STATE_SYSTEM_CHECKED;
   const RECT seen = inside();
   const RECT row = place(part);
