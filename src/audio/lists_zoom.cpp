@@ -88,8 +88,7 @@ void ListasZoom::show_list(const ui::ListBox& list, const std::string& title,
                            const std::string& tag) {
   LabelTitulo.set_caption(title);
   set_title(title);
-  ListZoom.share(list);
-  ui::ListaAncho(ListZoom);
+  ui::share_rows(ListZoom, list);
   ListZoom.set_tag(tag);
   ImageIcono.hide();
   LZLabelIndice.hide();
@@ -113,7 +112,7 @@ void ListasZoom::ListZoom_Click() {
     if (context().windows.find<ListasZoom>() != this || ListZoom.current_row() != row) return;
     sound_.rows.ToolTipShow("ListZoom", ListZoom, row);
     sound_.set_URL(row);
-    if (Zoom* const zoom = context().windows.find<Zoom>()) {
+    if (Zoom* const zoom = context().windows.touch<Zoom>()) {
       zoom->Pause.show();
       zoom->Play.hide();
     }
@@ -136,7 +135,7 @@ void ListasZoom::ListZoom_RightClick() {
   if (context().work.Borrando) return;
   sound_.set_URL("");
   sound_.show_emptied();
-  if (Zoom* const zoom = context().windows.find<Zoom>()) {
+  if (Zoom* const zoom = context().windows.touch<Zoom>()) {
     zoom->Pause.show();
     zoom->Play.hide();
   }

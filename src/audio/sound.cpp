@@ -208,12 +208,13 @@ void Sound::show_loaded() {
 }
 
 void Sound::show_started() {
-  if (Player* const window = context_.windows.find<Player>()) window->show_started();
+  // It may be shown later on: then it must say that something plays.
+  if (Player* const window = player()) window->show_started();
   each_mirror([](Mirror& mirror) { mirror.show_action(kPlay); });
 }
 
 void Sound::show_emptied() {
-  if (Player* const window = context_.windows.find<Player>()) window->show_emptied();
+  if (Player* const window = player()) window->show_emptied();
   each_mirror([](Mirror& mirror) { mirror.show_emptied(); });
 }
 

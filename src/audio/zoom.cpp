@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -22,6 +23,16 @@ constexpr auto kBlink = std::chrono::milliseconds(330);
 
 std::size_t count_rows(const ui::ListBox& list, bool (*counts)(std::string_view)) {
   return static_cast<std::size_t>(std::count_if(list.rows().begin(), list.rows().end(), counts));
+}
+
+// Whether the window shows a row of a list of the main window. "flac" is shown and does not play:
+// it is more than what a click plays.
+bool is_shown(std::string_view row) {
+  constexpr std::size_t kLongest = 4;
+  const auto dot = row.find_last_of(".\\ ");
+  if (dot == row.npos || row[dot] != '.' || row.size() - dot - 1 > kLongest) return false;
+  const std::string extension = text::lower(std::string(row.substr(dot + 1)));
+  return is_played(extension) || extension == "vip" || extension == "flac";
 }
 
 }  // namespace
@@ -137,17 +148,17 @@ void Zoom::fill(const std::vector<std::string>& rows) {
 }
 
 void Zoom::fill_from(ui::ListBox& list) {
-  // "flac" is shown and does not play. It is more than what a click plays.
-  std::vector<std::string> rows;
-  rows.reserve(list.count());
-  for (const std::string& row : list.rows()) {
-    const std::string extension = text::lower(text::Obtener_Extension(row));
-    if (is_played(extension) || extension == "vip" || extension == "flac") rows.push_back(row);
+  const auto kept = [](const std::string& row) { return is_shown(row); };
+  if (std::all_of(list.rows().begin(), list.rows().end(), kept)) {
+    ui::share_rows(ListFilesZoom, list);  // long lists are not copied
+  } else {
+    std::vector<std::string> rows;
+    std::copy_if(list.rows().begin(), list.rows().end(), std::back_inserter(rows), kept);
+    ListFilesZoom.clear();
+    ListFilesZoom.add(std::move(rows));
+    ui::ListaAncho(ListFilesZoom);
   }
-  ListFilesZoom.clear();
-  ListFilesZoom.add(std::move(rows));
   List1.share(ListFilesZoom);
-  ui::ListaAncho(ListFilesZoom);
   list_mode_ = true;
   context().work.ZoomConHallados = false;
   context().work.ListaActual = &list;

@@ -31,6 +31,14 @@ int ListaAncho(ListBox& Lista) {
   return widest;
 }
 
+int share_rows(ListBox& Lista, const ListBox& other) {
+  Lista.share(other);
+  if (Lista.font() != other.font()) return ListaAncho(Lista);
+  Lista.set_horizontal_extent(other.horizontal_extent());
+  AnchoLista = other.horizontal_extent();
+  return AnchoLista;
+}
+
 int MedirTexto(const Control& control, std::string_view Texto) {
   return width(widths_of(control), Texto);
 }

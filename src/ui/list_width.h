@@ -11,6 +11,10 @@ namespace ordelan::ui {
 // gets 0.
 int ListaAncho(ListBox& Lista);
 
+// Takes the rows of another list that has its extent; they are measured again only where the two
+// are written in different fonts. Returns the extent.
+int share_rows(ListBox& Lista, const ListBox& other);
+
 // What the last `ListaAncho` of any list gave; 0 before the first.
 inline int AnchoLista = 0;
 

@@ -1,12 +1,22 @@
 #include "work/row_commands.h"
 
-#include "text/paths.h"
+#include <string_view>
 
 namespace ordelan::work {
 
+namespace {
+
+// A project's number and what parts it from the path stand before the drive's letter.
+std::string_view path_in_row(std::string_view row) {
+  const auto colon = row.find(':');
+  if (colon == row.npos || colon == 0 || row.find("----------") != row.npos) return {};
+  return row.find('>') == row.npos ? row : row.substr(colon - 1);
+}
+
+}  // namespace
+
 std::string path_of_row(const std::string& row) {
-  if (row.find(':') == row.npos || row.find("----------") != row.npos) return {};
-  return row.find('>') == row.npos ? row : text::Obtener_VipPath(row);
+  return std::string(path_in_row(row));
 }
 
 RowCommands::RowCommands(const system::Platform& platform, ui::ListBox& list, ui::Button& button)
@@ -49,17 +59,24 @@ void RowCommands::copy_found() const {
 }
 
 void RowCommands::copy_path() const {
-  copy(list_.marked_rows());
+  if (list_.marked_count() > 0) {
+    copy([this](std::size_t row) { return list_.marked(row); });
+  } else {
+    const auto current = static_cast<std::size_t>(list_.current());  // past the end for none
+    copy([current](std::size_t row) { return row == current; });
+  }
 }
 
 void RowCommands::copy_all() const {
-  copy(list_.rows());
+  copy([](std::size_t) { return true; });
 }
 
-void RowCommands::copy(const std::vector<std::string>& rows) const {
+// Lists are long: no row is copied on its own.
+void RowCommands::copy(const std::function<bool(std::size_t)>& wanted) const {
   std::string text;
-  for (const std::string& row : rows) {
-    const std::string path = path_of_row(row);
+  for (std::size_t i = 0; i < list_.count(); ++i) {
+    if (!wanted(i)) continue;
+    const std::string_view path = path_in_row(list_.row(i));
     if (path.empty()) continue;
     if (!text.empty()) text += "\r\n";
     text += path;

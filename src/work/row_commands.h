@@ -2,9 +2,10 @@
 // text, their folder, their properties.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
-#include <vector>
 
 #include "system/platform.h"
 #include "ui/button.h"
@@ -37,7 +38,7 @@ class RowCommands {
   ui::ListBox& list() const { return list_; }
 
  private:
-  void copy(const std::vector<std::string>& rows) const;
+  void copy(const std::function<bool(std::size_t)>& wanted) const;
 
   const system::Platform& platform_;
   ui::ListBox& list_;

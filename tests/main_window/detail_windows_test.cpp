@@ -213,6 +213,7 @@ TEST_F(DetailWindows, an_enlarged_row_plays_by_itself_and_shows_its_details) {
   EXPECT_EQ(work().ArchivoActual, a);
   EXPECT_EQ(marks(), "nyn");
   EXPECT_EQ(shown(player().Control), "nyy");
+  EXPECT_TRUE(zoom().Pause.visible()) << "where it is opened after the click";
   EXPECT_THAT(sound().rows.shown_text(), HasSubstr(" Tipo: Wav"));
   zoom().Pause.hide();
   click_enlarged(a);

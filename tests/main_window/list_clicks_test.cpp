@@ -127,6 +127,16 @@ TEST_F(ListClicks, without_the_box_for_the_player_that_is_left_alone) {
   EXPECT_EQ(media.URL(), "");
 }
 
+TEST_F(ListClicks, the_player_that_is_shown_later_says_that_a_file_plays) {
+  open_studio();
+  form.CheckPlayer.set_checked(false);
+  click_vip("a.wav");
+  ASSERT_TRUE(plays("Mix\\a.wav"));
+  form.cmdPlayer.on_click();
+  EXPECT_EQ(shown(player().Control), "nyy");
+  EXPECT_TRUE(player().TimerTime.running());
+}
+
 TEST_F(ListClicks, the_row_of_a_project_among_the_used_files_shows_its_details_and_no_warning) {
   open_studio();
   click(all(), "tema.vip");

@@ -3,11 +3,16 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "support/small_project.h"
+#include "window/answers.h"
 #include "window/drive_settings.h"
 #include "window/heard_fixture.h"
 #include "window/user_input.h"
@@ -211,6 +216,56 @@ TEST_F(ListsOfProgram, the_commands_of_a_row_come_by_the_button_and_by_the_key) 
   press_key(VK_DOWN);
   press_key(VK_RETURN);
   program->wait_until("the path", [&] { return clipboard() == path("Mix\\a.wav"); });
+}
+
+// More rows than any studio has. What is done with all of them at once must not hold up the window:
+// the longest wait for an answer is printed. ORDELAN_LONG_LISTS asks for it, as it takes a while.
+TEST_F(ListsOfProgram, two_hundred_thousand_rows_are_moved_marked_copied_and_shown) {
+  if (std::getenv("ORDELAN_LONG_LISTS") == nullptr) GTEST_SKIP() << "long lists were not asked for";
+  constexpr int kRows = 200'000;
+  std::filesystem::create_directories(folder() / "Largo");
+  {
+    std::ofstream file(folder() / "Largo" / "largo.vip", std::ios::binary);
+    file << std::string(96, 'x') << "cabecera" << '\0';
+    for (int i = 0; i < kRows; ++i) {
+      std::string field = path("Largo\\Toma " + std::to_string(1'000'000 + i) + ".wav");
+      field.resize(260);
+      file << field;
+    }
+    file << std::string("    LIST\0\0\0\0mdrl tail", 21);
+  }
+  write_settings("E",
+                 "Player autom\xE1tico=0\r\nZoom_Left=500\r\nZoom_Top=560\r\n"
+                 "ListasZoom_Left=500\r\nListasZoom_Top=560\r\n");
+  start();
+  open(path("Largo\\largo.vip"));
+  watch_answers(*program, "opened in", [&] { return program->visible("ZoomListas"); });
+  ASSERT_EQ(program->row_count("ListVip"), static_cast<std::size_t>(kRows));
+  const auto answers_after = [&](const std::string& what, const std::function<void()>& act) {
+    act();
+    const auto begun = std::chrono::steady_clock::now();
+    watch_answers(*program, what, [&] {
+      return std::chrono::steady_clock::now() - begun > std::chrono::seconds(1);
+    });
+  };
+  tab_to("ListVip");
+  program->key(VK_HOME);
+  answers_after("End", [&] { program->key(VK_END); });
+  EXPECT_EQ(program->selected("ListVip"), kRows - 1);
+  answers_after("Shift and Home", [&] { program->key(VK_HOME, false, true); });
+  answers_after("Ctrl and A", [&] { program->key('A', true); });
+  answers_after("Ctrl and C of all", [&] { program->key('C', true); });
+  EXPECT_GT(clipboard().size(), 40u * kRows);
+  answers_after("letters", [&] { program->type("toma 1199"); });
+  program->key(VK_HOME);
+  answers_after("a right click", [&] { program->right_click_row("ListVip", 0); });
+  program->use_window("Zoom");
+  EXPECT_EQ(program->row_count("ListFilesZoom"), static_cast<std::size_t>(kRows));
+  program->close_window();
+  program->use_window("Form1");
+  program->click("ZoomListas");
+  answers_after("an enlarged list", [&] { program->click_row("ListVip", 0); });
+  EXPECT_TRUE(program->window_shown("ListasZoom"));
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <shellapi.h>
 
-#include <cstring>
+#include <cstddef>
 #include <string>
 
 #include "win32/ansi_text.h"
@@ -37,13 +37,17 @@ class Owner {
   HWND window_;
 };
 
-// The text in memory as the clipboard wants it; null where there is none left.
-HGLOBAL clipboard_text(const std::wstring& text) {
-  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-  void* const place = memory ? GlobalLock(memory) : nullptr;
+// The text in memory as the clipboard wants it; null where there is none left. It may be long: it
+// is written there at once.
+HGLOBAL clipboard_text(const std::string& text) {
+  const int length = static_cast<int>(text.size());
+  const int size = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+  const HGLOBAL memory =
+      GlobalAlloc(GMEM_MOVEABLE, (static_cast<std::size_t>(size) + 1) * sizeof(wchar_t));
+  auto* const place = static_cast<wchar_t*>(memory ? GlobalLock(memory) : nullptr);
   if (place == nullptr) return memory ? GlobalFree(memory) : nullptr;
-  std::memcpy(place, text.c_str(), bytes);
+  MultiByteToWideChar(CP_ACP, 0, text.data(), length, place, size);
+  place[size] = L'\0';
   GlobalUnlock(memory);
   return memory;
 }
@@ -51,7 +55,7 @@ HGLOBAL clipboard_text(const std::wstring& text) {
 }  // namespace
 
 bool Win32Shell::copy_text(const std::string& text) {
-  const HGLOBAL memory = clipboard_text(widen(text));
+  const HGLOBAL memory = clipboard_text(text);
   if (memory == nullptr) return false;
   const Owner owner;
   bool taken = false;
