@@ -280,8 +280,11 @@ void Zoom::ListFilesZoom_Click() {
   player->TimerDisplay.stop();
   player->LabelDisplay.set_caption("");
   sound_.Control_Click(kStop);
-  if (!work.ZoomConHallados && work.ListaActual != nullptr) {
-    work.ListaActual->set_current(ListFilesZoom.current());
+  const int current = ListFilesZoom.current();
+  // A row that the list does not have leaves its choice as it is.
+  if (!work.ZoomConHallados && work.ListaActual != nullptr &&
+      static_cast<std::size_t>(current) < work.ListaActual->count()) {
+    work.ListaActual->set_current(current);
   }
   const std::string row = ListFilesZoom.current_row();
   const std::string extension = text::lower(text::Obtener_Extension(row));

@@ -33,6 +33,7 @@ PictureAlign=0
 Icon=opciones
 ButtonColor=$Ground
 [Form1.cmdPararBusqueda]
+PictureAlign=3
 Icon=cancelar
 ButtonColor=$Ground
 [Form1.LabelIndice]

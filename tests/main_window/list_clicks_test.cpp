@@ -287,6 +287,16 @@ TEST_F(ListClicks, a_click_in_the_detail_window_chooses_the_row_of_the_list) {
   EXPECT_TRUE(silent());
 }
 
+TEST_F(ListClicks, a_row_of_the_detail_window_that_the_list_does_not_have_leaves_its_choice) {
+  open_studio();
+  vip().on_right_click();
+  vip().set_current(2);
+  zoom().fill({"D:\\1.wav", "D:\\2.wav", "D:\\3.wav", "D:\\4.wav", "D:\\5.wav"});
+  zoom().ListFilesZoom.chosen(4);
+  zoom().ListFilesZoom.on_click();
+  EXPECT_EQ(vip().current(), 2);
+}
+
 TEST_F(ListClicks, a_lost_row_is_searched_and_what_is_found_is_loaded) {
   open_studio();
   click_vip("perdido.wav");

@@ -8,9 +8,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
+#include "audio/lists_zoom.h"
 #include "audio/player.h"
 #include "audio/sa.h"
 #include "audio/zoom.h"
@@ -463,6 +465,99 @@ TEST_F(LookInside, no_caption_of_a_button_or_box_is_wider_than_its_control) {
     EXPECT_LE(words + beside, each->bounds().width) << caption;
   }
   EXPECT_GE(looked_at, 15);
+}
+
+// The lists of a decoded studio, with what a click, a right click and the pointer show of them.
+class LookOfLists : public LookInside {
+ protected:
+  LookOfLists() : form(program->form) {
+    form.ShowIco.hide();
+    form.TextNum1.set_visible(false);
+    form.ListProyectosInfo.hide();
+    form.play.show();
+    for (ui::Control* const each : std::initializer_list<ui::Control*>{
+             &form.lists.ListVip, &form.lists.ListUtilizados, &form.lists.ListBorrar,
+             &form.SalvaListados, &form.ActualizarVip, &form.ZoomListas, &form.cmdPerdidos,
+             &form.CommandBorrado}) {
+      each->show();
+    }
+    form.lists.ListProyectos.add("1 --> D:\\Sesiones\\Cuarteto\\Cuarteto en vivo.vip");
+    form.lists.ListProyectos.add("2 --> D:\\Sesiones\\Cuarteto\\Ensayo.vip");
+    for (int i = 1; i <= 24; ++i) {
+      const std::string file = "D:\\Sesiones\\Cuarteto\\Tomas\\Toma " + std::to_string(100 + i) +
+                               (i % 5 == 0 ? " violonchelo, micrófono lejano.mp3" : " violín.wav");
+      form.lists.ListVip.add(file);
+      form.lists.ListUtilizados.add(i == 1 ? form.lists.ListProyectos.row(0) : file);
+      if (i % 4 == 0) form.lists.ListBorrar.add(file);
+    }
+    form.lists.head_projects("D:\\Sesiones\\Cuarteto\\");
+    form.lists.head_project("D:\\Sesiones\\Cuarteto\\Cuarteto en vivo.vip",
+                            "D:\\Sesiones\\Cuarteto\\");
+    form.lists.LabelAdd[0].set_caption("212  archivos en: 2 proyectos, 31 duplicados; Total: 181");
+    form.lists.LabelAdd[1].set_caption("D:\\Sesiones\\Cuarteto\\");
+    form.lists.LabelErase[1].set_caption("Archivos no utilizados: 6     Duplicados: 0    Total: 6");
+    form.lists.LabelCheck.set_visible(true);
+    form.lists.LabelCount.set_visible(true);
+    form.lists.LabelAdd.set_visible(true);
+    form.lists.LabelErase[1].show();
+    form.clicks.cmdFilas.set_visible(true);
+    form.play.ImagePlayPauSt[0].hide();
+    form.play.ImagePlayPauSt[1].show();
+    list().set_current(2);
+    list().on_mouse_move({.at = {230, 45}});
+  }
+  ui::ListBox& list() { return form.lists.ListVip; }
+
+  main_window::Form1& form;
+};
+
+constexpr const char* kDetails =
+    " Tamaño: 48,21 Mb\r\n Fecha: 14/03/2026 18:22:07\r\n"
+    "----------------------------------------\r\n Tipo: Wav\r\n Canales: 2\r\n Frec: 48000\r\n"
+    " Bits: 24";
+
+TEST_F(LookOfLists, with_the_balloon_of_a_row_and_marked_ones) {
+  SetFocus(control(L"Form1", L"ListVip"));
+  form.path_strip.MostrarPath(list().row(2));
+  list().mark_click(5, ui::kControlKey);
+  list().mark_click(6, ui::kControlKey);
+  form.sound().rows.show_text(list(), "Toma 103 violín.wav", kDetails);
+  take({L"Form1"}, "lists");
+}
+
+TEST_F(LookOfLists, while_a_lost_file_is_searched) {
+  form.clicks.cmdPararBusqueda.show();
+  form.clocks.iniciarCrono();
+  form.strip.Alerta(work::kWaiting,
+                    "Buscando: Toma 103 violín.wav\r\nEn la Unidad: E:\\Archivo\r\nESPERAR", true);
+  take({L"Form1"}, "lists-searching");
+}
+
+TEST_F(LookOfLists, in_the_detail_window_and_enlarged) {
+  auto& zoom = *program->windows.touch<audio::Zoom>();
+  zoom.set_position({640, 330});
+  zoom.fill_from(list());
+  zoom.LabelNvip.set_caption(form.lists.LabelCount[0].caption());
+  zoom.Files.set_caption(form.lists.LabelCount[1].caption());
+  zoom.ListFilesZoom.set_current(3);
+  zoom.ListFilesZoom.on_mouse_move({.at = {100, 60}});
+  zoom.TextInfo.set_text(kDetails);
+  zoom.ImageIcono.show();
+  zoom.ShapeVip.show();
+  zoom.LabelVip.show();
+  zoom.show();
+  take({L"Zoom"}, "lists-zoom");
+  zoom.hide();
+  form.ZoomListas.set_checked(true);
+  list().chosen(2);
+  list().on_click();
+  auto& enlarged = *program->windows.touch<audio::ListasZoom>();
+  enlarged.set_position({40, 60});
+  enlarged.ListZoom.set_current(4);
+  enlarged.ListZoom.on_mouse_move({.at = {100, 80}});
+  enlarged.ImageIcono.show();
+  take({L"ListasZoom"}, "lists-enlarged");
+  enlarged.resized_to(enlarged.smallest_size());
 }
 
 }  // namespace
