@@ -99,6 +99,7 @@ void ListasZoom::show_list(const ui::ListBox& list, const std::string& title,
 // and a row without a dot is none.
 void ListasZoom::ListZoom_Click() {
   if (context().work.Borrando) return;
+  const Sound::Click click = sound_.begin_click();
   ImageIcono.hide();
   const std::string row = ListZoom.current_row();
   const std::string kind = last_three(row);
@@ -108,8 +109,8 @@ void ListasZoom::ListZoom_Click() {
   } else if (is_played(kind)) {
     context().work.ArchivoActual = row;
     sound_.info.InfoAudio(kind, row);
-    // It lets events run: another row may be in hand by then, or no window.
-    if (context().windows.find<ListasZoom>() != this || ListZoom.current_row() != row) return;
+    // It lets events run: something newer may be in hand by then, or no window.
+    if (context().windows.find<ListasZoom>() != this || !sound_.is_newest(click)) return;
     sound_.rows.ToolTipShow("ListZoom", ListZoom, row);
     sound_.set_URL(row);
     if (Zoom* const zoom = context().windows.touch<Zoom>()) {
@@ -133,6 +134,7 @@ void ListasZoom::ListZoom_DblClick() {
 // stopped here is begun again by a click here.
 void ListasZoom::ListZoom_RightClick() {
   if (context().work.Borrando) return;
+  sound_.begin_click();
   sound_.set_URL("");
   sound_.show_emptied();
   if (Zoom* const zoom = context().windows.touch<Zoom>()) {

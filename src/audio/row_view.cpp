@@ -27,13 +27,6 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-// The path of a row that holds a mark: it stands before the mark, or, with the number of a project
-// there, after it.
-std::string path_of(const std::string& row) {
-  const std::string before(trimmed(std::string_view(row).substr(0, row.find('>'))));
-  return before.find(':') == before.npos ? text::Obtener_VipPath(row) : before;
-}
-
 }  // namespace
 
 RowView::RowView(const work::Context& context, FileInfo& info)
@@ -48,6 +41,12 @@ RowView::RowView(const work::Context& context, FileInfo& info)
     each.set_icon(1);
     each.set_delay_time(10);
   }
+}
+
+std::string RowView::path_of(const std::string& row) {
+  if (row.find('>') == row.npos) return row;
+  const std::string before(trimmed(std::string_view(row).substr(0, row.find('>'))));
+  return before.find(':') == before.npos ? text::Obtener_VipPath(row) : before;
 }
 
 void RowView::ViewItem(ui::ListBox& Lista, ui::Point at, ui::Label& Label) {

@@ -41,6 +41,10 @@ class RowView {
   // Whether one is shown, and its text: empty for none.
   std::string shown_text() const;
 
+  // The path that a row of a file list holds: of one with a mark what stands before the mark, or of
+  // a project's what follows its number.
+  static std::string path_of(const std::string& row);
+
   // Where the pointer was last, in units of its list, both packed into one number, and the row
   // there, from 0; -1 for none.
   std::int32_t CursorX = 0;

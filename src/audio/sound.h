@@ -135,14 +135,28 @@ class Sound {
   // Set by the main window: brings it back if it is minimised.
   std::function<void()> restore_main_window = [] {};
 
-  // Set by the main window: searches the ticked drives for a lost file whose row is the current one
-  // of a list, and lets the user end the search. Whether it was found: ArchivoActual is then its
-  // path.
-  std::function<bool(const std::string& file, ui::ListBox& list)> find_lost =
-      [](const std::string&, ui::ListBox&) { return false; };
-  // How many clicks on rows there have been: one that has waited for a search goes on only if no
-  // other has come meanwhile.
-  std::uint64_t clicks = 0;
+  // A click on a row. Events run while it reads a file or searches one: it gives up where something
+  // newer has come.
+  struct Click {
+    std::uint64_t number = 0;
+    work::JobNumber job = 0;
+  };
+  // A click begins: the search of an older one ends, and the older one gives up.
+  Click begin_click();
+  // Whether no other click has come since, nor a reset, an opening or any other job.
+  bool is_newest(const Click& click) const;
+
+  // Searches the ticked drives for a lost file whose row is the current one of a list, and lets the
+  // user end the search. Whether it was found: ArchivoActual is then its path. The click goes on as
+  // part of the search's job. False at once while another search comes to its end: `again`
+  // runs after that, if no other click has come.
+  bool find_lost(const std::string& file, ui::ListBox& list, Click& click,
+                 const std::function<void()>& again);
+  // The row that is searched, of that list; -1 and null while no click searches.
+  int searched_row() const { return searched_row_; }
+  const ui::ListBox* searched_list() const { return searched_list_; }
+  // Set by the main window: a search of a click begins, or ends.
+  std::function<void(bool begins)> on_search = [](bool) {};
 
   // Has all sound come out of that device, empty for the system's default, and stores it. The
   // volume stays.
@@ -168,6 +182,15 @@ class Sound {
   system::Media& media_;
   std::vector<Mirror*> mirrors_;
   bool choosing_ = false;  // files are being picked for the player
+  std::uint64_t clicks_ = 0;
+  int searched_row_ = -1;
+  const ui::ListBox* searched_list_ = nullptr;  // compared, and never followed
+  // A lost row that was clicked while another was searched.
+  struct Waiting {
+    std::uint64_t click = 0;
+    std::function<void()> again;
+  };
+  std::optional<Waiting> waiting_;
 };
 
 }  // namespace ordelan::audio

@@ -77,6 +77,7 @@ Zoom::Zoom(const work::Context& context, Sound& sound)
   on_close = [this] { Close_Click(); };
   Close.on_click = on_close;
   on_unload = [this] {
+    if (sound_.searched_list() == &ListFilesZoom) sound_.begin_click();  // it is not waited for
     store_place();
     work::write_box(this->context().settings, CheckAutoPlay);
     work::write_box(this->context().settings, CheckToolTips);
@@ -288,10 +289,10 @@ void Zoom::ListFilesZoom_Click() {
   }
   const std::string row = ListFilesZoom.current_row();
   const std::string extension = text::lower(text::Obtener_Extension(row));
-  // Events run in what follows: another row may be in hand by then, or no window.
-  const auto still = [&sound = sound_, &windows = context().windows, this,
-                      click = ++sound_.clicks] {
-    return windows.find<Zoom>() == this && sound.clicks == click;
+  // Events run in what follows: something newer may be in hand by then, or no window.
+  Sound::Click click = sound_.begin_click();
+  const auto still = [&click, &sound = sound_, &windows = context().windows, this] {
+    return windows.find<Zoom>() == this && sound.is_newest(click);
   };
   const auto inform = [&](const std::string& path) {
     sound_.info.InfoAudio(extension, path);
@@ -332,7 +333,7 @@ void Zoom::ListFilesZoom_Click() {
   if (!found) {
     // Also a kind that does not play goes on, after its warning: the engine may know better.
     std::string path = text::Obtener_VipPath(row);
-    const bool lost = !context().platform.files.look_up(path) && !find_lost(row, path);
+    const bool lost = !context().platform.files.look_up(path) && !find_lost(row, path, click);
     if (!still()) return;
     if (lost) {
       sound_.set_URL("");
@@ -357,10 +358,13 @@ void Zoom::ListFilesZoom_Click() {
 }
 
 // Searches the ticked drives for the file of a row. Whether it was found: `path` is then where.
-bool Zoom::find_lost(const std::string& row, std::string& path) {
+bool Zoom::find_lost(const std::string& row, std::string& path, Sound::Click& click) {
   const work::WorkInHand& work = context().work;
   if (work.Descodificando || work.Actualizando) return false;  // theirs is the search
-  if (!sound_.find_lost(row, ListFilesZoom)) return false;
+  const auto again = [&windows = context().windows, this, row] {
+    if (windows.find<Zoom>() == this && ListFilesZoom.current_row() == row) ListFilesZoom_Click();
+  };
+  if (!sound_.find_lost(row, ListFilesZoom, click, again)) return false;
   path = work.ArchivoActual;
   return true;
 }

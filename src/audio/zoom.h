@@ -80,7 +80,7 @@ class Zoom final : public work::ProgramWindow, private Mirror {
   void CheckToolTips_Click();
   void TimerVip_Tick();
   void show_project(bool shown);
-  bool find_lost(const std::string& row, std::string& path);
+  bool find_lost(const std::string& row, std::string& path, Sound::Click& click);
   void load(const std::string& path);
   void SliderVol_Change(std::int32_t Value);
   void PlayerMaster_Click();

@@ -48,7 +48,7 @@ bool Buscar::try_other_letters(const std::string& Ruta) {
   return found;
 }
 
-bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox& Lista) {
+bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox&) {
   if (searching_) return false;
   const UnderWay under_way(searching_);
   stopped_ = false;
@@ -63,13 +63,13 @@ bool Buscar::BuscarEnTodasUnidades(const std::string& Archivo, ui::ListBox& List
     context_.strip.LabelAviso.hide();
   }
   work::Job job = work::Job::join(context_.work, context_.platform);
-  const bool found = search(std::string(Archivo), Lista, job);
+  const bool found = search(std::string(Archivo), job);
   asked_.clear();
   announced_.reset();
   return found && !job.superseded();
 }
 
-bool Buscar::search(const std::string& file, const ui::ListBox& list, work::Job& job) {
+bool Buscar::search(const std::string& file, work::Job& job) {
   const bool is_path = file.find(':') != std::string::npos;
   const std::string name = is_path ? Obtener_Nombre_Archivo(file) : file;
   if (name.empty()) return false;
@@ -108,7 +108,7 @@ bool Buscar::search(const std::string& file, const ui::ListBox& list, work::Job&
     if (context_.work.Cancelar || stopped_) {
       context_.strip.Alerta(work::kProgress, ": ", false);
       found = false;
-    } else if (found = tell(file, list); found && silent && List2.count() > 1) {
+    } else if (found = tell(file); found && silent && List2.count() > 1) {
       found = choose(job);
       if (job.superseded()) return false;
     }
@@ -161,7 +161,7 @@ void Buscar::show_announced() {
 }
 
 // Says what was found. Whether anything was.
-bool Buscar::tell(const std::string& file, const ui::ListBox& list) {
+bool Buscar::tell(const std::string& file) {
   context_.lists.ListProyectos.window().set_waiting(false);
   const std::string head = "El archivo: ";
   const std::size_t count = List2.count();
@@ -179,7 +179,7 @@ bool Buscar::tell(const std::string& file, const ui::ListBox& list) {
   if (count == 1) {
     const std::string text = head + file + kLine + "Ha sido encontrado en: " + kLine + List2.row(0);
     context_.strip.Alerta(work::kResult, text, true);
-    if (hits_.one(list, List2.row(0))) {
+    if (hits_.one(List2.row(0))) {
       context_.strip.Alerta(work::kResult,
                             text + kLine + "La ruta del PlayList ha sido actualizada", true);
     }

@@ -23,10 +23,8 @@ namespace ordelan::location {
 // Where the hits of a search of the user's own go besides the strip. Not called while projects are
 // updated.
 struct HitListener {
-  // The one hit of a search for the current row of `Lista`. Whether a list that the user sees has
-  // taken it in place of that row.
-  std::function<bool(const ui::ListBox& Lista, const std::string& hit)> one =
-      [](const ui::ListBox&, const std::string&) { return false; };
+  // The one hit. Whether a list that the user sees has taken it in place of the lost row.
+  std::function<bool(const std::string& hit)> one = [](const std::string&) { return false; };
   // Several hits: the user is to choose.
   std::function<void(const std::vector<std::string>& hits)> several =
       [](const std::vector<std::string>&) {};
@@ -86,11 +84,11 @@ class Buscar final : public ui::Window {
  private:
   std::shared_ptr<cFindFiles> new_finder();
   UnidadesBuscar* boxes();
-  bool search(const std::string& file, const ui::ListBox& list, work::Job& job);
+  bool search(const std::string& file, work::Job& job);
   bool must_stop(const work::Job& job) const { return stopped_ || job.must_stop(); }
   bool try_other_letters(const std::string& path);
   bool find_everywhere(const std::string& file, work::Job& job);
-  bool tell(const std::string& file, const ui::ListBox& list);
+  bool tell(const std::string& file);
   bool choose(work::Job& job);
   bool choose_by_folder();
   void announce(std::string text);

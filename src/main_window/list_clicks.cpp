@@ -1,11 +1,8 @@
 #include "main_window/list_clicks.h"
 
-#include <utility>
-
 #include "audio/lists_zoom.h"
 #include "audio/transport_texts.h"
 #include "audio/zoom.h"
-#include "location/search_window.h"
 #include "text/code_page.h"
 #include "text/paths.h"
 
@@ -51,8 +48,9 @@ ListClicks::ListClicks(ui::Window& window, const work::Context& context, audio::
   cmdPararBusqueda.set_tip("Dejar de buscar este archivo (Esc)");
   cmdPararBusqueda.hide();
   cmdPararBusqueda.on_click = [this] { cmdPararBusqueda_Click(); };
-  sound.find_lost = [this](const std::string& file, ui::ListBox& list) {
-    return find_lost(file, list);
+  sound.on_search = [this](bool begins) {
+    if (begins) controls_.path_strip.hide();  // the strip of a search stands there
+    cmdPararBusqueda.set_visible(begins);
   };
   for (List* const each : {&proyectos_, &vip_, &utilizados_, &borrar_}) wire(*each);
   for (List* const each : {&vip_, &utilizados_, &borrar_}) {
@@ -91,7 +89,6 @@ void ListClicks::click_row(List& clicked, std::string row) {
   sound_.hide_AvisoPL();
   sound_.hide_balloons();
   IndiceActual = -1;
-  waiting_.reset();
   if (enlarge(clicked)) return;
   if (!context_.work.Descodificando && !context_.work.Actualizando) play(clicked, row);
   sound_.HacerVisibles();
@@ -126,14 +123,14 @@ void ListClicks::show_enlarged(ListasZoom& window, const List& standing, const u
   window.show_list(rows, title, standing.tag);
 }
 
-// Whether the click is the last one, and the window is still free for it.
-bool ListClicks::may_go_on(std::uint64_t click) const {
+// Whether the click is the newest, and the window is still free for it.
+bool ListClicks::may_go_on(const audio::Sound::Click& click) const {
   const work::WorkInHand& work = context_.work;
-  return sound_.clicks == click && !work.Borrando && !work.Descodificando && !work.Actualizando;
+  return sound_.is_newest(click) && !work.Borrando && !work.Descodificando && !work.Actualizando;
 }
 
 void ListClicks::play(List& clicked, const std::string& row) {
-  const std::uint64_t click = ++sound_.clicks;
+  audio::Sound::Click click = sound_.begin_click();
   context_.strip.TextDecode.hide();
   controls_.path_strip.MostrarPath(row);
   sound_.set_URL("");  // what was playing
@@ -148,32 +145,30 @@ void ListClicks::play(List& clicked, const std::string& row) {
     }
     return;
   }
-  work::WorkInHand& work = context_.work;
-  work.ArchivoActual = row;
+  const std::string path = audio::RowView::path_of(row);
+  context_.work.ArchivoActual = path;
   auto* const zoom = context_.windows.touch<Zoom>();
-  if (context_.platform.files.look_up(row)) {
+  if (context_.platform.files.look_up(path)) {
     if (with_player) sound_.SituarPlayer(true);
     if (zoom != nullptr) zoom->follow_click(clicked.list.current(), row);
     start(clicked, extension, click, false);
     return;
   }
   if (zoom != nullptr) zoom->follow_lost(clicked.list.current(), row);
-  if (work.Buscando) {
-    // One search at a time: the one that runs ends, and this one follows it.
-    if (auto* const buscar = context_.windows.find<location::Buscar>()) buscar->stop_search();
-    waiting_ = Waiting{&clicked, row};
-    return;
-  }
-  if (!find_lost(text::Obtener_Nombre_Archivo(row), clicked.list) || !may_go_on(click)) return;
-  clicked.commands.note_found(row, work.ArchivoActual);
+  const auto again = [this, &clicked, row] {
+    if (clicked.list.current_row() == row) this->click(clicked);
+  };
+  const std::string name = text::Obtener_Nombre_Archivo(path);
+  if (!sound_.find_lost(name, clicked.list, click, again) || !may_go_on(click)) return;
+  clicked.commands.note_found(row, context_.work.ArchivoActual);
   start(clicked, extension, click, true);
   // Where the player was hidden this stops what has just begun: the file waits in it.
   if (may_go_on(click) && with_player) sound_.SituarPlayer(true);
 }
 
 // Plays ArchivoActual and shows what is known of it.
-void ListClicks::start(List& clicked, const std::string& extension, std::uint64_t click,
-                       bool searched) {
+void ListClicks::start(List& clicked, const std::string& extension,
+                       const audio::Sound::Click& click, bool searched) {
   const std::string path = context_.work.ArchivoActual;
   sound_.info.InfoAudio(extension, path);
   if (!may_go_on(click)) return;  // events have run
@@ -193,9 +188,9 @@ void ListClicks::start(List& clicked, const std::string& extension, std::uint64_
   if (zoom != nullptr && zoom->visible()) zoom->Play_Click();
 }
 
-bool ListClicks::take_hit(const ui::ListBox& list, const std::string& hit) {
-  auto* const zoom = context_.windows.touch<Zoom>();
-  const int row = list.current();
+bool ListClicks::take_hit(const std::string& hit) {
+  auto* const zoom = context_.windows.find<Zoom>();
+  const int row = sound_.searched_row();  // a key may have moved the choice since
   if (zoom == nullptr) return false;
   if (row >= 0 && static_cast<std::size_t>(row) < zoom->ListFilesZoom.count()) {
     zoom->ListFilesZoom.replace(static_cast<std::size_t>(row), hit);
@@ -207,24 +202,8 @@ void ListClicks::offer_hits(const std::vector<std::string>& hits) {
   if (auto* const zoom = context_.windows.touch<Zoom>()) zoom->fill_with_hits(hits);
 }
 
-bool ListClicks::find_lost(const std::string& file, ui::ListBox& list) {
-  auto* const buscar = context_.windows.touch<location::Buscar>();
-  if (buscar == nullptr || context_.work.Buscando) return false;
-  controls_.path_strip.hide();  // the strip of a search stands there
-  cmdPararBusqueda.show();
-  const bool found = buscar->BuscarEnTodasUnidades(file, list);
-  cmdPararBusqueda.hide();
-  const auto next = std::exchange(waiting_, std::nullopt);
-  if (!next) return found;
-  if (!context_.work.Borrando && next->list->list.current_row() == next->row) {
-    click_row(*next->list, next->row);
-  }
-  return false;
-}
-
 void ListClicks::cmdPararBusqueda_Click() {
-  waiting_.reset();
-  if (auto* const buscar = context_.windows.find<location::Buscar>()) buscar->stop_search();
+  sound_.begin_click();
 }
 
 // Neither the current row nor a menu: the whole list goes to the detail window.

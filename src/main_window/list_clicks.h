@@ -3,8 +3,6 @@
 // number.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,13 +48,11 @@ class ListClicks {
   // The rows of ListVip in the enlarged list, which stands for ListProyectos: a double click there
   // decodes the project of the same number, as users of the list are used to.
   void enlarge_projects();
-  // The one hit of a search for the current row of `list` takes the place of the row of that number
-  // in the detail window. Whether that is shown.
-  bool take_hit(const ui::ListBox& list, const std::string& hit);
+  // The one hit of a search takes the place of the row of the searched one's number in the detail
+  // window. Whether that is shown.
+  bool take_hit(const std::string& hit);
   // Several hits: the detail window shows them, so that the user can listen to each.
   void offer_hits(const std::vector<std::string>& hits);
-  // Searches for a lost file; see `Sound::find_lost`.
-  bool find_lost(const std::string& file, ui::ListBox& list);
   // Ends the search that runs. What is on screen stays.
   void cmdPararBusqueda_Click();
   // What was found for rows that go now.
@@ -73,10 +69,6 @@ class ListClicks {
     ui::ControlArray<ui::Label>& heading;
     work::RowCommands commands;
   };
-  struct Waiting {
-    List* list;
-    std::string row;
-  };
 
   void wire(List& list);
   void click(List& clicked);
@@ -85,10 +77,11 @@ class ListClicks {
   void show_enlarged(audio::ListasZoom& window, const List& standing, const ui::ListBox& rows,
                      const std::string& title);
   void play(List& clicked, const std::string& row);
-  void start(List& clicked, const std::string& extension, std::uint64_t click, bool searched);
+  void start(List& clicked, const std::string& extension, const audio::Sound::Click& click,
+             bool searched);
   void right_click(List& clicked);
   void point(const List& pointed, ui::Point at);
-  bool may_go_on(std::uint64_t click) const;
+  bool may_go_on(const audio::Sound::Click& click) const;
 
   work::Context context_;
   audio::Sound& sound_;
@@ -97,7 +90,6 @@ class ListClicks {
   List vip_;
   List utilizados_;
   List borrar_;
-  std::optional<Waiting> waiting_;  // a lost row that was clicked while another was searched
 };
 
 }  // namespace ordelan::main_window

@@ -69,9 +69,7 @@ Form1::Form1(ui::Backend& backend, const system::Platform& platform, work::WorkI
                    removal_.drives_chosen();
                    ActualizarVip.set_visible(ticked > 0);
                  },
-                 {[this](const ui::ListBox& list, const std::string& hit) {
-                    return clicks.take_hit(list, hit);
-                  },
+                 {[this](const std::string& hit) { return clicks.take_hit(hit); },
                   [this](const std::vector<std::string>& hits) { clicks.offer_hits(hits); }}}),
       removal_(context(), sound_,
                {[this] { path_strip.ListPath.hide(); },

@@ -127,6 +127,7 @@ void Form1::ListProyectos_Click() {
   work_.ClickEnLista = true;
   if (work_.Descodificando) return;
   ui::ListBox& list = lists.ListProyectos;
+  sound_.begin_click();  // what is searched for a click on another list is not waited for
   path_strip.MostrarPath(list.current_row());
   sound_.media().stop();
   if (ZoomListas.checked()) {

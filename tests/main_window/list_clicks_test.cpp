@@ -505,5 +505,150 @@ TEST_F(ListClicks, a_file_that_goes_before_it_is_looked_at_shows_no_balloon) {
   EXPECT_EQ(balloon(), "");
 }
 
+TEST_F(ListClicks, a_reset_while_a_file_is_read_ends_the_click) {
+  open_studio();
+  bool done = false;
+  backend.on_pump = [&] {
+    if (done || work.Buscando || work.ArchivoActual.empty()) return;
+    done = true;
+    form.cmdReset_Click();
+  };
+  click_vip("a.wav");
+  ASSERT_TRUE(done);
+  EXPECT_EQ(media.URL(), "");
+  EXPECT_EQ(shown(form.play.ImagePlayPauSt), "nnn");
+  EXPECT_EQ(balloon(), "");
+}
+
+TEST_F(ListClicks, a_project_that_is_decoded_while_a_file_is_read_ends_the_click) {
+  open_studio();
+  bool done = false;
+  backend.on_pump = [&] {
+    if (done || work.Buscando || work.Descodificando || work.ArchivoActual.empty()) return;
+    done = true;
+    double_click(1);
+  };
+  click_vip("a.wav");
+  ASSERT_TRUE(done);
+  EXPECT_EQ(media.URL(), "");
+}
+
+TEST_F(ListClicks, a_key_during_a_search_does_not_lead_the_hit_to_another_row) {
+  open_studio();
+  vip().on_right_click();
+  in_the_middle([&] { return work.Buscando; }, [&] { vip().chosen(0, true); });
+  const auto before = zoom().ListFilesZoom.rows();
+  click_vip("perdido.wav");
+  EXPECT_EQ(zoom().ListFilesZoom.row(0), before[0]);
+}
+
+TEST_F(ListClicks, a_click_in_the_detail_window_ends_its_search) {
+  open_studio();
+  vip().on_right_click();
+  const auto before = zoom().ListFilesZoom.rows();
+  in_the_middle([&] { return work.Buscando; }, [&] { click(zoom().ListFilesZoom, "a.wav"); });
+  click(zoom().ListFilesZoom, "perdido.wav");
+  EXPECT_EQ(zoom().ListFilesZoom.row(0), before[0]);
+  EXPECT_EQ(work.ArchivoActual, before[0]);
+  EXPECT_EQ(strip(), "");
+}
+
+TEST_F(ListClicks, a_click_that_plays_ends_the_search_of_the_one_before) {
+  open_studio();
+  in_the_middle([&] { return work.Buscando; }, [&] { click_vip("a.wav"); });
+  click_vip("perdido.wav");
+  EXPECT_TRUE(plays("Mix\\a.wav"));
+  EXPECT_EQ(work.ArchivoActual, disk.path("Mix\\a.wav"));
+  EXPECT_EQ(strip(), "");
+}
+
+TEST_F(ListClicks, another_lost_row_of_the_detail_window_is_searched_next) {
+  open_studio();
+  disk.write("Otra\\tambien.wav", "audio");
+  vip().add(disk.path("Mix\\tambien.wav"));
+  vip().on_right_click();
+  in_the_middle([&] { return work.Buscando; }, [&] { click(zoom().ListFilesZoom, "tambien.wav"); });
+  click(zoom().ListFilesZoom, "perdido.wav");
+  EXPECT_EQ(media.URL(), disk.path("Otra\\tambien.wav"));
+}
+
+TEST_F(ListClicks, a_click_in_the_enlarged_list_is_newer_than_a_search) {
+  open_studio();
+  form.ZoomListas.set_checked(true);
+  click_vip("a.wav");
+  in_the_middle([&] { return work.Buscando; }, [&] { click(enlarged().ListZoom, "a.wav"); });
+  click_vip("perdido.wav");
+  EXPECT_TRUE(plays("Mix\\a.wav"));
+}
+
+TEST_F(ListClicks, a_click_on_a_project_ends_the_search) {
+  open_studio();
+  form.CheckPlayer.set_checked(false);
+  in_the_middle([&] { return work.Buscando; },
+                [&] { click(form.lists.ListProyectos, "voces.vip"); });
+  click_vip("perdido.wav");
+  EXPECT_EQ(media.URL(), "");
+}
+
+TEST_F(ListClicks, a_detail_window_that_is_closed_ends_its_search) {
+  open_studio();
+  vip().on_right_click();
+  int pumps = 0;
+  bool closed = false;
+  backend.on_pump = [&] {
+    if (!work.Buscando) return;
+    if (!closed) {
+      closed = true;
+      zoom().on_escape();
+      return;
+    }
+    if (windows.find<audio::Zoom>() == nullptr) ++pumps;
+  };
+  click(zoom().ListFilesZoom, "perdido.wav");
+  EXPECT_TRUE(closed);
+  EXPECT_EQ(windows.find<audio::Zoom>(), nullptr);
+  EXPECT_LE(pumps, 1) << "it searched on";
+  EXPECT_EQ(strip(), "");
+}
+
+TEST_F(ListClicks, a_decode_while_a_row_of_the_detail_window_is_read_ends_that_click) {
+  open_studio();
+  vip().on_right_click();
+  bool done = false;
+  backend.on_pump = [&] {
+    if (done || work.Descodificando || work.ArchivoActual.empty()) return;
+    done = true;
+    double_click(1);
+  };
+  click(zoom().ListFilesZoom, "a.wav");
+  ASSERT_TRUE(done);
+  EXPECT_EQ(media.URL(), "");
+}
+
+TEST_F(ListClicks, a_decode_while_an_enlarged_row_is_read_ends_that_click) {
+  open_studio();
+  form.ZoomListas.set_checked(true);
+  click_vip("a.wav");
+  bool done = false;
+  backend.on_pump = [&] {
+    if (done || work.ArchivoActual.empty()) return;
+    done = true;
+    double_click(1);
+  };
+  click(enlarged().ListZoom, "a.wav");
+  ASSERT_TRUE(done);
+  EXPECT_EQ(media.URL(), "");
+}
+
+TEST_F(ListClicks, a_row_with_a_mark_plays_what_stands_before_it) {
+  open_studio();
+  vip().set_current(-1);
+  vip().clear();
+  vip().add(disk.path("Mix\\a.wav > nota.wav"));
+  vip().chosen(0);
+  vip().on_click();
+  EXPECT_TRUE(plays("Mix\\a.wav"));
+}
+
 }  // namespace
 }  // namespace ordelan::test
