@@ -48,10 +48,7 @@ ListClicks::ListClicks(ui::Window& window, const work::Context& context, audio::
   cmdPararBusqueda.set_tip("Dejar de buscar este archivo (Esc)");
   cmdPararBusqueda.hide();
   cmdPararBusqueda.on_click = [this] { cmdPararBusqueda_Click(); };
-  sound.on_search = [this](bool begins) {
-    if (begins) controls_.path_strip.hide();  // the strip of a search stands there
-    cmdPararBusqueda.set_visible(begins);
-  };
+  sound.on_search = [this](bool begins) { cmdPararBusqueda.set_visible(begins); };
   for (List* const each : {&proyectos_, &vip_, &utilizados_, &borrar_}) wire(*each);
   for (List* const each : {&vip_, &utilizados_, &borrar_}) {
     each->list.on_click = [this, each] { click(*each); };

@@ -45,8 +45,9 @@ inline constexpr std::array kMainWindowPlaces = {
 
     Place{"TextDecode", -1, 12, 136, 1076, 16},
     Place{"ShowIco", -1, 12, 58, 460, 66},
-    Place{"ImageIcon", -1, 12, 94, 30, 30},
-    Place{"ListPath", -1, 46, 94, 1042, 30},
+    // Wholly under the strip of a search, which has three lines.
+    Place{"ImageIcon", -1, 12, 104, 30, 30},
+    Place{"ListPath", -1, 46, 104, 1042, 30},
 
     Place{"ImagePaso", 0, 12, 167, 24, 24},
     Place{"LabelCheck", 0, 44, 160, 320, 18},

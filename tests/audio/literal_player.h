@@ -80,7 +80,7 @@ struct LiteralPlayer {
   void CloseW_Click();
   void Player_Load();
 
- private:
+ protected:
   void images(int Index);
   void dock();
   void SongTime();

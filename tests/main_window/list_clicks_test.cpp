@@ -650,5 +650,67 @@ TEST_F(ListClicks, a_row_with_a_mark_plays_what_stands_before_it) {
   EXPECT_TRUE(plays("Mix\\a.wav"));
 }
 
+// What is heard and said stays while a job of those runs, whatever is clicked.
+TEST_F(ListClicks, during_a_removal_the_two_windows_of_lists_do_nothing) {
+  open_studio();
+  click_vip("a.wav");
+  vip().on_right_click();
+  enlarged().show_list(vip(), "", "1");
+  media.orders.clear();
+  work.Borrando = true;
+  const std::string current = work.ArchivoActual;
+  click(zoom().ListFilesZoom, "b.mp3");
+  click(enlarged().ListZoom, "b.mp3");
+  enlarged().ListZoom.on_double_click();
+  enlarged().ListZoom.on_right_click();
+  work.Borrando = false;
+  EXPECT_THAT(media.orders, IsEmpty());
+  EXPECT_EQ(work.ArchivoActual, current);
+  EXPECT_EQ(media.URL(), disk.path("Mix\\a.wav"));
+}
+
+TEST_F(ListClicks, during_a_decode_or_an_update_what_is_heard_stays) {
+  open_studio();
+  click_vip("a.wav");
+  enlarged().show_list(vip(), "", "1");
+  for (bool work::WorkInHand::*const busy :
+       {&work::WorkInHand::Descodificando, &work::WorkInHand::Actualizando}) {
+    work.*busy = true;
+    media.orders.clear();
+    click_vip("b.mp3");
+    enlarged().ListZoom.chosen(1);
+    enlarged().ListZoom.on_double_click();
+    double_click(1);
+    work.*busy = false;
+    EXPECT_THAT(media.orders, IsEmpty());
+    EXPECT_EQ(media.URL(), disk.path("Mix\\a.wav"));
+  }
+}
+
+TEST_F(ListClicks, during_a_decode_the_detail_window_takes_no_list) {
+  open_studio();
+  work.Descodificando = true;
+  vip().on_right_click();
+  work.Descodificando = false;
+  EXPECT_FALSE(windows.visible("Zoom"));
+  EXPECT_EQ(work.ListaActual, nullptr);
+}
+
+TEST_F(ListClicks, during_a_decode_or_an_update_the_detail_window_searches_nothing) {
+  open_studio();
+  vip().on_right_click();
+  for (bool work::WorkInHand::*const busy :
+       {&work::WorkInHand::Descodificando, &work::WorkInHand::Actualizando}) {
+    bool searched = false;
+    backend.on_pump = [&] { searched = searched || work.Buscando; };
+    work.*busy = true;
+    click(zoom().ListFilesZoom, "perdido.wav");
+    work.*busy = false;
+    backend.on_pump = {};
+    EXPECT_FALSE(searched);
+    EXPECT_EQ(media.URL(), "");
+  }
+}
+
 }  // namespace
 }  // namespace ordelan::test

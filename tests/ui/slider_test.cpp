@@ -578,9 +578,9 @@ TEST_F(SliderTest, every_look_of_the_thumb_falls_back_to_the_plain_one) {
 
 TEST_F(SliderTest, keys_move_the_value_and_raise_change) {
   constexpr int kPageUp = 0x21, kPageDown = 0x22, kEnd = 0x23, kHome = 0x24;
-  constexpr int kLeftKey = 0x25, kUpKey = 0x26, kRightKey = 0x27, kDownKey = 0x28;
-  for (const int key : {kRightKey, kUpKey, kUpKey, kLeftKey, kDownKey, kPageUp, kPageUp, kPageDown,
-                        kEnd, kEnd, kRightKey, kHome, kHome, kLeftKey, kPageDown}) {
+  constexpr int kLeftKey = 0x25, kUp = 0x26, kRightKey = 0x27, kDown = 0x28;
+  for (const int key : {kRightKey, kUp, kUp, kLeftKey, kDown, kPageUp, kPageUp, kPageDown, kEnd,
+                        kEnd, kRightKey, kHome, kHome, kLeftKey, kPageDown}) {
     EXPECT_TRUE(slider->key(key));
   }
   EXPECT_THAT(take(), ElementsAre("Change 1", "Change 2", "Change 3", "Change 2", "Change 1",

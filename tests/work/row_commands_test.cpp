@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "support/computer.h"
+#include "ui/window.h"
 
 namespace ordelan::test {
 namespace {
