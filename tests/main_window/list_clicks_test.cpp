@@ -10,6 +10,7 @@
 #include "audio/player.h"
 #include "audio/sa.h"
 #include "audio/zoom.h"
+#include "removal/removal_run.h"
 #include "support/sound_program.h"
 #include "support/update_bench.h"
 
@@ -709,6 +710,54 @@ TEST_F(ListClicks, during_a_decode_or_an_update_the_detail_window_searches_nothi
     backend.on_pump = {};
     EXPECT_FALSE(searched);
     EXPECT_EQ(media.URL(), "");
+  }
+}
+
+TEST_F(ListClicks, a_lost_row_that_waits_is_not_searched_once_another_is_chosen) {
+  open_studio();
+  disk.write("Otra\\tambien.wav", "audio");
+  vip().add(disk.path("Mix\\tambien.wav"));
+  in_the_middle([&] { return work.Buscando; },
+                [&] {
+                  click_vip("tambien.wav");
+                  vip().chosen(0, true);
+                });
+  click_vip("perdido.wav");
+  EXPECT_EQ(media.URL(), "");
+}
+
+TEST_F(ListClicks, what_begins_while_a_file_is_read_or_searched_keeps_it_from_being_opened) {
+  open_studio();
+  for (bool* const flag : {&work.Borrando, &work.Descodificando, &work.Actualizando}) {
+    for (const char* const row : {"a.wav", "perdido.wav"}) {
+      in_the_middle([] { return true; }, [flag] { *flag = true; });
+      click_vip(row);
+      EXPECT_EQ(media.URL(), "") << row;
+      *flag = false;
+      backend.on_pump = {};
+    }
+  }
+}
+
+TEST_F(ListClicks, the_path_that_was_found_can_be_copied_until_the_lists_are_others) {
+  open_studio();
+  click_vip("perdido.wav");
+  ui::Key key{.code = 'C', .shift = true, .control = true, .focus = &vip()};
+  form.on_key_down(key);
+  EXPECT_EQ(shell.clipboard, disk.path("Otra\\perdido.wav"));
+  shell.clipboard.reset();
+  form.open_again();
+  vip().chosen(3);
+  form.on_key_down(key);
+  EXPECT_EQ(shell.clipboard, std::nullopt);
+}
+
+// What a search puts among the side files is of a kind that plays: a removal of side files leaves
+// audio.
+TEST_F(ListClicks, no_kind_that_plays_is_a_side_file) {
+  for (const char* const row : {"D:\\a.wav", "D:\\a.mp3", "D:\\a.aif", "D:\\a.wma", "D:\\a.m4a",
+                                "D:\\A.WAV", "D:\\a;b.M4A"}) {
+    EXPECT_TRUE(removal::is_audio_row(row)) << row;
   }
 }
 

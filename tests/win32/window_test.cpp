@@ -243,6 +243,35 @@ TEST_F(RealWindow, every_key_is_shown_to_the_window_first_and_can_be_kept) {
   EXPECT_THAT(arrived, testing::ElementsAre(VK_INSERT));
 }
 
+TEST_F(RealWindow, escape_is_the_windows_own_where_its_keys_leave_it) {
+  int escapes = 0;
+  std::vector<int> arrived;
+  window.on_escape = [&] { ++escapes; };
+  list.on_key = [&](int code) { arrived.push_back(code); };
+  show();
+  SetFocus(real(L"Ordelan.ListVip"));
+  type(real(L"Ordelan.ListVip"), VK_ESCAPE);
+  EXPECT_EQ(escapes, 1);
+  EXPECT_THAT(arrived, testing::IsEmpty());
+  window.on_key_down = [](ui::Key& key) { key.swallowed = true; };
+  type(real(L"Ordelan.ListVip"), VK_ESCAPE);
+  EXPECT_EQ(escapes, 1);
+  // One that takes the window away.
+  window.on_key_down = [this](ui::Key&) { window.unload(); };
+  type(real(L"Ordelan.ListVip"), VK_ESCAPE);
+  EXPECT_EQ(escapes, 1);
+}
+
+TEST_F(RealWindow, another_program_in_front_is_reported) {
+  int left = 0;
+  window.on_deactivate = [&] { ++left; };
+  show();
+  SendMessageW(real_window(), WM_ACTIVATEAPP, TRUE, 0);
+  EXPECT_EQ(left, 0);
+  SendMessageW(real_window(), WM_ACTIVATEAPP, FALSE, 0);
+  EXPECT_EQ(left, 1);
+}
+
 TEST_F(RealWindow, a_key_comes_with_what_has_the_focus) {
   std::vector<const ui::Control*> had;
   window.on_key_down = [&](ui::Key& key) { had.push_back(key.focus); };
