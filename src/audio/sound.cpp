@@ -230,7 +230,8 @@ void Sound::SituarPlayer(bool Mostrar) {
     Control_Click(kStop);
   }
   window->read_place();
-  window->set_visible(Mostrar);
+  // The keys stay with the list that was clicked.
+  Mostrar ? window->show_quietly() : window->hide();
   SA* const spectrum = context_.windows.find<SA>();
   if (!Mostrar || spectrum == nullptr) return;
   spectrum->hide();

@@ -43,6 +43,11 @@ void Window::set_visible(bool visible) {
   notify(Aspect::visible);
   if (on_visible) on_visible();
 }
+void Window::show_quietly() {
+  shows_quietly_ = true;
+  show();
+  shows_quietly_ = false;
+}
 void Window::set_position(Point position) {
   assign(position_, position, Aspect::bounds);
 }

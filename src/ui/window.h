@@ -60,6 +60,9 @@ class Window {
   bool visible() const { return visible_; }
   void set_visible(bool visible);
   void show() { set_visible(true); }
+  // Shows it and leaves the keys with the window that has them.
+  void show_quietly();
+  bool shows_quietly() const { return shows_quietly_; }  // while it comes to be shown
   void hide() { set_visible(false); }
 
   // The top left corner on the screen.
@@ -169,6 +172,7 @@ class Window {
   std::unique_ptr<Peer> peer_;
   bool loaded_ = false;
   bool visible_ = false;
+  bool shows_quietly_ = false;
   bool topmost_ = false;
   bool minimized_ = false;
   bool borderless_ = false;

@@ -57,6 +57,21 @@ TEST_F(RealPlayer, a_playlist_that_was_hidden_while_minimised_comes_back_open) {
   EXPECT_FALSE(IsIconic(top_level(L"Zoom")));
 }
 
+TEST_F(RealPlayer, that_comes_by_a_click_on_a_list_leaves_the_keys_there) {
+  player().hide();
+  SetActiveWindow(top_level(L"Form1"));
+  backend.pump();
+  program->form.sound().SituarPlayer(true);
+  backend.pump();
+  EXPECT_TRUE(IsWindowVisible(top_level(L"Player")));
+  EXPECT_EQ(active(), L"Form1");
+  player().hide();
+  backend.pump();
+  player().show();
+  backend.pump();
+  EXPECT_EQ(active(), L"Player");
+}
+
 TEST_F(RealPlayer, so_does_the_spectrum) {
   player().SAtoggle1_Click();
   spectrum().cmdMinimizar.on_click();

@@ -31,15 +31,16 @@ const Names kEmptyWindow = {"AbrirFichero",  "cmdReset",      "RecuperaBorrados"
 // With one: headings can be pressed, and the clocks can be read. The fourth list has one of
 // its two headings, by what was found.
 const Names kDecodedWindow = {
-    "AbrirFichero",   "cmdReset",      "CommandBorrado",   "cmdPerdidos",
-    "SalvaListados",  "ActualizarVip", "RecuperaBorrados", "Configurar",
-    "AcercaDe",       "cmdSalir",      "cmdMinimizar",     "Salir",
-    "cmdPlayer",      "TimeDeco",      "TextLapsoTotal",   "LabelCheck(0)",
-    "LabelCheck(1)",  "LabelFuera",    "ListProyectos",    "LabelCount(0)",
-    "LabelCount(1)",  "ListVip",       "LabelAdd(0)",      "LabelAdd(1)",
-    "ListUtilizados", "LabelErase(1)", "ListBorrar",       "CheckSubPath",
-    "CheckBAK",       "CheckToolTips", "CheckPlayer",      "CheckDragDrop",
-    "CheckLogo"};
+    "AbrirFichero",  "cmdReset",      "CommandBorrado",   "cmdPerdidos",
+    "SalvaListados", "ActualizarVip", "RecuperaBorrados", "Configurar",
+    "AcercaDe",      "cmdSalir",      "cmdMinimizar",     "Salir",
+    "cmdPlayer",     "TimeDeco",      "TextLapsoTotal",   "LabelCheck(0)",
+    "LabelCheck(1)", "LabelFuera",    "cmdFilas(0)",      "ListProyectos",
+    "LabelCount(0)", "LabelCount(1)", "cmdFilas(1)",      "ListVip",
+    "LabelAdd(0)",   "LabelAdd(1)",   "cmdFilas(2)",      "ListUtilizados",
+    "LabelErase(1)", "cmdFilas(3)",   "ListBorrar",       "CheckSubPath",
+    "CheckBAK",      "CheckToolTips", "CheckPlayer",      "ZoomListas",
+    "CheckDragDrop", "CheckLogo"};
 
 Names all_names() {
   Names names;

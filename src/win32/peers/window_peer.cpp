@@ -129,7 +129,8 @@ void WindowPeer::show() {
   }
   update_kind();
   // One that was hidden as an icon and is none any more would come back as one.
-  const int open = IsIconic(handle_) ? SW_RESTORE : SW_SHOW;
+  const int plain = window_.shows_quietly() ? SW_SHOWNA : SW_SHOW;
+  const int open = IsIconic(handle_) ? SW_RESTORE : plain;
   ShowWindow(handle_, window_.minimized() ? SW_SHOWMINIMIZED : open);
   // At once: the caller may be busy for a while, and the controls would be holes in it.
   registry_.flush();
