@@ -116,7 +116,8 @@ TEST_F(DetailWindows, separators_and_empty_rows_lead_nowhere) {
 }
 
 TEST_F(DetailWindows, a_lost_row_is_searched_and_loaded_from_where_it_is) {
-  start();
+  drives.add(disk.folder());
+  start("Unidad: " + disk.folder() + "=1\r\n");
   const std::string found = stored("Otra\\a.wav");
   click(disk.path("Mix\\a.wav"));
   EXPECT_EQ(media.URL(), found);
